@@ -1,0 +1,55 @@
+# How every target of the project is compiled, and the one way to make a library.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# The desktop that everything is linked with: the real one of Windows, or the one in memory.
+if(WIN32)
+    set(TESSARINE_DESKTOP win32)
+else()
+    set(TESSARINE_DESKTOP simulated)
+endif()
+
+option(TESSARINE_SANITIZE "address and undefined-behaviour sanitizers" OFF)
+option(TESSARINE_FUZZ "build the fuzz targets (clang)" OFF)
+
+add_compile_options(-Wall -Wextra -Wconversion -Wshadow -Werror)
+if(TESSARINE_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+if(TESSARINE_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+if(WIN32)
+    add_compile_definitions(WINVER=0x0A00 _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
+    add_link_options(-static)
+endif()
+
+# A library declares what it calls (views, the desktop); the program or the test that links it supplies the bodies.
+# Such references point up, against the order of the link line, so the linker looks through the libraries in a group.
+set(CMAKE_CXX_LINK_EXECUTABLE
+    "<CMAKE_CXX_COMPILER> <FLAGS> <CMAKE_CXX_LINK_FLAGS> <LINK_FLAGS> <OBJECTS> -o <TARGET> -Wl,--start-group <LINK_LIBRARIES> -Wl,--end-group")
+
+# tessarine_library(NAME [SOURCES file...] [DEPENDS library...])
+#
+# One directory of src is one library. It is included as "NAME/header.h", and only by libraries that list it in their
+# DEPENDS: every library has an include folder of its own, which shows that one directory and nothing else.
+function(tessarine_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;DEPENDS")
+    set(view ${CMAKE_BINARY_DIR}/include/${name})
+    file(MAKE_DIRECTORY ${view})
+    file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${view}/${name} SYMBOLIC)
+    if(arg_SOURCES)
+        add_library(${name} STATIC ${arg_SOURCES})
+        target_include_directories(${name} PUBLIC ${view})
+        target_link_libraries(${name} PUBLIC ${arg_DEPENDS})
+    else()
+        add_library(${name} INTERFACE)
+        target_include_directories(${name} INTERFACE ${view})
+        target_link_libraries(${name} INTERFACE ${arg_DEPENDS})
+    endif()
+endfunction()

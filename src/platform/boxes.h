@@ -1,0 +1,16 @@
+// Message boxes. Each is modal, pumps while it is open, and returns when the user has answered.
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+enum class BoxIcon { None, Error, Warning, Question, Information };
+
+// A box with an OK button.
+void ShowBox(const std::string& text, const std::string& title, BoxIcon icon = BoxIcon::None);
+
+// A box with Yes and No; true for Yes.
+bool AskYesNo(const std::string& text, const std::string& title, BoxIcon icon = BoxIcon::Question);
+
+}  // namespace platform

@@ -1,0 +1,95 @@
+// Keyboard and mouse: injecting input, and the state of both. None of these pumps.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/types.h"
+
+namespace platform {
+
+inline constexpr std::int32_t InputMouse = 0;     // INPUT_MOUSE
+inline constexpr std::int32_t InputKeyboard = 1;  // INPUT_KEYBOARD
+
+// Flags of a mouse record, as in MOUSEINPUT.
+inline constexpr std::int32_t MouseMove = 0x0001;
+inline constexpr std::int32_t MouseLeftDown = 0x0002;
+inline constexpr std::int32_t MouseLeftUp = 0x0004;
+inline constexpr std::int32_t MouseRightDown = 0x0008;
+inline constexpr std::int32_t MouseRightUp = 0x0010;
+inline constexpr std::int32_t MouseMiddleDown = 0x0020;
+inline constexpr std::int32_t MouseMiddleUp = 0x0040;
+inline constexpr std::int32_t MouseXDown = 0x0080;
+inline constexpr std::int32_t MouseXUp = 0x0100;
+inline constexpr std::int32_t MouseWheel = 0x0800;
+inline constexpr std::int32_t MouseAbsolute = 0x8000;
+
+// Flags of a keyboard record, as in KEYBDINPUT. They are also the KeyState of a recorded key event.
+inline constexpr std::int32_t KeyExtended = 1;
+inline constexpr std::int32_t KeyUp = 2;
+
+inline constexpr int VirtualKeyCapital = 20;
+inline constexpr int VirtualKeyEscape = 27;
+
+// One input, in the shape of a 32-bit INPUT: a type and six words whose meaning follows from it. Recorded
+// events begin with such a record, so that replay can hand them over without a copy.
+struct InputRecord {
+    std::array<std::int32_t, 7> word{};
+
+    std::int32_t& dwType() { return word[0]; }
+    std::int32_t dwType() const { return word[0]; }
+
+    // Mouse: position (pixels in a recorded event, 0..65535 when sent), data (wheel delta or X button),
+    // action flags, time in ms.
+    std::int32_t& dx() { return word[1]; }
+    std::int32_t dx() const { return word[1]; }
+    std::int32_t& dy() { return word[2]; }
+    std::int32_t dy() const { return word[2]; }
+    std::int32_t& mouseData() { return word[3]; }
+    std::int32_t mouseData() const { return word[3]; }
+    std::int32_t& dwFlags() { return word[4]; }
+    std::int32_t dwFlags() const { return word[4]; }
+    std::int32_t& mouseTime() { return word[5]; }
+    std::int32_t mouseTime() const { return word[5]; }
+
+    // Keyboard: scan code * 65536 + virtual key; KeyExtended and KeyUp; time in ms; extra info.
+    std::int32_t& KeyCode() { return word[1]; }
+    std::int32_t KeyCode() const { return word[1]; }
+    std::int32_t& KeyState() { return word[2]; }
+    std::int32_t KeyState() const { return word[2]; }
+    std::int32_t& keyTime() { return word[3]; }
+    std::int32_t keyTime() const { return word[3]; }
+    std::int32_t& keyExtraInfo() { return word[4]; }
+    std::int32_t keyExtraInfo() const { return word[4]; }
+};
+
+// Injects one record (SendInput with one INPUT). Mouse positions are absolute, 0..65535 over the primary
+// screen. Returns the number of events inserted: 1, or 0 when the system refused it. A success does not prove
+// that the input arrived: windows of higher privilege and a locked desktop discard it in silence.
+int SendInput(const InputRecord& record);
+
+// GetAsyncKeyState: the high bit tells that the key is down now, the low bit that it went down since the last
+// call. A tap shorter than the pause between two polls shows only in the low bit.
+std::int16_t AsyncKeyState(int virtualKey);
+
+// GetKeyState of the calling thread: high bit down, low bit toggled.
+std::int16_t KeyState(int virtualKey);
+
+// MapVirtualKeyA(key, 0): the scan code, 0 for none.
+int ScanCodeOf(int virtualKey);
+
+// MapVirtualKeyA(key, 2): the unshifted character, 0 for none. Dead keys have the top bit set (negative).
+int CharacterOf(int virtualKey);
+
+// GetCursorPos.
+Point CursorPosition();
+
+// SM_CXSCREEN and SM_CYSCREEN: the primary screen in pixels.
+Size ScreenSize();
+
+// BlockInput: stops or restarts input from the user; injected input still goes through. Refused without a
+// word where the system does not allow it.
+void BlockInput(bool block);
+
+}  // namespace platform
