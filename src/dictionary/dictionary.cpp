@@ -1,0 +1,153 @@
+#include "dictionary/dictionary.h"
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+#include "base/product.h"
+#include "base/text.h"
+#include "dictionary/dictionary_table.h"
+#include "platform/registry.h"
+#include "platform/text.h"
+
+ActionWords actionWords;
+
+namespace {
+
+const std::string registryKey = std::string("Software\\") + ProductName;
+constexpr const char* registryValue = "Language";
+
+// By language number less one.
+constexpr std::array<std::string_view, 4> languageTexts = {"en", "de", "sp", "fr"};
+
+constexpr std::array<std::string ActionWords::*, ActionWordCount> actionWordMembers = {
+    &ActionWords::ok,       &ActionWords::failed,      &ActionWords::executingJob, &ActionWords::waitingForWindow,
+    &ActionWords::mouse,    &ActionWords::move,        &ActionWords::left,         &ActionWords::right,
+    &ActionWords::click,    &ActionWords::up,          &ActionWords::down,         &ActionWords::wheel,
+    &ActionWords::middle,   &ActionWords::doubleClick, &ActionWords::keyboard,     &ActionWords::keystrokes,
+    &ActionWords::textField};
+
+// Four parallel columns in the system code page. A row without a key is empty in all of them.
+struct Dictionary {
+    using Column = std::array<std::string, DictionaryCapacity>;
+
+    std::int16_t CurrentLanguage = 0;  // zero or below: not read yet
+    bool built = false;
+    Column english;  // in lower case, as it is only ever compared
+    Column german;
+    Column french;
+    Column spanish;
+    std::array<ActionWords, languageTexts.size()> words;
+};
+
+Dictionary dictionary;
+
+std::int16_t NumberOfLanguage(std::string_view text) {
+    for (std::size_t i = 0; i < languageTexts.size(); ++i) {
+        if (languageTexts[i] == text) return static_cast<std::int16_t>(i + 1);
+    }
+    return LanguageEnglish;
+}
+
+void BuildRows() {
+    std::size_t row = 0;
+    for (const DictionaryRow& source : DictionaryRows()) {
+        dictionary.english[row] = platform::LowerCase(platform::FromUtf8(source.english));
+        dictionary.german[row] = platform::FromUtf8(source.german);
+        dictionary.french[row] = platform::FromUtf8(source.french);
+        dictionary.spanish[row] = platform::FromUtf8(source.spanish);
+        ++row;
+    }
+}
+
+void BuildActionWords() {
+    for (std::size_t word = 0; word < ActionWordCount; ++word) {
+        for (std::size_t language = 0; language < languageTexts.size(); ++language) {
+            dictionary.words[language].*actionWordMembers[word] = platform::FromUtf8(ActionWordRows()[word][language]);
+        }
+    }
+}
+
+void BuildDictionary() {
+    BuildRows();
+    BuildActionWords();
+    dictionary.built = true;
+}
+
+// The first of two equal keys wins; the second can never be reached.
+std::optional<std::size_t> FindRow(const std::string& key) {
+    const std::string wanted = platform::LowerCase(key);
+    for (std::size_t row = 0; row < DictionaryCapacity; ++row) {
+        if (dictionary.english[row] == wanted) return row;
+    }
+    return std::nullopt;
+}
+
+std::string TextOfRow(std::size_t row, const std::string& key) {
+    switch (dictionary.CurrentLanguage) {
+        case LanguageGerman:
+            return dictionary.german[row];
+        case LanguageSpanish:
+            return dictionary.spanish[row];
+        case LanguageFrench:
+            return dictionary.french[row];
+        default:
+            return key;
+    }
+}
+
+// No value when the marker is missing.
+std::optional<std::string> Replaced(const std::string& text, std::string_view marker, const std::string& argument) {
+    const auto at = text.find(marker);
+    if (at == std::string::npos) return std::nullopt;
+    return text.substr(0, at) + argument + text.substr(at + marker.size());
+}
+
+}  // namespace
+
+std::int16_t GetLanguage() {
+    if (dictionary.CurrentLanguage < 1) {
+        dictionary.CurrentLanguage =
+            NumberOfLanguage(Trim(platform::ReadRegistry(registryKey, registryValue).value_or("")));
+    }
+    return dictionary.CurrentLanguage;
+}
+
+void SetLanguage(int language) {
+    const bool known = language >= LanguageEnglish && language <= LanguageFrench;
+    dictionary.CurrentLanguage = known ? static_cast<std::int16_t>(language) : LanguageEnglish;
+    const auto text = languageTexts[static_cast<std::size_t>(dictionary.CurrentLanguage - 1)];
+    // Where the registry refuses, the language holds until the program ends.
+    platform::WriteRegistry(registryKey, registryValue, std::string(text));
+}
+
+std::string Translate(const std::string& key) {
+    if (!dictionary.built) BuildDictionary();
+    actionWords = dictionary.words[static_cast<std::size_t>(GetLanguage() - 1)];
+    if (const auto row = FindRow(key)) {
+        if (const std::string text = TextOfRow(*row, key); !text.empty()) return text;
+    }
+    return "<" + key + ">";
+}
+
+std::string Translate1(std::string& text, const std::string& argument) {
+    text = Translate(text);
+    return Replaced(text, "%1", argument).value_or(text);
+}
+
+std::string Translate2(std::string& text, const std::string& argument1, const std::string& argument2) {
+    text = Translate(text);
+    const auto first = Replaced(text, "%1", argument1);
+    if (!first) return text;
+    // The search starts over at the front: a "%2" inside the first argument is the one that is replaced. Without any
+    // "%2" the first replacement is dropped, too.
+    return Replaced(*first, "%2", argument2).value_or(text);
+}
+
+std::string Translate1(std::string&& text, const std::string& argument) {
+    return Translate1(text, argument);
+}
+
+std::string Translate2(std::string&& text, const std::string& argument1, const std::string& argument2) {
+    return Translate2(text, argument1, argument2);
+}

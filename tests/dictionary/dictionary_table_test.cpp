@@ -1,0 +1,123 @@
+#include "dictionary/dictionary_table.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/text.h"
+
+namespace {
+
+struct FixedRow {
+    std::string english;
+    std::string german;
+    std::string french;
+    std::string spanish;
+};
+
+const std::vector<FixedRow> fixedRows = {
+    {"Starting in", "Beginnend in", "Démarre dans", "Iniciaando en"},
+    {"seconds", "Sekunden", "seconde", "segundos"},
+    {"Run", "Starten", "Lancer", "Inicia"},
+    {"%1 times slower than original", "%1 Mal langsamer als Original", "%1 fois plus lent que la normale",
+     "%1 veces más lento que el original"},
+    {"Schedule named '%1' will be deleted because job '%2' cannot be found",
+     "Zeitplaner '%1' wird gelocht werden weil Aufgabe '%2' kann nicht gefunden werden.",
+     "La tâche nommée '%1' viens d'etre supprimée parce qu'il est impossible de trover la tâche '%2' . ",
+     "Lo programación denominada '%1' será borrada porque la tarea '%2' no ha sido encontrada"},
+    {"Cannot find element: '%1' in window: '%2'", "Kann keinen Teil '%1' in Fenster '%2' finden",
+     "Impossible de trouver l'élément '%1' dans la fenetre '%2",
+     "No se ha podido encontrar el elemento '%1' en la ventana '%2'"},
+    {"Never", "Nie", "Jamais", "Nunca"},
+};
+
+bool IsFixed(const DictionaryRow& row) {
+    return std::any_of(fixedRows.begin(), fixedRows.end(),
+                       [&](const auto& fixed) { return fixed.english == row.english; });
+}
+
+std::vector<std::string> Translations(const DictionaryRow& row) {
+    return {row.german, row.french, row.spanish};
+}
+
+std::ptrdiff_t Count(const std::string& text, char character) {
+    return std::count(text.begin(), text.end(), character);
+}
+
+// A full stop, colon, question or exclamation mark at the end. "Nr." and "N.º" abbreviate the key "No#".
+std::string LastMark(const std::string& text) {
+    const bool marked = !text.empty() && std::string(".:?!").find(text.back()) != std::string::npos;
+    return marked && text != "Nr." ? text.substr(text.size() - 1) : "";
+}
+
+bool HasStrayBlanks(const std::string& text) {
+    return text.starts_with(' ') || text.ends_with(' ') || text.find("  ") != std::string::npos;
+}
+
+TEST(DictionaryTable, HoldsTheFixedRowsToTheLetter) {
+    for (const FixedRow& fixed : fixedRows) {
+        SCOPED_TRACE(fixed.english);
+        const auto rows = DictionaryRows();
+        const auto row =
+            std::find_if(rows.begin(), rows.end(), [&](const auto& one) { return fixed.english == one.english; });
+        ASSERT_NE(row, rows.end());
+        EXPECT_EQ(row->german, fixed.german);
+        EXPECT_EQ(row->french, fixed.french);
+        EXPECT_EQ(row->spanish, fixed.spanish);
+    }
+}
+
+TEST(DictionaryTable, HasAllFourTextsInEveryRow) {
+    for (const DictionaryRow& row : DictionaryRows()) {
+        for (const char* text : {row.english, row.german, row.french, row.spanish}) {
+            ASSERT_NE(text, nullptr) << row.english;  // what a missing comma between two texts leaves behind
+            EXPECT_STRNE(text, "") << row.english;
+        }
+    }
+}
+
+TEST(DictionaryTable, AgreesAcrossLanguagesInMarkersAndPunctuation) {
+    for (const DictionaryRow& row : DictionaryRows()) {
+        const std::string key = row.english;
+        for (const std::string& text : Translations(row)) {
+            SCOPED_TRACE(text);
+            for (const char* marker : {"%1", "%2"}) {
+                EXPECT_EQ(key.find(marker) == std::string::npos, text.find(marker) == std::string::npos);
+            }
+            EXPECT_EQ(Count(key, '%'), Count(text, '%'));
+            EXPECT_EQ(Count(key, '&'), Count(text, '&'));  // the underlined letters
+            if (IsFixed(row)) continue;
+            EXPECT_EQ(key.find("'%1'") == std::string::npos, text.find("'%1'") == std::string::npos);
+            EXPECT_EQ(LastMark(key), LastMark(text));
+            EXPECT_FALSE(HasStrayBlanks(text));
+        }
+    }
+}
+
+TEST(DictionaryTable, FitsWindowsCodePage1252) {
+    std::vector<std::string> texts;
+    for (const DictionaryRow& row : DictionaryRows()) {
+        texts.insert(texts.end(), {row.english, row.german, row.french, row.spanish});
+    }
+    for (const ActionWordRow& row : ActionWordRows()) texts.insert(texts.end(), row.begin(), row.end());
+    for (const std::string& text : texts) EXPECT_EQ(platform::ToUtf8(platform::FromUtf8(text)), text);
+}
+
+// A further row with the key of an earlier one would never be found.
+TEST(DictionaryTable, RepeatsOnlyTheKnownKeys) {
+    std::map<std::string, int> rowsOfKey;
+    for (const DictionaryRow& row : DictionaryRows()) ++rowsOfKey[platform::LowerCase(row.english)];
+    std::set<std::string> repeated;
+    for (const auto& [key, rows] : rowsOfKey) {
+        if (rows > 1) repeated.insert(key);
+    }
+    EXPECT_THAT(repeated,
+                testing::ElementsAre("cannot delete file", "change", "failed", "file not found", "start time"));
+}
+
+}  // namespace

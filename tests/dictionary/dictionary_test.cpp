@@ -1,0 +1,146 @@
+#include "dictionary/dictionary.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+#include "platform/registry.h"
+#include "platform/text.h"
+#include "simulated/desktop.h"
+
+namespace {
+
+const std::string registryKey = "Software\\Tessarine";
+
+using StoredLanguage = std::pair<std::string, int>;
+
+class LanguageInRegistry : public testing::TestWithParam<StoredLanguage> {};
+
+TEST_P(LanguageInRegistry, IsReadOnce) {
+    const auto& [text, language] = GetParam();
+    ASSERT_TRUE(platform::WriteRegistry(registryKey, "Language", text));
+    EXPECT_EQ(GetLanguage(), language);
+    platform::WriteRegistry(registryKey, "Language", text == "de" ? "fr" : "de");
+    EXPECT_EQ(GetLanguage(), language);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, LanguageInRegistry,
+                         testing::Values(StoredLanguage{"en", 1}, StoredLanguage{"de", 2}, StoredLanguage{"sp", 3},
+                                         StoredLanguage{"fr", 4}, StoredLanguage{"  fr ", 4}, StoredLanguage{"es", 1},
+                                         StoredLanguage{"DE", 1}, StoredLanguage{"", 1}));
+
+TEST(Language, IsEnglishWithoutRegistryValue) {
+    EXPECT_EQ(GetLanguage(), LanguageEnglish);
+}
+
+TEST(SetLanguage, StoresTheTextAndTakesEffectAtOnce) {
+    struct Case {
+        int number;
+        int language;
+        std::string stored;
+        std::string never;
+    };
+    const std::vector<Case> cases = {
+        {2, 2, "de", "Nie"},   {3, 3, "sp", "Nunca"},  {4, 4, "fr", "Jamais"}, {1, 1, "en", "Never"},
+        {0, 1, "en", "Never"}, {-2, 1, "en", "Never"}, {5, 1, "en", "Never"},  {65538, 1, "en", "Never"},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.number);
+        SetLanguage(2);
+        SetLanguage(one.number);
+        EXPECT_EQ(GetLanguage(), one.language);
+        EXPECT_EQ(platform::ReadRegistry(registryKey, "Language"), one.stored);
+        EXPECT_EQ(Translate("Never"), one.never);
+    }
+}
+
+TEST(SetLanguage, HoldsWhereTheRegistryRefuses) {
+    simulated::RefuseRegistry();
+    SetLanguage(LanguageSpanish);
+    EXPECT_EQ(Translate("Never"), "Nunca");
+}
+
+TEST(Translate, FindsKeysInAnyCaseAndMarksMissingOnes) {
+    struct Case {
+        int language;
+        std::string key;
+        std::string text;  // UTF-8
+    };
+    const std::vector<Case> cases = {
+        {1, "Starting in", "Starting in"},
+        {1, "STARTING in", "STARTING in"},
+        {2, "STARTING in", "Beginnend in"},
+        {4, "starting IN", "Démarre dans"},
+        {3, "Saturday", "<Saturday>"},
+        {1, "Saturday", "<Saturday>"},
+        {1, "", "<>"},
+        {2, "", "<>"},
+        {2, " seconds", "< seconds>"},
+        {2, "FAILED", "fehlgeschlagen"},  // the first of two rows that differ in case alone
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.key);
+        SetLanguage(one.language);
+        EXPECT_EQ(Translate(one.key), platform::FromUtf8(one.text));
+    }
+}
+
+TEST(Translate1, ReplacesTheFirstMarkerAndLeavesTheTranslationBehind) {
+    SetLanguage(LanguageGerman);
+    std::string text = "FILE '%1' cannot be found";
+    EXPECT_EQ(Translate1(text, "a%1b"), "Die Datei 'a%1b' kann nicht gefunden werden");
+    EXPECT_EQ(text, "Die Datei '%1' kann nicht gefunden werden");
+    EXPECT_EQ(Translate1("Never", "x"), "Nie");
+    EXPECT_EQ(Translate1("no %1 such %1", "x"), "<no x such %1>");
+}
+
+TEST(Translate2, ReplacesBothMarkersOrNone) {
+    SetLanguage(LanguageSpanish);
+    std::string text = "Cannot find element: '%1' in window: '%2'";
+    EXPECT_EQ(Translate2(text, "OK", "Setup"), "No se ha podido encontrar el elemento 'OK' en la ventana 'Setup'");
+    EXPECT_EQ(text, "No se ha podido encontrar el elemento '%1' en la ventana '%2'");
+
+    EXPECT_EQ(Translate2("File '%1' cannot be found", "x", "y"), "No se encuentra el archivo '%1'");
+    EXPECT_EQ(Translate2("only %2", "x", "y"), "<only %2>");
+    EXPECT_EQ(Translate2("Never", "x", "y"), "Nunca");
+    EXPECT_EQ(Translate2("%1 and %2", "50%2", "y"), "<50y and %2>");
+}
+
+TEST(ActionWords, FollowTheLanguageWithEachLookup) {
+    struct Case {
+        int language;
+        std::vector<std::string> words;  // UTF-8
+    };
+    const std::vector<Case> cases = {
+        {1,
+         {"OK", "FAILED", "executing job", "Waiting for window", "MOUSE", "MOVE", "Left", "Right", "Click", "Up",
+          "Down", "WHEEL", "Middle", "Double click", "KEYBOARD", "Keystrokes", "Text field"}},
+        {2,
+         {"OK", "GESCHEITERT", "Aufgabe ausführen", "Warten auf Fenster", "MAUS", "BEWEGEN", "Links", "Rechts",
+          "drucken", "los lassen", "gedruckt halten", "RAD", "Mitte", "Doppelklick", "TASTATUR", "TASTENANSCHLÄGE",
+          "Textfeld"}},
+        {3,
+         {"OK", "FALLADO", "La tâche en exécution", "En attente de la fenetre", "RATÓN", "MOVIMIENTO", "Izquierdo",
+          "Derecho", "Clic", "soltar", "presionar", "LA RUEDA DEL RATÓN", "del Medio", "Doble clic", "EL TECLADO",
+          "LAS TECLAS", "campo de texto"}},
+        {4,
+         {"OK", "ECHOUÉ", "Ejecutando la tarea", "De espera para la ventana", "SOURIS", "MOUVEMENT", "Gauche", "Droite",
+          "clic", "su", "sous", "ROULETTE DE LA SOURIS", "Milieu", "double-cliquer", "CLAVIER", "FRAPPES",
+          "Champ de texte"}},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.language);
+        SetLanguage(one.language);
+        Translate("a key that is not there");
+        const ActionWords& w = actionWords;
+        const std::vector<std::string> found = {w.ok,       w.failed,      w.executingJob, w.waitingForWindow,
+                                                w.mouse,    w.move,        w.left,         w.right,
+                                                w.click,    w.up,          w.down,         w.wheel,
+                                                w.middle,   w.doubleClick, w.keyboard,     w.keystrokes,
+                                                w.textField};
+        for (std::size_t i = 0; i < found.size(); ++i) EXPECT_EQ(platform::ToUtf8(found[i]), one.words[i]);
+    }
+}
+
+}  // namespace
