@@ -1,0 +1,254 @@
+#include "replay/run_job.h"
+
+#include <vector>
+
+#include "base/product.h"
+#include "base/runtime_failure.h"
+#include "base/text.h"
+#include "dictionary/dictionary.h"
+#include "folding/puni_listu.h"
+#include "jobs/job_file.h"
+#include "platform/boxes.h"
+#include "platform/files.h"
+#include "platform/input.h"
+#include "platform/processes.h"
+#include "platform/pump.h"
+#include "platform/timers.h"
+#include "platform/window_services.h"
+#include "recording/recording_state.h"
+#include "replay/main_window_view.h"
+#include "replay/replay_events.h"
+#include "replay/replay_log.h"
+#include "replay/status.h"
+#include "replay/status_view.h"
+#include "replay/target_search.h"
+#include "replay/timing.h"
+#include "settings/recent_jobs.h"
+#include "settings/settings.h"
+#include "trace/debug_trace.h"
+
+RunState runState;
+
+namespace {
+
+constexpr int InputBlockMs = 1000;
+
+// The user is locked out for the first second of a run only, and the hint to press ESC comes up when it means
+// something. A run that starts before the tick of the one before takes the timer over.
+struct InputBlock {
+    platform::TimerId unblock_input = 0;
+} inputBlock;
+
+void EndInputBlock() {
+    platform::BlockInput(false);
+    platform::StopTimer(inputBlock.unblock_input);
+    inputBlock.unblock_input = 0;
+    status_view::SetSecondLabel(Translate("Press ESC to stop") + "...");
+}
+
+void StartInputBlock() {
+    platform::BlockInput(true);
+    platform::StopTimer(inputBlock.unblock_input);
+    inputBlock.unblock_input = platform::StartTimer(InputBlockMs, EndInputBlock);
+}
+
+bool DisplaysStatus() {
+    return settings.Display_Executing_Status == 1;
+}
+
+// One call of RunJob that was not refused.
+class JobRun {
+public:
+    JobRun(const std::string& runPath, const std::string& runLogPath, bool withoutInputBlock)
+        : jobPath(runPath), logPath(runLogPath), noInputBlock(withoutInputBlock) {}
+
+    std::int32_t Run();
+
+    // After a run-time failure: no key stays down, no window stays disabled, the next run is possible.
+    void PutRight(const RuntimeFailure& failure);
+
+private:
+    void ClearTheStage();
+    void Prepare();
+    void LogOptions() const;
+    bool StartsProgram() const;
+    void CleanUp();
+    void RestoreMainWindow();
+    void Tell();
+    void TellCanceled(int row) const;
+    void TellFailed(int row) const;
+    void Finish();
+
+    const std::string& jobPath;
+    const std::string& logPath;
+    const bool noInputBlock;
+
+    Job job;
+    std::vector<ActionRow> rows;
+    bool minimisedByRun = false;
+    std::string reason;
+    std::int32_t result = 0;
+};
+
+std::int32_t JobRun::Run() {
+    ClearTheStage();
+    Prepare();
+    if (!StartsProgram()) {
+        // A plain way out that puts nothing back: until the program is started anew, every run is refused. A job
+        // whose program is missing must not be followed by others as if nothing had been.
+        return RunProgramMissing;
+    }
+    if (!noInputBlock) StartInputBlock();
+    result = ReplayEvents(job, rows, reason, logPath);
+    CleanUp();
+    if (result < 1) Tell();
+    Finish();
+    return result;
+}
+
+// The main window would stand in front of the target. The window that took over from it gets a real activation.
+void JobRun::ClearTheStage() {
+    if (main_window_view::IsVisible() && main_window_view::IsNormal()) {
+        main_window_view::Minimise();
+        minimisedByRun = true;
+    }
+    main_window_view::Enable(false);
+    platform::Pump();
+    const platform::WindowHandle foreground = platform::ForegroundWindow();
+    platform::Pump();
+    if (foreground > 0) platform::BringToForeground(foreground);
+}
+
+void JobRun::Prepare() {
+    rows = FoldForReplay(jobPath);
+    if (DisplaysStatus()) status_view::ShowExecuting();
+    status_view::ShowExecuting2(BaseName(jobPath));
+    ReadJob(jobPath, job);
+    ResetSearch();
+    DebugTrace("");
+    DebugTrace("Executing");
+    if (!logPath.empty()) LogOptions();
+    Premjesti(true);
+    runState.ReplayRunning = true;
+    main_window_view::EnableExitButton(false);
+}
+
+void JobRun::LogOptions() const {
+    if (job.SpeedPercent == MaximumSpeed) {
+        LogLine("Job speed: MAXIMUM");
+    } else {
+        LogLine("Job speed: " + std::to_string(job.SpeedPercent) + (job.SpeedPercent == 100 ? " (normal speed)" : ""));
+    }
+    const std::string times =
+        job.RepeatCount > 0 ? std::to_string(job.RepeatCount) + " time(s)" : std::string("Over and over again");
+    LogLine("Job will repeat: " + times, 0, 1);
+}
+
+bool JobRun::StartsProgram() const {
+    const std::string path = Trim(job.StartProgram.ProgramPath);
+    if (path.empty()) return true;
+    if (!platform::FileExists(path)) {
+        platform::ShowBox(
+            Translate("Cannot start program") + ":" + LineBreak + path + LineBreak + Translate("File not found"),
+            Translate("File not found"), platform::BoxIcon::Error);
+        return false;
+    }
+    platform::StartProgram(path + " " + Trim(job.StartProgram.CommandLine), job.StartProgram.WindowStyle);
+    return true;
+}
+
+void JobRun::CleanUp() {
+    ReleaseStuckKeys();
+    if (logPath.empty()) AddRecentJob(jobPath);
+    if (DisplaysStatus()) {
+        status_view::StopDodging();
+        status_view::ShowCloseButton(true);
+        status_view::ShowBar(false);
+    }
+    RestoreMainWindow();
+    status_view::UnloadExecuting2();
+}
+
+void JobRun::RestoreMainWindow() {
+    if (minimisedByRun) main_window_view::Restore();
+    main_window_view::Enable(true);
+}
+
+void JobRun::Tell() {
+    const int selected = DisplaysStatus() ? status_view::SelectedLine() : 0;
+    const int row = selected < 0 ? 0 : selected;
+    if (result == ReplayCanceled) {
+        TellCanceled(row);
+    } else {
+        TellFailed(row);
+    }
+}
+
+void JobRun::TellCanceled(int row) const {
+    if (DisplaysStatus()) {
+        status_view::InsertLine(row, Translate("Execution of job was canceled by user"));
+        status_view::SelectLine(row);
+        setStatus(StatusCanceled);
+    }
+    if (!logPath.empty()) LogLine("Execution of job was canceled by user.");
+}
+
+void JobRun::TellFailed(int row) const {
+    const std::string failedForReason = Translate("failed") + ". " + Translate("Reason") + ":";
+    if (DisplaysStatus()) {
+        status_view::InsertLine(row, Translate("Execution of job") + " " + failedForReason + " ");
+        status_view::InsertLine(row + 1, reason);
+        setStatus(StatusFailed);
+    } else if (logPath.empty()) {
+        platform::ShowBox(
+            Translate("Execution of job") + " '" + BaseName(jobPath) + "' " + failedForReason + LineBreak + reason,
+            ProductName, platform::BoxIcon::Error);
+    }
+    if (!logPath.empty()) {
+        LogLine("Execution of job failed. Reason: ");
+        LogLine(reason);
+    }
+}
+
+void JobRun::Finish() {
+    if (!logPath.empty()) WriteLogFile(logPath);
+    runState.ReplayRunning = false;
+    platform::Pump();
+    main_window_view::EnableExitButton(true);
+}
+
+void JobRun::PutRight(const RuntimeFailure& failure) {
+    ReleaseStuckKeys();
+    runState.ReplayRunning = false;
+    status_view::StopDodging();
+    status_view::ShowCloseButton(true);
+    status_view::UnloadExecuting2();
+    RestoreMainWindow();
+    main_window_view::EnableExitButton(true);
+    if (logPath.empty()) return;
+    LogLine("Execution of job failed. Reason: ");
+    LogLine(failure.what());
+    WriteLogFile(logPath);
+}
+
+bool IsMissing(const std::string& jobPath) {
+    if (platform::FileExists(jobPath)) return false;
+    platform::ShowBox(Translate("File does not exist") + ":" + LineBreak + jobPath, Translate("File access error"),
+                      platform::BoxIcon::Error);
+    return true;
+}
+
+}  // namespace
+
+std::int32_t RunJob(const std::string& jobPath, std::int32_t, const std::string& logPath, bool noInputBlock) {
+    if (runState.ReplayRunning) return RunRefusedOrNoFile;
+    if (RecordingActive() || KeyboardHookInstalled()) return RunRefusedRecording;
+    if (IsMissing(jobPath)) return RunRefusedOrNoFile;
+    JobRun run(jobPath, logPath, noInputBlock);
+    try {
+        return run.Run();
+    } catch (const RuntimeFailure& failure) {
+        run.PutRight(failure);
+        throw;
+    }
+}

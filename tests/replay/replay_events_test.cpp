@@ -1,0 +1,414 @@
+#include "replay/replay_events.h"
+
+#include <gmock/gmock.h>
+
+#include "base/runtime_failure.h"
+#include "replay/replay_log.h"
+#include "replay/timing.h"
+#include "replay_stage.h"
+
+using simulated::TextOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+constexpr int KeyA = 'A';
+constexpr int Shift = 160;
+
+class ReplayEventsTest : public ReplayStage {};
+
+// --- time ---
+
+TEST_F(ReplayEventsTest, EveryEventComesAtItsMomentAtEverySpeed) {
+    struct Case {
+        std::int32_t speed;
+        std::vector<std::int64_t> downs;
+    };
+    // Halves of a millisecond round to the even neighbour: 1005 ms at 200 percent is 502.
+    const Case cases[] = {{100, {0, 401, 1005}}, {50, {0, 802, 2010}}, {200, {0, 200, 502}}, {1000, {0, 40, 100}}};
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.speed);
+        job = JobBuilder();
+        job.Header().SpeedPercent = one.speed;
+        job.Header().SafetyLevel = SafetyLow;
+        InEdit().At(0).KeyDown(KeyA).At(401).KeyDown(KeyA).At(1005).KeyDown(KeyA);
+        const std::int64_t began = platform::TickCount();
+        EXPECT_EQ(Replay(), 1);
+        std::vector<std::int64_t> downs;
+        for (const std::int64_t time : Times(Keys())) downs.push_back(time - began);
+        EXPECT_EQ(downs, one.downs);
+        simulated::ClearJournals();
+    }
+}
+
+TEST_F(ReplayEventsTest, MaximumSpeedWaitsForNothingButReleasesAndKeysThatAreNotForAnEdit) {
+    job.Header().SpeedPercent = MaximumSpeed;
+    job.Header().SafetyLevel = SafetyLow;
+    InEdit().At(5000).Key(KeyA);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(platform::TickCount(), 0) << "an edit control takes keys at full rate";
+    job = JobBuilder();
+    job.Header().SpeedPercent = MaximumSpeed;
+    job.Header().SafetyLevel = SafetyLow;
+    InNotepad().At(5000).Key(KeyA).Click(Left, 300, 300).Click(Right, 300, 300).Click(Middle, 300, 300);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(platform::TickCount(), 20 + 20 + 20) << "one key down, a left and a right release";
+}
+
+TEST_F(ReplayEventsTest, AfterALateWindowTheEventsCatchUp) {
+    simulated::Destroy(notepad);
+    const platform::WindowHandle late = simulated::AppearsAfter(3000, NotepadSpec());
+    simulated::SetFocus(late);
+    job.Header().SafetyLevel = SafetyMedium;
+    job.InWindow({"Notepad", "Untitled - Notepad", 0, {0, 0, 1, {-1, -1}, {-1, -1}, {100, 100, 700, 500}}});
+    job.At(0).Click(Left, 300, 300).At(2000).Key(KeyA).At(9000).Key('B');
+    EXPECT_EQ(Replay(), 1);
+    const auto downs = Keys();
+    ASSERT_EQ(downs.size(), 4U);
+    EXPECT_GT(downs[0].time, 3000);
+    EXPECT_LT(downs[0].time, 6000) << "sent as soon as its window was there";
+    EXPECT_EQ(downs[2].time, 9000) << "and the recording's clock holds again";
+}
+
+TEST_F(ReplayEventsTest, PassesFollowEachOtherWithoutDrift) {
+    job.Header().RepeatCount = 3;
+    job.Header().SafetyLevel = SafetyLow;
+    simulated::SetFocus(edit);
+    InEdit().At(7).KeyDown(KeyA).At(1000).KeyUp(KeyA);
+    EXPECT_EQ(Replay(), 3);
+    EXPECT_THAT(Times(Keys()), ElementsAre(7, 1000, 1007, 2000, 2007, 3000));
+    EXPECT_EQ(TextOf(edit), "aaa");
+}
+
+// --- mouse ---
+
+TEST_F(ReplayEventsTest, AClickLandsOnItsPixelAndTheCursorReturns) {
+    simulated::PlaceCursor({11, 22});
+    InEdit().At(10).Move(333, 222).Click(Left, 333, 222);
+    EXPECT_EQ(Replay(), 1);
+    const auto downs = Actions(platform::MouseLeftDown);
+    ASSERT_EQ(downs.size(), 1U);
+    EXPECT_EQ(downs[0].position, (platform::Point{333, 222}));
+    EXPECT_EQ(downs[0].window, edit);
+    EXPECT_EQ(downs[0].record.mouseTime(), 0) << "the system stamps it";
+    EXPECT_EQ(platform::CursorPosition(), (platform::Point{11, 22}));
+    EXPECT_EQ(job.Built().Events[0].dx(), 333) << "the events are as they were";
+    EXPECT_EQ(job.Built().Events[1].time(), 20);
+}
+
+TEST_F(ReplayEventsTest, SkippedMovesKeepTheLastOfARun) {
+    job.Header().SkipMouseMoves = 1;
+    InEdit()
+        .Move(1, 1)
+        .Move(2, 2)
+        .Move(300, 300)
+        .Press(Left, 300, 300)
+        .Move(5, 5)
+        .Move(350, 320)
+        .Release(Left, 350, 320);
+    EXPECT_EQ(Replay(), 1);
+    std::vector<platform::Point> drags;
+    for (const auto& entry : Actions(platform::MouseMove)) drags.push_back(entry.position);
+    // Each event moves the cursor itself; the two moves that are played are sent once more as events.
+    EXPECT_THAT(drags, ElementsAre(platform::Point{300, 300}, platform::Point{300, 300}, platform::Point{300, 300},
+                                   platform::Point{350, 320}, platform::Point{350, 320}, platform::Point{350, 320},
+                                   platform::Point{0, 0}));
+}
+
+TEST_F(ReplayEventsTest, ADoubleClickIsFourLeftRecordsWithPauses) {
+    for (const std::int32_t level : {SafetyHigh, SafetyLow}) {
+        SCOPED_TRACE(level);
+        simulated::ClearJournals();
+        job = JobBuilder();
+        job.Header().SafetyLevel = level;
+        InEdit().At(0).DoubleClick(300, 300).At(100).Move(5, 5);
+        const std::int64_t began = platform::TickCount();
+        EXPECT_EQ(Replay(), 1);
+        const auto downs = Actions(platform::MouseLeftDown);
+        const auto ups = Actions(platform::MouseLeftUp);
+        ASSERT_EQ(downs.size(), 2U);
+        ASSERT_EQ(ups.size(), 2U);
+        EXPECT_EQ(downs[1].time - downs[0].time, 40);
+        EXPECT_EQ(ups[1].time - downs[0].time, 60);
+        EXPECT_EQ(downs[1].position, (platform::Point{300, 300}));
+        EXPECT_GE(downs[0].time, began);
+    }
+}
+
+TEST_F(ReplayEventsTest, TheWheelGoesToTheFocusAndAClickToTheCursor) {
+    const platform::WindowHandle other = simulated::AddWindow({.className = "Other", .rect = {800, 100, 1200, 500}});
+    simulated::SetFocus(edit);
+    InEdit().Wheel(-120, 900, 300);
+    EXPECT_EQ(Replay(), 1);
+    ASSERT_EQ(Actions(platform::MouseWheel).size(), 1U);
+    EXPECT_EQ(Actions(platform::MouseWheel)[0].window, edit);
+    EXPECT_EQ(Actions(platform::MouseWheel)[0].record.mouseData(), -120);
+    EXPECT_NE(edit, other);
+}
+
+TEST_F(ReplayEventsTest, APaneThatDrawsSlowlyIsGivenTimeAtEveryLevel) {
+    for (const std::int32_t level : {SafetyHigh, SafetyLow}) {
+        job = JobBuilder();
+        job.Header().SafetyLevel = level;
+        const auto pane =
+            simulated::AddWindow({.className = "NetUIHWND", .caption = "Pane", .rect = {0, 600, 200, 800}});
+        job.InWindow(LevelOf(pane)).At(0).Press(Left, 100, 700);
+        const std::int64_t began = platform::TickCount();
+        EXPECT_EQ(Replay(), 1);
+        EXPECT_GE(platform::TickCount() - began, 500);
+        simulated::Destroy(pane);
+    }
+}
+
+TEST_F(ReplayEventsTest, StatusWindowsStepAsideBeforeAClickLandsOnThem) {
+    settings.Display_Executing_Status = 1;
+    statusViewStandIn.executing2 = {true, {0, 100, 300, 200}};
+    job.Header().SafetyLevel = SafetyLow;
+    job.Click(Left, 0, 150).Click(Left, 150, 150);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_GT(statusViewStandIn.executing2.rectangle.left, 900);
+}
+
+// --- windows that are not there ---
+
+// Nothing counts as good before the first wait, search or sending, so what comes before that is not sent. The cursor
+// goes along all the same.
+TEST_F(ReplayEventsTest, BeforeTheFirstSuccessNothingIsSent) {
+    simulated::SetFocus(edit);
+    job.Header().SpeedPercent = MaximumSpeed;
+    job.Move(400, 300).KeyDown(KeyA).KeyUp(KeyA).Press(XButton1, 400, 300).KeyDown('B').KeyUp('B');
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(TextOf(edit), "b");
+}
+
+TEST_F(ReplayEventsTest, AMissingWindowStopsSkipsOrIsIgnored) {
+    struct Case {
+        IfNoWindowChoice choice;
+        std::int32_t result;
+        std::size_t presses;
+        std::string text;
+    };
+    for (const Case& one :
+         {Case{StopExecuting, -4, 0, ""}, Case{SkipAction, 1, 0, "b"}, Case{ExecuteAnyway, 1, 1, "ab"}}) {
+        SCOPED_TRACE(one.choice);
+        reason.clear();
+        simulated::ClearJournals();
+        simulated::SetText(edit, "");
+        simulated::SetFocus(edit);
+        job = JobBuilder();
+        InEdit();
+        InLostWindow().IfNoWindow(one.choice, 0).Click(Left, 300, 300).Wait(2000).Key(KeyA);
+        InEdit().Wait(2000).Click(Left, 300, 300).Key('B');
+        EXPECT_EQ(Replay(), one.result);
+        EXPECT_EQ(reason, "Cannot find window: 'Nowhere'");
+        EXPECT_EQ(Actions(platform::MouseLeftDown).size(), one.presses + (one.result == 1 ? 1 : 0));
+        EXPECT_EQ(TextOf(edit), one.text);
+    }
+}
+
+TEST_F(ReplayEventsTest, AReleaseFollowsASkippedPressIntoNothing) {
+    job.Header().SpeedPercent = MaximumSpeed;  // a wait in between would count as a success
+    InEdit();
+    InLostWindow().IfNoWindow(SkipAction, 0).KeyDown(Shift).KeyUp(Shift).Press(Left, 1, 1).Release(Left, 1, 1);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_TRUE(Keys().empty());
+    EXPECT_TRUE(Actions(platform::MouseLeftUp).empty());
+}
+
+TEST_F(ReplayEventsTest, KeysIntoTheWindowOfTheLastKeyAreNotSearchedFor) {
+    simulated::SetFocus(edit);
+    InEdit().At(0).Key(KeyA).At(1000).Key('B');
+    simulated::MeanwhileAt(500, [&] { simulated::SetCaption(notepad, "changed"); });
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(TextOf(edit), "ab");
+}
+
+// After a window was not found, keys for another one are not searched for: the failure stands for them too. Only
+// the window that failed is looked for again, without a wait.
+TEST_F(ReplayEventsTest, AFailureStandsForTheNextWindowToo) {
+    simulated::SetFocus(edit);
+    job.Header().SpeedPercent = MaximumSpeed;
+    InEdit();
+    InLostWindow().IfNoWindow(SkipAction, 1).KeyDown('X');
+    InEdit().IfNoWindow(SkipAction, 1).KeyDown(KeyA);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_TRUE(Keys().empty()) << "though the edit control is there";
+}
+
+TEST_F(ReplayEventsTest, TheSameLostWindowStopsAtOnceTheSecondTime) {
+    simulated::SetFocus(edit);
+    InEdit();
+    InLostWindow().IfNoWindow(SkipAction, 1).KeyDown('X');
+    job.IfNoWindow(StopExecuting, 60).KeyDown('Y');
+    EXPECT_EQ(Replay(), -1);
+    EXPECT_LT(platform::TickCount(), 5000) << "the minute was not waited for";
+}
+
+TEST_F(ReplayEventsTest, InputThatTheSystemRefusesLeavesAFailedVerdict) {
+    simulated::SetInjection(simulated::Injection::Refused);
+    settings.Display_Executing_Status = 1;
+    InEdit().Click(Left, 300, 300).Key(KeyA);
+    Replay();
+    EXPECT_THAT(statusViewStandIn.list.at(0), HasSubstr("FAILED 1. MOUSE: Left click"));
+}
+
+// --- ESC ---
+
+TEST_F(ReplayEventsTest, EscapeNeverCancelsTheFirstEventAndAlwaysTheSecond) {
+    simulated::UserPressesKey(27);
+    job.Move(1, 1).Move(2, 2).Move(3, 3);
+    EXPECT_EQ(Replay(), -2);
+    EXPECT_EQ(reason, "User canceled job execution by pressing ESC key");
+    EXPECT_EQ(Actions(platform::MouseMove).size(), 1U) << "event 0 alone";
+}
+
+TEST_F(ReplayEventsTest, ATapBetweenTwoPollsIsSeen) {
+    job.At(0).Move(1, 1).At(5000).Move(2, 2);
+    simulated::MeanwhileAt(1010, [] { simulated::UserTaps(27); });
+    EXPECT_EQ(Replay(), -2);
+    EXPECT_EQ(platform::TickCount(), 1050);
+    EXPECT_EQ(reason, "") << "seen in a wait, it gives no reason";
+}
+
+TEST_F(ReplayEventsTest, AStaleTapFromBeforeTheRunIsDrained) {
+    simulated::UserTaps(27);
+    job.Move(1, 1).Move(2, 2);
+    EXPECT_EQ(Replay(), 1);
+}
+
+TEST_F(ReplayEventsTest, TheJobsOwnEscapeIsNotTheUsers) {
+    simulated::SetFocus(edit);
+    InEdit().At(0).Key(KeyA).At(100).KeyDown(27).At(1000).Move(1, 1).At(1100).KeyUp(27).At(1110).Move(2, 2);
+    EXPECT_EQ(Replay(), 1);
+}
+
+TEST_F(ReplayEventsTest, AnEndlessJobOfOneEventCanBeStopped) {
+    job.Header().RepeatCount = 0;
+    job.At(10).Move(1, 1);
+    simulated::MeanwhileAt(500, [] { simulated::UserPressesKey(27); });
+    EXPECT_EQ(Replay(), -2);
+}
+
+TEST_F(ReplayEventsTest, ACanceledRunLeavesTheCursorWhereItIs) {
+    simulated::PlaceCursor({700, 700});
+    job.Move(1, 1).Wait(5000).Move(2, 2);
+    simulated::UserHoldsEscapeFrom(1000, 1500);
+    EXPECT_EQ(Replay(), -2);
+    EXPECT_EQ(platform::CursorPosition(), (platform::Point{1, 1}));
+}
+
+// --- text rows ---
+
+TEST_F(ReplayEventsTest, ATextRowSpreadsItsKeysOverItsRecordedTime) {
+    simulated::SetFocus(edit);
+    job.Header().SafetyLevel = SafetyLow;
+    InEdit().At(0).TextRow("abc").At(50).Continuation().At(100).Move(1, 1);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(TextOf(edit), "abc");
+    EXPECT_THAT(Times(Keys()), ElementsAre(0, 0, 33, 33, 66, 66));
+    EXPECT_EQ(Actions(platform::MouseMove).front().time, 100);
+}
+
+TEST_F(ReplayEventsTest, AtMaximumSpeedATextRowTakesATenthOfItsTime) {
+    simulated::SetFocus(edit);
+    job.Header().SafetyLevel = SafetyLow;
+    job.Header().SpeedPercent = MaximumSpeed;
+    InEdit().At(0).TextRow("abcde").At(1001).Move(1, 1);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(platform::TickCount(), 100);
+}
+
+TEST_F(ReplayEventsTest, ATextRowThatIsNotTypedStillTakesItsTime) {
+    simulated::SetFocus(edit);
+    job.Header().SafetyLevel = SafetyLow;
+    InEdit().At(0).TextRow("").At(500).Move(1, 1);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(Actions(platform::MouseMove).front().time, 500);
+}
+
+TEST_F(ReplayEventsTest, AContinuationAndAnUnknownTypeAreNeverSent) {
+    JobEvent unknown;
+    unknown.dwType() = 3;
+    job.TextRow("x").Continuation().Raw(unknown);
+    job.Built().Strings[0] = "";
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_TRUE(Keys().empty());
+}
+
+TEST_F(ReplayEventsTest, ABadTextShowsTheNumberOfItsTokenAndTheRunGoesOn) {
+    simulated::SetFocus(edit);
+    InEdit().TextRow("{NOSUCHKEY}").Wait(100).Key(KeyA);
+    EXPECT_EQ(Replay(), 1);
+    ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
+    EXPECT_EQ(simulated::ShownBoxes()[0].title, "Invalid keystroke:\"{NOSUCHKEY}\"");
+    EXPECT_EQ(simulated::ShownBoxes()[0].text, "0");
+    EXPECT_EQ(TextOf(edit), "a");
+}
+
+// --- what is shown and logged ---
+
+TEST_F(ReplayEventsTest, TheListTellsEveryRowAndItsVerdict) {
+    settings.Display_Executing_Status = 1;
+    InEdit().Move(5, 5).Click(Left, 300, 300).Type("ab");
+    job.Wait(100).DoubleClick(310, 310).Click(XButton2, 300, 300);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_THAT(
+        statusViewStandIn.list,
+        ElementsAre("OK   1. MOUSE: Left click at: Untitled - Notepad", "OK   2. KEYSTROKES: ab at: Untitled - Notepad",
+                    "OK   3. MOUSE: Double click at: Untitled - Notepad",
+                    "OK   4. MOUSE: Xbutton2 click at: Untitled - Notepad", "Job completed successfully!"));
+    EXPECT_EQ(statusViewStandIn.selectedLine, 4);
+    EXPECT_EQ(statusViewStandIn.statusLabel, "Finished");
+    EXPECT_EQ(statusViewStandIn.barValue, 100);
+}
+
+TEST_F(ReplayEventsTest, ALongListScrollsAlong) {
+    settings.Display_Executing_Status = 1;
+    for (int i = 0; i < 10; ++i) InEdit().Click(Left, 300 + i, 300);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(statusViewStandIn.topIndex, 4) << "at rows 7, 8, 9 and past the last";
+}
+
+TEST_F(ReplayEventsTest, AnEmptyJobDoesNothing) {
+    EXPECT_EQ(Replay(), -200);
+    EXPECT_EQ(reason, "There is no commands to execute!");
+    EXPECT_TRUE(simulated::Journal().empty());
+}
+
+TEST_F(ReplayEventsTest, CapsLockIsAsItWasRecorded) {
+    simulated::SetToggle(20, true);
+    simulated::SetFocus(edit);
+    InEdit().Key(KeyA);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(TextOf(edit), "a");
+    EXPECT_EQ(Keys().size(), 4U) << "one tap of Caps Lock and the key";
+}
+
+// --- damaged jobs ---
+
+TEST_F(ReplayEventsTest, IndexesThatLeadNowhereAreRunTimeFailures) {
+    const auto fails = [&] { EXPECT_THROW(Replay(), RuntimeFailure); };
+    job.UseChain(7).Press(Left, 1, 1);
+    fails();
+    job = JobBuilder();
+    InEdit().TextRow("x");
+    job.Built().Strings.clear();
+    rows.clear();
+    EXPECT_THROW(ReplayEvents(job.Built(), rows, reason, ""), RuntimeFailure);
+    job = JobBuilder();
+    job.At(100).KeyDown(300);
+    job.Last().KeyCode() = 301;
+    rows.clear();
+    EXPECT_THROW(ReplayEvents(job.Built(), rows, reason, ""), RuntimeFailure);
+    EXPECT_TRUE(Keys().empty()) << "a key that nobody could release is not pressed";
+}
+
+// A press that is skipped in every pass keeps its converted point, which grows from pass to pass.
+TEST_F(ReplayEventsTest, AnEndlessRunOfSkippedPressesStaysARun) {
+    job.Header().RepeatCount = 12;
+    InLostWindow().IfNoWindow(SkipAction, 0).Press(Left, 700, 700).Wait(10).Move(1, 1);
+    EXPECT_EQ(Replay(), 12);
+}
+
+}  // namespace

@@ -1,0 +1,273 @@
+#include "replay/run_job.h"
+
+#include <gmock/gmock.h>
+
+#include "base/runtime_failure.h"
+#include "jobs/job_file.h"
+#include "platform/files.h"
+#include "platform/hooks.h"
+#include "platform/pump.h"
+#include "replay/timing.h"
+#include "replay_stage.h"
+#include "settings/folders.h"
+#include "support/main_window_view_stand_in.h"
+
+using simulated::ShownBoxes;
+using simulated::TextOf;
+using testing::ElementsAre;
+
+namespace {
+
+const std::string JobPath = "C:\\Data\\morning.tsj";
+const std::string LogPath = "C:\\Data\\morning.log";
+constexpr int Shift = 160;
+
+std::string ContentOf(const std::string& path) {
+    platform::File file = platform::File::OpenForReading(path);
+    std::string content(static_cast<std::size_t>(file.Length()), ' ');
+    file.Read(content.data(), static_cast<std::int64_t>(content.size()));
+    return content;
+}
+
+class RunJobTest : public ReplayStage {
+protected:
+    RunJobTest() {
+        platform::MakeFolder("C:\\Data");
+        simulated::SetFocus(edit);
+        startProgram = {};
+    }
+
+    std::int32_t Run(const std::string& logPath = "", bool noInputBlock = true) {
+        startProgram = program;
+        WriteJob(JobPath, job.Built());
+        startProgram = {};
+        return RunJob(JobPath, 0, logPath, noInputBlock);
+    }
+
+    static void ExpectAllPutRight() {
+        EXPECT_FALSE(runState.ReplayRunning);
+        EXPECT_TRUE(mainWindowViewStandIn.enabled);
+        EXPECT_TRUE(mainWindowViewStandIn.exitButtonEnabled);
+        EXPECT_FALSE(mainWindowViewStandIn.minimised);
+        EXPECT_FALSE(statusViewStandIn.executing2.visible);
+        EXPECT_GE(platform::AsyncKeyState(Shift), 0) << "Shift is up";
+        for (const bool down : heldInput.KeysDown) EXPECT_FALSE(down);
+    }
+
+    StartProgramRecord program;
+};
+
+void IgnoreKeys(const platform::KeyboardHookRecord&) {}
+
+TEST_F(RunJobTest, ARunGoesFromTheFileToTheWindow) {
+    settings.Display_Executing_Status = 1;
+    InEdit().Click(Left, 300, 300).Type("hello");
+    EXPECT_EQ(Run(), 1);
+    EXPECT_EQ(TextOf(edit), "hello");
+    EXPECT_EQ(statusViewStandIn.jobName, "morning");
+    EXPECT_EQ(statusViewStandIn.statusLabel, "Finished");
+    EXPECT_TRUE(statusViewStandIn.closeButtonVisible);
+    EXPECT_FALSE(statusViewStandIn.barVisible);
+    EXPECT_FALSE(statusViewStandIn.dodging);
+    EXPECT_EQ(settings.RecentJobs[0], JobPath);
+    ExpectAllPutRight();
+}
+
+TEST_F(RunJobTest, ARunIsRefusedDuringAnotherAndDuringARecording) {
+    std::int32_t second = 0;
+    InEdit().KeyDown(Shift).Wait(2000).KeyUp(Shift);
+    simulated::After(1000, [&] { second = RunJob(JobPath, 0, "", true); });
+    EXPECT_EQ(Run(), 1);
+    EXPECT_EQ(second, -10);
+    ASSERT_TRUE(platform::InstallKeyboardHook(IgnoreKeys));
+    EXPECT_EQ(RunJob(JobPath, 0, "", true), -11);
+    EXPECT_TRUE(ShownBoxes().empty());
+}
+
+TEST_F(RunJobTest, AJobThatIsGoneIsTold) {
+    EXPECT_EQ(RunJob("C:\\Data\\gone.tsj", 0, "", true), -10);
+    ASSERT_EQ(ShownBoxes().size(), 1U);
+    EXPECT_EQ(ShownBoxes()[0].title, "File access error");
+    EXPECT_EQ(ShownBoxes()[0].text, "File does not exist:\r\nC:\\Data\\gone.tsj");
+    EXPECT_TRUE(mainWindowViewStandIn.calls.empty());
+}
+
+TEST_F(RunJobTest, ADamagedJobLeavesEverythingAsItWas) {
+    platform::File file = platform::File::Create(JobPath);
+    file.Write("short", 5);
+    file.Close();
+    EXPECT_THROW(RunJob(JobPath, 0, "", true), RuntimeFailure);
+    ExpectAllPutRight();
+}
+
+TEST_F(RunJobTest, TheMainWindowStepsAsideAndComesBackOnlyIfItDid) {
+    InEdit().Type("a");
+    EXPECT_EQ(Run(), 1);
+    EXPECT_EQ(mainWindowViewStandIn.calls.front(), "Minimise");
+    mainWindowViewStandIn.minimised = true;
+    mainWindowViewStandIn.calls.clear();
+    EXPECT_EQ(Run(), 1);
+    EXPECT_TRUE(mainWindowViewStandIn.minimised) << "it was minimised before, and stays so";
+}
+
+TEST_F(RunJobTest, InputIsBlockedForTheFirstSecond) {
+    InEdit().KeyDown('A').Wait(3000).KeyUp('A');
+    bool early = false;
+    bool late = true;
+    simulated::MeanwhileAt(900, [&] { early = simulated::InputBlocked(); });
+    simulated::MeanwhileAt(1100, [&] { late = simulated::InputBlocked(); });
+    std::string hint;
+    simulated::MeanwhileAt(1100, [&] { hint = statusViewStandIn.secondLabel; });
+    EXPECT_EQ(Run("", false), 1);
+    EXPECT_TRUE(early);
+    EXPECT_FALSE(late);
+    EXPECT_EQ(hint, "Press ESC to stop...");
+}
+
+TEST_F(RunJobTest, AShortRunLeavesTheBlockToTheTimer) {
+    InEdit().Type("a");
+    EXPECT_EQ(Run("", false), 1);
+    EXPECT_TRUE(simulated::InputBlocked());
+    simulated::RunFor(1100);
+    EXPECT_FALSE(simulated::InputBlocked());
+    EXPECT_EQ(Run("", true), 1);
+    EXPECT_FALSE(simulated::InputBlocked()) << "a hotkey's run does not block";
+}
+
+TEST_F(RunJobTest, TheProgramOfTheJobIsStarted) {
+    program = {"C:\\Windows\\notepad.exe", " C:\\a.txt ", 3};
+    platform::MakeFolder("C:\\Windows");
+    platform::File::Create(program.ProgramPath);
+    simulated::Destroy(notepad);
+    simulated::ProgramShows("notepad.exe", 500, NotepadSpec());
+    job.Header().SafetyLevel = SafetyMedium;
+    job.InWindow({"Notepad", "Untitled - Notepad", 0, {0, 0, 1, {-1, -1}, {-1, -1}, {100, 100, 700, 500}}});
+    job.Click(Left, 300, 300);
+    EXPECT_EQ(Run(), 1);
+    ASSERT_EQ(simulated::StartedPrograms().size(), 1U);
+    EXPECT_EQ(simulated::StartedPrograms()[0].commandLine, "C:\\Windows\\notepad.exe C:\\a.txt");
+    EXPECT_EQ(simulated::StartedPrograms()[0].windowStyle, 3);
+}
+
+TEST_F(RunJobTest, AMissingProgramEndsTheRunAndAllRunsAfterIt) {
+    program = {"C:\\gone.exe", "", 1};
+    InEdit().Type("a");
+    EXPECT_EQ(Run(), 0);
+    ASSERT_EQ(ShownBoxes().size(), 1U);
+    EXPECT_EQ(ShownBoxes()[0].title, "File not found");
+    EXPECT_EQ(ShownBoxes()[0].text, "Cannot start program:\r\nC:\\gone.exe\r\nFile not found");
+    EXPECT_EQ(TextOf(edit), "");
+    program = {};
+    EXPECT_EQ(Run(), -10);
+}
+
+// --- held keys ---
+
+TEST_F(RunJobTest, HeldKeysAreReleasedAfterEveryKindOfEnding) {
+    InEdit().KeyDown(Shift).Wait(100).Type("a");
+    EXPECT_EQ(Run(), 1);
+    ExpectAllPutRight();
+
+    job = JobBuilder();
+    InEdit().KeyDown(Shift).Wait(5000).Type("a");
+    simulated::MeanwhileAt(platform::TickCount() + 2000, [] { simulated::UserTaps(27); });
+    EXPECT_EQ(Run(), -2);
+    ExpectAllPutRight();
+
+    job = JobBuilder();
+    InEdit().KeyDown(Shift);
+    InLostWindow().IfNoWindow(StopExecuting, 0).Press(Left, 1, 1);
+    EXPECT_EQ(Run(), -4);
+    ExpectAllPutRight();
+
+    job = JobBuilder();
+    InEdit().TextRow("{L_SHIFT DOWN}a").Wait(100).Move(1, 1);
+    EXPECT_EQ(Run(), 1);
+    ExpectAllPutRight();
+
+    job = JobBuilder();
+    InEdit().KeyDown(Shift).Wait(100).UseChain(99).Press(Left, 1, 1);
+    EXPECT_THROW(Run(), RuntimeFailure);
+    ExpectAllPutRight();
+}
+
+// --- how it went ---
+
+TEST_F(RunJobTest, ACancelIsToldInTheListAndInTheLog) {
+    settings.Display_Executing_Status = 1;
+    InEdit().Click(Left, 300, 300).Wait(5000).Type("a");
+    simulated::MeanwhileAt(2000, [] { simulated::UserTaps(27); });
+    EXPECT_EQ(Run(), -2);
+    EXPECT_EQ(statusViewStandIn.list.at(0), "OK   1. MOUSE: Left click at: Untitled - Notepad");
+    EXPECT_EQ(statusViewStandIn.list.at(1), "Execution of job was canceled by user");
+    EXPECT_EQ(statusViewStandIn.selectedLine, 1);
+    EXPECT_EQ(statusViewStandIn.statusLabel, "Canceled");
+}
+
+TEST_F(RunJobTest, AFailureIsToldInTheListOrInABox) {
+    InLostWindow().IfNoWindow(StopExecuting, 0).Press(Left, 1, 1);
+    EXPECT_EQ(Run(), -4);
+    ASSERT_EQ(ShownBoxes().size(), 1U);
+    EXPECT_EQ(ShownBoxes()[0].title, "Tessarine");
+    EXPECT_EQ(ShownBoxes()[0].text, "Execution of job 'morning' failed. Reason:\r\nCannot find window: 'Nowhere'");
+
+    settings.Display_Executing_Status = 1;
+    EXPECT_EQ(Run(), -4);
+    EXPECT_EQ(ShownBoxes().size(), 1U) << "no second box";
+    EXPECT_EQ(statusViewStandIn.list.at(0), "Execution of job failed. Reason: ");
+    EXPECT_EQ(statusViewStandIn.list.at(1), "Cannot find window: 'Nowhere'");
+}
+
+TEST_F(RunJobTest, AnEmptyJobFails) {
+    EXPECT_EQ(Run(), -200);
+    ASSERT_EQ(ShownBoxes().size(), 1U);
+    EXPECT_EQ(ShownBoxes()[0].text, "Execution of job 'morning' failed. Reason:\r\nThere is no commands to execute!");
+}
+
+TEST_F(RunJobTest, ARunWithALogWritesExactlyThis) {
+    simulated::SetLocalTime({2026, 11, 15, 5, 12, 44});
+    InEdit().At(2000).Click(Left, 300, 300);
+    InLostWindow().IfNoWindow(StopExecuting, 0).At(5000).Click(Right, 300, 300);
+    EXPECT_EQ(Run(LogPath), -4);
+    EXPECT_EQ(ContentOf(LogPath),
+              "Date: 11/15/2026\r\n"
+              "\r\n"
+              "05:12:44  Job speed: 100 (normal speed)\r\n"
+              "05:12:44  Job will repeat: 1 time(s)\r\n"
+              "\r\n"
+              "05:12:46  OK <-  1. MOUSE: Left click at: Untitled - Notepad\r\n"
+              "05:12:49  Cannot execute command:\r\n"
+              "05:12:49     2. MOUSE: Right click at: Nowhere\r\n"
+              "05:12:49  Execution of job failed. Reason: \r\n"
+              "05:12:49  Cannot find window: 'Nowhere'\r\n"
+              "\r\n\r\n\r\n\r\n");
+    EXPECT_TRUE(ShownBoxes().empty()) << "nobody is there to see one";
+    EXPECT_EQ(settings.RecentJobs[0], "") << "an unattended run leaves the recent jobs alone";
+}
+
+TEST_F(RunJobTest, TheNewestRunStandsOnTopOfTheLog) {
+    simulated::SetLocalTime({2026, 11, 15, 5, 12, 44});
+    job.Header().RepeatCount = 2;
+    job.Header().SpeedPercent = MaximumSpeed;
+    InEdit().Click(Left, 300, 300);
+    EXPECT_EQ(Run(LogPath), 2);
+    const std::string first = ContentOf(LogPath);
+    EXPECT_THAT(first, testing::HasSubstr("Job speed: MAXIMUM\r\n"));
+    EXPECT_THAT(first, testing::HasSubstr("Job will repeat: 2 time(s)\r\n\r\n"));
+    EXPECT_THAT(first, testing::HasSubstr("Repeating job no: 2/2\r\n"));
+    EXPECT_THAT(first, testing::HasSubstr("Job completed successfully.\r\n"));
+    simulated::SetLocalTime({2026, 11, 16, 7, 5, 9});
+    EXPECT_EQ(Run(LogPath), 2);
+    const std::string second = ContentOf(LogPath);
+    EXPECT_TRUE(second.starts_with("Date: 11/16/2026\r\n\r\n07:05:"));
+    EXPECT_GT(second.find("Date: 11/15/2026"), second.find("Date: 11/16/2026"));
+}
+
+TEST_F(RunJobTest, ARunTimeFailureIsLoggedToo) {
+    InEdit().UseChain(99).Press(Left, 1, 1);
+    EXPECT_THROW(Run(LogPath), RuntimeFailure);
+    EXPECT_THAT(ContentOf(LogPath), testing::HasSubstr("Execution of job failed. Reason: \r\n"));
+    ExpectAllPutRight();
+}
+
+}  // namespace
