@@ -1,0 +1,250 @@
+// The eyes of the desktop tests: reads commands from standard input, one a line, looks at the windows of the desktop
+// and answers with one line of JSON each. It shares no code with the program that it watches.
+//
+// Started as "probe.exe hang CAPTION" it shows a window and then never answers a message again.
+
+#include <windows.h>
+
+#include <cstdio>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Words = std::istringstream;
+
+std::string Quoted(const std::string& text) {
+    std::string json = "\"";
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        char escaped[8];
+        std::snprintf(escaped, sizeof escaped, byte < 32 || byte > 126 || byte == '"' || byte == '\\' ? "\\u%04x" : "%c",
+                      byte);
+        json += escaped;
+    }
+    return json + "\"";
+}
+
+std::string Number(long long value) {
+    return std::to_string(value);
+}
+
+HWND WindowFrom(Words& words) {
+    long long value = 0;
+    words >> value;
+    return reinterpret_cast<HWND>(value);
+}
+
+long long HandleNumber(HWND window) {
+    return static_cast<long long>(reinterpret_cast<INT_PTR>(window));
+}
+
+std::string RestOf(Words& words) {
+    std::string rest;
+    std::getline(words >> std::ws, rest);
+    return rest;
+}
+
+LRESULT Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutA(window, message, wParam, lParam, SMTO_ABORTIFHUNG, 5000, &answer);
+    return static_cast<LRESULT>(answer);
+}
+
+std::string TextOf(HWND window) {
+    std::vector<char> buffer(1 << 20);
+    const auto length = Ask(window, WM_GETTEXT, buffer.size(), reinterpret_cast<LPARAM>(buffer.data()));
+    return std::string(buffer.data(), static_cast<std::size_t>(length));
+}
+
+std::string RectangleText(const RECT& rectangle) {
+    return "[" + Number(rectangle.left) + "," + Number(rectangle.top) + "," + Number(rectangle.right) + "," +
+           Number(rectangle.bottom) + "]";
+}
+
+std::string PlacementText(HWND window) {
+    WINDOWPLACEMENT place{};
+    place.length = sizeof place;
+    GetWindowPlacement(window, &place);
+    return "{\"flags\":" + Number(place.flags) + ",\"show\":" + Number(place.showCmd) + ",\"min\":[" +
+           Number(place.ptMinPosition.x) + "," + Number(place.ptMinPosition.y) + "],\"max\":[" +
+           Number(place.ptMaxPosition.x) + "," + Number(place.ptMaxPosition.y) + "],\"normal\":" +
+           RectangleText(place.rcNormalPosition) + "}";
+}
+
+std::string Describe(HWND window) {
+    char className[100] = "";
+    char caption[1024] = "";
+    GetClassNameA(window, className, sizeof className);
+    GetWindowTextA(window, caption, sizeof caption);
+    RECT rectangle{};
+    GetWindowRect(window, &rectangle);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return "{\"handle\":" + Number(HandleNumber(window)) + ",\"parent\":" + Number(HandleNumber(GetParent(window))) +
+           ",\"class\":" + Quoted(className) + ",\"caption\":" + Quoted(caption) +
+           ",\"id\":" + Number(GetDlgCtrlID(window)) + ",\"rect\":" + RectangleText(rectangle) +
+           ",\"visible\":" + (IsWindowVisible(window) ? "true" : "false") +
+           ",\"enabled\":" + (IsWindowEnabled(window) ? "true" : "false") + ",\"process\":" + Number(process) +
+           ",\"exstyle\":" + Number(GetWindowLongA(window, GWL_EXSTYLE)) + ",\"placement\":" + PlacementText(window) + "}";
+}
+
+BOOL CALLBACK Collect(HWND window, LPARAM list) {
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
+std::string AllWindows() {
+    std::vector<HWND> tops;
+    EnumWindows(Collect, reinterpret_cast<LPARAM>(&tops));
+    std::vector<HWND> all;
+    for (const HWND top : tops) {
+        all.push_back(top);
+        EnumChildWindows(top, Collect, reinterpret_cast<LPARAM>(&all));
+    }
+    std::string json = "[";
+    for (const HWND window : all) json += (json.size() > 1 ? "," : "") + Describe(window);
+    return json + "]";
+}
+
+HWND FocusedWindow() {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(0, &info);
+    return info.hwndFocus;
+}
+
+std::string KeysDown() {
+    std::string json = "[";
+    for (int key = 1; key < 255; ++key) {
+        if (GetAsyncKeyState(key) < 0) json += (json.size() > 1 ? "," : "") + Number(key);
+    }
+    return json + "]";
+}
+
+std::string Place(Words& words) {
+    const HWND window = WindowFrom(words);
+    WINDOWPLACEMENT place{};
+    place.length = sizeof place;
+    words >> place.showCmd >> place.rcNormalPosition.left >> place.rcNormalPosition.top >>
+        place.rcNormalPosition.right >> place.rcNormalPosition.bottom;
+    place.ptMaxPosition = {-1, -1};
+    place.ptMinPosition = {-1, -1};
+    return Number(SetWindowPlacement(window, &place));
+}
+
+// copydata WINDOW dwData cbData null|TEXT
+std::string CopyData(Words& words) {
+    const HWND window = WindowFrom(words);
+    unsigned long long kind = 0;
+    unsigned long size = 0;
+    words >> kind >> size;
+    std::string bytes = RestOf(words);
+    const bool null = bytes == "null";
+    if (!null) bytes.resize(size);
+    COPYDATASTRUCT data{kind, size, null ? nullptr : bytes.data()};
+    return Number(Ask(window, WM_COPYDATA, 1, reinterpret_cast<LPARAM>(&data)));
+}
+
+std::string ListLine(Words& words) {
+    const HWND window = WindowFrom(words);
+    WPARAM index = 0;
+    words >> index;
+    std::vector<char> buffer(4096);
+    const auto length = Ask(window, LB_GETTEXT, index, reinterpret_cast<LPARAM>(buffer.data()));
+    return length < 0 ? "null" : Quoted(std::string(buffer.data(), static_cast<std::size_t>(length)));
+}
+
+std::string SendNumbers(Words& words) {
+    const HWND window = WindowFrom(words);
+    UINT message = 0;
+    long long wParam = 0;
+    long long lParam = 0;
+    words >> message >> wParam >> lParam;
+    return Number(Ask(window, message, static_cast<WPARAM>(wParam), static_cast<LPARAM>(lParam)));
+}
+
+std::string PostNumbers(Words& words) {
+    const HWND window = WindowFrom(words);
+    UINT message = 0;
+    long long wParam = 0;
+    long long lParam = 0;
+    words >> message >> wParam >> lParam;
+    return Number(PostMessageA(window, message, static_cast<WPARAM>(wParam), static_cast<LPARAM>(lParam)));
+}
+
+std::string SetText(Words& words) {
+    const HWND window = WindowFrom(words);
+    std::string text = RestOf(words);
+    for (std::size_t at = 0; (at = text.find("\\n", at)) != std::string::npos; ++at) text.replace(at, 2, "\r\n");
+    return Number(Ask(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str())));
+}
+
+std::string Show(Words& words) {
+    const HWND window = WindowFrom(words);
+    int how = 0;
+    words >> how;
+    return Number(ShowWindow(window, how));
+}
+
+std::string ClientToScreenOf(Words& words) {
+    const HWND window = WindowFrom(words);
+    POINT point{};
+    words >> point.x >> point.y;
+    ClientToScreen(window, &point);
+    return "[" + Number(point.x) + "," + Number(point.y) + "]";
+}
+
+std::string WindowUnder(Words& words) {
+    POINT point{};
+    words >> point.x >> point.y;
+    return Number(HandleNumber(WindowFromPoint(point)));
+}
+
+std::string Answer(const std::string& command, Words& words) {
+    if (command == "windows") return AllWindows();
+    if (command == "at") return WindowUnder(words);
+    if (command == "foreground") return Number(HandleNumber(GetForegroundWindow()));
+    if (command == "focus") return Number(HandleNumber(FocusedWindow()));
+    if (command == "front") return Number(SetForegroundWindow(WindowFrom(words)));
+    if (command == "keys") return KeysDown();
+    if (command == "text") return Quoted(TextOf(WindowFrom(words)));
+    if (command == "settext") return SetText(words);
+    if (command == "place") return Place(words);
+    if (command == "show") return Show(words);
+    if (command == "screen") return ClientToScreenOf(words);
+    if (command == "line") return ListLine(words);
+    if (command == "send") return SendNumbers(words);
+    if (command == "post") return PostNumbers(words);
+    if (command == "copydata") return CopyData(words);
+    return "null";
+}
+
+int Hang(const char* caption) {
+    const HWND window = CreateWindowA("STATIC", caption, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 700, 500, 300, 200, nullptr,
+                                      nullptr, nullptr, nullptr);
+    UpdateWindow(window);
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
+    Sleep(INFINITE);
+    return 0;
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+    if (count == 3 && std::string(words[1]) == "hang") return Hang(words[2]);
+    SetProcessDPIAware();
+    std::string line;
+    while (std::getline(std::cin, line)) {
+        while (!line.empty() && line.back() == '\r') line.pop_back();
+        Words rest(line);
+        std::string command;
+        rest >> command;
+        if (command == "exit") break;
+        std::cout << Answer(command, rest) << std::endl;
+    }
+    return 0;
+}

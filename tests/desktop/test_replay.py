@@ -1,0 +1,252 @@
+"""Jobs played by the real program into a Notepad that knows nothing of it."""
+
+import time
+
+import pytest
+from job_writer import HIGH, LOW, MAXIMUM_SPEED, MEDIUM, SKIP
+from stage import NOTEPAD_PLACE
+from wine_desktop import wait_for
+
+FIRST = "Hello wide world.\nTyped By Hand\n"
+LINES = 30
+
+
+def point(notepad, index):
+    """Where a character of FIRST will stand."""
+    notepad.set_text(FIRST)
+    where = notepad.character(index)
+    notepad.set_text("")
+    return where
+
+
+def writing_job(stage, notepad, **options):
+    """Clicks, types by text row and by raw keys, replaces a double-clicked word and a dragged selection, scrolls."""
+    wide, typed, by = (point(notepad, FIRST.index(word)) for word in ("wide", "Typed", "By"))
+    job = stage.job(**options)
+    edit = job.target(notepad.chain())
+    middle = (NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250)
+    job.click(*middle, edit)
+    job.text_row("{L_SHIFT DOWN}h{L_SHIFT UP}ello wide world.{ENTER}", edit, takes=800)
+    job.pause(100)
+    job.type("Typed By Hand\n", edit)
+    job.double_click(wide[0] + 4, wide[1], edit)
+    job.type("big ", edit)
+    job.drag((typed[0] - 2, typed[1]), (by[0] - 2, by[1]), edit)
+    job.type("x", edit)
+    job.key(35, 79, 1, edit)  # End
+    job.key(35, 79, 3)
+    job.text_row("{ENTER}" * LINES, edit, takes=600)
+    job.pause(100)
+    for _ in range(20):
+        job.wheel(*middle, 120, edit)
+    return job
+
+
+WRITTEN = "Hello big world.\nxBy Hand" + "\n" * LINES + "\n"
+
+
+@pytest.mark.parametrize("speed", [100, 1000, MAXIMUM_SPEED])
+@pytest.mark.parametrize("level", [HIGH, MEDIUM, LOW])
+def test_a_whole_job(stage, level, speed):
+    notepad = stage.notepad()
+    path = stage.write(writing_job(stage, notepad, safety=level, speed=speed))
+    assert stage.run(path) == 0
+    assert notepad.text == WRITTEN
+    assert notepad.first_line() == 0, "the wheel has scrolled back to the top"
+    assert stage.probe.ask("keys") == []
+
+
+def small_job(stage, notepad, text="abc ", **options):
+    job = stage.job(**options)
+    edit = job.target(notepad.chain())
+    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
+    job.type(text, edit)
+    return job
+
+
+def test_three_passes(stage):
+    notepad = stage.notepad()
+    path = stage.write(small_job(stage, notepad, repeat=3))
+    began = time.monotonic()
+    assert stage.run(path) == 0
+    assert notepad.text == "abc abc abc "
+    assert time.monotonic() - began > 3 * 0.36, "each pass takes its recorded time"
+
+
+@pytest.mark.parametrize("level", [HIGH, MEDIUM])
+@pytest.mark.parametrize("what", ["minimised", "moved", "covered"])
+def test_a_window_that_is_not_as_it_was(stage, what, level):
+    notepad = stage.notepad()
+    path = stage.write(small_job(stage, notepad, safety=level))
+    if what == "minimised":
+        stage.probe.ask("show", notepad.handle, 6)
+    elif what == "moved":
+        stage.probe.place(notepad.handle, 1, (500, 500, 1100, 900))
+    else:
+        other = stage.start("regedit.exe")
+        cover = wait_for(lambda: stage.probe.find("RegEdit", visible=True)).handle
+        stage.probe.place(cover, 1, (0, 0, 1200, 900))
+        stage.probe.ask("front", cover)
+    time.sleep(0.5)
+    assert stage.run(path) == 0
+    assert notepad.text == "abc "
+    assert tuple(stage.probe.window(notepad.handle).placement["normal"]) == NOTEPAD_PLACE
+
+
+def test_a_window_that_is_closed(stage):
+    notepad = stage.notepad()
+    job = stage.job()
+    job.wait_for_window = 1
+    edit = job.target(notepad.chain())
+    job.click(400, 300, edit)
+    path = stage.write(job)
+    stage.end(notepad.process)
+    program = stage.tessarine("-run", path)
+    lines = wait_for(lambda: (found := stage.status_lines()) and any("Reason" in line for line in found) and found)
+    assert lines[0] == "Execution of job failed. Reason: "
+    assert lines[1] == "Cannot find window: 'Untitled - Notepad'"
+    assert program.poll() is None, "the program stays"
+    assert not stage.main_window().visible, "hidden"
+
+
+def test_a_window_that_comes_late(stage):
+    notepad = stage.notepad()
+    path = stage.write(small_job(stage, notepad))
+    stage.end(notepad.process)
+    program = stage.tessarine("-run", path)
+    time.sleep(2)
+    late = stage.notepad()
+    assert program.wait(30) == 0
+    assert late.text == "abc "
+
+
+def test_an_action_that_may_be_skipped(stage):
+    notepad = stage.notepad()
+    dialog = stage.probe.chain(notepad.handle)
+    job = stage.job(safety=HIGH)
+    lost = job.target([dialog[0].__class__(**{**dialog[0].__dict__, "caption": "No such window"})])
+    edit = job.target(notepad.chain())
+    job.wait_for_window, job.if_no_window = 0, SKIP
+    job.click(900, 700, lost)
+    job.wait_for_window, job.if_no_window = 10, 0
+    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
+    job.type("abc", edit)
+    assert stage.run(stage.write(job)) == 0
+    assert notepad.text == "abc"
+
+
+def test_escape_from_outside(stage):
+    notepad = stage.notepad()
+    job = small_job(stage, notepad, "a" * 200)
+    job.key(160, 42, 0, 0)
+    job.pause(20000)
+    job.key(160, 42, 2)
+    program = stage.tessarine("-run", stage.write(job))
+    assert wait_for(lambda: len(notepad.text) > 3)
+    stage.hands.tap("Escape")
+    assert wait_for(lambda: (lines := stage.status_lines()) and "Execution of job was canceled by user" in lines)
+    assert 3 < len(notepad.text) < 200
+    assert program.poll() is None
+    assert stage.probe.ask("keys") == []
+
+
+def test_escape_in_a_long_wait_lets_held_keys_go(stage):
+    notepad = stage.notepad()
+    job = small_job(stage, notepad, "abc")
+    job.key(160, 42, 0, 0)
+    job.pause(60000)
+    job.key(160, 42, 2)
+    stage.tessarine("-run", stage.write(job))
+    assert wait_for(lambda: 160 in stage.probe.ask("keys")), "the job holds Shift"
+    stage.hands.tap("Escape")
+    assert wait_for(lambda: (lines := stage.status_lines()) and "Execution of job was canceled by user" in lines)
+    assert stage.probe.ask("keys") == []
+
+
+def test_a_fault_in_the_middle_lets_held_keys_go(stage):
+    notepad = stage.notepad()
+    job = small_job(stage, notepad, "abc")
+    job.key(160, 42, 0, 0)
+    job.text_row("x", 0)
+    job.strings.clear()  # the row now names a text that does not exist
+    program = stage.tessarine("-run", stage.write(job))
+    box = wait_for(lambda: stage.box("Tessarine"))
+    assert "Text 0" in stage.box_text(box)
+    assert stage.probe.ask("keys") == []
+    stage.answer(box)
+    assert wait_for(lambda: stage.box() is None)
+    assert program.poll() is None
+    assert stage.main_window().enabled
+
+
+def test_a_dialog_of_another_program(stage):
+    """The Find dialog of a registry editor: a button in it is pressed by its own identity, after it has moved."""
+    stage.start("regedit.exe")
+    editor = wait_for(lambda: stage.probe.find("RegEdit", visible=True))
+    stage.probe.place(editor.handle, 1, (100, 100, 800, 600))
+    stage.probe.ask("front", editor.handle)
+    time.sleep(0.5)
+
+    def open_dialog():
+        stage.hands.press("Control_L")
+        stage.hands.tap("f")
+        stage.hands.release("Control_L")
+        return wait_for(lambda: stage.probe.find("#32770", "Find", visible=True))
+
+    dialog = open_dialog()
+    assert dialog, "the dialog is open"
+    field = next(child for child in stage.children(dialog) if child.class_name == "Edit")
+    cancel = next(child for child in stage.children(dialog) if child.control_id == 2)
+    job = stage.job(safety=HIGH)
+    job.click((field.rect[0] + field.rect[2]) // 2, (field.rect[1] + field.rect[3]) // 2,
+              job.target(stage.probe.chain(field.handle)))
+    job.type("found", len(job.chains) - 1)
+    left, top, right, bottom = dialog.rect
+    stage.probe.place(dialog.handle, 1, (left + 150, top + 120, right + 150, bottom + 120))
+    time.sleep(0.3)
+    path = stage.write(job, "dialog")
+    assert stage.run(path) == 0
+    assert stage.probe.text(field.handle) == "found"
+    assert stage.probe.window(dialog.handle).rect == (left, top, right, bottom), "put back in place"
+
+    job = stage.job(safety=HIGH)
+    job.click((cancel.rect[0] + cancel.rect[2]) // 2, (cancel.rect[1] + cancel.rect[3]) // 2,
+              job.target(stage.probe.chain(cancel.handle)))
+    assert stage.run(stage.write(job, "dialog")) == 0
+    assert wait_for(lambda: stage.probe.window(dialog.handle) is None or not stage.probe.window(dialog.handle).visible)
+
+
+def test_the_program_of_a_job(stage):
+    """The job starts Notepad itself and waits for it."""
+    notepad = stage.notepad()
+    job = stage.job(program="C:\\windows\\system32\\notepad.exe", style=1)
+    edit = job.target(notepad.chain())
+    stage.end(notepad.process)
+    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
+    job.type("abc", edit)
+    assert stage.run(stage.write(job)) == 0
+    window = stage.probe.find("Notepad", visible=True)
+    text = stage.probe.text(stage.probe.find("Edit", parent=window.handle).handle)
+    stage.probe.ask("settext", stage.probe.find("Edit", parent=window.handle).handle, "")
+    stage.probe.ask("post", window.handle, 0x10, 0, 0)  # WM_CLOSE
+    assert text == "abc"
+
+
+def test_a_target_that_does_not_answer(stage):
+    """The run neither hangs on it nor runs away: the search goes on until ESC."""
+    probe_program = stage.program.parents[1] / "build" / "windows" / "tests" / "desktop" / "probe.exe"
+    stage.start(probe_program, "hang", "Silent")
+    silent = wait_for(lambda: stage.probe.find("Static", "Silent"))
+    job = stage.job(safety=HIGH)
+    job.wait_for_window = 3
+    window = silent.__class__(**{**silent.__dict__, "placement": {**silent.placement, "normal": [50, 50, 350, 250]}})
+    edge = job.target([window])
+    job.click(60, 800, edge)
+    began = time.monotonic()
+    program = stage.tessarine("-run", stage.write(job))
+    time.sleep(1.5)
+    stage.hands.tap("Escape")
+    ended = wait_for(lambda: program.poll() is not None or
+                     ((lines := stage.status_lines()) and any("Execution of job" in line for line in lines)), 15)
+    assert ended
+    assert time.monotonic() - began < 10

@@ -1,0 +1,7 @@
+#!/usr/bin/env bash
+# Builds out/windows/tessarine.exe, ready to be copied to a Windows machine, and what is tried under Wine with it.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+tools/set_up.sh windows
+tools/build.sh windows
+echo "==> out/windows/tessarine.exe ($(stat -c %s out/windows/tessarine.exe) bytes)"

@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Every test: natively on the simulated desktop, the same under sanitizers, and the real program on a Wine desktop.
+# Ends in one summary. Reports lie in out/test/.
+set -uo pipefail
+cd "$(dirname "$0")/.."
+reports=$PWD/out/test
+rm -rf "$reports"
+mkdir -p "$reports"
+
+tools/set_up.sh windows native desktop || exit 1
+for preset in native sanitize windows; do tools/build.sh "$preset" || exit 1; done
+
+failed=0
+native() {
+    echo "==> Native tests ($1)"
+    ctest --preset "$1" --parallel "$(nproc)" --progress --output-junit "$reports/$1.xml" >"$reports/$1.log" 2>&1 || {
+        failed=1
+        sed -n '/tests passed/,$p' "$reports/$1.log"
+        echo "    all of it: out/test/$1.log"
+    }
+}
+native native
+native sanitize
+
+echo "==> Desktop tests (the real program under Wine; pictures of failures in out/test/)"
+/usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml "$reports/desktop.xml" tests/desktop || failed=1
+
+/usr/bin/python3 tools/test_summary.py "$reports"/native.xml "$reports"/sanitize.xml "$reports"/desktop.xml || failed=1
+exit "$failed"

@@ -1,0 +1,200 @@
+"""A Windows desktop of its own: an X display, a Wine prefix and a Wine server, started and ended together.
+
+    with WineDesktop(folder) as desktop:
+        desktop.start("notepad.exe")
+        desktop.screenshot("picture.png")
+
+What it starts, it ends, by its own process ids and its own prefix; should this process die, the display goes with it
+and takes every program on it along. Programs are 64-bit and come from the package wine64 alone.
+"""
+
+import ctypes
+import fcntl
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+OUT = ROOT / "out"
+LOADER = "/usr/lib/wine/wine64"
+SERVER = "/usr/lib/wine/wineserver64"
+SIZE = (1280, 1024)
+PR_SET_PDEATHSIG = 1
+
+
+def _die_with_parent():
+    ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
+
+
+class WineDesktop:
+    """`folder` keeps the prefix and logs, and is made anew. With `display` an existing X display is used."""
+
+    def __init__(self, folder, display=None):
+        self.folder = Path(folder).resolve()
+        self.prefix = self.folder / "prefix"
+        self.drive_c = self.prefix / "drive_c"
+        self._own_display = display is None
+        self.display = display
+        self._xvfb = None
+        self._programs = []
+
+    def __enter__(self):
+        signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
+        try:
+            if self._own_display:
+                self._start_display()
+            self._make_prefix()
+        except BaseException:
+            self.close()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    # --- programs ---
+
+    def environment(self):
+        environment = {key: value for key, value in os.environ.items() if not key.startswith("WINE")}
+        environment.update(
+            DISPLAY=self.display,
+            WINEPREFIX=str(self.prefix),
+            WINELOADER=LOADER,
+            WINESERVER=SERVER,
+            WINEDEBUG="-all",
+            WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=",
+            LC_ALL="C.UTF-8",
+        )
+        return environment
+
+    def start(self, *command, **options):
+        """Starts a program and returns its Popen. A path is a Windows path, a name of the system folder, or a Path."""
+        program = subprocess.Popen(
+            [LOADER, *map(self._windows_word, command)],
+            env=self.environment(),
+            stdin=options.pop("stdin", subprocess.DEVNULL),
+            stdout=options.pop("stdout", subprocess.DEVNULL),
+            stderr=options.pop("stderr", subprocess.DEVNULL),
+            **options,
+        )
+        self._programs.append(program)
+        return program
+
+    def run(self, *command, timeout=60):
+        """Runs a program to its end and returns its exit code."""
+        return self.start(*command).wait(timeout)
+
+    @staticmethod
+    def _windows_word(word):
+        return "Z:" + str(word.resolve()).replace("/", "\\") if isinstance(word, Path) else word
+
+    def windows_path(self, path):
+        """The Windows path of a file below this prefix's drive C, or of any other file."""
+        path = Path(path).resolve()
+        if path.is_relative_to(self.drive_c):
+            return "C:\\" + str(path.relative_to(self.drive_c)).replace("/", "\\")
+        return "Z:" + str(path).replace("/", "\\")
+
+    def screenshot(self, path):
+        path = Path(path)
+        path.parent.mkdir(parents=True, exist_ok=True)
+        subprocess.run(
+            ["import", "-display", self.display, "-window", "root", str(path)],
+            check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+        )
+        return path
+
+    # --- life ---
+
+    def _start_display(self):
+        reader, writer = os.pipe()
+        with open(os.devnull, "w") as nothing:
+            self._xvfb = subprocess.Popen(
+                ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{SIZE[0]}x{SIZE[1]}x24", "-nolisten", "tcp"],
+                pass_fds=[writer], stdout=nothing, stderr=nothing, preexec_fn=_die_with_parent,
+            )
+        os.close(writer)
+        with os.fdopen(reader) as numbers:
+            number = numbers.readline().strip()
+        if not number:
+            raise RuntimeError("Xvfb did not start")
+        self.display = ":" + number
+
+    def _make_prefix(self):
+        shutil.rmtree(self.folder, ignore_errors=True)
+        self.folder.mkdir(parents=True)
+        template = self._template()
+        # A copy of the template is a hundred times quicker than a new prefix.
+        subprocess.run(["cp", "-a", str(template), str(self.prefix)], check=True)
+
+    def _template(self):
+        """A prefix with the virtual desktop switched on, made once for this version of Wine and kept under out/."""
+        version = subprocess.run([LOADER, "--version"], capture_output=True, text=True, check=True).stdout.strip()
+        template = OUT / "wine" / f"template-{version}"
+        template.parent.mkdir(parents=True, exist_ok=True)
+        with open(template.parent / "lock", "w") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            if not template.exists():
+                print("==> Preparing a Wine prefix (once)", flush=True)
+                self._make_template(template)
+        return template
+
+    def _make_template(self, template):
+        with tempfile.TemporaryDirectory(dir=template.parent, prefix="making-") as workshop:
+            self.prefix = Path(workshop) / "prefix"
+            try:
+                self._run_checked("wineboot.exe", "--init")
+                # Without this the programs' windows stand alone on the display, with no desktop, no taskbar and no
+                # focus. The mode is chosen when the first program of a server starts, so the server is ended after it.
+                explorer = "HKCU\\Software\\Wine\\Explorer"
+                self._run_checked("reg.exe", "add", explorer, "/v", "Desktop", "/d", "Default", "/f")
+                self._run_checked("reg.exe", "add", explorer + "\\Desktops", "/v", "Default", "/d",
+                                  f"{SIZE[0]}x{SIZE[1]}", "/f")
+                self._end_server()
+                # Debian's Wine does not find its own scalable fonts; the caption buttons need Marlett.
+                for font in Path("/usr/share/wine/fonts").glob("*.ttf"):
+                    shutil.copy(font, self.prefix / "drive_c" / "windows" / "Fonts")
+                os.rename(self.prefix, template)
+            finally:
+                self._end_server()
+                self.prefix = self.folder / "prefix"
+
+    def _run_checked(self, *command):
+        code = self.run(*command, timeout=180)
+        if code != 0:
+            raise RuntimeError(f"{command[0]} ended with {code}")
+
+    def _end_server(self):
+        if self.prefix.exists():
+            subprocess.run([SERVER, "-k"], env=self.environment(), stderr=subprocess.DEVNULL, timeout=30)
+            subprocess.run([SERVER, "-w"], env=self.environment(), stderr=subprocess.DEVNULL, timeout=30)
+
+    def close(self):
+        if self.display is not None:
+            self._end_server()
+        for program in self._programs:
+            try:
+                program.wait(5)
+            except subprocess.TimeoutExpired:
+                program.kill()
+                program.wait()
+        self._programs.clear()
+        if self._xvfb is not None:
+            self._xvfb.terminate()
+            self._xvfb.wait()
+            self._xvfb = None
+
+
+def wait_for(question, seconds=20, pause=0.05):
+    """Asks until the answer is true or not None, and returns it; the last answer after `seconds`."""
+    end = time.monotonic() + seconds
+    while True:
+        answer = question()
+        if answer or time.monotonic() > end:
+            return answer
+        time.sleep(pause)
