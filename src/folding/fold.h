@@ -1,0 +1,73 @@
+// Folding turns the flat list of a job's events into the rows that a person reads: a button action, a run of moves, a
+// run of keys in one window. Rows are a view; each knows the range of events that it stands for, and the ranges may
+// overlap. The editor and the action list of a run fold by the one pass declared here. It looks at each event once,
+// and its cost grows linearly with the job. It pumps only where it shows the box for an event of an unknown type.
+// Indexes come from files, so each is checked: a bad one is a range failure.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "jobs/job_records.h"
+
+inline constexpr std::int32_t MoveFlags = MouseFlagBase + platform::MouseMove;
+
+struct MouseRow {
+    std::int32_t FirstEvent = 0;
+    std::int32_t LastEvent = 0;
+    std::int32_t Flags = 0;  // dwFlags of the action; MoveFlags for a run of moves
+    std::int32_t X = 0;      // of the event, or of the last move of a run; screen pixels
+    std::int32_t Y = 0;
+    std::int32_t WindowChainIndex = NoWindowMarker;  // of the first event
+};
+
+struct KeyRow {
+    std::int32_t FirstEvent = 0;
+    std::int32_t LastEvent = 0;
+    std::int32_t LeafWindow = 0;  // with Depth: of the head event's chain; both 0 for a head without a window
+    std::int32_t Depth = 0;
+    std::int32_t WindowChainIndex = NoWindowMarker;  // of the first event
+    std::string Text;                                // keystroke notation in full {X DOWN}{X UP} form
+};
+
+enum RowKindValue : std::int32_t { MouseRowKind = 1, KeyRowKind = 2 };
+
+// The arrays of a job that a fold reads.
+struct JobArrays {
+    const std::vector<JobEvent>& Events;
+    const std::vector<std::string>& Strings;
+    const std::vector<WindowSignature>& Windows;
+    const std::vector<WindowChain>& Chains;
+};
+
+struct FoldedRows {
+    std::vector<MouseRow> MouseRows;  // both in the order of their first events
+    std::vector<KeyRow> KeyRows;
+
+    // Both kinds of row in one order, by grid row: index into MouseRows or KeyRows, kind, and running number. A run of
+    // moves takes no number: it has the number of the row above.
+    std::vector<std::int32_t> RowIndex;
+    std::vector<std::int32_t> RowKind;
+    std::vector<std::int32_t> RowNumber;
+};
+
+// Folds the events into MouseRows and KeyRows, which start empty. `edited` is null or the job's events, which are then
+// changed as they fold: those of a keystroke row become of type 2 (the head) and 4, with the row's number from 1 as
+// their StringIndex. An event of an unknown type shows a box and is passed over.
+void FoldEvents(const JobArrays& job, FoldedRows& rows, std::vector<JobEvent>* edited);
+
+// For a merge of the rows by their first events: whether, with so many of each kind done, a keystroke row follows.
+bool KeyRowComesNext(const FoldedRows& rows, std::size_t keyRowsDone, std::size_t mouseRowsDone);
+
+// Merges the rows of both kinds by their first events into RowIndex, RowKind and RowNumber.
+void BuildRowOrder(FoldedRows& rows);
+
+void ClearRows(FoldedRows& rows);
+
+// The top-level window of a chain.
+const WindowSignature& OutermostWindow(const JobArrays& job, std::int32_t chainIndex);
+
+// The desktop is itself a window, of a name that nobody knows.
+bool IsDesktop(const WindowSignature& window);

@@ -1,0 +1,180 @@
+#include "folding/popuni_listu.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "base/runtime_failure.h"
+#include "folding/puni_listu.h"
+#include "folding/random_job.h"
+#include "folding/row_lines.h"
+#include "jobs/job_file.h"
+#include "simulated/files.h"
+#include "support/job_builder.h"
+#include "support/open_in_editor.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string path = "C:\\jobs\\My job.tsj";
+
+void Save(const Job& job) {
+    simulated::PutFolder("C:\\jobs");
+    startProgram = job.StartProgram;
+    WriteJob(path, job);
+}
+
+Job PristineJob(const Job& original) {
+    Job job = original;
+    job.Events = editState.PristineEvents;
+    return job;
+}
+
+JobBuilder InNotepad() {
+    JobBuilder job;
+    job.InWindow({"Edit", "", 15}, {"Notepad", "Untitled"});
+    return job;
+}
+
+std::vector<std::int32_t> Types(const std::vector<JobEvent>& events) {
+    std::vector<std::int32_t> types;
+    for (const JobEvent& event : events) types.push_back(event.dwType());
+    return types;
+}
+
+std::vector<std::string> WithoutWindows(std::vector<ActionRow> rows) {
+    for (ActionRow& row : rows) row.windowName.clear();
+    return LinesOf(rows);
+}
+
+// In the form in which an action list tells the same.
+std::vector<std::string> EditorLines() {
+    std::vector<std::string> lines = LinesOf(editState);
+    for (std::string& line : lines) {
+        if (line.starts_with("moves")) line.resize(line.find(" to "));
+    }
+    return lines;
+}
+
+bool IsMove(const JobEvent& event) {
+    return event.dwType() == platform::InputMouse && event.dwFlags() == MoveFlags;
+}
+
+std::ptrdiff_t CountWithoutMoves(const std::vector<JobEvent>& events) {
+    return std::count_if(events.begin(), events.end(), [](const JobEvent& event) { return !IsMove(event); });
+}
+
+bool MoveInsideKeystrokeRow() {
+    return std::any_of(editState.KeyRows.begin(), editState.KeyRows.end(), [](const KeyRow& row) {
+        const auto events = editState.EditEvents.begin();
+        return std::any_of(events + row.FirstEvent, events + row.LastEvent, IsMove);
+    });
+}
+
+TEST(PopuniListu, ReadsTheJobFile) {
+    JobBuilder job = InNotepad();
+    job.Type("a").Header().Description = "typing";
+    job.Header().StartProgram = {"C:\\notepad.exe", "/p file.txt", 1};
+    Save(job.Built());
+    PopuniListu(path, false);
+
+    EXPECT_EQ(editState.jobName, path);
+    EXPECT_EQ(editState.title, "Job Editor - My job.tsj");
+    EXPECT_EQ(editState.Browse_Text, "C:\\notepad.exe /p file.txt");
+    EXPECT_EQ(editState.debugLabel, "LOW_LEVEL");
+    EXPECT_EQ(editState.header.Description, "typing");
+    EXPECT_EQ(editState.stringsAtLoad, 0);
+    EXPECT_THAT(LinesOf(editState), ElementsAre("keys 0-1 a"));
+    EXPECT_THAT(editState.FoldedRowText, ElementsAre("a"));
+    EXPECT_THAT(editState.Strings, ElementsAre("a"));
+    EXPECT_THAT(Types(editState.EditEvents), ElementsAre(2, 4));
+    EXPECT_THAT(Types(editState.PristineEvents), ElementsAre(1, 1));
+}
+
+TEST(PopuniListu, AnotherJobReplacesAllOfTheOneBefore) {
+    Save(InNotepad().Type("a").Click(Left, 1, 1).Built());
+    PopuniListu(path, false);
+    Save(JobBuilder().Built());
+    PopuniListu(path, false);
+    EXPECT_THAT(LinesOf(editState), IsEmpty());
+    EXPECT_THAT(editState.PristineEvents, IsEmpty());
+    EXPECT_THAT(editState.FoldedRowText, IsEmpty());
+}
+
+TEST(PopuniListu, FailureLeavesNoHalfFoldedRows) {
+    OpenInEditor(InNotepad().Type("a").Built());
+    EXPECT_THROW(PopuniListu("C:\\jobs\\missing.tsj", false), RuntimeFailure);
+    EXPECT_EQ(editState.jobName, path);
+    EXPECT_THAT(LinesOf(editState), ElementsAre("keys 0-1 a"));
+
+    EXPECT_THROW(OpenInEditor(InNotepad().Type("a").Continuation().UseChain(9).Type("b").Built()), RuntimeFailure);
+    EXPECT_THAT(editState.KeyRows, IsEmpty());
+    EXPECT_THAT(editState.RowIndex, IsEmpty());
+}
+
+TEST(PopuniListu, MovesInsideKeystrokeRowAreDroppedForGood) {
+    OpenInEditor(InNotepad().Move(1, 1).Type("a").Move(2, 2).Move(3, 3).Type("b").Move(4, 4).Built());
+    EXPECT_THAT(LinesOf(editState), ElementsAre("moves 0-0 to 1,1", "keys 1-4 ab", "moves 5-5 to 4,4"));
+    EXPECT_THAT(Types(editState.PristineEvents), ElementsAre(0, 1, 1, 1, 1, 0));
+    EXPECT_THAT(Types(editState.EditEvents), ElementsAre(0, 2, 4, 4, 4, 0));
+}
+
+TEST(PopuniListu, KeysAndNotchesThatOnlyMovesHeldTogetherFallApart) {
+    OpenInEditor(InNotepad().Type("a").Move(1, 1).Wheel(120).Move(2, 2).Type("b").Built());
+    EXPECT_THAT(LinesOf(editState), ElementsAre("keys 0-1 a", "keys 2-2 {WHEEL UP}", "keys 3-4 b"));
+}
+
+TEST(PopuniListu, PurgeCanMakeClickOfDrag) {
+    OpenInEditor(InNotepad().KeyDown(162).Press(Left, 1, 1).Move(2, 2).Release(Left, 1, 1).KeyUp(162).Built());
+    EXPECT_THAT(LinesOf(editState), ElementsAre("keys 0-3 {L_CTRL DOWN}{L_CTRL UP}", "left down 1-2"));
+}
+
+TEST(PopuniListu, ChangedRowReopensFromItsText) {
+    JobBuilder job = InNotepad();
+    job.Type("x");
+    job.Built().Strings = {"x"};  // a file has a text for every row, changed or not
+    job.TextRow("{CTRL DOWN}s{CTRL UP}").Continuation().Continuation();
+    Save(job.Built());
+    PopuniListu(path, false);
+    EXPECT_THAT(LinesOf(editState), ElementsAre("keys 0-1 x", "keys 2-4 {CTRL DOWN}s{CTRL UP}"));
+    EXPECT_THAT(editState.FoldedRowText, ElementsAre("x", "{CTRL DOWN}s{CTRL UP}"));
+    EXPECT_EQ(editState.debugLabel, "INPUT_TEXT");
+    EXPECT_EQ(editState.stringsAtLoad, 2);
+}
+
+// Lists of events that nobody would record.
+constexpr unsigned RandomJobs = 200;
+constexpr int Gestures = 80;
+
+TEST(PopuniListu, RunSeesTheRowsOfTheEditor) {
+    for (unsigned seed = 0; seed < RandomJobs; ++seed) {
+        const Job job = RandomJob(seed, Gestures);
+        OpenInEditor(job);
+        ASSERT_EQ(EditorLines(), WithoutWindows(FoldForReplay(PristineJob(job)))) << "seed " << seed;
+    }
+}
+
+TEST(PopuniListu, SecondFoldChangesNothing) {
+    for (unsigned seed = 0; seed < RandomJobs; ++seed) {
+        OpenInEditor(RandomJob(seed, Gestures));
+        const std::vector<std::string> lines = LinesOf(editState);
+        const std::vector<std::string> texts = editState.FoldedRowText;
+        PopuniListu(path, true);
+        ASSERT_EQ(LinesOf(editState), lines) << "seed " << seed;
+        ASSERT_EQ(editState.FoldedRowText, texts) << "seed " << seed;
+    }
+}
+
+TEST(PopuniListu, OnlyMovesInsideKeystrokeRowsAreDropped) {
+    for (unsigned seed = 0; seed < RandomJobs; ++seed) {
+        const Job job = RandomJob(seed, Gestures);
+        OpenInEditor(job);
+        ASSERT_EQ(editState.EditEvents.size(), editState.PristineEvents.size()) << "seed " << seed;
+        ASSERT_EQ(CountWithoutMoves(editState.PristineEvents), CountWithoutMoves(job.Events)) << "seed " << seed;
+        ASSERT_FALSE(MoveInsideKeystrokeRow()) << "seed " << seed;
+    }
+}
+
+}  // namespace

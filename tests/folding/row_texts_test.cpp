@@ -1,0 +1,172 @@
+#include "folding/row_texts.h"
+
+#include <gmock/gmock.h>
+
+#include "base/runtime_failure.h"
+#include "dictionary/dictionary.h"
+#include "folding/popuni_listu.h"
+#include "folding/row_lines.h"
+#include "simulated/desktop.h"
+#include "support/job_builder.h"
+#include "support/open_in_editor.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+const JobBuilder::Level notepad{"Notepad", "Untitled"};
+const JobBuilder::Level edit{"Edit", "", 15};
+
+TEST(RowTexts, TimesAreWrittenInFull) {
+    EXPECT_EQ(timeStr(0), "00:00:00.000");
+    EXPECT_EQ(timeStr(1'999), "00:00:01.999");
+    EXPECT_EQ(timeStr(61'005), "00:01:01.005");
+    EXPECT_EQ(timeStr(36'000'000), "10:00:00.000");
+    EXPECT_EQ(TimeString(59 * 3600 + 59 * 60 + 59), "59:59:59");
+    EXPECT_EQ(TimeString(60 * 3600), "00:00:00");
+}
+
+struct ActionCase {
+    std::int32_t flags;
+    const char* oneEvent;
+    const char* twoEvents;
+    const char* moreEvents;  // nullptr: a type failure
+};
+
+TEST(RowTexts, ActionsAreNamedByFlagsAndWidth) {
+    const ActionCase cases[] = {
+        {0x8001, "MOVE", "MOVE", "MOVE"},
+        {0x8002, "Left Down", "Left Click", nullptr},
+        {0x8004, "Left Up", "Left Up", "Left Up"},
+        {0x8008, "Right Down", "Right Click", nullptr},
+        {0x8010, "Right Up", "Right Up", "Right Up"},
+        {0x8020, "Middle Down", "Middle Click", nullptr},
+        {0x8040, "Middle Up", "Middle Up", "Middle Up"},
+        {0x8080, "Xbutton2 Down", "Xbutton2 Up", nullptr},
+        {0x8100, "Xbutton2 Up", "Xbutton2 Up", "Xbutton2 Up"},
+        {221, "Double click", "Double click", "Double click"},
+        {0x8800, "Unknown", "Unknown", "Unknown"},
+    };
+    Translate("OK");
+    JobEvent event;
+    event.mouseData() = 65536 + 2;
+    editState.EditEvents = {event};
+    editState.MouseRows = {MouseRow{}};
+    MouseRow& row = editState.MouseRows[0];
+    for (const ActionCase& action : cases) {
+        row.Flags = action.flags;
+        row.LastEvent = 0;
+        EXPECT_EQ(GetInputStr(0), action.oneEvent) << action.flags;
+        row.LastEvent = 1;
+        EXPECT_EQ(GetInputStr(0), action.twoEvents) << action.flags;
+        row.LastEvent = 2;
+        if (action.moreEvents != nullptr) {
+            EXPECT_EQ(GetInputStr(0), action.moreEvents) << action.flags;
+        } else {
+            EXPECT_THROW(GetInputStr(0), RuntimeFailure) << action.flags;
+        }
+    }
+}
+
+TEST(RowTexts, DelayCountsFromTheEndOfTheRowBefore) {
+    JobBuilder job;
+    job.InWindow(edit, notepad).At(500).Move(1, 1).At(700).Move(2, 2).At(1'000).Type("a").At(1'250).Wheel(120);
+    OpenInEditor(job.At(1'100).Click(Left, 2, 2).Built());
+    const auto delays = std::vector{GetDelay(0), GetDelay(1), GetDelay(2), GetDelay(3)};
+    const auto durations = std::vector{GetEventDuration(0), GetEventDuration(1), GetEventDuration(2)};
+    EXPECT_THAT(delays, ElementsAre(500, 300, 240, -150));
+    EXPECT_THAT(durations, ElementsAre(200, 10, 0));
+    EXPECT_EQ(Event_StartTime(1), 1'000);
+    EXPECT_EQ(Event_EndTime(1), 1'010);
+    EXPECT_EQ(Event_I_Begin(1), 2);
+    EXPECT_THROW(GetDelay(4), RuntimeFailure);
+}
+
+TEST(RowTexts, DelayBeyondThirtyTwoBitsIsOverflow) {
+    OpenInEditor(JobBuilder().InWindow(notepad).At(INT32_MIN).Wheel(60).At(INT32_MAX - 100).Wheel(60).Built());
+    try {
+        GetDelay(1);
+        FAIL();
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.Kind(), FailureKind::Overflow);
+    }
+}
+
+TEST(RowTexts, RowOfUnknownKindIsTold) {
+    OpenInEditor(JobBuilder().InWindow(notepad).Type("a").Built());
+    editState.RowKind[0] = 7;
+    EXPECT_EQ(Event_StartTime(0) + Event_EndTime(0) + Event_I_Begin(0) + GetEventDuration(0), 0);
+    ASSERT_EQ(simulated::ShownBoxes().size(), 3U);
+    EXPECT_EQ(simulated::ShownBoxes()[0].text, "Unknown GridType in function Event_startTime:7");
+    EXPECT_EQ(simulated::ShownBoxes()[1].text, "Unknown GridType in function Event_EndTime:7");
+    EXPECT_EQ(simulated::ShownBoxes()[2].text, "Unknown GridType in function Event_I_begin7");
+}
+
+TEST(RowTexts, WindowsAreNamedByTheirTopLevel) {
+    struct WindowCase {
+        std::vector<JobBuilder::Level> path;
+        const char* windowName;
+        const char* nameAndElement;
+    };
+    const JobBuilder::Level progman{"Progman", "Program Manager"};
+    const WindowCase cases[] = {
+        {{edit, notepad}, "Untitled", "Untitled -> (Text field)"},
+        {{{"Button", "OK", 1}, {"#32770", "Print"}}, "Print", "Print -> OK(Button)"},
+        {{{"", "OK", 1}, notepad}, "Untitled", "Untitled -> OK"},
+        {{notepad}, "Untitled", "Untitled"},
+        {{{"SysListView32", "FolderView", 1}, {"SHELLDLL_DefView", ""}, progman}, "Desktop", "Desktop"},
+        {{{"Progman", "Other"}}, "Other", "Other"},
+        {{{"#32768", ""}}, "Popup menu", "Popup menu"},
+        {{{"Start", "Start", 1}, {"Shell_TrayWnd", ""}}, "Start(Start)", "Start(Start)"},
+        {{{"Shell_TrayWnd", ""}}, "", ""},
+    };
+    Translate("OK");
+    JobBuilder job;
+    std::int32_t chain = 0;
+    for (const WindowCase& window : cases) job.InWindowPath(window.path);
+    OpenInEditor(job.Built());
+    for (const WindowCase& window : cases) {
+        EXPECT_EQ(WindowName(chain), window.windowName);
+        EXPECT_EQ(WindowNameiElement(chain), window.nameAndElement);
+        ++chain;
+    }
+}
+
+TEST(RowTexts, NegativeChainsHaveNoWindowOrAreTurnedRound) {
+    JobBuilder job;
+    job.InWindow({"A", "first"}).InWindow({"B", "second"});
+    OpenInEditor(job.Built());
+    std::int32_t noWindow = NoWindowMarker;
+    std::int32_t second = -1;
+    std::int32_t lowest = INT32_MIN;
+    EXPECT_EQ(WindowName(-1), "");
+    EXPECT_EQ(WindowNameiElement(noWindow), "");
+    EXPECT_EQ(WindowNameiElement(second), "second");
+    EXPECT_EQ(second, 1);
+    EXPECT_THROW(WindowNameiElement(lowest), RuntimeFailure);
+    EXPECT_THROW(WindowName(2), RuntimeFailure);
+}
+
+TEST(RowTexts, GridHasEightColumns) {
+    JobBuilder job;
+    job.InWindow(edit, notepad).At(100).Move(3, 4).At(1'500).Click(Left, 3, 4).At(2'000).Type("a").Key(13);
+    OpenInEditor(job.At(3'000).Wheel(-120).Wheel(-120).Built());
+    EXPECT_THAT(RowColumns(0), ElementsAre("", "MOUSE", "MOVE", "100ms", "00:00:00.100", "0ms", "", "3,4"));
+    EXPECT_THAT(RowColumns(1),
+                ElementsAre("1", "MOUSE", "LEFT CLICK", "1400ms", "00:00:01.500", "10ms", "Untitled", "3,4"));
+    EXPECT_THAT(RowColumns(2),
+                ElementsAre("2", "KEYBOARD", "Keystrokes", "490ms", "00:00:02.000", "30ms", "Untitled", "a{ENTER}"));
+    EXPECT_THAT(RowColumns(3), ElementsAre("3", "MOUSE", "WHEEL", "970ms", "00:00:03.000", "10ms", "Untitled",
+                                           "{WHEEL DOWN}{WHEEL DOWN}"));
+}
+
+TEST(RowTexts, GridSpeaksTheLanguage) {
+    SetLanguage(LanguageGerman);
+    OpenInEditor(JobBuilder().InWindow(notepad).Move(1, 1).Click(Right, 1, 1).Wheel(120).Built());
+    EXPECT_THAT(RowColumns(0), ElementsAre("", "MAUS", "BEWEGEN", "0ms", "00:00:00.000", "0ms", "", "1,1"));
+    EXPECT_EQ(RowColumns(1)[2], "RECHTS DRUCKEN");
+    EXPECT_EQ(RowColumns(2)[1], "MAUS");
+    EXPECT_EQ(RowColumns(2)[2], "RAD");
+}
+
+}  // namespace

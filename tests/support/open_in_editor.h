@@ -1,0 +1,16 @@
+// Opens a job in the editor's state as if it had been read from a file.
+#pragma once
+
+#include "dictionary/dictionary.h"
+#include "folding/popuni_listu.h"
+
+inline void OpenInEditor(const Job& job, const std::string& path = "C:\\jobs\\My job.tsj") {
+    Translate("Job Editor");  // as for the title: a lookup sets the words of the rows
+    editState.header = job;
+    editState.EditEvents = job.Events;
+    editState.PristineEvents = job.Events;
+    editState.Strings = job.Strings;
+    editState.Windows = job.Windows;
+    editState.Chains = job.Chains;
+    PopuniListu(path, true);
+}
