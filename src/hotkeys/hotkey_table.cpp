@@ -1,0 +1,5 @@
+#include "hotkeys/hotkey_table.h"
+
+void RegisterAllHotkeys() {}
+
+void UnregisterAllHotkeys() {}

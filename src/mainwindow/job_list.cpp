@@ -1,0 +1,5 @@
+#include "mainwindow/job_list.h"
+
+void FillJobList() {}
+
+void SelectFirstJob() {}

@@ -1,0 +1,3 @@
+#include "mainwindow/recent_menu.h"
+
+void FillRecentJobsMenu() {}

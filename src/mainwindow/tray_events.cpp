@@ -1,0 +1,39 @@
+#include "mainwindow/tray_events.h"
+
+#include "mainwindow/form_view.h"
+#include "mainwindow/form_visible.h"
+#include "platform/clock.h"
+#include "recording/recording_state.h"
+#include "replay/run_job.h"
+
+TrayEvents trayEvents;
+
+namespace {
+
+// Two callback messages can come from one double click.
+constexpr std::int64_t ToggleGuardMs = 80;
+
+bool InterfaceIsFree() {
+    return form_view::IsEnabled() && !runState.ReplayRunning;
+}
+
+void OnDoubleClick() {
+    const std::int64_t now = platform::TickCount();
+    if (trayEvents.lastToggleMs && now - *trayEvents.lastToggleMs < ToggleGuardMs) return;
+    if (!InterfaceIsFree()) return;
+    trayEvents.lastToggleMs = now;
+    ToggleFromTray();
+}
+
+}  // namespace
+
+void ToggleFromTray() {
+    FormVisible(!MainWindowVisible(), false);
+}
+
+void OnTrayMessage(unsigned message) {
+    if (message != TrayLeftDown && message != TrayLeftDoubleClick && message != TrayRightUp) return;
+    if (RecordingActive()) return StopRecordingFromTray();
+    if (message == TrayLeftDoubleClick) OnDoubleClick();
+    if (message == TrayRightUp && InterfaceIsFree()) form_view::OpenTrayMenu();
+}

@@ -1,0 +1,11 @@
+// The resources that more than one form uses.
+#pragma once
+
+#define ICON_TESSARINE 1
+
+// The frame of executing2, by scale in percent.
+#define FRAME_100 100
+#define FRAME_125 125
+#define FRAME_150 150
+#define FRAME_200 200
+#define FRAME_300 300

@@ -1,0 +1,28 @@
+// The entry of tessarine.exe.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "shell/startup.h"
+#include "win32/failure_guard.h"
+#include "win32/message_loop.h"
+#include "win32/system_library.h"
+
+namespace {
+
+constexpr int FailedStart = 1;
+
+void LoadControls() {
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_PROGRESS_CLASS | ICC_TAB_CLASSES};
+    InitCommonControlsEx(&controls);
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    platform::HardenProcess();
+    LoadControls();
+    bool stays = false;
+    if (!platform::GuardedCall([&] { stays = Main(); })) return FailedStart;
+    return stays ? platform::RunMessageLoop() : 0;
+}

@@ -1,0 +1,62 @@
+#include "program/window_tools.h"
+
+#include "program/resource_ids.h"
+
+HINSTANCE ProgramInstance() {
+    return GetModuleHandleA(nullptr);
+}
+
+platform::Rect RectangleOf(HWND window) {
+    RECT rectangle{};
+    GetWindowRect(window, &rectangle);
+    return {rectangle.left, rectangle.top, rectangle.right, rectangle.bottom};
+}
+
+void MoveWindowTo(HWND window, int left, int top) {
+    SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void SetText(HWND form, int control, const std::string& text) {
+    SetDlgItemTextA(form, control, text.c_str());
+}
+
+std::string TextOf(HWND form, int control) {
+    const HWND window = GetDlgItem(form, control);
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+int DpiOf(HWND window) {
+    const UINT dpi = GetDpiForWindow(window);
+    return dpi == 0 ? USER_DEFAULT_SCREEN_DPI : static_cast<int>(dpi);
+}
+
+HFONT FontLike(HWND window, int percent, int weight) {
+    LOGFONTA font{};
+    const auto own = reinterpret_cast<HFONT>(SendMessageA(window, WM_GETFONT, 0, 0));
+    GetObjectA(own == nullptr ? GetStockObject(DEFAULT_GUI_FONT) : own, sizeof font, &font);
+    font.lfHeight = MulDiv(font.lfHeight, percent, 100);
+    font.lfWidth = 0;
+    font.lfWeight = weight;
+    return CreateFontIndirectA(&font);
+}
+
+HICON ProgramIcon(int size) {
+    return static_cast<HICON>(
+        LoadImageA(ProgramInstance(), MAKEINTRESOURCEA(ICON_TESSARINE), IMAGE_ICON, size, size, LR_SHARED));
+}
+
+void RegisterDialogClass(const char* className, HBRUSH background) {
+    WNDCLASSEXA window{};
+    window.cbSize = sizeof window;
+    window.lpfnWndProc = DefDlgProcA;
+    window.cbWndExtra = DLGWINDOWEXTRA;
+    window.hInstance = ProgramInstance();
+    window.hIcon = ProgramIcon(GetSystemMetrics(SM_CXICON));
+    window.hIconSm = ProgramIcon(GetSystemMetrics(SM_CXSMICON));
+    window.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));  // the arrow
+    window.hbrBackground = background;
+    window.lpszClassName = className;
+    RegisterClassExA(&window);
+}

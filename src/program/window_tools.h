@@ -1,0 +1,39 @@
+// Small tools that the forms share: the frame of a message procedure, texts, fonts and sizes of windows.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "platform/types.h"
+#include "win32/failure_guard.h"
+#include "win32/handles.h"
+
+// What a message procedure returns: the value of `call`, or `otherwise` after a failure, which has been shown.
+template <class Result, class Call>
+Result Guarded(Result otherwise, Call&& call) noexcept {
+    Result result = otherwise;
+    platform::GuardedCall([&] { result = call(); });
+    return result;
+}
+
+HINSTANCE ProgramInstance();
+
+// The whole window, in screen pixels; empty for a window that is gone.
+platform::Rect RectangleOf(HWND window);
+void MoveWindowTo(HWND window, int left, int top);  // neither sized nor activated
+
+void SetText(HWND form, int control, const std::string& text);
+std::string TextOf(HWND form, int control);
+
+// 96 at 100 percent.
+int DpiOf(HWND window);
+
+// A font like the window's own, `percent` as large. The caller deletes it.
+HFONT FontLike(HWND window, int percent, int weight);
+
+// The program's icon at `size` pixels, drawn from the nearest picture. Shared: nobody destroys it.
+HICON ProgramIcon(int size);
+
+// Registers a class for a dialog template that names it.
+void RegisterDialogClass(const char* className, HBRUSH background);

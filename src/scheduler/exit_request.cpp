@@ -1,0 +1,5 @@
+#include "scheduler/exit_request.h"
+
+void ExitProgram(const std::function<void()>& quit) {
+    quit();
+}

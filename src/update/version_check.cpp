@@ -1,0 +1,3 @@
+#include "update/version_check.h"
+
+void CheckVersionQuietly() {}

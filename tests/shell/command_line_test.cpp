@@ -1,0 +1,141 @@
+// What command lines ask for, and the bytes in which one is handed over.
+#include "shell/command_line.h"
+
+#include <gtest/gtest.h>
+
+#include "base/runtime_failure.h"
+#include "mainwindow/form_visible.h"
+#include "shell/copy_data.h"
+#include "simulated/desktop.h"
+#include "simulated/files.h"
+#include "support/shell_stand_in.h"
+
+namespace {
+
+const std::string JobPath = "C:\\Jobs\\morning report.tsj";
+
+class CommandLine : public testing::Test {
+protected:
+    CommandLine() { simulated::PutFile(JobPath, "any bytes"); }
+
+    // True when the process lived on.
+    static bool Handle(const std::string& commandLine, bool fromOtherInstance = false) {
+        try {
+            HandleCommandParameter(commandLine, fromOtherInstance);
+            return true;
+        } catch (const ProcessEnded&) {
+            return false;
+        }
+    }
+};
+
+TEST_F(CommandLine, TheFirstCharactersDecide) {
+    const std::string run = "RunJob " + JobPath;
+    struct Case {
+        std::string commandLine;
+        std::string firstCall;  // "" for nothing at all
+        std::string boxText;
+    };
+    const Case cases[] = {
+        {"", "Show", ""},
+        {"   ", "Show", ""},
+        {"-run " + JobPath, run, ""},
+        {"  -RuN     " + JobPath + "   ", run, ""},
+        {"-run" + JobPath, run, ""},
+        {"-edit " + JobPath, "Show", ""},
+        {"-EDIT " + JobPath, "Show", ""},
+        {"edit " + JobPath, "", ""},
+        {"run " + JobPath, "", ""},
+        {JobPath, "", ""},
+        {"-", "", ""},
+        {"-ru", "", ""},
+        {"-runner x", "EndProcess", "ner x"},
+        {"-editor", "EndProcess", "or"},
+        {"-run \"" + JobPath + "\"", "EndProcess", "\"" + JobPath + "\""},
+        {"-run", "EndProcess", ""},
+        {"-run C:\\Jobs", "EndProcess", "C:\\Jobs"},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE("command line: '" + one.commandLine + "'");
+        shellStandIn = {};
+        formVisibility = {};
+        shellStandIn.runResult = 0;
+        const std::size_t boxesBefore = simulated::ShownBoxes().size();
+        const bool ends = one.firstCall == "EndProcess";
+        EXPECT_EQ(Handle(one.commandLine, true), !ends);
+        EXPECT_TRUE(one.firstCall.empty() ? shellStandIn.calls.empty() : WasCalled(one.firstCall));
+        ASSERT_EQ(simulated::ShownBoxes().size(), boxesBefore + (ends ? 1 : 0));
+        if (!ends) continue;
+        EXPECT_EQ(simulated::ShownBoxes().back().text, "File does not exist:\r\n" + one.boxText);
+        EXPECT_EQ(simulated::ShownBoxes().back().title, "File access error");
+        EXPECT_FALSE(WasCalled("Show"));
+    }
+}
+
+TEST_F(CommandLine, ARunIsHiddenAndItsEndDependsOnWhoAskedForIt) {
+    struct Case {
+        bool fromOtherInstance;
+        bool wasVisible;
+        std::int32_t result;
+        bool livesOn;
+        bool visibleAfterwards;
+    };
+    const Case cases[] = {
+        {false, false, 1, false, false}, {false, false, 3, false, false}, {false, true, 1, false, false},
+        {false, false, 0, true, false},  {false, true, -2, true, false},  {true, true, 1, true, true},
+        {true, false, 1, true, false},   {true, true, 0, true, false},    {true, true, -10, true, false},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(testing::Message() << "from other " << one.fromOtherInstance << ", visible " << one.wasVisible
+                                        << ", result " << one.result);
+        shellStandIn = {};
+        formVisibility = {};
+        FormVisible(one.wasVisible, false);
+        bool visibleDuringRun = true;
+        shellStandIn.runResult = one.result;
+        shellStandIn.duringRun = [&] { visibleDuringRun = shellStandIn.visible; };
+        EXPECT_EQ(Handle("-run " + JobPath, one.fromOtherInstance), one.livesOn);
+        EXPECT_FALSE(visibleDuringRun);
+        EXPECT_EQ(shellStandIn.visible, one.visibleAfterwards);
+    }
+}
+
+TEST_F(CommandLine, AFailureDuringARunLeavesTheProgramInTheTray) {
+    FormVisible(true, false);
+    shellStandIn.duringRun = [] { throw RuntimeFailure(FailureKind::File, "The job is damaged."); };
+    EXPECT_THROW(HandleCommandParameter("-run " + JobPath, false), RuntimeFailure);
+    EXPECT_FALSE(WasCalled("EndProcess"));
+    EXPECT_FALSE(MainWindowVisible());
+}
+
+TEST(ComputerStart, IsTheWordAnywhere) {
+    for (const char* line : {" -startup", "-STARTUP", "startup", "-run C:\\StartUp\\a.tsj", "xstartupx"}) {
+        EXPECT_TRUE(IsComputerStart(line)) << line;
+    }
+    for (const char* line : {"", "-start up", "-startu", "-run a.tsj"}) EXPECT_FALSE(IsComputerStart(line)) << line;
+}
+
+TEST(CopyData, CarriesACommandLineOfUpTo255Characters) {
+    for (const std::size_t length : {std::size_t{1}, std::size_t{30}, CommandLineLimit}) {
+        const std::string line(length, 'x');
+        const std::string bytes = CopyDataOfCommand(line);
+        ASSERT_EQ(bytes.size(), length + 1);
+        const auto back = CommandFromCopyData(CommandLineData, static_cast<std::uint32_t>(bytes.size()), bytes.data());
+        EXPECT_EQ(back, line);
+    }
+    EXPECT_THROW(CopyDataOfCommand(std::string(CommandLineLimit + 1, 'x')), RuntimeFailure);
+}
+
+TEST(CopyData, OfStrangersDoesNoHarm) {
+    const char byte = 'x';
+    EXPECT_EQ(CommandFromCopyData(7, 5, "-run "), std::nullopt);
+    EXPECT_EQ(CommandFromCopyData(0, 4'000'000'000U, nullptr), std::nullopt);
+    EXPECT_EQ(CommandFromCopyData(CommandLineData, 200, nullptr), std::nullopt);
+    EXPECT_EQ(CommandFromCopyData(CommandLineData, 0, nullptr), "");
+    EXPECT_EQ(CommandFromCopyData(CommandLineData, 1, &byte), "");
+    EXPECT_EQ(CommandFromCopyData(CommandLineData, 2, &byte), "x");  // the last byte is not looked at
+    EXPECT_THROW(CommandFromCopyData(CommandLineData, 257, &byte), RuntimeFailure);
+    EXPECT_THROW(CommandFromCopyData(CommandLineData, 0xFFFFFFFFU, &byte), RuntimeFailure);
+}
+
+}  // namespace

@@ -1,0 +1,266 @@
+// A start of the program from the first question to the window on the screen, and its end.
+#include "shell/startup.h"
+
+#include <gtest/gtest.h>
+
+#include "base/runtime_failure.h"
+#include "mainwindow/form_visible.h"
+#include "mainwindow/tray_events.h"
+#include "platform/registry.h"
+#include "platform/window_services.h"
+#include "replay/run_job.h"
+#include "scheduler/date_text.h"
+#include "scheduler/schedule_list.h"
+#include "settings/folders.h"
+#include "settings/settings.h"
+#include "shell/exit.h"
+#include "simulated/desktop.h"
+#include "simulated/files.h"
+#include "support/shell_stand_in.h"
+
+namespace {
+
+constexpr const char* Documents = "C:\\Users\\Ana\\Documents";
+constexpr const char* DataFolder = "C:\\Users\\Ana\\Documents\\Tessarine";
+constexpr const char* ShellFolders = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
+constexpr const char* JobPath = "C:\\a.tsj";
+
+class Start : public testing::Test {
+protected:
+    Start() {
+        platform::WriteRegistry(ShellFolders, "Personal", std::string(Documents) + "\\");
+        simulated::PutFolder(Documents);
+        simulated::PutFile(JobPath, "any bytes");
+        simulated::SetExecutableFolder("C:\\Program Files\\Tessarine");
+        simulated::SetDesktopDirectory("C:\\Users\\Ana\\Desktop");
+    }
+
+    // The main window of the program's first instance.
+    static platform::WindowHandle FirstInstance(const std::string& caption = MainCaption()) {
+        simulated::LetAnotherInstanceRun();
+        simulated::WindowSpec window;
+        window.className = MainWindowClass;
+        window.caption = caption;
+        window.active = false;
+        return simulated::AddWindow(window);
+    }
+
+    static void ExpectNothingPrepared() {
+        EXPECT_TRUE(shellStandIn.calls.empty());
+        EXPECT_EQ(platform::ReadRegistry("Software\\Tessarine", "DataDir"), std::nullopt);
+    }
+};
+
+TEST_F(Start, OnACleanMachineMakesTheFolderAndShowsTheWindow) {
+    EXPECT_TRUE(Main());
+    EXPECT_EQ(folders.PersonalFolder, Documents);
+    EXPECT_EQ(folders.DataFolder, DataFolder);
+    EXPECT_EQ(folders.ProgramFolder, "C:\\Program Files\\Tessarine");
+    EXPECT_EQ(folders.DesktopFolder, "C:\\Users\\Ana\\Desktop");
+    EXPECT_EQ(platform::ReadRegistry("Software\\Tessarine", "DataDir"), DataFolder);
+    EXPECT_EQ(simulated::AllFiles(), std::vector<std::string>{"c:\\a.tsj"});  // no settings before the first save
+    EXPECT_TRUE(settings.SettingsLoaded);
+    EXPECT_EQ(settings.countdown_period, 5);
+    EXPECT_TRUE(MainWindowVisible());
+    EXPECT_TRUE(scheduleDispatch.DispatchEnabled);
+    EXPECT_EQ(folders.StartedAt, "");
+    EXPECT_TRUE(simulated::ShownBoxes().empty());
+}
+
+TEST_F(Start, TakesItsStepsInOrder) {
+    EXPECT_TRUE(Main());
+    const std::vector<std::string> expected = {"CreateMainWindow",      "PrepareMainWindow", "InstallProcedures",
+                                               "RestoreWindowPosition", "ShowOptions",       "Show",
+                                               "PodesiRjecnik",         "StaviFocus"};
+    EXPECT_EQ(shellStandIn.calls, expected);
+}
+
+TEST_F(Start, WithAnUnknownCommandLineIsAStartLikeAnyOther) {
+    simulated::SetCommandLine("edit C:\\a.tsj");
+    EXPECT_TRUE(Main());
+    EXPECT_TRUE(shellStandIn.visible);
+}
+
+TEST_F(Start, WithTheComputerStaysHiddenAndNotesItsTime) {
+    simulated::SetCommandLine(" -startup");
+    simulated::SetLocalTime({2026, 3, 5, 7, 4, 9});
+    EXPECT_TRUE(Main());
+    EXPECT_FALSE(WasCalled("Show"));
+    EXPECT_EQ(formVisibility.visible, false);
+    EXPECT_EQ(folders.StartedAt, "2026-03-05@07:04:09");
+}
+
+TEST_F(Start, WithTheWordInAFileNameRunsNothing) {
+    simulated::PutFile("C:\\startup.tsj", "any bytes");
+    simulated::SetCommandLine("-run C:\\startup.tsj");
+    EXPECT_TRUE(Main());
+    EXPECT_FALSE(WasCalled("RunJob C:\\startup.tsj"));
+    EXPECT_FALSE(MainWindowVisible());
+}
+
+TEST_F(Start, ToRunAJobNeverShowsTheWindowAndEndsTheProcess) {
+    simulated::SetCommandLine(std::string("-run ") + JobPath);
+    EXPECT_THROW(Main(), ProcessEnded);
+    EXPECT_TRUE(WasCalled("RunJob C:\\a.tsj"));
+    EXPECT_FALSE(WasCalled("Show"));
+    EXPECT_EQ(simulated::FileBytes(std::string(DataFolder) + "\\settings.binary"), std::nullopt);
+}
+
+TEST_F(Start, ToRunAJobThatFailsStaysInTheTray) {
+    simulated::SetCommandLine(std::string("-run ") + JobPath);
+    shellStandIn.runResult = -4;
+    EXPECT_TRUE(Main());
+    EXPECT_FALSE(WasCalled("Show"));
+    EXPECT_TRUE(WasCalled("PodesiRjecnik"));
+}
+
+TEST_F(Start, GoesOnAfterAFailureThatItHasTold) {
+    simulated::SetCommandLine(std::string("-run ") + JobPath);
+    shellStandIn.duringRun = [] { throw RuntimeFailure(FailureKind::File, "The job is damaged."); };
+    EXPECT_TRUE(Main());
+    ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
+    EXPECT_EQ(simulated::ShownBoxes()[0].text, "The job is damaged.");
+    EXPECT_TRUE(WasCalled("PodesiRjecnik"));
+}
+
+TEST_F(Start, WithoutACommandRaisesTheFirstInstanceAndEnds) {
+    const platform::WindowHandle first = FirstInstance();
+    simulated::AddWindow({});  // another program has the foreground
+    EXPECT_FALSE(Main());
+    ASSERT_EQ(simulated::SentMessages().size(), 1U);
+    EXPECT_EQ(simulated::SentMessages()[0].window, first);
+    EXPECT_EQ(simulated::SentMessages()[0].message.message, 123456U);
+    EXPECT_EQ(platform::ForegroundWindow(), first);
+    ExpectNothingPrepared();
+}
+
+TEST_F(Start, HandsItsCommandLineToTheFirstInstance) {
+    const std::string longest = "-run " + std::string(250, 'x');
+    for (const std::string& line : {std::string("-run C:\\a.tsj"), longest}) {
+        FirstInstance();
+        simulated::SetCommandLine(line);
+        EXPECT_FALSE(Main());
+        EXPECT_EQ(simulated::SentMessages().back().message.message, 74U);
+        EXPECT_EQ(simulated::SentMessages().back().message.bytes, line + '\0');
+    }
+    ExpectNothingPrepared();
+}
+
+TEST_F(Start, FailsWithACommandLineThatIsTooLongToBeHandedOver) {
+    FirstInstance();
+    simulated::SetCommandLine("-run " + std::string(251, 'x'));
+    EXPECT_THROW(Main(), RuntimeFailure);
+    EXPECT_TRUE(simulated::SentMessages().empty());
+    ExpectNothingPrepared();
+}
+
+TEST_F(Start, GoesOnBesideAnInstanceOfAnotherVersion) {
+    FirstInstance("Tessarine 3.0.5");
+    EXPECT_TRUE(Main());
+    EXPECT_TRUE(simulated::SentMessages().empty());
+    EXPECT_TRUE(MainWindowVisible());
+}
+
+TEST_F(Start, OfASecondInstanceBringsAHiddenAndMinimisedWindowBack) {
+    Main();
+    shellStandIn.minimised = true;
+    FormResized();
+    EXPECT_FALSE(shellStandIn.visible);
+    OnShowYourself();
+    EXPECT_TRUE(shellStandIn.visible);
+    EXPECT_FALSE(shellStandIn.minimised);
+    EXPECT_EQ(shellStandIn.calls.back(), "StaviFocus");
+}
+
+class End : public Start {};
+
+TEST_F(End, GivesBackWhatWasTakenInOrder) {
+    Main();
+    shellStandIn.calls.clear();
+    EXPECT_THROW(QuitProgram(true), ProcessEnded);
+    const std::vector<std::string> expected = {"Hide",
+                                               "RestoreJobListProcedure",
+                                               "RestoreScheduleListProcedure",
+                                               "RestoreMainProcedure",
+                                               "RemoveTrayIcon",
+                                               "EndProcess"};
+    EXPECT_EQ(shellStandIn.calls, expected);
+    EXPECT_TRUE(simulated::FileBytes(std::string(DataFolder) + "\\settings.binary"));
+}
+
+TEST_F(End, ThatCannotSaveDoesNotCome) {
+    Main();
+    simulated::MakeReadOnly(DataFolder);
+    EXPECT_THROW(QuitProgram(true), RuntimeFailure);
+    EXPECT_FALSE(WasCalled("EndProcess"));
+    EXPECT_TRUE(MainWindowVisible());
+}
+
+class MainWindowVisibility : public Start {
+protected:
+    MainWindowVisibility() {
+        Main();
+        shellStandIn.calls.clear();
+    }
+
+    static void Resize(bool minimised) {
+        shellStandIn.minimised = minimised;
+        FormResized();
+    }
+};
+
+TEST_F(MainWindowVisibility, FollowsTheStateOfTheWindowAndNotItsSize) {
+    Resize(true);
+    EXPECT_FALSE(shellStandIn.visible);
+    EXPECT_EQ(shellStandIn.trayOpenCaption, "&Show Tessarine");
+    Resize(false);
+    EXPECT_TRUE(shellStandIn.visible);
+    EXPECT_EQ(shellStandIn.trayOpenCaption, "&Hide Tessarine");
+    FormVisible(false, false);
+    Resize(false);
+    EXPECT_FALSE(shellStandIn.visible);
+}
+
+TEST_F(MainWindowVisibility, KeepsTheStateOnlyWhenAsked) {
+    Resize(true);
+    FormVisible(true, true);
+    EXPECT_TRUE(shellStandIn.minimised);
+    FormVisible(false, false);
+    FormVisible(true, false);
+    EXPECT_FALSE(shellStandIn.minimised);
+}
+
+TEST_F(MainWindowVisibility, TogglesOncePerDoubleClick) {
+    simulated::RunFor(1000);
+    OnTrayMessage(TrayLeftDoubleClick);
+    OnTrayMessage(TrayLeftDoubleClick);
+    EXPECT_FALSE(shellStandIn.visible);
+    simulated::RunFor(79);
+    OnTrayMessage(TrayLeftDoubleClick);
+    EXPECT_FALSE(shellStandIn.visible);
+    simulated::RunFor(1);
+    OnTrayMessage(TrayLeftDoubleClick);
+    EXPECT_TRUE(shellStandIn.visible);
+}
+
+TEST_F(MainWindowVisibility, IsLeftAloneByTheTrayWhileTheInterfaceIsHeld) {
+    for (const bool running : {false, true}) {
+        shellStandIn.enabled = running;
+        runState.ReplayRunning = running;
+        OnTrayMessage(TrayLeftDoubleClick);
+        OnTrayMessage(TrayRightUp);
+        EXPECT_TRUE(shellStandIn.calls.empty()) << (running ? "during a run" : "during a box");
+    }
+    runState.ReplayRunning = false;
+    OnTrayMessage(TrayLeftDown);
+    EXPECT_TRUE(shellStandIn.calls.empty());
+    OnTrayMessage(TrayRightUp);
+    EXPECT_TRUE(WasCalled("OpenTrayMenu"));
+}
+
+TEST(DateText, IsAlwaysOfOneWidth) {
+    EXPECT_EQ(StampText({2026, 11, 15, 14, 30, 0}), "2026-11-15@14:30:00");
+    EXPECT_EQ(StampText({2026, 1, 2, 3, 4, 5}), "2026-01-02@03:04:05");
+}
+
+}  // namespace
