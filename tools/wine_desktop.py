@@ -135,7 +135,7 @@ class WineDesktop:
     def _template(self):
         """A prefix with the virtual desktop switched on, made once for this version of Wine and kept under out/."""
         version = subprocess.run([LOADER, "--version"], capture_output=True, text=True, check=True).stdout.strip()
-        template = OUT / "wine" / f"template-{version}"
+        template = OUT / "wine" / f"template-2-{version}"
         template.parent.mkdir(parents=True, exist_ok=True)
         with open(template.parent / "lock", "w") as lock:
             fcntl.flock(lock, fcntl.LOCK_EX)
@@ -159,10 +159,18 @@ class WineDesktop:
                 # Debian's Wine does not find its own scalable fonts; the caption buttons need Marlett.
                 for font in Path("/usr/share/wine/fonts").glob("*.ttf"):
                     shutil.copy(font, self.prefix / "drive_c" / "windows" / "Fonts")
+                self._keep_out_of_the_home()
                 os.rename(self.prefix, template)
             finally:
                 self._end_server()
                 self.prefix = self.folder / "prefix"
+
+    def _keep_out_of_the_home(self):
+        """Documents and its like are links into the user's own home: folders of the prefix take their place."""
+        for folder in (self.prefix / "drive_c" / "users").glob("*/**/*"):
+            if folder.is_symlink():
+                folder.unlink()
+                folder.mkdir()
 
     def _run_checked(self, *command):
         code = self.run(*command, timeout=180)

@@ -5,6 +5,7 @@ import signal
 import subprocess
 import time
 
+import pytest
 from job_writer import JobWriter
 from wine_desktop import wait_for
 
@@ -29,6 +30,11 @@ class Notepad:
     @property
     def text(self):
         return self.stage.probe.text(self.edit).replace("\r\n", "\n")
+
+    def holds(self, text):
+        """The text, once Notepad has dealt with the input that was still on its way to it."""
+        wait_for(lambda: self.text == text, 5)
+        return self.text == text or pytest.fail(f"Notepad holds {self.text!r}")
 
     def set_text(self, text):
         self.stage.probe.set_text(self.edit, text)

@@ -37,7 +37,7 @@ def test_a_second_start_hands_its_job_over(stage):
     first = stage.tessarine()
     assert shown(stage)
     assert stage.tessarine("-run", path).wait(30) == 0
-    assert notepad.text == "handed over"
+    assert notepad.holds("handed over")
     assert first.poll() is None
     assert shown(stage), "visible again, as it had been"
 
@@ -92,12 +92,12 @@ def test_the_status_windows(stage):
     notepad = stage.notepad()
     job = stage.job()
     edit = job.target(notepad.chain())
-    for _ in range(4):
-        job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
+    for column in range(4):
+        job.click(NOTEPAD_PLACE[0] + 200 + 50 * column, NOTEPAD_PLACE[1] + 250, edit)
         job.type("abc ", edit)
     job.pause(2500)
     job.type("d", edit)
-    stage.tessarine("-run", stage.write(job, "morning report"))
+    stage.tessarine("-run", stage.write(job, "morning"))
     assert wait_for(lambda: stage.status_lines())
     assert wait_for(lambda: notepad.text == "abc " * 4)
     lines = stage.status_lines()

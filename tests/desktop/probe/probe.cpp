@@ -20,8 +20,8 @@ std::string Quoted(const std::string& text) {
     for (const char character : text) {
         const auto byte = static_cast<unsigned char>(character);
         char escaped[8];
-        std::snprintf(escaped, sizeof escaped, byte < 32 || byte > 126 || byte == '"' || byte == '\\' ? "\\u%04x" : "%c",
-                      byte);
+        std::snprintf(escaped, sizeof escaped,
+                      byte < 32 || byte > 126 || byte == '"' || byte == '\\' ? "\\u%04x" : "%c", byte);
         json += escaped;
     }
     return json + "\"";
@@ -64,14 +64,22 @@ std::string RectangleText(const RECT& rectangle) {
            Number(rectangle.bottom) + "]";
 }
 
+// For a child of another process Wine tells screen pixels where Windows tells the parent's client pixels.
+void CorrectChild(HWND window, WINDOWPLACEMENT& place) {
+    if ((GetWindowLongA(window, GWL_STYLE) & WS_CHILD) == 0) return;
+    GetWindowRect(window, &place.rcNormalPosition);
+    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place.rcNormalPosition), 2);
+}
+
 std::string PlacementText(HWND window) {
     WINDOWPLACEMENT place{};
     place.length = sizeof place;
     GetWindowPlacement(window, &place);
+    CorrectChild(window, place);
     return "{\"flags\":" + Number(place.flags) + ",\"show\":" + Number(place.showCmd) + ",\"min\":[" +
            Number(place.ptMinPosition.x) + "," + Number(place.ptMinPosition.y) + "],\"max\":[" +
-           Number(place.ptMaxPosition.x) + "," + Number(place.ptMaxPosition.y) + "],\"normal\":" +
-           RectangleText(place.rcNormalPosition) + "}";
+           Number(place.ptMaxPosition.x) + "," + Number(place.ptMaxPosition.y) +
+           "],\"normal\":" + RectangleText(place.rcNormalPosition) + "}";
 }
 
 std::string Describe(HWND window) {
@@ -88,7 +96,8 @@ std::string Describe(HWND window) {
            ",\"id\":" + Number(GetDlgCtrlID(window)) + ",\"rect\":" + RectangleText(rectangle) +
            ",\"visible\":" + (IsWindowVisible(window) ? "true" : "false") +
            ",\"enabled\":" + (IsWindowEnabled(window) ? "true" : "false") + ",\"process\":" + Number(process) +
-           ",\"exstyle\":" + Number(GetWindowLongA(window, GWL_EXSTYLE)) + ",\"placement\":" + PlacementText(window) + "}";
+           ",\"exstyle\":" + Number(GetWindowLongA(window, GWL_EXSTYLE)) + ",\"placement\":" + PlacementText(window) +
+           "}";
 }
 
 BOOL CALLBACK Collect(HWND window, LPARAM list) {
@@ -124,15 +133,15 @@ std::string KeysDown() {
     return json + "]";
 }
 
+// place WINDOW HOW LEFT TOP RIGHT BOTTOM; in parts, as Wine refuses SetWindowPlacement for windows of other processes.
 std::string Place(Words& words) {
     const HWND window = WindowFrom(words);
-    WINDOWPLACEMENT place{};
-    place.length = sizeof place;
-    words >> place.showCmd >> place.rcNormalPosition.left >> place.rcNormalPosition.top >>
-        place.rcNormalPosition.right >> place.rcNormalPosition.bottom;
-    place.ptMaxPosition = {-1, -1};
-    place.ptMinPosition = {-1, -1};
-    return Number(SetWindowPlacement(window, &place));
+    int how = 0;
+    RECT place{};
+    words >> how >> place.left >> place.top >> place.right >> place.bottom;
+    ShowWindow(window, how);
+    return Number(SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE));
 }
 
 // copydata WINDOW dwData cbData null|TEXT
@@ -148,13 +157,19 @@ std::string CopyData(Words& words) {
     return Number(Ask(window, WM_COPYDATA, 1, reinterpret_cast<LPARAM>(&data)));
 }
 
+// Asked in wide characters: across processes Wine answers the narrow question with wide text.
 std::string ListLine(Words& words) {
     const HWND window = WindowFrom(words);
     WPARAM index = 0;
     words >> index;
-    std::vector<char> buffer(4096);
-    const auto length = Ask(window, LB_GETTEXT, index, reinterpret_cast<LPARAM>(buffer.data()));
-    return length < 0 ? "null" : Quoted(std::string(buffer.data(), static_cast<std::size_t>(length)));
+    std::vector<wchar_t> wide(4096);
+    DWORD_PTR length = 0;
+    SendMessageTimeoutW(window, LB_GETTEXT, index, reinterpret_cast<LPARAM>(wide.data()), SMTO_ABORTIFHUNG, 5000,
+                        &length);
+    if (static_cast<LRESULT>(length) < 0) return "null";
+    char text[4096] = "";
+    WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text, sizeof text, nullptr, nullptr);
+    return Quoted(text);
 }
 
 std::string SendNumbers(Words& words) {
