@@ -1,0 +1,96 @@
+// Message boxes and the folder browser, answered by the script of the test.
+#include "platform/boxes.h"
+
+#include <algorithm>
+#include <deque>
+
+#include "platform/pump.h"
+#include "platform/shell_folders.h"
+#include "simulated/agenda.h"
+#include "simulated/desktop.h"
+
+namespace simulated {
+
+namespace {
+
+struct BoxState {
+    std::deque<BoxAnswer> answers;
+    std::vector<ShownBox> shown;
+    std::deque<std::optional<std::string>> folders;
+    std::vector<std::pair<std::string, std::string>> browsed;
+};
+
+BoxState& State() {
+    static BoxState state;
+    return state;
+}
+
+template <class Answer>
+Answer TakeAnswer(std::deque<Answer>& answers, Answer otherwise) {
+    if (answers.empty()) return otherwise;
+    Answer answer = std::move(answers.front());
+    answers.pop_front();
+    return answer;
+}
+
+// While a box is open, it is a window like any other and pumps.
+bool RunBox(ShownBox box) {
+    BoxState& state = State();
+    box.scripted = !state.answers.empty();
+    box.time = NowMs();
+    const BoxAnswer answer = TakeAnswer(state.answers, BoxAnswer{.yes = false});
+    box.yes = box.question && answer.yes;
+    state.shown.push_back(box);
+
+    const WindowHandle window =
+        AddWindow({.className = "#32770", .caption = box.title, .rect = {440, 430, 840, 590}, .thread = OwnThread});
+    platform::Pump();
+    if (answer.whileOpen) answer.whileOpen();
+    RunFor(answer.afterMs);
+    Destroy(window);
+    return box.yes;
+}
+
+}  // namespace
+
+void AnswerNextBox(const BoxAnswer& answer) {
+    State().answers.push_back(answer);
+}
+
+const std::vector<ShownBox>& ShownBoxes() {
+    return State().shown;
+}
+
+int UnansweredQuestions() {
+    const auto& shown = State().shown;
+    return static_cast<int>(
+        std::ranges::count_if(shown, [](const ShownBox& box) { return box.question && !box.scripted; }));
+}
+
+void AnswerNextFolder(const std::optional<std::string>& path) {
+    State().folders.push_back(path);
+}
+
+const std::vector<std::pair<std::string, std::string>>& BrowsedFolders() {
+    return State().browsed;
+}
+
+}  // namespace simulated
+
+namespace platform {
+
+void ShowBox(const std::string& text, const std::string& title, BoxIcon icon) {
+    simulated::RunBox({.text = text, .title = title, .icon = icon});
+}
+
+bool AskYesNo(const std::string& text, const std::string& title, BoxIcon icon) {
+    return simulated::RunBox({.text = text, .title = title, .icon = icon, .question = true});
+}
+
+std::optional<std::string> BrowseForFolder(const std::string& prompt, const std::string& start) {
+    simulated::State().browsed.emplace_back(prompt, start);
+    Pump();
+    return simulated::TakeAnswer(simulated::State().folders, std::optional<std::string>());
+}
+
+}  // namespace platform

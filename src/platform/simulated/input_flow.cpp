@@ -1,0 +1,410 @@
+// What every input does, wherever it comes from.
+#include "simulated/input_flow.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/hooks.h"
+#include "simulated/activation.h"
+#include "simulated/agenda.h"
+#include "simulated/key_layout.h"
+#include "simulated/surroundings.h"
+#include "simulated/window_tree.h"
+
+namespace simulated {
+
+namespace {
+
+constexpr int Shift = 16;
+constexpr int Control = 17;
+constexpr int Alt = 18;
+constexpr int LeftWindows = 91;
+constexpr int RightWindows = 92;
+constexpr int FunctionKey10 = 121;
+constexpr char Backspace = 8;
+constexpr char Enter = 13;
+constexpr char FirstPrintable = 32;
+
+struct KeyCell {
+    bool down = false;
+    bool toggled = false;
+    bool wentDown = false;
+};
+
+struct FlowState {
+    std::array<KeyCell, 256> keys{};
+    Point cursor;
+    bool altWasUsed = false;       // another key went down since ALT did
+    WindowHandle leftPressed = 0;  // where the left button went down
+    platform::KeyboardHook keyboardHook = nullptr;
+    platform::MouseHook mouseHook = nullptr;
+    bool keyboardHookDropped = false;
+    bool mouseHookDropped = false;
+    bool refusesHooks = false;
+    bool keepsJournals = true;
+    std::vector<InputEntry> injected;
+    std::vector<InputEntry> byHand;
+};
+
+FlowState& State() {
+    static FlowState state;
+    return state;
+}
+
+bool IsKey(int virtualKey) {
+    return virtualKey >= 0 && virtualKey < 256;
+}
+
+KeyCell& CellOf(int virtualKey) {
+    return State().keys[static_cast<std::size_t>(virtualKey)];
+}
+
+bool IsAlt(int virtualKey) {
+    return virtualKey == 164 || virtualKey == 165;
+}
+
+// --- Hooks ---
+
+std::uint32_t FlagIf(bool condition, std::uint32_t flag) {
+    return condition ? flag : 0;
+}
+
+// ALT makes a "system" message of every key, its own press included, and its own release when no other key came
+// between; so does F10.
+std::uint32_t KeyMessage(const KeyInput& input, bool altHeld) {
+    const bool usedAlt = IsAlt(input.virtualKey) && input.up && State().altWasUsed;
+    const bool system = input.virtualKey == FunctionKey10 || (altHeld && !usedAlt && !IsKeyDown(Control));
+    return (system ? 0x104u : 0x100u) + FlagIf(input.up, 1);
+}
+
+void CallHook(const KeyInput& input) {
+    const bool isAlt = IsAlt(input.virtualKey);
+    const bool altHeld = IsKeyDown(Alt) || isAlt;
+    platform::KeyboardHookRecord record;
+    record.message = KeyMessage(input, altHeld);
+    record.vkCode = static_cast<std::uint32_t>(input.virtualKey);
+    record.scanCode = static_cast<std::uint32_t>(input.scanCode);
+    record.flags = FlagIf(input.extended, 1) | FlagIf(input.injected, 16) |
+                   FlagIf(altHeld && !(isAlt && input.up), 32) | FlagIf(input.up, 128);
+    record.time = static_cast<std::uint32_t>(input.time);
+    record.dwExtraInfo = static_cast<std::uint32_t>(input.extraInfo);
+    CallProgram([hook = State().keyboardHook, record] { hook(record); });
+}
+
+std::uint32_t MouseMessage(std::int32_t action) {
+    switch (action) {
+        case platform::MouseLeftDown:
+            return 0x201;
+        case platform::MouseLeftUp:
+            return 0x202;
+        case platform::MouseRightDown:
+            return 0x204;
+        case platform::MouseRightUp:
+            return 0x205;
+        case platform::MouseMiddleDown:
+            return 0x207;
+        case platform::MouseMiddleUp:
+            return 0x208;
+        case platform::MouseWheel:
+            return 0x20A;
+        case platform::MouseXDown:
+            return 0x20B;
+        case platform::MouseXUp:
+            return 0x20C;
+        default:
+            return 0x200;
+    }
+}
+
+void CallHook(const MouseInput& input) {
+    platform::MouseHookRecord record;
+    record.message = MouseMessage(input.action);
+    record.pt = input.action == platform::MouseMove ? input.point : State().cursor;
+    record.mouseData = static_cast<std::uint32_t>(input.data) << 16;
+    record.flags = FlagIf(input.injected, 1);
+    record.time = static_cast<std::uint32_t>(input.time);
+    CallProgram([hook = State().mouseHook, record] { hook(record); });
+}
+
+// --- Key states ---
+
+void SetCell(int virtualKey, bool down) {
+    KeyCell& cell = CellOf(virtualKey);
+    if (down && !cell.down) cell.toggled = !cell.toggled;
+    cell.down = down;
+    cell.wentDown = cell.wentDown || down;
+}
+
+// Left and right modifiers count for the plain one, too.
+void SetKey(int virtualKey, bool down) {
+    SetCell(virtualKey, down);
+    if (virtualKey < 160 || virtualKey > 165) return;
+    const int left = virtualKey & ~1;
+    const int plain = Shift + (left - 160) / 2;
+    SetCell(plain, CellOf(left).down || CellOf(left + 1).down);
+}
+
+int HeldModifiers() {
+    return (IsKeyDown(Alt) ? 1 : 0) | (IsKeyDown(Control) ? 2 : 0) | (IsKeyDown(Shift) ? 4 : 0) |
+           (IsKeyDown(LeftWindows) || IsKeyDown(RightWindows) ? 8 : 0);
+}
+
+// --- Windows ---
+
+void AppendTyped(WindowHandle window, char character) {
+    Window* edit = Find(window);
+    if (edit == nullptr) return;
+    if (character == Backspace) {
+        // A line break goes as one.
+        const std::size_t length = edit->text.ends_with("\r\n") ? 2 : std::min<std::size_t>(edit->text.size(), 1);
+        edit->text.resize(edit->text.size() - length);
+    } else if (character == Enter) {
+        edit->text += "\r\n";
+    } else {
+        edit->text += character;
+    }
+}
+
+void TypeInto(const Window& edit, int virtualKey) {
+    if (IsKeyDown(Control) || IsKeyDown(Alt)) return;
+    const char character = TypedCharacter(virtualKey, IsKeyDown(Shift), IsToggled(platform::VirtualKeyCapital));
+    const bool isText =
+        character >= FirstPrintable || character == '\t' || character == Enter || character == Backspace;
+    if (!isText) return;
+    if (DeliversAtOnce(edit.spec.thread)) return AppendTyped(edit.handle, character);
+    Deliver(edit.spec.thread, [window = edit.handle, character] { AppendTyped(window, character); });
+}
+
+// The window may be gone by the time its thread gets to it.
+void React(const Window& window, const Action& action) {
+    Deliver(window.spec.thread, [handle = window.handle, action] {
+        if (Find(handle) != nullptr) action();
+    });
+}
+
+void GiveKeyToWindow(int virtualKey) {
+    const Window* target = Find(KeyTarget());
+    if (target == nullptr || !target->spec.enabled) return;
+    if (target->isEdit) TypeInto(*target, virtualKey);
+    const Reactions* reactions = ReactionsOf(target->handle);
+    if (reactions == nullptr) return;
+    const auto reaction = reactions->onKey.find(virtualKey);
+    if (reaction != reactions->onKey.end()) React(*target, reaction->second);
+}
+
+// A press brings the window to the foreground and gives it the focus, if it and its top-level window are enabled.
+void PressOn(WindowHandle window) {
+    if (window == RootHandle) return ActivateDesktop();
+    const Window* top = TopLevelOf(window);
+    if (top != nullptr && top->spec.enabled) GiveFocus(*Find(window));
+}
+
+void ReleaseOn(WindowHandle window) {
+    const Window* target = Find(window);
+    const Reactions* reactions = ReactionsOf(window);
+    if (target == nullptr || reactions == nullptr || window != State().leftPressed) return;
+    if (target->spec.enabled && reactions->onClick) React(*target, reactions->onClick);
+}
+
+Point OnScreen(Point point) {
+    const Rect screen = Root().spec.rect;
+    return {std::clamp(point.x, 0, screen.right - 1), std::clamp(point.y, 0, screen.bottom - 1)};
+}
+
+void PressButton(std::int32_t downFlag, std::int32_t data, bool down) {
+    const WindowHandle window = HitTest(State().cursor);
+    SetKey(KeyOfButton(downFlag, data), down);
+    const bool left = downFlag == platform::MouseLeftDown;
+    if (!down) {
+        if (left) ReleaseOn(window);
+        return;
+    }
+    if (left) State().leftPressed = window;
+    PressOn(window);
+}
+
+void TakeEffect(const KeyInput& input) {
+    SetKey(input.virtualKey, !input.up);
+    if (!input.up) State().altWasUsed = !IsAlt(input.virtualKey);
+    if (input.up || TakeHotkey(HeldModifiers(), input.virtualKey)) return;
+    GiveKeyToWindow(input.virtualKey);
+}
+
+void TakeEffect(const MouseInput& input) {
+    constexpr std::int32_t Downs =
+        platform::MouseLeftDown | platform::MouseRightDown | platform::MouseMiddleDown | platform::MouseXDown;
+    constexpr std::int32_t Ups = Downs << 1;  // every release flag follows its press flag
+    if (input.action == platform::MouseMove) {
+        State().cursor = OnScreen(input.point);
+    } else if ((input.action & Downs) != 0) {
+        PressButton(input.action, input.data, true);
+    } else if ((input.action & Ups) != 0) {
+        PressButton(input.action >> 1, input.data, false);
+    }
+}
+
+Point PositionAfter(const platform::InputRecord& record) {
+    if (record.dwType() != platform::InputMouse || (record.dwFlags() & platform::MouseMove) == 0) return State().cursor;
+    return OnScreen(ResolvedPoint(record));
+}
+
+}  // namespace
+
+void Feed(const KeyInput& input) {
+    if (HookWaitsFor(platform::InputKeyboard)) CallHook(input);
+    TakeEffect(input);
+}
+
+void Feed(const MouseInput& input) {
+    if (HookWaitsFor(platform::InputMouse)) CallHook(input);
+    TakeEffect(input);
+}
+
+Point ResolvedPoint(const platform::InputRecord& record) {
+    const Rect screen = Root().spec.rect;
+    if ((record.dwFlags() & platform::MouseAbsolute) != 0) {
+        return {PixelOf(record.dx(), screen.right), PixelOf(record.dy(), screen.bottom)};
+    }
+    return {State().cursor.x + record.dx(), State().cursor.y + record.dy()};
+}
+
+void WriteDown(bool injected, std::int64_t time, const platform::InputRecord& record) {
+    FlowState& state = State();
+    if (!state.keepsJournals) return;
+    const bool atCursor = record.dwType() == platform::InputMouse && (record.dwFlags() & platform::MouseWheel) == 0;
+    const Point position = PositionAfter(record);
+    const WindowHandle window = atCursor ? HitTest(position) : KeyTarget();
+    (injected ? state.injected : state.byHand).push_back({time, window, record, position});
+}
+
+bool HookWaitsFor(std::int32_t inputType) {
+    const FlowState& state = State();
+    return inputType == platform::InputMouse ? state.mouseHook != nullptr && !state.mouseHookDropped
+                                             : state.keyboardHook != nullptr && !state.keyboardHookDropped;
+}
+
+// Windows divides and cuts off; hence a coordinate that was only rounded can land one pixel short.
+std::int32_t PixelOf(std::int32_t absolute, std::int32_t size) {
+    return static_cast<std::int32_t>(std::int64_t{absolute} * size / 65535);
+}
+
+std::int32_t AbsoluteOf(std::int32_t pixel, std::int32_t size) {
+    return static_cast<std::int32_t>(std::nearbyint(pixel * (65535.0 / size))) + 1;
+}
+
+int KeyOfButton(std::int32_t downFlag, std::int32_t data) {
+    switch (downFlag) {
+        case platform::MouseLeftDown:
+            return 1;
+        case platform::MouseRightDown:
+            return 2;
+        case platform::MouseMiddleDown:
+            return 4;
+        default:
+            return data == 2 ? 6 : 5;
+    }
+}
+
+bool IsKeyDown(int virtualKey) {
+    return CellOf(virtualKey).down;
+}
+
+bool IsToggled(int virtualKey) {
+    return CellOf(virtualKey).toggled;
+}
+
+void PlaceCursor(Point point) {
+    State().cursor = OnScreen(point);
+}
+
+void SetToggle(int virtualKey, bool on) {
+    if (IsKey(virtualKey)) CellOf(virtualKey).toggled = on;
+}
+
+const std::vector<InputEntry>& Journal() {
+    return State().injected;
+}
+
+const std::vector<InputEntry>& HandJournal() {
+    return State().byHand;
+}
+
+void ClearJournals() {
+    State().injected.clear();
+    State().byHand.clear();
+}
+
+void KeepJournals(bool keep) {
+    State().keepsJournals = keep;
+}
+
+void RefuseHooks(bool refuse) {
+    State().refusesHooks = refuse;
+}
+
+void DropHooks() {
+    State().keyboardHookDropped = State().keyboardHook != nullptr;
+    State().mouseHookDropped = State().mouseHook != nullptr;
+}
+
+}  // namespace simulated
+
+namespace platform {
+
+using simulated::State;
+
+std::int16_t AsyncKeyState(int virtualKey) {
+    if (!simulated::IsKey(virtualKey)) return 0;
+    simulated::KeyCell& cell = simulated::CellOf(virtualKey);
+    const int result = (cell.down ? -0x8000 : 0) | (cell.wentDown ? 1 : 0);
+    cell.wentDown = false;
+    return static_cast<std::int16_t>(result);
+}
+
+// The system extends the down bit over the high byte and down to bit 7.
+std::int16_t KeyState(int virtualKey) {
+    if (!simulated::IsKey(virtualKey)) return 0;
+    const simulated::KeyCell& cell = simulated::CellOf(virtualKey);
+    return static_cast<std::int16_t>((cell.down ? -0x80 : 0) | (cell.toggled ? 1 : 0));
+}
+
+Point CursorPosition() {
+    return State().cursor;
+}
+
+Size ScreenSize() {
+    const Rect screen = simulated::Root().spec.rect;
+    return {screen.right, screen.bottom};
+}
+
+bool InstallKeyboardHook(KeyboardHook procedure) {
+    if (State().refusesHooks) return false;
+    State().keyboardHook = procedure;
+    State().keyboardHookDropped = false;
+    return true;
+}
+
+bool InstallMouseHook(MouseHook procedure) {
+    if (State().refusesHooks) return false;
+    State().mouseHook = procedure;
+    State().mouseHookDropped = false;
+    return true;
+}
+
+void RemoveKeyboardHook() {
+    State().keyboardHook = nullptr;
+}
+
+void RemoveMouseHook() {
+    State().mouseHook = nullptr;
+}
+
+bool KeyboardHookInstalled() {
+    return State().keyboardHook != nullptr;
+}
+
+bool MouseHookInstalled() {
+    return State().mouseHook != nullptr;
+}
+
+}  // namespace platform

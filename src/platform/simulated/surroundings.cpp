@@ -1,0 +1,272 @@
+// The smaller parts of the system: registry, tray, hotkeys, load, programs, instances, folders.
+#include "simulated/surroundings.h"
+
+#include <algorithm>
+#include <cctype>
+#include <deque>
+#include <map>
+
+#include "platform/hotkeys.h"
+#include "platform/instances.h"
+#include "platform/load.h"
+#include "platform/processes.h"
+#include "platform/registry.h"
+#include "platform/shell_folders.h"
+#include "platform/tray.h"
+#include "simulated/agenda.h"
+#include "simulated/desktop.h"
+#include "simulated/window_tree.h"
+
+namespace simulated {
+
+namespace {
+
+constexpr unsigned HotkeyMessage = 0x312;   // WM_HOTKEY
+constexpr unsigned CopyDataMessage = 0x4A;  // WM_COPYDATA
+constexpr unsigned TrayMessage = 512;
+constexpr std::size_t LongestTip = 63;
+
+struct Hotkey {
+    WindowHandle window = 0;
+    int id = 0;
+    int modifiers = 0;
+    int virtualKey = 0;
+    bool ofOtherProgram = false;
+};
+
+struct Surroundings {
+    std::map<std::pair<std::string, std::string>, std::string> registry;  // by key and value, in lower case
+    bool refusesRegistry = false;
+
+    TrayIcon tray;
+    bool refusesTray = false;
+
+    std::vector<Hotkey> hotkeys;
+
+    std::deque<std::optional<int>> load = {0};
+    bool loadWasAsked = false;
+
+    std::vector<StartedProgram> started;
+    std::vector<std::function<void(const StartedProgram&)>> onStart;
+    bool refusesStarts = false;
+
+    bool anotherInstance = false;
+    std::vector<SentMessage> sent;
+
+    std::string executableFolder = "C:\\Program Files\\Tessarine";
+    std::string desktopDirectory = "C:\\Users\\User\\Desktop";
+    std::string commandLine;
+};
+
+Surroundings& State() {
+    static Surroundings state;
+    return state;
+}
+
+std::string Lower(std::string text) {
+    std::ranges::transform(text, text.begin(),
+                           [](unsigned char each) { return static_cast<char>(std::tolower(each)); });
+    return text;
+}
+
+std::pair<std::string, std::string> RegistryPlace(const std::string& key, const std::string& value) {
+    return {Lower(key), Lower(value)};
+}
+
+const Hotkey* FindHotkey(int modifiers, int virtualKey) {
+    const auto& hotkeys = State().hotkeys;
+    const auto found = std::ranges::find_if(
+        hotkeys, [&](const Hotkey& each) { return each.modifiers == modifiers && each.virtualKey == virtualKey; });
+    return found == hotkeys.end() ? nullptr : &*found;
+}
+
+// As SendMessage: the receiver deals with it before this returns. One that hangs never gets to it.
+void Send(WindowHandle window, const Message& message) {
+    State().sent.push_back({window, message});
+    const Window* receiver = Find(window);
+    const Reactions* reactions = ReactionsOf(window);
+    if (receiver == nullptr || reactions == nullptr || !reactions->procedure) return;
+    if (IsHung(receiver->spec.thread)) return;
+    const auto procedure = reactions->procedure;
+    procedure(message);
+}
+
+}  // namespace
+
+bool TakeHotkey(int modifiers, int virtualKey) {
+    if (State().hotkeys.empty()) return false;
+    const Hotkey* hotkey = FindHotkey(modifiers, virtualKey);
+    if (hotkey == nullptr) return false;
+    if (!hotkey->ofOtherProgram) PostTo(hotkey->window, {HotkeyMessage, hotkey->id, virtualKey * 65536 + modifiers});
+    return true;
+}
+
+void RefuseRegistry(bool refuse) {
+    State().refusesRegistry = refuse;
+}
+
+const TrayIcon& Tray() {
+    return State().tray;
+}
+
+void RefuseTray(bool refuse) {
+    State().refusesTray = refuse;
+}
+
+void UserOnTray(unsigned mouseMessage) {
+    if (State().tray.present) PostTo(State().tray.window, {TrayMessage, 0, static_cast<std::intptr_t>(mouseMessage)});
+}
+
+void OtherProgramHoldsHotkey(int modifiers, int virtualKey) {
+    State().hotkeys.push_back({0, 0, modifiers, virtualKey, true});
+}
+
+bool HotkeyRegistered(int modifiers, int virtualKey) {
+    const Hotkey* hotkey = FindHotkey(modifiers, virtualKey);
+    return hotkey != nullptr && !hotkey->ofOtherProgram;
+}
+
+int RegisteredHotkeys() {
+    return static_cast<int>(std::ranges::count(State().hotkeys, false, &Hotkey::ofOtherProgram));
+}
+
+void ScriptLoad(std::vector<std::optional<int>> answers) {
+    State().load.assign(answers.begin(), answers.end());
+    if (answers.empty()) State().load.push_back(0);
+}
+
+const std::vector<StartedProgram>& StartedPrograms() {
+    return State().started;
+}
+
+void RefuseStarts(bool refuse) {
+    State().refusesStarts = refuse;
+}
+
+void OnStart(std::function<void(const StartedProgram&)> action) {
+    State().onStart.push_back(std::move(action));
+}
+
+void ProgramShows(const std::string& part, std::int64_t afterMs, const WindowSpec& window) {
+    OnStart([part, afterMs, window](const StartedProgram& program) {
+        if (program.commandLine.find(part) != std::string::npos) AppearsAfter(afterMs, window);
+    });
+}
+
+void LetAnotherInstanceRun(bool runs) {
+    State().anotherInstance = runs;
+}
+
+const std::vector<SentMessage>& SentMessages() {
+    return State().sent;
+}
+
+void SetExecutableFolder(const std::string& path) {
+    State().executableFolder = path;
+}
+
+void SetDesktopDirectory(const std::string& path) {
+    State().desktopDirectory = path;
+}
+
+void SetCommandLine(const std::string& text) {
+    State().commandLine = text;
+}
+
+}  // namespace simulated
+
+namespace platform {
+
+using simulated::State;
+
+std::optional<std::string> ReadRegistry(const std::string& key, const std::string& value) {
+    const auto found = State().registry.find(simulated::RegistryPlace(key, value));
+    if (found == State().registry.end()) return std::nullopt;
+    return found->second;
+}
+
+bool WriteRegistry(const std::string& key, const std::string& value, const std::string& text) {
+    if (State().refusesRegistry) return false;
+    State().registry[simulated::RegistryPlace(key, value)] = text;
+    return true;
+}
+
+bool DeleteRegistryValue(const std::string& key, const std::string& value) {
+    const auto place = simulated::RegistryPlace(key, value);
+    if (!State().refusesRegistry) State().registry.erase(place);
+    return !State().registry.contains(place);
+}
+
+bool AddTrayIcon(WindowHandle window, const std::string& tip) {
+    if (State().refusesTray || State().tray.present) return false;
+    State().tray = {true, window, tip.substr(0, simulated::LongestTip)};
+    return true;
+}
+
+bool ChangeTrayTip(const std::string& tip) {
+    if (State().refusesTray || !State().tray.present) return false;
+    State().tray.tip = tip.substr(0, simulated::LongestTip);
+    return true;
+}
+
+void RemoveTrayIcon() {
+    State().tray = {};
+}
+
+bool RegisterHotkey(WindowHandle window, int id, int modifiers, int virtualKey) {
+    if (window != 0 && simulated::Find(window) == nullptr) return false;
+    if (simulated::FindHotkey(modifiers, virtualKey) != nullptr) return false;
+    State().hotkeys.push_back({window, id, modifiers, virtualKey});
+    return true;
+}
+
+bool UnregisterHotkey(WindowHandle window, int id) {
+    return std::erase_if(State().hotkeys, [window, id](const simulated::Hotkey& each) {
+               return !each.ofOtherProgram && each.window == window && each.id == id;
+           }) > 0;
+}
+
+std::optional<int> ProcessorLoad() {
+    if (!State().loadWasAsked) {
+        State().loadWasAsked = true;
+        return std::nullopt;
+    }
+    const std::optional<int> load = State().load.front();
+    if (State().load.size() > 1) State().load.pop_front();
+    return load;
+}
+
+bool StartProgram(const std::string& commandLine, int windowStyle) {
+    if (State().refusesStarts) return false;
+    const simulated::StartedProgram program{commandLine, windowStyle, simulated::NowMs()};
+    State().started.push_back(program);
+    const auto actions = State().onStart;
+    for (const auto& action : actions) action(program);
+    return true;
+}
+
+bool AnotherInstanceRuns() {
+    return State().anotherInstance;
+}
+
+void SendCopyData(WindowHandle window, const std::string& bytes) {
+    simulated::Send(window, {simulated::CopyDataMessage, 1, 3, bytes});
+}
+
+void SendPlainMessage(WindowHandle window, unsigned message) {
+    simulated::Send(window, {message, 1, 0});
+}
+
+std::string ExecutableFolder() {
+    return State().executableFolder;
+}
+
+std::string DesktopDirectory() {
+    return State().desktopDirectory;
+}
+
+std::string CommandLineText() {
+    return State().commandLine;
+}
+
+}  // namespace platform

@@ -1,0 +1,377 @@
+// The tree of windows: making and destroying, order, rectangles, what lies under a point.
+#include "simulated/window_tree.h"
+
+#include <algorithm>
+#include <cctype>
+#include <iterator>
+#include <set>
+#include <utility>
+
+#include "simulated/activation.h"
+#include "simulated/agenda.h"
+
+namespace simulated {
+
+namespace {
+
+constexpr Rect MinimisedRect = {-32000, -32000, -31840, -31972};
+
+struct TreeState {
+    std::unordered_map<WindowHandle, Window> windows;
+    std::unordered_map<WindowHandle, Reactions> reactions;
+    WindowHandle lastHandle = RootHandle;
+    Size screen = {1280, 1024};
+    std::unordered_map<std::uint32_t, std::vector<Action>> backlog;  // the threads that hang, with what waits for them
+    std::set<std::uint32_t> detached;
+};
+
+TreeState& State() {
+    static TreeState state = [] {
+        TreeState fresh;
+        Window& root = fresh.windows[RootHandle];
+        root.handle = RootHandle;
+        root.spec.className = "#32769";
+        root.spec.rect = {0, 0, fresh.screen.width, fresh.screen.height};
+        root.spec.thread = OtherThread;
+        return fresh;
+    }();
+    return state;
+}
+
+bool Contains(const Rect& rect, Point point) {
+    return point.x >= rect.left && point.x < rect.right && point.y >= rect.top && point.y < rect.bottom;
+}
+
+Rect Shifted(const Rect& rect, std::int32_t dx, std::int32_t dy) {
+    return {rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
+}
+
+WindowHandle NextHandle() {
+    return State().lastHandle += 2;
+}
+
+std::uint32_t ThreadFor(const WindowSpec& spec) {
+    if (spec.thread != 0) return spec.thread;
+    const Window* above = Find(spec.parent != 0 ? spec.parent : spec.owner);
+    return above != nullptr ? above->spec.thread : OtherThread;
+}
+
+bool Creatable(const WindowSpec& spec) {
+    return (spec.parent == 0 || Find(spec.parent) != nullptr) && (spec.owner == 0 || Find(spec.owner) != nullptr);
+}
+
+// A window under a handle that may have been given out before.
+void Create(WindowHandle handle, const WindowSpec& spec) {
+    if (!Creatable(spec)) return;
+    Window& window = State().windows[handle];
+    window.handle = handle;
+    window.spec = spec;
+    window.spec.thread = ThreadFor(spec);
+    window.parent = spec.parent != 0 ? spec.parent : RootHandle;
+    window.isEdit = SameText(spec.className, "Edit");
+    Find(window.parent)->children.push_back(handle);
+    if (IsTopLevel(window))
+        BringToFront(window);  // a new child stays behind its siblings: tab order goes front to back
+    if (IsTopLevel(window) && spec.visible && spec.active) ActivateTopLevel(window);
+}
+
+bool EffectivelyTopmost(const Window& window) {
+    if (window.spec.topmost) return true;
+    const Window* owner = Find(window.spec.owner);
+    return owner != nullptr && EffectivelyTopmost(*owner);
+}
+
+Window* OwnerOf(const Window& window) {
+    return TopLevelOf(window.spec.owner);
+}
+
+bool OwnedBy(WindowHandle window, WindowHandle owner) {
+    for (Window* each = Find(window); each != nullptr; each = OwnerOf(*each)) {
+        if (each->handle == owner) return true;
+    }
+    return false;
+}
+
+// The windows that `owner` owns, then itself: from front to back. The branch of `first` comes before the others.
+void EmitGroup(const Window& owner, WindowHandle first, std::vector<WindowHandle>& group) {
+    std::vector<WindowHandle> owned;
+    for (const WindowHandle sibling : Root().children) {
+        const Window* above = OwnerOf(*Find(sibling));
+        if (above != nullptr && above->handle == owner.handle) owned.push_back(sibling);
+    }
+    std::ranges::stable_partition(owned, [first](WindowHandle window) { return OwnedBy(first, window); });
+    for (const WindowHandle window : owned) EmitGroup(*Find(window), first, group);
+    group.push_back(owner.handle);
+}
+
+void BringGroupToFront(Window& window) {
+    if (window.spec.owner == 0 && Root().children.front() == window.handle) return;
+    const Window* top = &window;
+    while (const Window* owner = OwnerOf(*top)) top = owner;
+    std::vector<WindowHandle> group;
+    EmitGroup(*top, window.handle, group);
+    std::vector<WindowHandle> order = group;
+    std::ranges::remove_copy_if(Root().children, std::back_inserter(order),
+                                [&group](WindowHandle each) { return std::ranges::find(group, each) != group.end(); });
+    std::ranges::stable_partition(order, [](WindowHandle each) { return EffectivelyTopmost(*Find(each)); });
+    Root().children = std::move(order);
+}
+
+WindowHandle HitTestIn(const Window& window, Point point) {
+    const bool child = !IsTopLevel(window);
+    if (!window.spec.visible || window.state == ShowState::Minimised || (child && !window.spec.enabled)) return 0;
+    if (!Contains(ScreenRect(window), point)) return 0;
+    // A disabled top-level window keeps what would have gone to its children.
+    if (!window.spec.enabled || !Contains(ClientRect(window), point)) return window.handle;
+    for (const WindowHandle each : window.children) {
+        const WindowHandle hit = HitTestIn(*Find(each), point);
+        if (hit != 0) return hit;
+    }
+    return window.handle;
+}
+
+}  // namespace
+
+bool SameText(std::string_view one, std::string_view other) {
+    return std::ranges::equal(
+        one, other, [](unsigned char left, unsigned char right) { return std::tolower(left) == std::tolower(right); });
+}
+
+Window* Find(WindowHandle window) {
+    auto& windows = State().windows;
+    const auto found = windows.find(window);
+    return found == windows.end() ? nullptr : &found->second;
+}
+
+Window& Root() {
+    return State().windows.at(RootHandle);
+}
+
+bool IsTopLevel(const Window& window) {
+    return window.parent == RootHandle;
+}
+
+Window* TopLevelOf(WindowHandle window) {
+    Window* each = Find(window);
+    while (each != nullptr && !IsTopLevel(*each)) each = Find(each->parent);
+    return each;
+}
+
+bool IsSelfOrDescendant(WindowHandle window, WindowHandle ancestor) {
+    for (const Window* each = Find(window); each != nullptr; each = Find(each->parent)) {
+        if (each->handle == ancestor) return true;
+    }
+    return false;
+}
+
+bool IsShown(const Window& window) {
+    for (const Window* each = &window; each != nullptr; each = Find(each->parent)) {
+        if (!each->spec.visible || each->state == ShowState::Minimised) return false;
+    }
+    return true;
+}
+
+Rect ScreenRect(const Window& window) {
+    if (window.parent == 0) return window.spec.rect;
+    const Rect frame = ClientRect(*Find(window.parent));
+    if (window.state == ShowState::Maximised) return frame;
+    if (window.state == ShowState::Minimised) return Shifted(MinimisedRect, frame.left, frame.top);
+    return Shifted(window.spec.rect, frame.left, frame.top);
+}
+
+Rect ClientRect(const Window& window) {
+    const Rect outer = ScreenRect(window);
+    const Point inset = window.spec.clientOrigin;
+    return {outer.left + inset.x, outer.top + inset.y, outer.right - inset.x, outer.bottom - inset.x};
+}
+
+WindowHandle HitTest(Point point) {
+    if (!Contains(Root().spec.rect, point)) return 0;
+    for (const WindowHandle each : Root().children) {
+        const WindowHandle hit = HitTestIn(*Find(each), point);
+        if (hit != 0) return hit;
+    }
+    return RootHandle;
+}
+
+void BringToFront(Window& window) {
+    if (IsTopLevel(window)) return BringGroupToFront(window);
+    auto& siblings = Find(window.parent)->children;
+    const auto place = std::ranges::find(siblings, window.handle);
+    std::rotate(siblings.begin(), place, place + 1);
+}
+
+const Reactions* ReactionsOf(WindowHandle window) {
+    const auto& all = State().reactions;
+    if (all.empty()) return nullptr;
+    const auto found = all.find(window);
+    return found == all.end() ? nullptr : &found->second;
+}
+
+bool IsHung(std::uint32_t thread) {
+    return State().backlog.contains(thread);
+}
+
+bool RefusesAttachment(std::uint32_t thread) {
+    return State().detached.contains(thread);
+}
+
+bool DeliversAtOnce(std::uint32_t thread) {
+    return thread != OwnThread && !IsHung(thread);
+}
+
+void Deliver(std::uint32_t thread, Action action) {
+    const auto waiting = State().backlog.find(thread);
+    if (waiting != State().backlog.end()) {
+        waiting->second.push_back(std::move(action));
+    } else if (thread == OwnThread) {
+        Post(std::move(action));
+    } else {
+        action();
+    }
+}
+
+WindowHandle AddWindow(const WindowSpec& spec) {
+    const WindowHandle handle = NextHandle();
+    Create(handle, spec);
+    return handle;
+}
+
+WindowHandle AppearsAfter(std::int64_t ms, const WindowSpec& spec) {
+    const WindowHandle handle = NextHandle();
+    MeanwhileAfter(ms, [handle, spec] { Create(handle, spec); });
+    return handle;
+}
+
+void Destroy(WindowHandle window) {
+    Window* gone = Find(window);
+    if (gone == nullptr || window == RootHandle) return;
+    const std::vector<WindowHandle> topLevel = Root().children;
+    for (const WindowHandle other : topLevel) {
+        const Window* each = Find(other);
+        if (each != nullptr && each->spec.owner == window) Destroy(other);
+    }
+    const std::vector<WindowHandle> children = gone->children;
+    for (const WindowHandle child : children) Destroy(child);
+    gone->spec.visible = false;
+    LeaveWindow(*gone);
+    std::erase(Find(gone->parent)->children, window);
+    State().windows.erase(window);
+    State().reactions.erase(window);
+}
+
+void SetHung(WindowHandle window, bool hung) {
+    const Window* found = Find(window);
+    if (found == nullptr) return;
+    const std::uint32_t thread = found->spec.thread;
+    if (hung) {
+        State().backlog[thread];
+        return;
+    }
+    const auto waiting = State().backlog.extract(thread);
+    if (waiting.empty()) return;
+    for (const Action& action : waiting.mapped()) Deliver(thread, action);
+}
+
+void RefuseAttachment(std::uint32_t thread, bool refuse) {
+    if (refuse) {
+        State().detached.insert(thread);
+    } else {
+        State().detached.erase(thread);
+    }
+}
+
+void SetScreenSize(Size size) {
+    Root().spec.rect = {0, 0, size.width, size.height};
+}
+
+void Raise(WindowHandle window) {
+    if (Window* found = Find(window)) BringToFront(*found);
+}
+
+void SetCaption(WindowHandle window, const std::string& caption) {
+    if (Window* found = Find(window)) found->spec.caption = caption;
+}
+
+void MoveWindow(WindowHandle window, Point upperLeft) {
+    Window* found = Find(window);
+    if (found == nullptr) return;
+    Rect& rect = found->spec.rect;
+    rect = Shifted(rect, upperLeft.x - rect.left, upperLeft.y - rect.top);
+}
+
+void Resize(WindowHandle window, Size size) {
+    Window* found = Find(window);
+    if (found == nullptr) return;
+    Rect& rect = found->spec.rect;
+    rect.right = rect.left + size.width;
+    rect.bottom = rect.top + size.height;
+}
+
+WindowHandle Cover(WindowHandle window) {
+    const Window* top = TopLevelOf(window);
+    return AddWindow({.className = "Cover",
+                      .caption = "Cover",
+                      .rect = ScreenRectOf(window),
+                      .topmost = top != nullptr && EffectivelyTopmost(*top),
+                      .active = false});
+}
+
+void SetText(WindowHandle window, const std::string& text) {
+    if (Window* found = Find(window)) found->text = text;
+}
+
+std::string TextOf(WindowHandle window) {
+    const Window* found = Find(window);
+    return found != nullptr ? found->text : std::string();
+}
+
+Rect ScreenRectOf(WindowHandle window) {
+    const Window* found = Find(window);
+    return found != nullptr ? ScreenRect(*found) : Rect();
+}
+
+Point CentreOf(WindowHandle window) {
+    const Rect rect = ScreenRectOf(window);
+    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+}
+
+bool IsVisible(WindowHandle window) {
+    for (const Window* each = Find(window); each != nullptr; each = Find(each->parent)) {
+        if (!each->spec.visible) return false;
+    }
+    return Find(window) != nullptr;
+}
+
+void RefuseForeground(WindowHandle window, bool refuse) {
+    if (Window* found = Find(window)) found->refusesForeground = refuse;
+}
+
+void RefusePlacement(WindowHandle window, bool refuse) {
+    if (Window* found = Find(window)) found->refusesPlacement = refuse;
+}
+
+void OnClick(WindowHandle window, Action action) {
+    State().reactions[window].onClick = std::move(action);
+}
+
+void OnKey(WindowHandle window, int virtualKey, Action action) {
+    State().reactions[window].onKey[virtualKey] = std::move(action);
+}
+
+void OnMessage(WindowHandle window, std::function<void(const Message&)> procedure) {
+    State().reactions[window].procedure = std::move(procedure);
+}
+
+void PostTo(WindowHandle window, const Message& message) {
+    const Window* found = Find(window);
+    if (found == nullptr) return;
+    Deliver(found->spec.thread, [window, message] {
+        const Reactions* reactions = ReactionsOf(window);
+        if (reactions == nullptr || !reactions->procedure) return;
+        const auto procedure = reactions->procedure;  // it may destroy its window
+        procedure(message);
+    });
+}
+
+}  // namespace simulated

@@ -1,0 +1,110 @@
+#include "platform/clock.h"
+
+#include <gtest/gtest.h>
+
+#include "base/runtime_failure.h"
+#include "platform/pump.h"
+#include "platform/timers.h"
+#include "simulated/desktop.h"
+
+using namespace simulated;
+using platform::Pump;
+using platform::Sleep;
+using platform::TickCount;
+
+TEST(Clock, OthersActInsideASleepTheProgramInThePump) {
+    std::vector<std::pair<std::string, std::int64_t>> story;
+    const auto tell = [&story](const char* what) { return [&story, what] { story.emplace_back(what, TickCount()); }; };
+    After(100, tell("own"));
+    MeanwhileAfter(300, tell("third other"));
+    MeanwhileAfter(200, tell("other"));
+    MeanwhileAt(200, tell("second other"));
+
+    Pump();
+    EXPECT_TRUE(story.empty());
+    Sleep(250);
+    platform::SleepUntil(240'000);  // has passed
+    EXPECT_EQ(TickCount(), 250);
+    Pump();
+    platform::SleepUntil(300'500);
+
+    const std::vector<std::pair<std::string, std::int64_t>> expected = {
+        {"other", 200}, {"second other", 200}, {"own", 250}, {"third other", 300}};
+    EXPECT_EQ(story, expected);
+    EXPECT_EQ(platform::Microseconds(), 300'500);
+}
+
+TEST(Clock, NestedPumpsRunTheRestInside) {
+    std::string story;
+    After(10, [&story] {
+        story += "(";
+        Sleep(10);
+        Pump();
+        story += ")";
+    });
+    After(20, [&story] { story += "inner"; });
+    After(30, [&story] { story += "later"; });
+    Sleep(10);
+    Pump();
+    EXPECT_EQ(story, "(inner)");
+    RunFor(10);
+    EXPECT_EQ(story, "(inner)later");
+}
+
+TEST(Clock, ALatePumpGetsOneCallAndThePhaseStays) {
+    std::vector<std::int64_t> calls;
+    platform::TimerId timer = 0;
+    timer = platform::StartTimer(100, [&] {
+        calls.push_back(TickCount());
+        if (calls.size() == 4) platform::StopTimer(timer);
+    });
+    RunFor(250);
+    Sleep(400);
+    RunFor(1000);
+    EXPECT_EQ(calls, (std::vector<std::int64_t>{100, 200, 650, 700}));
+}
+
+TEST(Clock, HappeningsCancelThemselvesAndOthers) {
+    int own = 0;
+    int others = 0;
+    const HappeningId never = MeanwhileAfter(5, [&others] { others = 100; });
+    HappeningId each = 0;
+    each = MeanwhileEvery(10, [&] {
+        if (++others == 3) Cancel(each);
+    });
+    Every(10, [&own] { ++own; });
+    Cancel(never);
+    RunFor(100);
+    EXPECT_EQ(others, 3);
+    EXPECT_EQ(own, 10);
+}
+
+TEST(Clock, AFailureOfAHandlerIsShownAndTheRestGoesOn) {
+    bool reached = false;
+    platform::StartTimer(10, [] { throw RuntimeFailure(FailureKind::File, "The file x is gone."); });
+    After(11, [&reached] { reached = true; });
+    RunFor(15);
+    ASSERT_EQ(ShownBoxes().size(), 1u);
+    EXPECT_EQ(ShownBoxes()[0].text, "The file x is gone.");
+    EXPECT_TRUE(reached);
+}
+
+TEST(Clock, RunUntilStopsAtTheLimit) {
+    bool done = false;
+    MeanwhileAt(500, [&done] { done = true; });
+    EXPECT_FALSE(RunUntil([&done] { return done; }, 400));
+    EXPECT_EQ(TickCount(), 400);
+    EXPECT_TRUE(RunUntil([&done] { return done; }, 400));
+    EXPECT_EQ(TickCount(), 500);
+}
+
+TEST(Clock, TheWallClockCrossesALeapDay) {
+    Sleep(1234);
+    SetLocalTime({2004, 2, 28, 23, 59, 58});
+    Sleep(86'400'000 + 2'000);
+    const platform::LocalTime now = platform::LocalNow();
+    EXPECT_EQ(now.month, 3);
+    EXPECT_EQ(now.day, 1);
+    EXPECT_EQ(now.hour * 3600 + now.minute * 60 + now.second, 0);
+    EXPECT_EQ(platform::ShortDateText(), "3/1/2004");
+}
