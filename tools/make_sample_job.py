@@ -6,7 +6,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "tests" / "desktop"))
 
-from job_writer import MEDIUM, JobWriter  # noqa: E402
+from job_writer import HIGH, JobWriter  # noqa: E402
 from probe import Window  # noqa: E402
 
 
@@ -16,7 +16,7 @@ def window(class_name, caption, control_id, normal):
 
 
 def main():
-    job = JobWriter(safety=MEDIUM, description="Starts Notepad and writes two lines into it.",
+    job = JobWriter(safety=HIGH, description="Starts Notepad and writes two lines into it.",
                     program="C:\\windows\\system32\\notepad.exe", style=1)
     edit = job.target([window("Edit", "", 15, (0, 0, 690, 360)),
                        window("Notepad", "Untitled - Notepad", 0, (60, 40, 760, 440))])

@@ -3,6 +3,7 @@
 #include <commdlg.h>
 
 #include "base/product.h"
+#include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "identity/window_identity.h"
 #include "mainwindow/form_visible.h"
@@ -28,10 +29,7 @@ namespace {
 constexpr UINT TrayMessage = 512;  // the icon's callback; also WM_MOUSEMOVE
 constexpr WPARAM TrayIconId = 1;
 
-constexpr const char* Purpose = "Plays recorded jobs: moves the mouse, clicks and types as was done before.";
-constexpr const char* CommandLineHelp =
-    "To run a job from a shortcut or a command line:\r\ntessarine.exe -run <path of the job file>";
-constexpr const char* TrayHelp = "Closing this window leaves Tessarine in the notification area.";
+constexpr const char* RunCommand = "tessarine.exe -run C:\\...\\job.tsj";
 
 // The shell forgets all icons when it is started anew, and tells everybody so.
 UINT TaskbarCreated() {
@@ -216,9 +214,11 @@ void MainForm::RunTrayCommand(int command) {
 void MainForm::PodesiRjecnik() {
     SetText(window, form1_product, ProductName);
     SetText(window, form1_version, Translate("Program version") + ": " + ProductVersion);
-    SetText(window, form1_purpose, Purpose);
-    SetText(window, form1_command_line, CommandLineHelp);
-    SetText(window, form1_tray, TrayHelp);
+    SetText(window, form1_purpose,
+            Translate("Plays recorded jobs: moves the mouse, clicks and types as was done before."));
+    SetText(window, form1_command_line,
+            Translate("To run a job from a shortcut or a command line:") + LineBreak + RunCommand);
+    SetText(window, form1_tray, Translate("Closing this window leaves Tessarine in the notification area."));
     SetText(window, form1_run_job_button, "&" + Translate("Run Job") + "...");
     SetText(window, form1_Exit, Translate("E&xit"));
     WordTrayEntry();

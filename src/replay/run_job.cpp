@@ -77,6 +77,7 @@ private:
     void Tell();
     void TellCanceled(int row) const;
     void TellFailed(int row) const;
+    void LogFailure(const RuntimeFailure& failure) const;
     void Finish();
 
     const std::string& jobPath;
@@ -225,10 +226,18 @@ void JobRun::PutRight(const RuntimeFailure& failure) {
     status_view::UnloadExecuting2();
     RestoreMainWindow();
     main_window_view::EnableExitButton(true);
-    if (logPath.empty()) return;
+    if (!logPath.empty()) LogFailure(failure);
+}
+
+// A log that cannot be written must not hide why the run failed.
+void JobRun::LogFailure(const RuntimeFailure& failure) const {
     LogLine("Execution of job failed. Reason: ");
     LogLine(failure.what());
-    WriteLogFile(logPath);
+    try {
+        WriteLogFile(logPath);
+    } catch (const RuntimeFailure&) {
+        DebugTrace("Log not written");
+    }
 }
 
 bool IsMissing(const std::string& jobPath) {

@@ -123,6 +123,31 @@ def test_a_window_that_comes_late(stage):
     assert late.holds("abc ")
 
 
+@pytest.mark.parametrize("similar", [0, 1])
+def test_a_window_with_another_caption(stage, similar):
+    """Recorded in one document, played into another: only where similar captions are allowed."""
+    notepad = stage.notepad()
+    job = stage.job(similar=similar)
+    job.wait_for_window = 1
+    edit = job.target(notepad.chain())
+    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
+    job.type("abc", edit)
+    path = stage.write(job)
+    stage.end(notepad.process)
+    (stage.folder / "other.txt").write_text("")
+    stage.start("notepad.exe", stage.wine.windows_path(stage.folder / "other.txt"))
+    other = wait_for(lambda: stage.probe.find("Notepad", "other.txt - Notepad", visible=True))
+    stage.probe.place(other.handle, 1, (300, 300, 900, 700))
+    text = stage.probe.find("Edit", parent=other.handle).handle
+    program = stage.tessarine("-run", path)
+    if similar:
+        assert program.wait(30) == 0
+        assert wait_for(lambda: stage.probe.text(text) == "abc")
+    else:
+        assert wait_for(lambda: (lines := stage.status_lines()) and lines[1] == "Cannot find window: 'Untitled - Notepad'")
+        assert stage.probe.text(text) == ""
+
+
 def test_an_action_that_may_be_skipped(stage):
     notepad = stage.notepad()
     dialog = stage.probe.chain(notepad.handle)

@@ -1,0 +1,429 @@
+#include "replay/target_search.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "base/runtime_failure.h"
+#include "dictionary/dictionary.h"
+#include "identity/live_chain.h"
+#include "identity/window_identity.h"
+#include "platform/clock.h"
+#include "platform/input.h"
+#include "platform/pump.h"
+#include "platform/text.h"
+#include "platform/window_services.h"
+#include "replay/similar_caption.h"
+#include "replay/status.h"
+#include "replay/timing.h"
+#include "replay/window_match.h"
+#include "settings/settings.h"
+#include "trace/debug_trace.h"
+
+using platform::WindowHandle;
+
+SearchState searchState;
+
+namespace {
+
+// Pauses in ms.
+constexpr int RetryPause = 200;     // before another look for a window, and after one was brought forward
+constexpr int ElementPause = 20;    // before another look for an element of a window that is there
+constexpr int PlacedPause = 500;    // after a window was put in place: it needs the time
+constexpr int NewPagePause = 3000;  // for a browser that shows another page than it did at the last search
+
+constexpr int BareDialogAttempts = 20;
+constexpr int WrongDepthLimit = 10;
+constexpr std::int32_t ChainLevels = 101;
+constexpr std::int64_t TooFar = 100000;  // pixels
+
+bool StatusShown() {
+    return settings.Display_Executing_Status == 1;
+}
+
+bool& PositionedFlag(WindowHandle window) {
+    auto& flags = searchState.PositionedWindows;
+    return flags[static_cast<std::uintptr_t>(window) % flags.size()];
+}
+
+bool IsBrowser(const std::string& className) {
+    const std::string lower = platform::LowerCase(className);
+    return lower == "mozillauiwindowclass" || lower == "chrome_widgetwin_0" || lower == "ieframe";
+}
+
+std::int64_t Distance(const platform::Rect& a, const platform::Rect& b) {
+    return std::abs(std::int64_t{a.left} - b.left) + std::abs(std::int64_t{a.top} - b.top);
+}
+
+std::vector<WindowHandle> DescendantsOf(WindowHandle window) {
+    std::vector<WindowHandle> descendants;
+    platform::ForEachDescendant(window, [&](WindowHandle descendant) {
+        descendants.push_back(descendant);
+        return true;
+    });
+    return descendants;
+}
+
+// One search. It goes in rounds: each looks at the live window, then for the recorded top-level window, then for the
+// element inside that, until one of them is confirmed, the wait is over, or the user pressed ESC.
+class Search {
+public:
+    Search(const SearchRequest& searchRequest, const std::vector<WindowSignature>& windows,
+           const std::vector<WindowChain>& chains, std::string& failureReason)
+        : request(searchRequest), wanted(searchRequest.chainIndex, windows, chains), reason(failureReason) {}
+
+    int Run();
+
+private:
+    // What a step leads to: the next one, a new round, or the end of the search with `result`.
+    enum class Step { Next, NewRound, Over };
+
+    Step Round();
+
+    Step LookAtLiveWindow();
+    int Attempts() const;
+    bool KeysCanGo();
+    bool IsTop(WindowHandle window) const;
+    Step Compare();
+    bool UncoverDesktop();
+
+    Step LookForTop();
+    WindowHandle FindStandIn();
+    Step BringTopForward();
+
+    Step LookForElement();
+    bool FindNearestElement();
+    bool IsElement(LiveChain& candidate) const;
+    bool BringElementForward();
+
+    Step Confirmed(const WindowSignature& as);
+    Step WrongDepth();
+    Step PutInPlace(std::int32_t liveDepth);
+    bool PlaceLevels();
+    void RememberTop(std::int32_t liveDepth);
+    bool ShowsNewPage(WindowHandle top, std::int32_t level);
+
+    Step NotReady();
+    Step End(int searchResult);
+    static void SleepAndPump(int ms);
+    void SetCurrent(WindowHandle window);
+    bool IsExcluded(WindowHandle window) const;
+    bool TimeIsUp() const { return now - startTick > request.waitSeconds * std::int64_t{1000}; }
+    bool IsHigh() const { return request.safetyLevel == SafetyHigh; }
+
+    const SearchRequest& request;
+    const WantedChain wanted;
+    std::string& reason;
+
+    std::int64_t startTick = 0;
+    std::int64_t now = 0;  // at the start of the round
+    int tries = 0;         // misses so far
+    int result = 0;
+    int lastMatch = MatchNothing;
+    LiveChain live;                       // what is known of searchState.current
+    bool similar = false;                 // captions may match through CaptionAlias in this round
+    bool childPhase = false;              // the top-level window was brought forward: its elements are looked at
+    bool waited = false;                  // something was not there at once
+    bool moved = false;                   // the window found has another placement than the recorded one
+    bool newTop = false;                  // its top-level window is met for the first time in this run
+    std::vector<WindowHandle> minimised;  // windows that covered the desktop
+    std::vector<WindowHandle> excluded;   // windows that match by name, in a chain of the wrong depth
+};
+
+int Search::Run() {
+    if (wanted.Top().ClassName == "Shell_TrayWnd" && request.useFocus) return TargetReady;
+    // The clock is read between the rounds, so the first never times out, and a wait of 0 gets a second one.
+    startTick = now = platform::TickCount();
+    while (Round() != Step::Over) now = platform::TickCount();
+    return result;
+}
+
+Search::Step Search::Round() {
+    if (EscapePressed(request.escHeld)) return End(TargetCanceled);
+    Step step = LookAtLiveWindow();
+    if (step == Step::Next) step = LookForTop();
+    if (step == Step::Next) step = childPhase ? LookForElement() : BringTopForward();
+    return step;
+}
+
+// --- the live window ---
+
+Search::Step Search::LookAtLiveWindow() {
+    similar = request.similarAllowed && TimeIsUp();
+    const int attempts = Attempts();
+    for (int attempt = 1; attempt <= attempts; ++attempt) {
+        if (request.useFocus) {
+            if (KeysCanGo()) return End(TargetReady);
+            if (IsExcluded(searchState.current)) break;
+        } else {
+            SetCurrent(platform::WindowAt(platform::CursorPosition()));
+        }
+        if (const Step step = Compare(); step != Step::Next) return step;
+        if (attempt == 1) continue;
+        ++tries;
+        SleepAndPump(RetryPause);
+        if (EscapePressed(request.escHeld)) return End(TargetCanceled);
+    }
+    return Step::Next;
+}
+
+// A bare dialog (class "#32770", no caption) needs a moment to arrive.
+int Search::Attempts() const {
+    const WindowSignature& leaf = wanted.Leaf();
+    return leaf.ClassName.starts_with('#') && leaf.Caption.empty() ? BareDialogAttempts : 1;
+}
+
+// Makes the focus the current window. True when keys can go as things are, without a compare.
+bool Search::KeysCanGo() {
+    // The window of the search before: the desktop was already the target then.
+    if (wanted.Top().ClassName == "Progman" && LiveClass(LiveChain(searchState.current).Root()) == "Progman") {
+        return true;
+    }
+    WindowHandle foreground = 0;
+    SetCurrent(FocusedWindow(foreground));
+    // A window without a focus of its own takes keys as it is.
+    return searchState.current == 0 && lastMatch >= MatchClassOnly && IsTop(foreground);
+}
+
+bool Search::IsTop(WindowHandle window) const {
+    const WindowSignature& top = wanted.Top();
+    return LiveClass(window) == top.ClassName && LiveCaption(window) == top.Caption;
+}
+
+Search::Step Search::Compare() {
+    lastMatch = MatchLive(live, wanted, similar);
+    if (lastMatch >= MatchMoved) {
+        moved = lastMatch == MatchMoved;
+        return Confirmed(wanted.Leaf());
+    }
+    return UncoverDesktop() ? Step::NewRound : Step::Next;
+}
+
+// When the target is the desktop, minimises what lies on it, each window once. False when there is nothing to do.
+bool Search::UncoverDesktop() {
+    const WindowHandle cover = searchState.current;
+    if (wanted.Top().Caption != "Program Manager" || cover == 0) return false;
+    if (std::find(minimised.begin(), minimised.end(), cover) != minimised.end()) return false;
+    minimised.push_back(cover);
+    const WindowHandle root = live.Root();
+    if (root == platform::DesktopRoot()) return false;  // a bare desktop, without a shell
+    platform::WindowPlacement placement = platform::PlacementOf(root);
+    placement.showCmd = platform::ShowMinimized;
+    platform::SetPlacement(root, placement);
+    return true;
+}
+
+// --- the top-level window ---
+
+Search::Step Search::LookForTop() {
+    const WindowSignature& top = wanted.Top();
+    WindowHandle window = platform::FindTopWindow(top.ClassName, top.Caption);
+    if (window == 0 && request.similarAllowed) window = FindStandIn();
+    SetCurrent(window);
+    // A recorded minimised or maximised state comes back with the placement.
+    if (window == 0 || !platform::SetPlacement(window, top.Placement)) return NotReady();
+    return Step::Next;
+}
+
+WindowHandle Search::FindStandIn() {
+    const WindowSignature& top = wanted.Top();
+    const std::string alias = searchState.CaptionAlias.Find(top.Caption);
+    if (!alias.empty()) return platform::FindTopWindow(top.ClassName, alias);
+    if (!TimeIsUp()) return 0;
+    DebugTrace("Trazim similiar window: ");
+    const SimilarWindow found = FindSimilarWindow(top.ClassName, top.Caption);
+    if (found.window == 0) return 0;
+    searchState.CaptionAlias.Add(top.Caption, found.caption);
+    DebugTrace("FOUND SIMILIAR NAME: ");
+    return found.window;
+}
+
+Search::Step Search::BringTopForward() {
+    const bool hasElements = IsHigh() && wanted.Depth() > 0;
+    if (hasElements) platform::Sleep(RetryPause);
+    const WindowHandle top = searchState.current;
+    const bool forward = platform::ForegroundWindow() == top || platform::BringToForeground(top);
+    platform::Pump();
+    if (hasElements) {
+        // With its window in front, the window under the cursor may well be the right one now.
+        childPhase = true;
+        return Step::NewRound;
+    }
+    // At Medium this is all that was asked for.
+    return forward ? Confirmed(wanted.Top()) : NotReady();
+}
+
+// --- the element in it ---
+
+Search::Step Search::LookForElement() {
+    if (FindNearestElement() && BringElementForward()) {
+        platform::Pump();
+        moved = true;
+        return Confirmed(wanted.Leaf());
+    }
+    ++tries;
+    if (TimeIsUp()) {
+        const WindowSignature& leaf = wanted.At(0);
+        // The class is left without its closing bracket: the template's own quote follows it.
+        reason = Translate2("Cannot find element: '%1' in window: '%2'", leaf.Caption + "' (" + leaf.ClassName,
+                            wanted.Top().Caption);
+        return End(TargetElementMissing);
+    }
+    waited = true;
+    SleepAndPump(ElementPause);
+    return Step::NewRound;
+}
+
+// Of several like elements, the one nearest to the recorded place becomes the current window; on a tie the first.
+bool Search::FindNearestElement() {
+    std::int64_t best = TooFar;
+    WindowHandle nearest = 0;
+    for (const WindowHandle descendant : DescendantsOf(searchState.current)) {
+        LiveChain candidate(descendant);
+        if (!IsElement(candidate)) continue;
+        const platform::Rect place = platform::PlacementOf(descendant).rcNormalPosition;
+        const std::int64_t distance = Distance(place, wanted.Leaf().Placement.rcNormalPosition);
+        if (distance >= best) continue;
+        best = distance;
+        nearest = descendant;
+    }
+    if (nearest != 0) SetCurrent(nearest);
+    return nearest != 0;
+}
+
+bool Search::IsElement(LiveChain& candidate) const {
+    return MatchNames(candidate, wanted, similar) >= MatchMoved && !IsExcluded(candidate.Handle(0)) &&
+           candidate.Depth(ChainLevels) == wanted.Depth();
+}
+
+bool Search::BringElementForward() {
+    WindowHandle foreground = 0;
+    if (request.useFocus && FocusedWindow(foreground) == searchState.current) return true;
+    return platform::BringToForeground(searchState.current) ||
+           platform::ForegroundWindow() == live.Handle(live.Depth(ChainLevels));
+}
+
+// --- the last look ---
+
+// The current window matches: it becomes the target once its chain is as deep as the recorded one and everything is in
+// its place. `as` is the signature that it was found by.
+Search::Step Search::Confirmed(const WindowSignature& as) {
+    platform::Pump();
+    if (wanted.Depth() >= ChainLevels) {
+        throw RuntimeFailure(FailureKind::Range,
+                             "A chain of " + std::to_string(wanted.Depth()) + " windows is too long to be replayed.");
+    }
+    const std::int32_t liveDepth = live.Depth(ChainLevels);
+    if (IsHigh() && liveDepth != wanted.Depth()) return WrongDepth();
+    if (const Step step = as.ClassName == "NetUIHWND" ? Step::Next : PutInPlace(liveDepth); step != Step::Next) {
+        return step;  // such panes are no real windows to move
+    }
+    if (waited && !newTop) platform::Sleep(RetryPause);
+    RememberTop(liveDepth);
+    platform::Pump();
+    return End(TargetReady);
+}
+
+// The right name in the right place, but not the target. The limit counts all misses and no time.
+Search::Step Search::WrongDepth() {
+    DebugTrace("OVO NE VALJA!!!");
+    excluded.push_back(searchState.current);
+    if (++tries <= WrongDepthLimit) return Step::NewRound;
+    reason.clear();
+    return End(TargetWindowMissing);
+}
+
+Search::Step Search::PutInPlace(std::int32_t liveDepth) {
+    if (PositionedFlag(searchState.current) && !moved) {
+        DebugTrace("Vecpodecen Window: ");
+        return Step::Next;
+    }
+    newTop = newTop || !PositionedFlag(live.Handle(liveDepth));
+    if (IsHigh() && !PlaceLevels()) return NotReady();
+    // Flags are set at High alone. At Medium every search that gets here pays this pause: the price of that level.
+    if (newTop) SleepAndPump(PlacedPause);
+    return Step::Next;
+}
+
+// Top-level window first. False when one of them cannot be placed now.
+bool Search::PlaceLevels() {
+    for (std::int32_t level = wanted.Depth(); level >= 0; --level) {
+        const WindowHandle window = live.Handle(level);
+        const platform::WindowPlacement& recorded = wanted.At(level).Placement;
+        if (!WindowPlacementsEqual(recorded, platform::PlacementOf(window)) &&
+            !platform::SetPlacement(window, recorded)) {
+            return false;
+        }
+        PositionedFlag(window) = true;
+    }
+    return true;
+}
+
+// Keeps the window at the recorded depth for the next search, and gives a browser with a new page time to load it.
+void Search::RememberTop(std::int32_t liveDepth) {
+    if (newTop || waited) SetCurrent(searchState.current);  // what was read before the pause may have changed
+    const std::int32_t level = wanted.Depth();
+    // At Medium the live chain can be shorter than the recorded one: then there is no such window.
+    const WindowHandle top = level <= liveDepth ? live.Handle(level) : 0;
+    std::string caption = top == 0 ? std::string() : live.Caption(level);
+    if (ShowsNewPage(top, level)) {
+        if (StatusShown()) setStatus(StatusWebPage);
+        platform::Pump();
+        platform::Sleep(NewPagePause);
+        caption = LiveCaption(top);
+    }
+    searchState.lastTopCaption = caption;
+    searchState.lastTop = top;
+}
+
+// At more than recorded speed, the next click may beat the page.
+bool Search::ShowsNewPage(WindowHandle top, std::int32_t level) {
+    return request.speedPercent > 100 && top != 0 && top == searchState.lastTop && IsBrowser(live.ClassName(level)) &&
+           live.Caption(level) != searchState.lastTopCaption;
+}
+
+// --- helpers ---
+
+// The top-level window is not there, or does not answer: another round, while there is time.
+Search::Step Search::NotReady() {
+    const std::string& caption = wanted.Top().Caption;
+    if (StatusShown()) setStatus(StatusWaitingForWindow, caption);
+    ++tries;
+    if (TimeIsUp()) {
+        reason = Translate("Cannot find window") + ": '" + caption + "'";
+        return End(TargetWindowMissing);
+    }
+    waited = true;
+    SleepAndPump(RetryPause);
+    return Step::NewRound;
+}
+
+Search::Step Search::End(int searchResult) {
+    result = searchResult;
+    return Step::Over;
+}
+
+void Search::SleepAndPump(int ms) {
+    platform::Sleep(ms);
+    platform::Pump();
+}
+
+void Search::SetCurrent(WindowHandle window) {
+    searchState.current = window;
+    live = LiveChain(window);
+}
+
+bool Search::IsExcluded(WindowHandle window) const {
+    return std::find(excluded.begin(), excluded.end(), window) != excluded.end();
+}
+
+}  // namespace
+
+void ResetSearch() {
+    searchState.CaptionAlias.pairs.clear();
+    searchState.PositionedWindows.fill(false);
+}
+
+int FindTarget(const SearchRequest& request, const std::vector<WindowSignature>& windows,
+               const std::vector<WindowChain>& chains, std::string& reason) {
+    return Search(request, windows, chains, reason).Run();
+}

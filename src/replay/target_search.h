@@ -1,0 +1,70 @@
+// The search for the window an event was recorded in. Pumps, sleeps, and returns only when the target is ready, the
+// wait is over, or the user pressed ESC.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "jobs/job_records.h"
+#include "platform/types.h"
+
+enum SafetyLevel : std::int32_t { SafetyHigh = 0, SafetyMedium = 1, SafetyLow = 2 };
+
+// Results of FindTarget.
+inline constexpr int TargetReady = 1;
+inline constexpr int TargetCanceled = -2;
+inline constexpr int TargetWindowMissing = -4;
+inline constexpr int TargetElementMissing = -6;
+
+// Results of MatchWindow.
+inline constexpr int MatchAll = 3;            // class, caption, placement, parents
+inline constexpr int MatchMoved = 2;          // all but the placement
+inline constexpr int MatchClassOnly = 1;
+inline constexpr int MatchNothing = 0;
+inline constexpr int MatchOtherParents = -1;
+
+// Recorded captions and the live ones that stood in for them, for one run. The first pair of a recorded caption holds.
+struct CaptionAliasTable {
+    std::vector<std::pair<std::string, std::string>> pairs;
+
+    void Add(const std::string& recorded, const std::string& live);
+    std::string Find(const std::string& recorded) const;  // "" for none
+};
+
+struct SearchState {
+    platform::WindowHandle current = 0;  // the live window under test; after a success, the window found
+    std::string lastTopCaption;          // of the last successful search; kept for the life of the program
+    platform::WindowHandle lastTop = 0;
+    CaptionAliasTable CaptionAlias;
+    std::array<bool, 10000> PositionedWindows{};  // by handle modulo 10000: put in place during this run
+};
+extern SearchState searchState;
+
+// Empties CaptionAlias and PositionedWindows; the start of a run.
+void ResetSearch();
+
+struct SearchRequest {
+    std::int32_t speedPercent = 100;
+    bool escHeld = false;
+    std::int32_t chainIndex = 0;
+    std::int32_t safetyLevel = SafetyHigh;
+    bool similarAllowed = false;
+    std::int32_t waitSeconds = 0;
+    bool useFocus = false;  // keys, text rows and the wheel; clicks look under the cursor
+};
+
+// Makes sure that the window of the request's chain is what input will reach. `reason` is set with
+// TargetWindowMissing (empty when the depth test gave up) and TargetElementMissing, else unchanged. A range failure
+// for a chain that points outside its arrays.
+int FindTarget(const SearchRequest& request, const std::vector<WindowSignature>& windows,
+               const std::vector<WindowChain>& chains, std::string& reason);
+
+// How well a live window matches the leaf of a chain. With `similar`, captions may match through CaptionAlias.
+int MatchWindow(platform::WindowHandle window, std::int32_t chainIndex, const std::vector<WindowSignature>& windows,
+                const std::vector<WindowChain>& chains, bool similar);
+
+// The same windows all the way up: signatures are shared, so equal indexes mean equal identity.
+bool SameChain(const WindowChain& a, const WindowChain& b);

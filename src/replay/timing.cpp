@@ -1,0 +1,124 @@
+#include "replay/timing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "base/arithmetic.h"
+#include "base/runtime_failure.h"
+#include "platform/clock.h"
+#include "platform/pump.h"
+#include "replay/status_view.h"
+#include "settings/settings.h"
+
+HeldInput heldInput;
+
+namespace {
+
+constexpr std::int32_t SliceMs = 50;  // fine enough for ESC to feel immediate, coarse enough to cost nothing
+constexpr std::int64_t MicrosecondsPerMs = 1000;
+constexpr std::int32_t CapsLockTapMs = 20;
+
+platform::InputRecord KeyboardRecord(int virtualKey, std::int32_t keyState) {
+    platform::InputRecord record;
+    record.dwType() = platform::InputKeyboard;
+    record.KeyCode() = platform::ScanCodeOf(virtualKey) * 65536 + virtualKey;
+    record.KeyState() = keyState;
+    return record;
+}
+
+// A pixel of the primary screen as an absolute coordinate; one that lies beyond it gives the edge.
+std::int32_t AbsoluteOnScreen(std::int32_t pixel, std::int32_t screenPixels) {
+    return ToAbsolute(std::clamp(pixel, 0, std::max(screenPixels - 1, 0)), 65535.0 / screenPixels);
+}
+
+// Feeds the progress bar in equal steps. It keeps the fraction that the bar cannot show.
+class BarFeed {
+public:
+    BarFeed(std::int32_t ms, double share)
+        : active(settings.Display_Executing_Status == 1 && share > 0),
+          step(ms > SliceMs ? share / (ms / SliceMs + 1) : 0),
+          value(status_view::BarValue()) {}
+
+    void Advance() {
+        if (!active) return;
+        value += step;
+        const int maximum = status_view::BarMaximum();
+        status_view::SetBar(value > maximum ? maximum : static_cast<int>(std::floor(value)));
+    }
+
+private:
+    bool active;
+    double step;
+    double value;
+};
+
+}  // namespace
+
+bool& KeyDownFlag(std::int32_t virtualKey) {
+    return CheckedAt(heldInput.KeysDown, virtualKey, "Key code");
+}
+
+// A point far beyond the screen stays far beyond it: the conversion is cut at the ends of the range instead of failing.
+std::int32_t ToAbsolute(std::int32_t value, double scale) {
+    constexpr double Smallest = std::numeric_limits<std::int32_t>::min();
+    constexpr double Largest = std::numeric_limits<std::int32_t>::max() - 1;
+    return RoundHalfEven(std::clamp(value * scale, Smallest, Largest)) + 1;
+}
+
+void MoveCursor(std::int32_t x, std::int32_t y) {
+    heldInput.LastCursorPosition = {x, y};
+    const platform::Size screen = platform::ScreenSize();  // asked each time: a job may change the screen's mode
+    platform::InputRecord record;
+    record.dwType() = platform::InputMouse;
+    record.dx() = AbsoluteOnScreen(x, screen.width);
+    record.dy() = AbsoluteOnScreen(y, screen.height);
+    record.dwFlags() = platform::MouseAbsolute + platform::MouseMove;
+    platform::SendInput(record);
+}
+
+// Every sleep ends at a moment and not after a span, so the slices' own lateness does not add up, and a pump that took
+// long shortens the sleep behind it instead of carrying the wait past its end.
+int TimedWait(std::int32_t ms, bool escHeld, double share) {
+    const std::int64_t begin = platform::Microseconds();
+    const std::int64_t end = begin + ms * MicrosecondsPerMs;
+    const std::int64_t slice = SliceMs * MicrosecondsPerMs;
+    BarFeed bar(ms, share);
+    while (platform::Microseconds() < end - slice) {
+        if (EscapePressed(escHeld)) return WaitCanceled;
+        platform::Pump();
+        platform::SleepUntil(std::min(platform::Microseconds() + slice, end));
+        bar.Advance();
+    }
+    platform::SleepUntil(end);
+    return WaitDone;
+}
+
+void RestoreCapsLock(std::int32_t state) {
+    // The whole 16 bits count, not the toggle alone: Caps Lock held down just now is a difference too.
+    if (platform::KeyState(platform::VirtualKeyCapital) == static_cast<std::int16_t>(state)) return;
+    platform::SendInput(KeyboardRecord(platform::VirtualKeyCapital, 0));
+    platform::Sleep(CapsLockTapMs);
+    platform::SendInput(KeyboardRecord(platform::VirtualKeyCapital, platform::KeyUp));
+}
+
+// The last thing that stands between a broken run and a keyboard that seems stuck: whatever goes wrong with one key,
+// the others still come up.
+void ReleaseStuckKeys() noexcept {
+    for (int virtualKey = 0; virtualKey < KeyFlagCount; ++virtualKey) {
+        bool& down = heldInput.KeysDown[static_cast<std::size_t>(virtualKey)];
+        if (!down) continue;
+        down = false;
+        try {
+            platform::SendInput(KeyboardRecord(virtualKey, platform::KeyUp));
+        } catch (...) {
+            continue;
+        }
+    }
+}
+
+// The key is read in any case: reading takes away the mark of a tap, and the job's own must not be left for later.
+bool EscapePressed(bool escHeld) {
+    const bool pressed = platform::AsyncKeyState(platform::VirtualKeyEscape) != 0;
+    return pressed && !escHeld;
+}
