@@ -99,7 +99,7 @@ void EmitGroup(const Window& owner, WindowHandle first, std::vector<WindowHandle
         const Window* above = OwnerOf(*Find(sibling));
         if (above != nullptr && above->handle == owner.handle) owned.push_back(sibling);
     }
-    std::ranges::stable_partition(owned, [first](WindowHandle window) { return OwnedBy(first, window); });
+    std::stable_partition(owned.begin(), owned.end(), [first](WindowHandle window) { return OwnedBy(first, window); });
     for (const WindowHandle window : owned) EmitGroup(*Find(window), first, group);
     group.push_back(owner.handle);
 }
@@ -113,7 +113,8 @@ void BringGroupToFront(Window& window) {
     std::vector<WindowHandle> order = group;
     std::ranges::remove_copy_if(Root().children, std::back_inserter(order),
                                 [&group](WindowHandle each) { return std::ranges::find(group, each) != group.end(); });
-    std::ranges::stable_partition(order, [](WindowHandle each) { return EffectivelyTopmost(*Find(each)); });
+    std::stable_partition(order.begin(), order.end(),
+                          [](WindowHandle each) { return EffectivelyTopmost(*Find(each)); });
     Root().children = std::move(order);
 }
 

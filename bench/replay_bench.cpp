@@ -1,0 +1,98 @@
+// What the replay loop adds to the calls that it makes: a job of moves, keys and wheel turns at maximum speed on the
+// simulated desktop, against a bare loop of the same calls of the platform.
+
+#include "replay/replay_events.h"
+
+#include <cstdlib>
+
+#include "bench/ratio.h"
+#include "bench/silent_status_view.h"
+#include "platform/input.h"
+#include "platform/pump.h"
+#include "platform/window_services.h"
+#include "replay/target_search.h"
+#include "replay/timing.h"
+#include "settings/settings.h"
+#include "simulated/desktop.h"
+
+namespace {
+
+constexpr int EventCount = 1'000'000;
+constexpr std::size_t PumpEvery = 16;
+
+JobEvent Mouse(std::int32_t action, int i) {
+    JobEvent event;
+    event.dwType() = platform::InputMouse;
+    event.dwFlags() = MouseFlagBase + action;
+    event.dx() = 150 + i % 300;
+    event.dy() = 150 + i % 200;
+    return event;
+}
+
+JobEvent Key(std::int32_t state, int i) {
+    JobEvent event;
+    event.dwType() = platform::InputKeyboard;
+    event.KeyCode() = platform::ScanCodeOf('A' + i % 26) * 65536 + 'A' + i % 26;
+    event.KeyState() = state;
+    if (state == 0) event.WindowChainIndex = 0;
+    return event;
+}
+
+// A wheel turn of nothing comes first: nothing is sent before the first success.
+Job MixedJob() {
+    Job job;
+    job.SpeedPercent = MaximumSpeed;
+    job.SafetyLevel = SafetyLow;
+    job.Windows.push_back({{}, "", "Edit", 15});
+    job.Chains.emplace_back();
+    job.Events.push_back(Mouse(platform::MouseWheel, 0));
+    for (int i = 0; static_cast<int>(job.Events.size()) < EventCount; ++i) {
+        job.Events.push_back(Mouse(platform::MouseMove, i));
+        job.Events.push_back(Mouse(platform::MouseMove, i + 1));
+        job.Events.push_back(Key(0, i));
+        job.Events.push_back(Key(platform::KeyUp, i));
+    }
+    return job;
+}
+
+void Replay(Job& job) {
+    std::vector<ActionRow> rows;
+    std::string reason;
+    if (ReplayEvents(job, rows, reason, "") != 1) std::abort();
+}
+
+void SendMouse(JobEvent& event) {
+    const platform::Size screen = platform::ScreenSize();
+    platform::InputRecord record = event;
+    record.dx() = ToAbsolute(event.dx(), 65535.0 / screen.width);
+    record.dy() = ToAbsolute(event.dy(), 65535.0 / screen.height);
+    platform::InputRecord move = record;
+    move.dwFlags() = MouseFlagBase + platform::MouseMove;
+    platform::SendInput(move);
+    platform::SendInput(record);
+}
+
+void BareLoop(Job& job) {
+    for (std::size_t i = 0; i < job.Events.size(); ++i) {
+        JobEvent& event = job.Events[i];
+        platform::AsyncKeyState(platform::VirtualKeyEscape);
+        if (event.dwType() == platform::InputMouse) {
+            SendMouse(event);
+        } else {
+            platform::SendInput(event);
+        }
+        if (i % PumpEvery == PumpEvery - 1) platform::Pump();
+    }
+}
+
+}  // namespace
+
+int main() {
+    simulated::KeepJournals(false);
+    simulated::SetFocus(simulated::AddWindow({.className = "Target", .rect = {100, 100, 700, 500}}));
+    settings.Display_Executing_Status = 0;
+    Job job = MixedJob();
+    bench::ReportRatio(
+        "replay at maximum speed / the same calls", [&] { Replay(job); }, [&] { BareLoop(job); }, 2.0, 7);
+    return bench::ExitCode();
+}

@@ -1,0 +1,139 @@
+#include "identity/window_identity.h"
+
+#include <cmath>
+#include <optional>
+#include <utility>
+
+#include "base/product.h"
+#include "base/runtime_failure.h"
+#include "identity/live_chain.h"
+#include "identity/signature_index.h"
+#include "platform/boxes.h"
+#include "platform/input.h"
+#include "platform/window_services.h"
+#include "trace/debug_trace.h"
+
+using platform::WindowHandle;
+
+WindowArrays windowArrays;
+OwnWindows ownWindows;
+
+namespace {
+
+constexpr std::int32_t SpareElements = 100;
+constexpr std::int32_t FewFreeWindows = 20;
+
+SignatureIndex signatureIndex;  // over windowArrays.windows
+
+std::int32_t CountOf(const auto& array) {
+    return static_cast<std::int32_t>(array.size());
+}
+
+bool IsOwnWindow(WindowHandle root) {
+    return root != 0 &&
+           (root == ownWindows.main || root == ownWindows.replayStatus || root == ownWindows.recordingStatus);
+}
+
+// The window whose chain is to be captured; none when the input is not to be recorded at all.
+std::optional<LiveChain> CaptureTarget(bool byFocus) {
+    WindowHandle foreground = 0;
+    LiveChain target(byFocus ? FocusedWindow(foreground) : platform::WindowAt(platform::CursorPosition()));
+    if (!IsOwnWindow(target.Root())) return target;
+    if (!byFocus) return std::nullopt;
+    return LiveChain(platform::FindTopWindow("Progman", "Program Manager"));
+}
+
+WindowSignature Describe(LiveChain& target, std::int32_t level) {
+    const WindowHandle window = target.Handle(level);
+    WindowSignature signature;
+    signature.Placement = platform::PlacementOf(window);
+    signature.Caption = target.Caption(level);
+    signature.ClassName = target.ClassName(level);
+    signature.ControlId = platform::ControlIdOf(window);
+    return signature;
+}
+
+// The index of the signature for the level of `chain` that is being filled; a new one where no stored one fits.
+std::int32_t SignatureFor(WindowSignature&& live, const WindowChain& chain) {
+    const auto stored = signatureIndex.FindFirst(windowArrays.windows, live, chain);
+    if (stored) {
+        DebugTrace("Koristim spremljeni prozor: ");
+        return *stored;
+    }
+    const std::int32_t index = CountOf(windowArrays.windows);
+    windowArrays.windows.push_back(std::move(live));
+    if (windowArrays.windowCapacity - CountOf(windowArrays.windows) < FewFreeWindows) windowArrays.growWindows = true;
+    DebugTrace("Spremljen NP: ");
+    return index;
+}
+
+// True when the level just filled is the last.
+bool EndsAt(LiveChain& target, std::int32_t level) {
+    const WindowHandle parent = target.Handle(level + 1);
+    if (parent < 0) platform::ShowBox("handle manji od nula!!!!", ProductName);
+    return parent <= 0 || target.IsFoundByName(level);
+}
+
+// The chain is built aside: the free one of the array belongs to whichever capture ends last.
+WindowChain BuildChain(LiveChain& target, std::uint32_t session) {
+    WindowChain chain;
+    while (windowArrays.session == session) {
+        auto& entry = CheckedAt(chain.Path, chain.Depth, "Window level");
+        entry = SignatureFor(Describe(target, chain.Depth), chain);
+        if (EndsAt(target, chain.Depth)) break;
+        ++chain.Depth;
+    }
+    chain.LeafWindow = chain.Path[0];
+    return chain;
+}
+
+void StoreChain(std::int32_t index, const WindowChain& chain) {
+    auto& chains = windowArrays.chains;
+    chains.resize(chains.size() + 1);
+    if (index < CountOf(chains)) chains[static_cast<std::size_t>(index)] = chain;
+    if (std::floor(0.9 * windowArrays.chainCapacity) <= CountOf(chains)) windowArrays.growChains = true;
+}
+
+}  // namespace
+
+void ResetWindowArrays(std::vector<WindowSignature> windows, std::vector<WindowChain> chains) {
+    const std::uint32_t session = windowArrays.session + 1;
+    windowArrays = {};
+    windowArrays.windowCapacity = CountOf(windows) + SpareElements;
+    windowArrays.chainCapacity = CountOf(chains) + SpareElements;
+    windowArrays.windows = std::move(windows);
+    windowArrays.chains = std::move(chains);
+    windowArrays.session = session;
+    signatureIndex.Rebuild(windowArrays.windows);
+}
+
+WindowHandle FocusedWindow(WindowHandle& foreground) {
+    foreground = platform::ForegroundWindow();
+    // The task bar takes keys as a whole, whatever in it has the focus.
+    if (foreground == 0 || LiveClass(foreground) == "Shell_TrayWnd") return foreground;
+    const std::uint32_t thread = platform::ThreadOf(foreground);
+    if (thread == 0 || thread == platform::CurrentThread()) return ownWindows.main;
+    const platform::FocusAnswer focus = platform::FocusOf(thread);
+    return focus.attached && focus.window != 0 ? focus.window : foreground;
+}
+
+bool WindowPlacementsEqual(const platform::WindowPlacement& stored, const platform::WindowPlacement& current) {
+    // The last line crosses x with y, and job files are made with it: a window whose maximised position has an x other
+    // than its y never equals itself. That must stay, or those files would match other windows than they did.
+    return stored.flags == current.flags && stored.rcNormalPosition == current.rcNormalPosition &&
+           stored.ptMinPosition.x == current.ptMinPosition.x && stored.ptMaxPosition.y == current.ptMaxPosition.y &&
+           stored.ptMaxPosition.x == current.ptMaxPosition.y;
+}
+
+int CaptureWindow(JobEvent& event, bool byFocus) {
+    std::optional<LiveChain> target = CaptureTarget(byFocus);
+    if (!target) return 0;
+    const std::int32_t index = CountOf(windowArrays.chains);
+    const std::uint32_t session = windowArrays.session;
+    const WindowChain chain = BuildChain(*target, session);
+    DebugTrace("===:");
+    if (windowArrays.session != session) return 0;
+    StoreChain(index, chain);
+    event.WindowChainIndex = index;
+    return chain.Depth + 1;
+}

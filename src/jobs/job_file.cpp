@@ -1,0 +1,201 @@
+#include "jobs/job_file.h"
+
+#include <array>
+#include <utility>
+
+#include "base/arithmetic.h"
+#include "base/product.h"
+#include "base/runtime_failure.h"
+#include "base/text.h"
+#include "dictionary/dictionary.h"
+#include "jobs/job_fields.h"
+#include "jobs/job_list_view.h"
+#include "storage/input_file.h"
+#include "storage/output_file.h"
+
+StartProgramRecord startProgram;
+
+namespace {
+
+// Every save says so, whatever the program's version: the layout has not changed since.
+constexpr std::int32_t WrittenVersion = 300;
+
+// Sizes `array` from its count in the file. A count of zero or less leaves what the caller had.
+template <class Record>
+void ReadArray(InputFile& file, std::int32_t count, std::vector<Record>& array) {
+    if (count > 0) array = file.ReadArray<Record>(count);
+}
+
+void ReadStrings(InputFile& file, std::int32_t count, std::vector<std::string>& strings) {
+    if (count <= 0) return;
+    file.RequireRoom(count, sizeof(std::uint16_t));
+    strings.clear();
+    for (std::int32_t i = 0; i < count; ++i) strings.push_back(file.ReadString());
+}
+
+void ReadArrays(InputFile& file, Job& job) {
+    const std::int32_t eventCount = file.Count();
+    const std::int32_t stringCount = file.Count();
+    ReadStrings(file, stringCount, job.Strings);
+    ReadArray(file, eventCount, job.Events);
+    ReadArray(file, file.Count(), job.Windows);
+    ReadArray(file, file.Count(), job.Chains);
+}
+
+// Moves what was read to the caller; arrays that the file did not fill stay as they are there.
+template <class Record>
+void HandOver(std::vector<Record>& from, std::vector<Record>& to) {
+    if (!from.empty()) to = std::move(from);
+}
+
+// The product is a 32-bit integer by definition, so a job of six hours has none and cannot be saved.
+std::int32_t DurationAtSpeed(const Job& job) {
+    const std::int64_t time = job.Events.empty() ? 0 : job.Events.back().time();
+    const std::int64_t product = time * 100;
+    if (product != static_cast<std::int32_t>(product)) {
+        throw RuntimeFailure(FailureKind::Overflow,
+                             "The job lasts too long to be saved: " + std::to_string(time) + " milliseconds.");
+    }
+    if (product == 0) return 0;
+    return RoundHalfEven(static_cast<double>(product) / job.SpeedPercent);
+}
+
+JobHeader HeaderToWrite(const Job& job) {
+    if (job.Description.size() > DescriptionWidth) {
+        throw RuntimeFailure(FailureKind::Range, "The description of the job is longer than " +
+                                                     std::to_string(DescriptionWidth) + " characters.");
+    }
+    JobHeader header = job;
+    header.Version = WrittenVersion;
+    header.StartProgram = startProgram;
+    header.DurationMs = DurationAtSpeed(job);
+    return header;
+}
+
+void WriteArrays(OutputFile& file, const Job& job) {
+    file.WriteCount(job.Events.size());
+    file.WriteCount(job.Strings.size());
+    for (const std::string& text : job.Strings) file.WriteString(text);
+    file.WriteArray(job.Events);
+    file.WriteCount(job.Windows.size());
+    file.WriteArray(job.Windows);
+    file.WriteCount(job.Chains.size());
+    file.WriteArray(job.Chains);
+}
+
+// The front of a file up to the arrays. Fewer bytes when the file is shorter.
+struct FileFront {
+    std::array<char, 2142> bytes;
+    std::int64_t size = -1;  // -1: cannot be opened
+};
+
+FileFront ReadFront(const std::string& path) {
+    FileFront front;
+    platform::File file = platform::File::OpenForReading(path);
+    if (file.IsOpen()) front.size = std::max<std::int64_t>(0, file.Read(front.bytes.data(), front.bytes.size()));
+    return front;
+}
+
+bool IsFlag(std::int32_t value) {
+    return value == 0 || value == 1;
+}
+
+bool OptionsAreGood(const JobHeader& job) {
+    const std::int16_t style = job.StartProgram.WindowStyle;
+    return style >= 0 && style <= 3 && job.SpeedPercent >= 1 && job.SpeedPercent <= MaximumSpeed &&
+           IsFlag(job.SkipMouseMoves) && IsFlag(job.CapsLockState) && job.RepeatCount >= 0 && job.SafetyLevel >= 0 &&
+           job.SafetyLevel <= 2 && IsFlag(job.SimilarWindowNames);
+}
+
+// "3.1.7" for 307: the middle number is the rounded tenth, on purpose.
+std::string VersionText(std::int32_t version) {
+    const std::int32_t tenths = RoundHalfEven(version / 10.0);
+    return std::to_string(version / 100) + "." + std::to_string(tenths % 10) + "." + std::to_string(version % 10);
+}
+
+std::string NewerMessage(const std::string& path, std::int32_t version) {
+    return Translate1("Job file: '%1' was created with newer version of Tessarine than you are currently using.",
+                      path) +
+           LineBreak + Translate1("Job file version: %1", VersionText(version)) + LineBreak +
+           Translate1("You are using Tessarine version: %1", ProductVersion) + LineBreak +
+           Translate("Please download the latest version of Tessarine to open this job.");
+}
+
+JobHeaderCheck Refused(int result, const std::string& message) {
+    JobHeaderCheck check;
+    check.result = result;
+    check.message = message;
+    return check;
+}
+
+JobHeaderCheck Corrupted(const std::string& path) {
+    return Refused(JobHeaderCheck::Bad, "Job file: '" + path + "' is corrupted and cannot be loaded.");
+}
+
+JobHeaderCheck Accepted(JobHeader& job) {
+    JobHeaderCheck check;
+    check.result = JobHeaderCheck::Good;
+    check.description = std::move(job.Description);
+    check.duration = job.DurationMs;
+    check.speed = job.SpeedPercent;
+    check.skipMoves = job.SkipMouseMoves;
+    check.repeat = job.RepeatCount;
+    check.safety = job.SafetyLevel;
+    check.similarNames = job.SimilarWindowNames;
+    return check;
+}
+
+// The version comes first: of a newer file nothing else is looked at, and it may be shorter.
+JobHeaderCheck JudgeFront(const FileFront& front, const std::string& path) {
+    if (front.size < 4) return Corrupted(path);
+    const auto version = little_endian::Load<std::int32_t>(front.bytes.data());
+    if (version < 300 || version > 900) return Corrupted(path);
+    if (version > ProductVersionNumber) return Refused(JobHeaderCheck::Bad, NewerMessage(path, version));
+    if (front.size < static_cast<std::int64_t>(RecordSize<JobHeader>())) return Corrupted(path);
+    JobHeader job;
+    RecordReader reader(front.bytes.data());
+    Fields(reader, job);
+    return OptionsAreGood(job) ? Accepted(job) : Corrupted(path);
+}
+
+}  // namespace
+
+void ReadJob(const std::string& path, Job& job) {
+    InputFile file(path);
+    Job fresh;
+    file.Read<JobHeader>(fresh);
+    ReadArrays(file, fresh);
+    HandOver(fresh.Strings, job.Strings);
+    HandOver(fresh.Events, job.Events);
+    HandOver(fresh.Windows, job.Windows);
+    HandOver(fresh.Chains, job.Chains);
+    static_cast<JobHeader&>(job) = std::move(static_cast<JobHeader&>(fresh));
+    startProgram = job.StartProgram;
+}
+
+void WriteJob(const std::string& path, const Job& job) {
+    const JobHeader header = HeaderToWrite(job);
+    OutputFile file(path);
+    file.Write(header);
+    WriteArrays(file, job);
+    file.Commit();
+    RefreshJobList();
+    SelectJobInList(path);
+}
+
+void RewriteJobOptions(const std::string& path, const JobOptions& options) {
+    Job job;
+    ReadJob(path, job);
+    job.SpeedPercent = options.SpeedPercent;
+    job.SkipMouseMoves = options.SkipMouseMoves;
+    job.RepeatCount = options.RepeatCount;
+    job.SafetyLevel = options.SafetyLevel;
+    job.SimilarWindowNames = options.SimilarWindowNames;
+    WriteJob(path, job);
+}
+
+JobHeaderCheck CheckJobHeader(const std::string& path) {
+    const FileFront front = ReadFront(path);
+    if (front.size < 0) return Refused(JobHeaderCheck::Missing, "File: '" + path + "' cannot be found.");
+    return JudgeFront(front, path);
+}

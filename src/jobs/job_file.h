@@ -1,0 +1,56 @@
+// Job files: a whole job read and written, and the quick check of the front of a file that fills the job list.
+// docs/job_format.md tells the bytes. Nothing here pumps, except that a save refreshes the job list, and that a
+// save retries for up to two seconds when another program holds the file.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "jobs/job_records.h"
+
+// The program to start of the job that was read last, or that is about to be written: ReadJob fills it, the Save
+// dialog's caller fills it after a recording, and WriteJob takes it from here and not from the job.
+extern StartProgramRecord startProgram;
+
+// Reads the whole file; values are not judged. An array whose count in the file is zero or negative is left as the
+// caller had it, so a fresh `job` is what a reader of one file wants. A missing or cut file, and a count that the
+// file cannot hold, are file failures; `job` and `startProgram` are then as they were.
+void ReadJob(const std::string& path, Job& job);
+
+// Writes `job` over `path` in one step and shows it in the job list. Version and DurationMs are the writer's own, and
+// the program to start is `startProgram`. When a longer file stood there, its tail stays behind the new bytes. Paths,
+// captions and the like that are too long for their field are cut. A description of more than 1000 characters or a
+// string of more than 65535 is a range failure, and a duration beyond 32 bits an overflow failure; the old file stays
+// as it was, as it does after a file failure.
+void WriteJob(const std::string& path, const Job& job);
+
+// The options of the job page.
+struct JobOptions {
+    std::int32_t SpeedPercent = 100;
+    std::int32_t SkipMouseMoves = 0;
+    std::int32_t RepeatCount = 1;
+    std::int32_t SafetyLevel = 0;
+    std::int32_t SimilarWindowNames = 0;
+};
+
+// Reads the job and writes it with these options; everything else stays. Fails as ReadJob and WriteJob do.
+void RewriteJobOptions(const std::string& path, const JobOptions& options);
+
+struct JobHeaderCheck {
+    static constexpr int Good = 1;
+    static constexpr int Missing = -1;
+    static constexpr int Bad = -2;  // damaged, or from a newer version
+
+    int result = Bad;
+    std::string description;
+    std::int32_t duration = 0;  // ms
+    std::int32_t speed = 0;
+    std::int32_t skipMoves = 0;
+    std::int32_t repeat = 0;
+    std::int32_t safety = 0;
+    std::int32_t similarNames = 0;
+    std::string message;  // the text to show when the result is negative
+};
+
+// Reads at most 2142 bytes and judges the options. A file that is cut behind them passes. Never throws.
+JobHeaderCheck CheckJobHeader(const std::string& path);

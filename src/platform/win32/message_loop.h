@@ -1,0 +1,16 @@
+// The program's message loop and what it shares with Pump: both dispatch in the same way, so that a modeless form
+// behaves alike whether the program is at rest or a long operation pumps.
+#pragma once
+
+#include "win32/handles.h"
+
+namespace platform {
+
+// A modeless form whose keyboard (Tab, Enter, Esc, mnemonics) the loop is to handle. Removed when it is destroyed.
+void AddModelessForm(HWND form);
+void RemoveModelessForm(HWND form);
+
+// Runs until WM_QUIT and returns its exit code.
+int RunMessageLoop();
+
+}  // namespace platform

@@ -1,0 +1,46 @@
+#include "platform/text.h"
+
+#include "win32/handles.h"
+
+namespace platform {
+namespace {
+
+std::wstring Widen(std::string_view text, UINT codePage) {
+    const int length = static_cast<int>(text.size());
+    const int needed = MultiByteToWideChar(codePage, 0, text.data(), length, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(needed), L'\0');
+    MultiByteToWideChar(codePage, 0, text.data(), length, wide.data(), needed);
+    return wide;
+}
+
+std::string Narrow(const std::wstring& wide, UINT codePage) {
+    const int length = static_cast<int>(wide.size());
+    const int needed = WideCharToMultiByte(codePage, 0, wide.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(needed), '\0');
+    WideCharToMultiByte(codePage, 0, wide.data(), length, text.data(), needed, nullptr, nullptr);
+    return text;
+}
+
+}  // namespace
+
+std::string FromUtf8(std::string_view utf8) {
+    return Narrow(Widen(utf8, CP_UTF8), CP_ACP);
+}
+
+std::string ToUtf8(std::string_view text) {
+    return Narrow(Widen(text, CP_ACP), CP_UTF8);
+}
+
+std::string LowerCase(std::string_view text) {
+    std::string result(text);
+    CharLowerBuffA(result.data(), static_cast<DWORD>(result.size()));
+    return result;
+}
+
+std::string UpperCase(std::string_view text) {
+    std::string result(text);
+    CharUpperBuffA(result.data(), static_cast<DWORD>(result.size()));
+    return result;
+}
+
+}  // namespace platform

@@ -1,0 +1,193 @@
+#include "platform/window_services.h"
+
+#include <vector>
+
+#include "platform/clock.h"
+#include "win32/bounded_call.h"
+#include "win32/handles.h"
+
+namespace platform {
+namespace {
+
+bool IsOfThisThread(HWND window) {
+    return GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+}
+
+std::int64_t DeadlineFromNow() {
+    return Microseconds() + BoundedMilliseconds * std::int64_t{1000};
+}
+
+// Windows of this thread answer inside the call itself; asked from a second thread they would wait for us.
+bool AskWindow(HWND window, const std::function<bool()>& call) {
+    if (IsOfThisThread(window)) return call();
+    const std::int64_t deadline = DeadlineFromNow();
+    return Answers(window, deadline) && CallUntil(deadline, call) == BoundedAnswer::Yes;
+}
+
+// The windows are gathered first: a visitor may throw, and no exception may cross the system's frames.
+BOOL CALLBACK Gather(HWND window, LPARAM list) {
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
+void VisitAll(const std::vector<HWND>& windows, const WindowVisitor& visit) {
+    for (const HWND window : windows) {
+        if (!visit(FromHwnd(window))) return;
+    }
+}
+
+Rect FromRect(const RECT& rect) {
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+RECT ToRect(const Rect& rect) {
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+WINDOWPLACEMENT ToSystem(const WindowPlacement& placement) {
+    WINDOWPLACEMENT system{};
+    system.length = sizeof system;
+    system.flags = placement.flags;
+    system.showCmd = placement.showCmd;
+    system.ptMinPosition = {placement.ptMinPosition.x, placement.ptMinPosition.y};
+    system.ptMaxPosition = {placement.ptMaxPosition.x, placement.ptMaxPosition.y};
+    system.rcNormalPosition = ToRect(placement.rcNormalPosition);
+    return system;
+}
+
+// Wine places only windows of our own process; for others the parts of a placement have to do. What they cannot do
+// is to give a minimised window its place for later without showing it there first.
+bool PlaceInParts(HWND window, const WINDOWPLACEMENT& placement) {
+    const RECT& place = placement.rcNormalPosition;
+    if (IsIconic(window) || IsZoomed(window)) ShowWindow(window, SW_RESTORE);
+    if (!SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                      SWP_NOZORDER | SWP_NOACTIVATE)) {
+        return false;
+    }
+    ShowWindow(window, static_cast<int>(placement.showCmd));
+    return true;
+}
+
+bool Place(HWND window, const WINDOWPLACEMENT& placement) {
+    return SetWindowPlacement(window, &placement) || PlaceInParts(window, placement);
+}
+
+// For a child of another process Wine tells screen pixels; the parent's client pixels are right everywhere.
+RECT NormalPosition(HWND window, const WINDOWPLACEMENT& placement) {
+    const bool isChild = (GetWindowLongA(window, GWL_STYLE) & WS_CHILD) != 0;
+    RECT rect = placement.rcNormalPosition;
+    if (isChild && placement.showCmd == SW_SHOWNORMAL && GetWindowRect(window, &rect)) {
+        MapWindowPoints(nullptr, GetAncestor(window, GA_PARENT), reinterpret_cast<POINT*>(&rect), 2);
+    }
+    return rect;
+}
+
+}  // namespace
+
+WindowHandle WindowAt(Point point) {
+    return FromHwnd(WindowFromPoint({point.x, point.y}));
+}
+
+WindowHandle ForegroundWindow() {
+    return FromHwnd(GetForegroundWindow());
+}
+
+WindowHandle DesktopRoot() {
+    return FromHwnd(GetDesktopWindow());
+}
+
+bool BringToForeground(WindowHandle window) {
+    const HWND top = GetAncestor(ToHwnd(window), GA_ROOT);
+    if (top == nullptr) return false;
+    const auto activate = [top] { return SetForegroundWindow(top) != FALSE; };
+    if (IsOfThisThread(top)) return activate();
+
+    const std::int64_t deadline = DeadlineFromNow();
+    if (!Answers(top, deadline)) return false;
+    const BoundedAnswer answer = CallUntil(deadline, activate);
+    // Windows may have given the leave to change the foreground to the one thread that got the user's hotkey. There
+    // the call does not wait for its target, and where it does (Wine) it has just been shown to return.
+    return answer == BoundedAnswer::Yes || (answer == BoundedAnswer::No && activate());
+}
+
+std::uint32_t ThreadOf(WindowHandle window) {
+    return GetWindowThreadProcessId(ToHwnd(window), nullptr);
+}
+
+std::uint32_t CurrentThread() {
+    return GetCurrentThreadId();
+}
+
+// GetGUIThreadInfo tells what AttachThreadInput and GetFocus would, without tying our input queue to that of a thread
+// that may hang. A thread cannot be attached to itself, and 0 would mean the foreground thread here.
+FocusAnswer FocusOf(std::uint32_t thread) {
+    if (thread == 0 || thread == GetCurrentThreadId()) return {};
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    if (!GetGUIThreadInfo(thread, &info)) return {};
+    return {true, FromHwnd(info.hwndFocus)};
+}
+
+WindowHandle ParentOf(WindowHandle window) {
+    return FromHwnd(GetParent(ToHwnd(window)));
+}
+
+WindowHandle FindTopWindow(const std::string& className, const std::string& caption) {
+    return FromHwnd(FindWindowA(className.c_str(), caption.c_str()));
+}
+
+void ForEachTopWindow(const WindowVisitor& visit) {
+    std::vector<HWND> windows;
+    EnumWindows(Gather, reinterpret_cast<LPARAM>(&windows));
+    VisitAll(windows, visit);
+}
+
+void ForEachDescendant(WindowHandle window, const WindowVisitor& visit) {
+    if (window == 0) return;  // would mean all top-level windows
+    std::vector<HWND> windows;
+    EnumChildWindows(ToHwnd(window), Gather, reinterpret_cast<LPARAM>(&windows));
+    VisitAll(windows, visit);
+}
+
+std::string ClassOf(WindowHandle window) {
+    char text[100];
+    const int length = GetClassNameA(ToHwnd(window), text, sizeof text);
+    return {text, static_cast<std::size_t>(length)};
+}
+
+// For a window of another process the system answers from its own copy of the text, so this never waits for it. Our
+// own windows are asked with a message.
+std::string CaptionOf(WindowHandle window) {
+    char text[1024];
+    const int length = GetWindowTextA(ToHwnd(window), text, sizeof text);
+    if (!WindowExists(window)) return "";  // Wine makes up a text for a window that is gone
+    return {text, static_cast<std::size_t>(length)};
+}
+
+std::int32_t ControlIdOf(WindowHandle window) {
+    return GetDlgCtrlID(ToHwnd(window));
+}
+
+WindowPlacement PlacementOf(WindowHandle window) {
+    WINDOWPLACEMENT system{};
+    system.length = sizeof system;
+    if (!GetWindowPlacement(ToHwnd(window), &system)) return {};
+    return {system.length,
+            system.flags,
+            system.showCmd,
+            FromPoint(system.ptMinPosition),
+            FromPoint(system.ptMaxPosition),
+            FromRect(NormalPosition(ToHwnd(window), system))};
+}
+
+bool WindowExists(WindowHandle window) {
+    return IsWindow(ToHwnd(window)) != FALSE;
+}
+
+bool SetPlacement(WindowHandle window, const WindowPlacement& placement) {
+    const HWND target = ToHwnd(window);
+    const WINDOWPLACEMENT system = ToSystem(placement);
+    return AskWindow(target, [target, system] { return Place(target, system); });
+}
+
+}  // namespace platform

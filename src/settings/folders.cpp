@@ -1,0 +1,3 @@
+#include "settings/folders.h"
+
+Folders folders;

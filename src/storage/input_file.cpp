@@ -1,0 +1,53 @@
+#include "storage/input_file.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "base/runtime_failure.h"
+
+namespace {
+
+// Large enough that the calls do not count, small enough to stay in the processor's cache.
+constexpr std::int64_t BlockSize = 128 * 1024;
+
+[[noreturn]] void FailWithSystemWords(const std::string& path) {
+    throw RuntimeFailure(FailureKind::File, "The file '" + path + "' cannot be read. " + platform::LastFileError());
+}
+
+}  // namespace
+
+InputFile::InputFile(const std::string& filePath) : path(filePath), file(platform::File::OpenForReading(filePath)) {
+    if (file.IsOpen()) length = file.Length();
+    if (!file.IsOpen() || length < 0) FailWithSystemWords(path);
+    unread = length;
+    block.resize(static_cast<std::size_t>(std::min(length, BlockSize)));
+    next = end = block.data();
+}
+
+std::string InputFile::ReadString() {
+    const std::size_t size = little_endian::Load<std::uint16_t>(Take(sizeof(std::uint16_t)));
+    return std::string(Take(size), size);
+}
+
+void InputFile::RequireRoom(std::int32_t count, std::size_t size) const {
+    const std::int64_t rest = unread + (end - next);
+    if (static_cast<std::int64_t>(count) * static_cast<std::int64_t>(size) > rest) FailCut();
+}
+
+// Moves what is left to the front of the block and fills it up.
+void InputFile::Refill(std::size_t size) {
+    const auto left = static_cast<std::size_t>(end - next);
+    if (static_cast<std::int64_t>(size - left) > unread) FailCut();
+    if (left > 0) std::memmove(block.data(), next, left);
+    const std::int64_t wanted = std::min(static_cast<std::int64_t>(block.size() - left), unread);
+    const std::int64_t read = file.Read(block.data() + left, wanted);
+    if (read < 0) FailWithSystemWords(path);
+    if (read < wanted) FailCut();  // another program has just shortened it
+    unread -= read;
+    next = block.data();
+    end = next + left + read;
+}
+
+void InputFile::FailCut() const {
+    throw RuntimeFailure(FailureKind::File, "The file '" + path + "' is damaged: it ends too early.");
+}

@@ -1,0 +1,147 @@
+// Captures find their signatures through an index; what they store must be what a plain walk over the array stores.
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+#include "identity/window_identity.h"
+#include "platform/window_services.h"
+#include "simulated/desktop.h"
+
+namespace {
+
+using platform::WindowHandle;
+
+// The plain way, word for word.
+class LinearCapture {
+public:
+    std::vector<WindowSignature> windows;
+    std::vector<WindowChain> chains;
+
+    void Capture(WindowHandle window) {
+        WindowChain chain;
+        for (;; ++chain.Depth) {
+            const WindowSignature live = {platform::PlacementOf(window), Trim(platform::CaptionOf(window)),
+                                          Trim(platform::ClassOf(window)), platform::ControlIdOf(window)};
+            chain.Path[static_cast<std::size_t>(chain.Depth)] = Find(live, chain);
+            const bool isTop = platform::FindTopWindow(live.ClassName, live.Caption) == window;
+            window = platform::ParentOf(window);
+            if (window <= 0 || isTop) break;
+        }
+        chain.LeafWindow = chain.Path[0];
+        chains.push_back(chain);
+    }
+
+private:
+    std::int32_t Find(const WindowSignature& live, const WindowChain& chain) {
+        for (std::size_t j = 0; j < windows.size(); ++j) {
+            const WindowSignature& stored = windows[j];
+            if (stored.ControlId == live.ControlId && stored.Caption == live.Caption &&
+                stored.ClassName == live.ClassName && WindowPlacementsEqual(stored.Placement, live.Placement) &&
+                !IsInChain(chain, static_cast<std::int32_t>(j))) {
+                return static_cast<std::int32_t>(j);
+            }
+        }
+        windows.push_back(live);
+        return static_cast<std::int32_t>(windows.size()) - 1;
+    }
+
+    static bool IsInChain(const WindowChain& chain, std::int32_t j) {
+        if (chain.Depth < 1) return false;
+        for (std::int32_t level = 0; level <= chain.Depth; ++level) {
+            if (chain.Path[static_cast<std::size_t>(level)] == j) return true;
+        }
+        return false;
+    }
+};
+
+// A desktop of windows that look much alike, and go on changing.
+class RestlessDesktop {
+public:
+    explicit RestlessDesktop(unsigned seed) : random(seed) {
+        for (int i = 0; i < 12; ++i) AddOne();
+    }
+
+    WindowHandle Any() { return windows[Below(windows.size())]; }
+
+    void Change() {
+        const WindowHandle window = Any();
+        platform::WindowPlacement placement = platform::PlacementOf(window);
+        switch (Below(6)) {
+            case 0:
+                simulated::SetCaption(window, AnyCaption());
+                break;
+            case 1:
+                placement.rcNormalPosition = AnyRect();
+                break;
+            case 2:
+                placement.ptMaxPosition = {AnyEdge(), AnyEdge()};
+                break;
+            case 3:
+                placement.flags = 1;
+                placement.ptMinPosition = {AnyEdge(), AnyEdge()};
+                break;
+            case 4:
+                placement.showCmd = 1 + static_cast<std::uint32_t>(Below(3));
+                break;
+            default:
+                AddOne();
+        }
+        platform::SetPlacement(window, placement);
+    }
+
+    std::size_t Below(std::size_t limit) { return random() % limit; }
+
+private:
+    void AddOne() {
+        const bool child = !windows.empty() && Below(4) != 0;
+        windows.push_back(simulated::AddWindow({.className = Below(2) == 0 ? "Box" : "box",
+                                                .caption = AnyCaption(),
+                                                .rect = AnyRect(),
+                                                .parent = child ? Any() : 0,
+                                                .controlId = static_cast<std::int32_t>(Below(2))}));
+    }
+
+    std::string AnyCaption() { return std::vector<std::string>{"", " A", "A", "a"}[Below(4)]; }
+    std::int32_t AnyEdge() { return static_cast<std::int32_t>(Below(2)) - 1; }
+    platform::Rect AnyRect() { return {0, 0, 100, 100 + AnyEdge()}; }
+
+    std::mt19937 random;
+    std::vector<WindowHandle> windows;
+};
+
+// Captures the window by the focus, which reaches any window in any state.
+bool CaptureIsTheSame(LinearCapture& plain, WindowHandle window) {
+    simulated::SetFocus(window);
+    plain.Capture(window);
+    JobEvent event;
+    return CaptureWindow(event, true) == plain.chains.back().Depth + 1 &&
+           event.WindowChainIndex == static_cast<std::int32_t>(plain.chains.size()) - 1 &&
+           windowArrays.windows.size() == plain.windows.size() &&
+           windowArrays.chains.back().LeafWindow == plain.chains.back().LeafWindow &&
+           windowArrays.chains.back().Path == plain.chains.back().Path;
+}
+
+TEST(SignatureIndex, FindsWhatAWalkOverTheArrayFinds) {
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        RestlessDesktop desktop(seed);
+        LinearCapture plain;
+        ResetWindowArrays();
+        for (int step = 0; step < 150; ++step) {
+            if (desktop.Below(3) == 0) desktop.Change();
+            ASSERT_TRUE(CaptureIsTheSame(plain, desktop.Any())) << "seed " << seed << ", step " << step;
+            // An open job is extended: other arrays, as long or longer than those before.
+            if (desktop.Below(40) != 0) continue;
+            std::reverse(plain.windows.begin(), plain.windows.end());
+            plain.windows.push_back(plain.windows.front());
+            ResetWindowArrays(plain.windows, plain.chains);
+        }
+        EXPECT_GT(plain.windows.size(), 10U);
+        EXPECT_GT(plain.chains.size(), 10U);
+    }
+}
+
+}  // namespace

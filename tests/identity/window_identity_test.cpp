@@ -1,0 +1,105 @@
+#include "identity/window_identity.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "simulated/desktop.h"
+
+namespace {
+
+using platform::WindowHandle;
+using platform::WindowPlacement;
+using simulated::AddWindow;
+
+WindowPlacement SomePlacement() {
+    return {44, 0, platform::ShowNormal, {-1, -1}, {-1, -1}, {10, 20, 300, 200}};
+}
+
+struct PlacementCase {
+    std::string change;
+    std::function<void(WindowPlacement&)> apply;
+    bool equal;
+};
+
+TEST(WindowPlacementsEqual, LooksAtSomeMembersOnly) {
+    const std::vector<PlacementCase> cases = {
+        {"nothing", [](auto&) {}, true},
+        {"length", [](auto& p) { p.length = 0; }, true},
+        {"showCmd", [](auto& p) { p.showCmd = platform::ShowMinimized; }, true},
+        {"ptMinPosition.y", [](auto& p) { p.ptMinPosition.y = 7; }, true},
+        {"flags", [](auto& p) { p.flags = 2; }, false},
+        {"ptMinPosition.x", [](auto& p) { p.ptMinPosition.x = 7; }, false},
+        {"ptMaxPosition.y", [](auto& p) { p.ptMaxPosition.y = 7; }, false},
+        {"left", [](auto& p) { p.rcNormalPosition.left = 9; }, false},
+        {"top", [](auto& p) { p.rcNormalPosition.top = 9; }, false},
+        {"right", [](auto& p) { p.rcNormalPosition.right = 9; }, false},
+        {"bottom", [](auto& p) { p.rcNormalPosition.bottom = 9; }, false},
+    };
+    for (const PlacementCase& each : cases) {
+        WindowPlacement current = SomePlacement();
+        each.apply(current);
+        EXPECT_EQ(WindowPlacementsEqual(SomePlacement(), current), each.equal) << each.change;
+    }
+}
+
+TEST(WindowPlacementsEqual, CrossesTheMaximisedPosition) {
+    const auto withMaximised = [](platform::Point position) {
+        WindowPlacement placement = SomePlacement();
+        placement.ptMaxPosition = position;
+        return placement;
+    };
+    // The stored x is held against the current y, and the current x is not looked at.
+    EXPECT_TRUE(WindowPlacementsEqual(withMaximised({5, 5}), withMaximised({99, 5})));
+    EXPECT_FALSE(WindowPlacementsEqual(withMaximised({99, 5}), withMaximised({99, 5})));
+    EXPECT_FALSE(WindowPlacementsEqual(withMaximised({99, 5}), withMaximised({5, 5})));
+}
+
+class FocusedWindowOf : public testing::Test {
+protected:
+    FocusedWindowOf() { ownWindows.main = AddWindow({.className = "Main", .thread = simulated::OwnThread}); }
+
+    WindowHandle Focused() { return FocusedWindow(foreground); }
+
+    WindowHandle foreground = 0;
+};
+
+TEST_F(FocusedWindowOf, AnotherProgramIsItsFocus) {
+    const WindowHandle editor = AddWindow({.className = "Editor"});
+    const WindowHandle text = AddWindow({.className = "Edit", .parent = editor});
+    simulated::SetFocus(text);
+    EXPECT_EQ(Focused(), text);
+    EXPECT_EQ(foreground, editor);
+}
+
+TEST_F(FocusedWindowOf, WithoutAFocusIsTheForeground) {
+    const WindowHandle editor = AddWindow({.className = "Editor"});
+    const WindowHandle text = AddWindow({.className = "Edit", .parent = editor});
+    simulated::SetFocus(text);
+    simulated::RefuseAttachment(simulated::OtherThread);
+    EXPECT_EQ(Focused(), editor) << "the queue cannot be asked";
+    simulated::RefuseAttachment(simulated::OtherThread, false);
+    simulated::TakeFocusFrom(simulated::OtherThread);
+    EXPECT_EQ(Focused(), editor) << "no window of the thread has it";
+}
+
+TEST_F(FocusedWindowOf, TheTaskBarIsTheTaskBarWhateverHasTheFocusInIt) {
+    const WindowHandle bar = AddWindow({.className = "Shell_TrayWnd"});
+    simulated::SetFocus(AddWindow({.className = "Button", .parent = bar}));
+    EXPECT_EQ(Focused(), bar);
+}
+
+TEST_F(FocusedWindowOf, OurOwnProgramIsOurMainWindow) {
+    AddWindow({.className = "Form", .thread = simulated::OwnThread});
+    EXPECT_EQ(Focused(), ownWindows.main);
+}
+
+TEST_F(FocusedWindowOf, NoForegroundIsNone) {
+    simulated::LeaveNoForeground();
+    EXPECT_EQ(Focused(), 0);
+    EXPECT_EQ(foreground, 0);
+}
+
+}  // namespace

@@ -1,0 +1,177 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "keystrokes/notation.h"
+#include "simulated/desktop.h"
+
+namespace {
+
+using namespace std::string_literals;
+
+TEST(Tokens, TextIsCutAtCharactersAndClosedBraces) {
+    struct Case {
+        std::string text;
+        std::vector<std::string> tokens;
+    };
+    const std::vector<Case> cases = {
+        {"", {}},
+        {"aB", {"a", "B"}},
+        {"{a}", {"{a}"}},
+        {"x{L_SHIFT DOWN}y z", {"x", "{L_SHIFT DOWN}", "y", " ", "z"}},
+        {"a}b", {"a", "}", "b"}},
+        {"{}{{}}", {"{}", "{{}", "}"}},
+        {"{F5}{f5}", {"{F5}", "{f5}"}},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.text);
+        const int count = static_cast<int>(each.tokens.size());
+        ASSERT_EQ(TokenCount(each.text), count);
+        int start = 0;
+        for (int i = 0; i < count; ++i) {
+            const Token token = TokenAt(each.text, i);
+            EXPECT_EQ(token.text, each.tokens[static_cast<std::size_t>(i)]);
+            EXPECT_EQ(token.index, i);
+            EXPECT_EQ(token.start, start);
+            EXPECT_EQ(token.length, static_cast<int>(token.text.size()));
+            start += token.length;
+        }
+        for (const int outside : {-1, count}) {
+            const Token nothing = TokenAt(each.text, outside);
+            EXPECT_EQ(nothing.text, "");
+            EXPECT_EQ(nothing.start, -1);
+            EXPECT_EQ(nothing.length, -1);
+        }
+    }
+}
+
+TEST(Tokens, OpenBraceEndsTheTextWithoutAResult) {
+    EXPECT_EQ(TokenCount("{"), -1);
+    EXPECT_EQ(TokenCount("ab{c"), -1);
+    EXPECT_EQ(TokenCount("{a}{"), -1);
+    EXPECT_EQ(TokenAt("ab{c", 1).text, "b");
+    EXPECT_EQ(TokenAt("ab{c", 2).text, "");
+    EXPECT_EQ(TokenAt("ab{c", 2).length, -1);
+    EXPECT_EQ(TokenUnder("ab{c", 1).index, 1);
+    EXPECT_EQ(TokenUnder("ab{c", 3).index, -1);
+}
+
+TEST(TokenUnder, FindsTheTokenThatCoversThePosition) {
+    const std::string text = "a{F5}b";
+    const std::vector<int> indexByPosition = {0, 1, 1, 1, 1, 2, 2};  // the last one is the end of the text
+    for (int position = 0; position <= static_cast<int>(text.size()); ++position) {
+        EXPECT_EQ(TokenUnder(text, position).index, indexByPosition[static_cast<std::size_t>(position)]) << position;
+    }
+    EXPECT_EQ(TokenUnder(text, 3).start, 1);
+    EXPECT_EQ(TokenUnder(text, 3).length, 4);
+    EXPECT_EQ(TokenUnder("", 0).index, -1);
+    EXPECT_EQ(TokenUnder(text, -1).index, -1);
+}
+
+TEST(ParseToken, TellsKeyAndAction) {
+    struct Case {
+        std::string token;
+        int vk;
+        int action;
+    };
+    const std::vector<Case> cases = {
+        {"", -1, -1},
+        {"\0"s, -1, -1},
+        {"a", 65, ActionPress},
+        {"A", 65, ActionPress},
+        {" ", 32, ActionPress},
+        {"{a}", 65, ActionPress},
+        {"{a down}", 65, ActionDown},
+        {"{enter}", 13, ActionPress},
+        {"{Enter DOWN}", 13, ActionDown},
+        {"{ENTER up}", 13, ActionUp},
+        {"{SHIFT}", 161, ActionPress},
+        {"{shift down}", 161, ActionDown},
+        {"{CTRL UP}", 163, ActionUp},
+        {"{ALT}", 164, ActionPress},
+        {"{alt DOWN}", 164, ActionDown},
+        {"{WHEEL}", WheelKey, ActionPress},
+        {"{wheel up}", WheelKey, ActionUp},
+        {"{WHEEL DOWN}", WheelKey, ActionDown},
+        {"{NO_SUCH_KEY}", -1, ActionPress},
+        {"{NO_SUCH_KEY DOWN}", -1, ActionDown},
+        {"{}", -1, ActionPress},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.token);
+        int vk = 77;
+        int action = 77;
+        ParseToken(each.token, vk, action);
+        EXPECT_EQ(vk, each.vk);
+        EXPECT_EQ(action, each.action);
+    }
+    EXPECT_TRUE(simulated::ShownBoxes().empty());
+}
+
+TEST(ParseToken, AnotherWordShowsABoxAndKeepsTheAction) {
+    for (const std::string token : {"{a sideways}", "{a }", "{a  DOWN}", "{a DOWN }"}) {
+        SCOPED_TRACE(token);
+        int vk = 77;
+        int action = ActionUp;
+        const std::size_t before = simulated::ShownBoxes().size();
+        ParseToken(token, vk, action);
+        EXPECT_EQ(vk, 65);
+        EXPECT_EQ(action, ActionUp);
+        ASSERT_EQ(simulated::ShownBoxes().size(), before + 1);
+    }
+    EXPECT_EQ(simulated::ShownBoxes()[0].text, "nije ni up ni down, event_str: {A SIDEWAYS}");
+}
+
+TEST(EventToToken, ShowsNamedKeysTwiceAndCharactersOnce) {
+    struct Case {
+        int vk;
+        int keyState;
+        std::string token;
+    };
+    const std::vector<Case> cases = {
+        {13, 0, "{ENTER DOWN}"},
+        {13, 1, "{ENTER DOWN}"},
+        {13, 2, "{ENTER UP}"},
+        {13, 3, "{ENTER UP}"},
+        {13, 4, ""},
+        {13, -1, ""},
+        {65, 0, "a"},
+        {65, 1, "a"},
+        {65, 2, ""},
+        {65, 3, ""},
+        {32, 0, " "},
+        {124, 0, "{124 DOWN}"},
+        {165, 2, "{ALT UP}"},
+        {160, 0, "{L_SHIFT DOWN}"},
+        {WheelKey, 0, "{WHEEL DOWN}"},
+        {WheelKey, 2, "{WHEEL UP}"},
+    };
+    for (const Case& each : cases) EXPECT_EQ(EventToToken(each.vk, each.keyState), each.token) << each.vk;
+}
+
+TEST(KeyIsHeld, LooksBackForTheLastTokenOfTheKey) {
+    struct Case {
+        std::string text;
+        int from;
+        int vk;
+        bool held;
+    };
+    const std::vector<Case> cases = {
+        {"{L_SHIFT DOWN}ab", 2, 160, true},
+        {"{L_SHIFT DOWN}ab", 2, 161, false},
+        {"{L_SHIFT DOWN}a{L_SHIFT UP}", 2, 160, false},
+        {"{L_SHIFT DOWN}a{L_SHIFT UP}", 1, 160, true},
+        {"{L_SHIFT DOWN}{L_SHIFT}", 1, 160, false},  // a press lets go again
+        {"{CTRL DOWN}", 0, 163, true},
+        {"{L_SHIFT DOWN}", 99, 160, true},
+        {"{L_SHIFT DOWN}", -1, 160, false},
+        {"", 0, 160, false},
+        {"{L_SHIFT DOWN}{", 1, 160, false},
+        {"{ALT DOWN}", 0, 164, true},
+        {"{ALT DOWN}", 0, 165, false},  // the name leads to the lowest of its keys alone
+    };
+    for (const Case& each : cases) EXPECT_EQ(KeyIsHeld(each.text, each.from, each.vk), each.held) << each.text;
+}
+
+}  // namespace

@@ -1,0 +1,305 @@
+#include "platform/input.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "contract_desktop.h"
+#include "platform/clock.h"
+#include "platform/hooks.h"
+#include "platform/hotkeys.h"
+#include "platform/pump.h"
+#include "platform/window_services.h"
+
+using contract::OtherProgram;
+using contract::Within;
+using platform::InputRecord;
+using platform::WindowHandle;
+
+namespace {
+
+constexpr int VirtualKeyShift = 16;
+constexpr int VirtualKeyLeftMenu = 0xA4;
+constexpr int VirtualKeyRight = 39;
+constexpr int VirtualKeyF9 = 120;
+constexpr int PatienceMs = 10'000;
+
+void SendKey(int virtualKey, std::int32_t state) {
+    InputRecord key;
+    key.dwType() = platform::InputKeyboard;
+    key.KeyCode() = platform::ScanCodeOf(virtualKey) * 65536 + virtualKey;
+    key.KeyState() = state;
+    EXPECT_EQ(platform::SendInput(key), 1);
+}
+
+void Tap(int virtualKey, std::int32_t state = 0) {
+    SendKey(virtualKey, state);
+    SendKey(virtualKey, state | platform::KeyUp);
+}
+
+void SendMouse(std::int32_t flags, platform::Point at = {}, std::int32_t data = 0) {
+    InputRecord mouse;
+    mouse.dwType() = platform::InputMouse;
+    mouse.dx() = at.x;
+    mouse.dy() = at.y;
+    mouse.mouseData() = data;
+    mouse.dwFlags() = flags;
+    EXPECT_EQ(platform::SendInput(mouse), 1);
+}
+
+// The scale of replay: the 1 keeps the truncation on the way back from landing a pixel short.
+void SendMoveTo(platform::Point pixel) {
+    const platform::Size screen = platform::ScreenSize();
+    const auto scaled = [](int p, int size) { return static_cast<int>(std::nearbyint(p * (65535.0 / size))) + 1; };
+    SendMouse(platform::MouseMove | platform::MouseAbsolute,
+              {scaled(pixel.x, screen.width), scaled(pixel.y, screen.height)});
+}
+
+void MoveTo(platform::Point pixel) {
+    SendMoveTo(pixel);
+    EXPECT_TRUE(Within(PatienceMs, [&] { return platform::CursorPosition() == pixel; }))
+        << "sent to " << pixel.x << ", " << pixel.y << ", but at " << platform::CursorPosition().x << ", "
+        << platform::CursorPosition().y;
+}
+
+TEST(Input, AMoveLandsOnItsPixel) {
+    const platform::Size screen = platform::ScreenSize();
+    ASSERT_GT(screen.width, 0);
+    ASSERT_GT(screen.height, 0);
+    constexpr int steps = 23;
+    for (int step = 0; step <= steps && !testing::Test::HasFailure(); ++step) {
+        MoveTo({(screen.width - 1) * step / steps, (screen.height - 1) * (steps - step) / steps});
+    }
+    SendMouse(platform::MouseMove | platform::MouseAbsolute, {65535, 65535});
+    EXPECT_TRUE(Within(PatienceMs, [&] {
+        return platform::CursorPosition() == platform::Point{screen.width - 1, screen.height - 1};
+    })) << "the end of the scale is the last pixel";
+}
+
+TEST(Input, KeysArriveWhereTheFocusIs) {
+    OtherProgram program;
+    const WindowHandle top = program.Add({.caption = "Typing"});
+    const WindowHandle edit = program.Add({.className = "Edit", .rect = {10, 10, 300, 60}, .parent = top});
+    const WindowHandle other = program.Add({.className = "Edit", .rect = {10, 70, 300, 120}, .parent = top});
+    program.Focus(edit);
+    Tap('A');
+    SendKey(VirtualKeyShift, 0);
+    Tap('B');
+    SendKey(VirtualKeyShift, platform::KeyUp);
+    Tap('7');
+    EXPECT_TRUE(Within(PatienceMs, [&] { return program.TextOf(edit) == "aB7"; })) << program.TextOf(edit);
+    program.Focus(other);
+    Tap('C');
+    EXPECT_TRUE(Within(PatienceMs, [&] { return program.TextOf(other) == "c"; })) << program.TextOf(other);
+    EXPECT_EQ(program.TextOf(edit), "aB7");
+}
+
+// With and without a pause between the move and the press, which the display may use to interfere.
+TEST(Input, AClickGoesToTheWindowUnderTheCursor) {
+    OtherProgram program;
+    const WindowHandle top = program.Add({.caption = "Clicked", .rect = {100, 100, 500, 400}});
+    const WindowHandle child = program.Add({.rect = {10, 10, 60, 60}, .parent = top});
+    int round = 0;
+    for (const int pauseMs : {0, 1, 2, 5, 10, 20, 50, 100, 150, 300}) {
+        ++round;
+        const auto click = [&](platform::Point point, WindowHandle window) {
+            SendMoveTo(point);
+            platform::Sleep(pauseMs);
+            SendMouse(platform::MouseLeftDown);
+            SendMouse(platform::MouseLeftUp);
+            EXPECT_TRUE(Within(2000, [&] { return program.ClicksOn(window) == round; }))
+                << "at " << point.x << ", " << point.y << " after " << pauseMs << " ms";
+        };
+        click({115 + round, 145 - round}, child);
+        click({300 + round, 300 - round}, top);
+        ASSERT_EQ(program.ClicksOn(child), round);
+    }
+}
+
+TEST(Input, AsyncKeyStateRemembersATapOnce) {
+    contract::AddOwn({.caption = "front"});
+    platform::AsyncKeyState(VirtualKeyF9);
+    EXPECT_EQ(platform::AsyncKeyState(VirtualKeyF9), 0);
+    Tap(VirtualKeyF9);
+    EXPECT_EQ(platform::AsyncKeyState(VirtualKeyF9), 1);
+    EXPECT_EQ(platform::AsyncKeyState(VirtualKeyF9), 0);
+    SendKey(VirtualKeyF9, 0);
+    EXPECT_LT(platform::AsyncKeyState(VirtualKeyF9), 0);
+    EXPECT_LT(platform::AsyncKeyState(VirtualKeyF9), 0) << "down as long as it is down";
+    SendKey(VirtualKeyF9, platform::KeyUp);
+    EXPECT_GE(platform::AsyncKeyState(VirtualKeyF9), 0);
+}
+
+TEST(Input, KeyStateFollowsInjectedKeys) {
+    contract::AddOwn({.caption = "front"});
+    const auto toggled = [] {
+        platform::Pump();
+        return (platform::KeyState(platform::VirtualKeyCapital) & 1) != 0;
+    };
+    const bool atFirst = toggled();
+    Tap(platform::VirtualKeyCapital);
+    EXPECT_TRUE(Within(PatienceMs, [&] { return toggled() != atFirst; }));
+    Tap(platform::VirtualKeyCapital);
+    EXPECT_TRUE(Within(PatienceMs, [&] { return toggled() == atFirst; }));
+    SendKey(VirtualKeyShift, 0);
+    EXPECT_TRUE(Within(PatienceMs, [] { return platform::KeyState(VirtualKeyShift) < 0; }));
+    SendKey(VirtualKeyShift, platform::KeyUp);
+    EXPECT_TRUE(Within(PatienceMs, [] { return platform::KeyState(VirtualKeyShift) >= 0; }));
+}
+
+TEST(Input, KeysMapToScanCodesAndCharacters) {
+    const struct {
+        int virtualKey, scanCode, character;
+    } keys[] = {{'A', 0x1E, 'A'}, {'7', 0x08, '7'}, {0x0D, 0x1C, 0x0D}, {0x20, 0x39, ' '}, {0x1B, 0x01, 0x1B},
+                {0x70, 0x3B, 0},  {0x10, 0x2A, 0},  {0xBC, 0x33, ','},  {0xFF, 0, 0}};
+    for (const auto& key : keys) {
+        EXPECT_EQ(platform::ScanCodeOf(key.virtualKey), key.scanCode) << key.virtualKey;
+        EXPECT_EQ(platform::CharacterOf(key.virtualKey), key.character) << key.virtualKey;
+    }
+}
+
+// --- Hooks ---
+
+std::vector<platform::KeyboardHookRecord> keysHeard;
+std::vector<platform::MouseHookRecord> mouseHeard;
+
+struct Listening {
+    Listening() {
+        EXPECT_TRUE(platform::InstallKeyboardHook([](const auto& record) { keysHeard.push_back(record); }));
+        EXPECT_TRUE(platform::InstallMouseHook([](const auto& record) { mouseHeard.push_back(record); }));
+        keysHeard.clear();
+        mouseHeard.clear();
+    }
+    ~Listening() {
+        platform::RemoveKeyboardHook();
+        platform::RemoveMouseHook();
+    }
+};
+
+bool HeardKeys(std::size_t count) {
+    return Within(PatienceMs, [=] { return keysHeard.size() >= count; });
+}
+
+TEST(Hooks, HearInjectedKeysWithTheirFlags) {
+    contract::AddOwn({.caption = "front"});
+    const Listening listening;
+    Tap('A');
+    Tap(VirtualKeyRight, platform::KeyExtended);
+    SendKey(VirtualKeyLeftMenu, 0);
+    Tap(VirtualKeyF9);
+    SendKey(VirtualKeyLeftMenu, platform::KeyUp);
+    ASSERT_TRUE(HeardKeys(8));
+
+    constexpr std::uint32_t keyDown = 0x100, keyUp = 0x101, sysKeyDown = 0x104, sysKeyUp = 0x105;
+    constexpr std::uint32_t extended = 1, injected = 16, up = 128;
+    const std::uint32_t altDown = contract::Desktop().hooksTellAltDown ? 32 : 0;
+    const struct {
+        std::uint32_t message, flags;
+        int virtualKey;
+    } expected[] = {
+        {keyDown, injected, 'A'},
+        {keyUp, injected | up, 'A'},
+        {keyDown, injected | extended, VirtualKeyRight},
+        {keyUp, injected | extended | up, VirtualKeyRight},
+        {sysKeyDown, injected | altDown, VirtualKeyLeftMenu},
+        {sysKeyDown, injected | altDown, VirtualKeyF9},
+        {sysKeyUp, injected | altDown | up, VirtualKeyF9},
+        {keyUp, injected | up, VirtualKeyLeftMenu},
+    };
+    ASSERT_EQ(keysHeard.size(), std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        EXPECT_EQ(keysHeard[i].message, expected[i].message) << "key " << i;
+        EXPECT_EQ(keysHeard[i].flags, expected[i].flags) << "key " << i;
+        EXPECT_EQ(static_cast<int>(keysHeard[i].vkCode), expected[i].virtualKey) << "key " << i;
+    }
+    EXPECT_EQ(static_cast<int>(keysHeard[0].scanCode), platform::ScanCodeOf('A'));
+}
+
+TEST(Hooks, HearTheInjectedMouse) {
+    OtherProgram program;
+    program.Add({.caption = "ground", .rect = {100, 100, 500, 400}});
+    MoveTo({150, 150});
+    const Listening listening;
+    MoveTo({210, 220});
+    SendMouse(platform::MouseLeftDown);
+    SendMouse(platform::MouseLeftUp);
+    SendMouse(platform::MouseWheel, {}, -120);
+    constexpr std::uint32_t move = 0x200;
+    ASSERT_TRUE(Within(PatienceMs, [] { return !mouseHeard.empty() && mouseHeard.back().message == 0x20A; }));
+    const auto injected = [](const auto& record) { return (record.flags & 1) != 0; };
+    const auto first = std::find_if(mouseHeard.begin(), mouseHeard.end(), injected);  // a display adds moves of its own
+    ASSERT_NE(first, mouseHeard.end());
+    EXPECT_EQ(first->message, move);
+    EXPECT_EQ(first->pt, (platform::Point{210, 220}));
+
+    std::erase_if(mouseHeard, [](const auto& record) { return record.message == move; });
+    const std::uint32_t messages[] = {0x201, 0x202, 0x20A};
+    ASSERT_EQ(mouseHeard.size(), std::size(messages));
+    for (std::size_t i = 0; i < std::size(messages); ++i) {
+        EXPECT_EQ(mouseHeard[i].message, messages[i]);
+        EXPECT_EQ(mouseHeard[i].pt, (platform::Point{210, 220})) << "event " << i;
+        EXPECT_EQ(mouseHeard[i].flags & 1, 1u);
+    }
+    EXPECT_EQ(static_cast<std::int16_t>(mouseHeard[2].mouseData >> 16), -120);
+}
+
+TEST(Hooks, HearTheUserAsNotInjected) {
+    if (!contract::HasUser()) GTEST_SKIP() << "nobody here to press a key";
+    OtherProgram program;
+    const WindowHandle top = program.Add({.caption = "ground"});
+    const WindowHandle edit = program.Add({.className = "Edit", .rect = {10, 10, 300, 60}, .parent = top});
+    program.Focus(edit);
+    const Listening listening;
+    contract::UserTaps('K');
+    ASSERT_TRUE(HeardKeys(2));
+    EXPECT_EQ(keysHeard[0].vkCode, static_cast<std::uint32_t>('K'));
+    EXPECT_EQ(keysHeard[0].flags, 0u);
+    EXPECT_EQ(keysHeard[1].flags, 128u);
+    EXPECT_TRUE(Within(PatienceMs, [&] { return program.TextOf(edit) == "k"; })) << "a hook takes nothing away";
+    EXPECT_NE(platform::AsyncKeyState('K'), 0) << "the tap is over and still seen";
+}
+
+TEST(Hooks, AreThereFromInstallToRemove) {
+    contract::AddOwn({.caption = "front"});
+    EXPECT_FALSE(platform::KeyboardHookInstalled());
+    {
+        const Listening listening;
+        EXPECT_TRUE(platform::KeyboardHookInstalled());
+        EXPECT_TRUE(platform::MouseHookInstalled());
+        static int heardBySecond = 0;
+        EXPECT_TRUE(platform::InstallKeyboardHook([](const auto&) { ++heardBySecond; }));
+        Tap('A');
+        EXPECT_TRUE(Within(PatienceMs, [] { return heardBySecond == 2; }));
+        EXPECT_TRUE(keysHeard.empty()) << "the first procedure is replaced";
+    }
+    EXPECT_FALSE(platform::KeyboardHookInstalled());
+    EXPECT_FALSE(platform::MouseHookInstalled());
+    Tap('A');
+    MoveTo({300, 300});
+    Within(50, [] { return false; });
+    EXPECT_TRUE(keysHeard.empty());
+    EXPECT_TRUE(mouseHeard.empty());
+    platform::RemoveKeyboardHook();
+}
+
+// --- Hotkeys ---
+
+TEST(Hotkeys, ArriveInsideThePumpWhateverHasTheFocus) {
+    if (!contract::HasUser()) GTEST_SKIP() << "nobody here to press a key";
+    const WindowHandle own = contract::AddOwn({.caption = "own", .visible = false});
+    OtherProgram program;
+    program.Add({.caption = "front"});
+    ASSERT_TRUE(platform::RegisterHotkey(own, 7, 0, VirtualKeyF9));
+    EXPECT_FALSE(platform::RegisterHotkey(own, 8, 0, VirtualKeyF9)) << "a combination has one holder";
+    contract::UserTaps(VirtualKeyF9);
+    EXPECT_TRUE(Within(PatienceMs, [&] { return contract::HotkeysAt(own) == std::vector<int>{7}; }));
+    EXPECT_TRUE(platform::UnregisterHotkey(own, 7));
+    EXPECT_FALSE(platform::UnregisterHotkey(own, 7));
+    contract::UserTaps(VirtualKeyF9);
+    Within(50, [] { return false; });
+    EXPECT_EQ(contract::HotkeysAt(own), std::vector<int>{7});
+    contract::RemoveOwn(own);
+}
+
+}  // namespace

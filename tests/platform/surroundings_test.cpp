@@ -1,0 +1,161 @@
+#include <gtest/gtest.h>
+
+#include "base/runtime_failure.h"
+#include "contract_desktop.h"
+#include "platform/boxes.h"
+#include "platform/clock.h"
+#include "platform/instances.h"
+#include "platform/load.h"
+#include "platform/pump.h"
+#include "platform/registry.h"
+#include "platform/text.h"
+#include "platform/timers.h"
+#include "platform/window_services.h"
+
+using contract::OtherProgram;
+using contract::Within;
+using platform::WindowHandle;
+
+namespace {
+
+constexpr int PatienceMs = 10'000;
+
+// --- Timers ---
+
+TEST(Timers, RunInsideThePumpOnly) {
+    int ticks = 0;
+    const platform::TimerId timer = platform::StartTimer(30, [&] { ++ticks; });
+    ASSERT_NE(timer, 0);
+    platform::Sleep(150);
+    EXPECT_EQ(ticks, 0);
+    platform::Pump();
+    EXPECT_EQ(ticks, 1) << "a late pump gets one call, not several";
+    platform::StopTimer(timer);
+    platform::Sleep(60);
+    platform::Pump();
+    EXPECT_EQ(ticks, 1);
+    platform::StopTimer(timer);
+    platform::StopTimer(0);
+}
+
+TEST(Timers, ADueTickOfAStoppedTimerIsForgotten) {
+    int ticks = 0;
+    platform::TimerId second = 0;
+    const platform::TimerId first = platform::StartTimer(20, [&] { platform::StopTimer(second); });
+    second = platform::StartTimer(20, [&] { ++ticks; });
+    EXPECT_NE(first, second);
+    platform::StopTimer(second);
+    platform::Sleep(100);
+    platform::Pump();
+    EXPECT_EQ(ticks, 0);
+    platform::StopTimer(first);
+}
+
+TEST(Timers, AHandlerMayStopItselfAndPump) {
+    int once = 0;
+    int inner = 0;
+    platform::TimerId timer = 0;
+    const std::string keptAlive(100, 'k');
+    timer = platform::StartTimer(20, [&once, &timer, keptAlive] {
+        platform::StopTimer(timer);
+        once += keptAlive == std::string(100, 'k') ? 1 : 100;
+    });
+    EXPECT_TRUE(Within(PatienceMs, [&] { return once > 0; }));
+    Within(100, [] { return false; });
+    EXPECT_EQ(once, 1);
+
+    const platform::TimerId other = platform::StartTimer(20, [&] { ++inner; });
+    bool sawInner = false;
+    timer = platform::StartTimer(20, [&] {
+        platform::StopTimer(timer);
+        const int before = inner;
+        sawInner = Within(PatienceMs, [&] { return inner > before; });
+    });
+    EXPECT_TRUE(Within(PatienceMs, [&] { return sawInner; })) << "other timers run in a pump inside a handler";
+    platform::StopTimer(other);
+}
+
+TEST(Timers, AFailureInAHandlerIsShown) {
+    int ticks = 0;
+    platform::TimerId timer = 0;
+    const std::string shown = contract::BoxDuring([&] {
+        timer = platform::StartTimer(20, [&] {
+            if (++ticks == 1) throw RuntimeFailure(FailureKind::File, "The file a.tsj is gone.");
+        });
+        Within(PatienceMs, [&] { return ticks >= 2; });
+    });
+    EXPECT_EQ(shown, "Tessarine|The file a.tsj is gone.");
+    EXPECT_GE(ticks, 2) << "the timer goes on";
+    platform::StopTimer(timer);
+}
+
+// --- Boxes ---
+
+TEST(Boxes, GiveTheAnswerOfTheUser) {
+    EXPECT_EQ(contract::BoxDuring([] { platform::ShowBox("It is done.", "Title", platform::BoxIcon::Error); }),
+              "Title|It is done.");
+    for (const bool yes : {true, false}) {
+        bool answer = !yes;
+        contract::BoxDuring([&] { answer = platform::AskYesNo("Really?", "Title"); }, yes);
+        EXPECT_EQ(answer, yes);
+    }
+}
+
+// --- Registry ---
+
+TEST(Registry, KeepsText) {
+    const std::string key = "Software\\Tessarine contract\\inner";
+    EXPECT_TRUE(platform::DeleteRegistryValue(key, "text")) << "gone already";
+    EXPECT_FALSE(platform::ReadRegistry(key, "text").has_value());
+    for (const std::string& text : {std::string("C:\\Some folder"), std::string(), std::string(3000, 'x')}) {
+        EXPECT_TRUE(platform::WriteRegistry(key, "text", text));
+        EXPECT_EQ(platform::ReadRegistry(key, "text"), text);
+        EXPECT_EQ(platform::ReadRegistry("SOFTWARE\\TESSARINE contract\\inner", "TEXT"), text);
+    }
+    EXPECT_FALSE(platform::ReadRegistry(key, "other").has_value());
+    EXPECT_TRUE(platform::DeleteRegistryValue(key, "text"));
+    EXPECT_FALSE(platform::ReadRegistry(key, "text").has_value());
+}
+
+// --- Text ---
+
+TEST(Text, IsInTheCodePage) {
+    EXPECT_EQ(platform::FromUtf8("R\xC3\xA9sum\xC3\xA9 \xE2\x82\xAC"), "R\xE9sum\xE9 \x80");
+    EXPECT_EQ(platform::ToUtf8("R\xE9sum\xE9 \x80"), "R\xC3\xA9sum\xC3\xA9 \xE2\x82\xAC");
+    EXPECT_EQ(platform::FromUtf8("a\xE6\x97\xA5z"), "a?z") << "not in the code page";
+    EXPECT_EQ(platform::FromUtf8(""), "");
+    EXPECT_EQ(platform::LowerCase("\xC4 PFEL.TSJ 1"), "\xE4 pfel.tsj 1");
+    EXPECT_EQ(platform::UpperCase("\xF1 \xE9t\xE9"), "\xD1 \xC9T\xC9");
+    std::string all;
+    for (int byte = 1; byte < 256; ++byte) all += static_cast<char>(byte);
+    EXPECT_EQ(platform::FromUtf8(platform::ToUtf8(all)), all);
+}
+
+// --- The rest ---
+
+TEST(Load, IsAPercentageOfTheTimeBetween) {
+    const auto first = platform::ProcessorLoad();
+    EXPECT_FALSE(first.has_value()) << "nothing to compare with";
+    platform::Sleep(300);
+    const auto load = platform::ProcessorLoad();
+    if (load) {
+        EXPECT_GE(*load, 0);
+        EXPECT_LE(*load, 100);
+    }
+}
+
+TEST(Instances, TheSecondKnowsOfTheFirst) {
+    OtherProgram program;
+    program.RunTheProduct();
+    EXPECT_TRUE(platform::AnotherInstanceRuns());
+    EXPECT_TRUE(platform::AnotherInstanceRuns());
+}
+
+TEST(Instances, BytesReachTheOtherWindow) {
+    OtherProgram program;
+    const WindowHandle window = program.Add({.caption = ""});
+    platform::SendCopyData(window, "-run C:\\my job.tsj");
+    EXPECT_EQ(program.LastCopyData(window), "-run C:\\my job.tsj");
+}
+
+}  // namespace

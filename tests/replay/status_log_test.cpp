@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "base/runtime_failure.h"
+#include "dictionary/dictionary.h"
+#include "platform/clock.h"
+#include "replay/replay_log.h"
+#include "replay/status.h"
+#include "simulated/desktop.h"
+#include "simulated/files.h"
+#include "support/disk_faults.h"
+#include "support/status_view_stand_in.h"
+
+namespace {
+
+constexpr const char* LogPath = "C:\\Data\\Every day.log";
+
+TEST(SetStatus, WritesTheLabelInTheLanguageInForce) {
+    struct Case {
+        int code;
+        std::string text;
+        std::string label;
+    };
+    const std::vector<Case> cases = {
+        {StatusRunning, "", "executing job..."},
+        {StatusWebPage, "", "Waiting for web page to load..."},
+        {StatusFinished, "", "Finished"},
+        {StatusCanceled, "ignored", "Canceled"},
+        {StatusWaitingForWindow, "Untitled", "Waiting for window:\r\nUntitled"},
+    };
+    Translate("Finished");
+    for (const Case& each : cases) {
+        setStatus(each.code, each.text);
+        EXPECT_EQ(statusViewStandIn.statusLabel, each.label);
+    }
+    SetLanguage(LanguageSpanish);
+    Translate("Finished");
+    setStatus(StatusRunning);
+    EXPECT_EQ(statusViewStandIn.statusLabel, actionWords.executingJob + "...");
+    EXPECT_NE(statusViewStandIn.statusLabel, "executing job...");
+}
+
+TEST(SetStatus, FailureAndUnknownCodesLeaveTheLabel) {
+    statusViewStandIn.statusLabel = "as it was";
+    for (const int code : {StatusFailed, 5, 7, -1}) setStatus(code, "text");
+    EXPECT_EQ(statusViewStandIn.statusLabel, "as it was");
+}
+
+TEST(Premjesti, GoesToTheOtherSideAndTakesTheListAlong) {
+    simulated::SetScreenSize({1280, 1024});
+    auto& view = statusViewStandIn;
+    view.executing.visible = true;
+    Premjesti(false);
+    EXPECT_EQ(view.executing2.rectangle, (platform::Rect{960, 0, 1260, 140}));
+    EXPECT_EQ(view.executing.rectangle, (platform::Rect{860, 150, 1260, 450}));
+    Premjesti(true);
+    EXPECT_EQ(view.executing2.rectangle.left, 960) << "by force it is always the right";
+    Premjesti(false);
+    EXPECT_EQ(view.executing2.rectangle.left, 20);
+    EXPECT_EQ(view.executing.rectangle.left, 20);
+    view.executing.visible = false;
+    Premjesti(false);
+    EXPECT_EQ(view.executing2.rectangle.left, 960);
+    EXPECT_EQ(view.executing.rectangle.left, 20);
+}
+
+TEST(Premjesti, LeftSideEndsAtAThousandTwips) {
+    struct Case {
+        int pixelsPerInch;
+        std::int32_t left;
+        bool goesLeft;
+    };
+    for (const Case& each : {Case{1440, 999, false}, Case{1440, 1000, true}, Case{96, 66, false}, Case{96, 67, true},
+                             Case{144, 99, false}, Case{144, 100, true}, Case{96, -500, false}}) {
+        statusViewStandIn.pixelsPerInch = each.pixelsPerInch;
+        statusViewStandIn.executing2.rectangle = {each.left, 0, each.left + 300, 140};
+        Premjesti(false);
+        EXPECT_EQ(statusViewStandIn.executing2.rectangle.left == 20, each.goesLeft) << each.left;
+    }
+}
+
+class Logging : public testing::Test {
+protected:
+    Logging() {
+        simulated::PutFolder("C:\\Data");
+        simulated::SetLocalTime({2026, 11, 15, 5, 7, 9});
+    }
+
+    static std::string Written() { return simulated::FileBytes(LogPath).value_or("no file"); }
+};
+
+TEST_F(Logging, FirstLineBringsTheDateAndSetsItsOwnGap) {
+    const std::string date = "Date: " + platform::ShortDateText();
+    LogLine("Job speed: 100 (normal speed)", 7);
+    LogLine("Job will repeat: 1 time(s)", 0, 1);
+    LogLine("last", 1);
+    EXPECT_EQ(replayLog.LogBuffer, date +
+                                       "\r\n\r\n05:07:09  Job speed: 100 (normal speed)\r\n"
+                                       "05:07:09  Job will repeat: 1 time(s)\r\n\r\n"
+                                       "\r\n05:07:09  last\r\n");
+}
+
+TEST_F(Logging, NewestRunStandsOnTop) {
+    replayLog.LogBuffer = "run 1\r\n";
+    WriteLogFile(LogPath);
+    EXPECT_EQ(Written(), "run 1\r\n\r\n\r\n\r\n\r\n");
+    EXPECT_EQ(replayLog.LogBuffer, "");
+    replayLog.LogBuffer = "run 2\r\n";
+    WriteLogFile(LogPath);
+    EXPECT_EQ(Written(), "run 2\r\n\r\n\r\n\r\nrun 1\r\n\r\n\r\n\r\n\r\n\r\n");
+}
+
+TEST_F(Logging, OldTextIsTakenOverLineByLine) {
+    struct Case {
+        std::string old;
+        std::string tail;
+    };
+    const std::vector<Case> cases = {
+        {"", ""},         {"no line end", "no line end\r\n"}, {"a\nb\n", "a\r\nb\r\n"},
+        {"\r\n", "\r\n"}, {"a\r\n\r\nb", "a\r\n\r\nb\r\n"},
+    };
+    for (const Case& each : cases) {
+        simulated::PutFile(LogPath, each.old);
+        replayLog.LogBuffer = "new";
+        WriteLogFile(LogPath);
+        EXPECT_EQ(Written(), "new\r\n\r\n\r\n" + each.tail + "\r\n");
+    }
+}
+
+TEST_F(Logging, LineWithoutALogWaitsForTheNextOne) {
+    LogLine("Repeating job no: 1/2");
+    const std::string waiting = replayLog.LogBuffer;
+    LogLine("Job speed: MAXIMUM");
+    WriteLogFile(LogPath);
+    EXPECT_EQ(Written().find(waiting + "05:07:09  Job speed: MAXIMUM\r\n"), 0U);
+}
+
+TEST_F(Logging, LargeOldLogIsWhole) {
+    std::string old;
+    for (int i = 0; i < 20'000; ++i) old += "05:07:09  line " + std::to_string(i) + "\r\n";
+    simulated::PutFile(LogPath, old);
+    replayLog.LogBuffer = "new";
+    WriteLogFile(LogPath);
+    EXPECT_TRUE(Written() == "new\r\n\r\n\r\n" + old + "\r\n");
+}
+
+// Whichever step of the writing fails, the old log is there, or all of the new one, and a failure keeps the buffer.
+TEST_F(Logging, FailedWriteNeverTearsTheLog) {
+    SaveUnderFaults test;
+    test.path = LogPath;
+    test.oldBytes = "old\r\n";
+    test.newBytes = "new\r\n\r\n\r\nold\r\n\r\n";
+    test.save = [] {
+        replayLog.LogBuffer = "new";
+        try {
+            WriteLogFile(LogPath);
+        } catch (...) {
+            EXPECT_EQ(replayLog.LogBuffer, "new");
+            throw;
+        }
+        EXPECT_EQ(replayLog.LogBuffer, "");
+    };
+    SurvivesEveryFault(test);
+}
+
+TEST_F(Logging, FolderThatIsGoneIsAFileFailure) {
+    replayLog.LogBuffer = "new";
+    try {
+        WriteLogFile("C:\\Gone\\a.log");
+        ADD_FAILURE() << "written";
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.Kind(), FailureKind::File);
+        EXPECT_NE(std::string(failure.what()).find("C:\\Gone\\a.log"), std::string::npos);
+    }
+    EXPECT_EQ(replayLog.LogBuffer, "new");
+}
+
+}  // namespace

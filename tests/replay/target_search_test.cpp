@@ -1,0 +1,708 @@
+#include "replay/target_search.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "base/runtime_failure.h"
+#include "dictionary/dictionary.h"
+#include "identity/window_identity.h"
+#include "platform/clock.h"
+#include "platform/input.h"
+#include "platform/window_services.h"
+#include "settings/settings.h"
+#include "simulated/desktop.h"
+#include "support/status_view_stand_in.h"
+
+namespace {
+
+using platform::WindowHandle;
+using simulated::AddWindow;
+using simulated::WindowSpec;
+
+constexpr int Pause = 200;   // between two looks
+constexpr int Placed = 500;  // after the first placing of a window
+constexpr int NewPage = 3000;
+
+// An editor with a panel and a button, in which a click was recorded. The stories then change the desktop and look for
+// the button again, with the cursor where the click was.
+class TargetSearch : public testing::Test {
+protected:
+    TargetSearch() {
+        Translate("");  // fills the words of the status
+        settings.Display_Executing_Status = 1;
+        OpenEditor();
+        RecordClick(button);
+    }
+
+    void OpenEditor() {
+        editor = AddWindow(editorSpec);
+        panel = AddWindow(PanelIn(editor));
+        button = AddWindow(ButtonIn(panel));
+    }
+    static WindowSpec PanelIn(WindowHandle parent) {
+        return {.className = "Panel", .rect = {10, 10, 500, 400}, .parent = parent, .controlId = 5};
+    }
+    static WindowSpec ButtonIn(WindowHandle parent) {
+        return {.className = "Button", .caption = "OK", .rect = {20, 20, 40, 40}, .parent = parent, .controlId = 1};
+    }
+
+    void RecordClick(WindowHandle window) {
+        simulated::PlaceCursor(simulated::CentreOf(window));
+        Record(false);
+    }
+    void RecordKeys(WindowHandle window) {
+        simulated::SetFocus(window);
+        Record(true);
+    }
+    void Record(bool byFocus) {
+        JobEvent event;
+        CaptureWindow(event, byFocus);
+        request.chainIndex = event.WindowChainIndex;
+        request.useFocus = byFocus;
+    }
+
+    int Find() {
+        const std::int64_t begin = platform::TickCount();
+        const int result = FindTarget(request, windowArrays.windows, windowArrays.chains, reason);
+        took = platform::TickCount() - begin;
+        return result;
+    }
+    // A search that is over and done with: what it put in place needs no pause the next time.
+    void FindOnce() { ASSERT_EQ(Find(), TargetReady); }
+
+    void ExpectReadyAfter(std::int64_t ms) {
+        EXPECT_EQ(Find(), TargetReady) << reason;
+        EXPECT_EQ(took, ms);
+    }
+    void ExpectFailureAfter(std::int64_t ms, int result, const std::string& text) {
+        EXPECT_EQ(Find(), result);
+        EXPECT_EQ(took, ms);
+        EXPECT_EQ(reason, text);
+    }
+
+    WindowChain& Chain() { return windowArrays.chains.at(static_cast<std::size_t>(request.chainIndex)); }
+    WindowSignature& Signature(std::int32_t level) {
+        return windowArrays.windows.at(static_cast<std::size_t>(Chain().Path.at(static_cast<std::size_t>(level))));
+    }
+
+    const WindowSpec editorSpec = {.className = "Editor", .caption = "a.txt - Editor", .rect = {100, 100, 700, 600}};
+    WindowHandle editor = 0;
+    WindowHandle panel = 0;
+    WindowHandle button = 0;
+    SearchRequest request;
+    std::string reason = "as before";
+    std::int64_t took = 0;
+};
+
+// --- all is in place ---
+
+TEST_F(TargetSearch, InPlaceCostsAPauseOnceARun) {
+    ExpectReadyAfter(Placed);
+    ExpectReadyAfter(0);
+    EXPECT_EQ(searchState.current, button);
+    EXPECT_EQ(reason, "as before");
+    ResetSearch();
+    ExpectReadyAfter(Placed);
+}
+
+TEST_F(TargetSearch, MediumPaysThePauseEveryTime) {
+    request.safetyLevel = SafetyMedium;
+    ExpectReadyAfter(Placed);
+    ExpectReadyAfter(Placed);
+}
+
+TEST_F(TargetSearch, AMatchPutsEveryLevelBackInPlace) {
+    FindOnce();
+    simulated::MoveWindow(button, {23, 20});
+    ExpectReadyAfter(0);
+    EXPECT_EQ(platform::PlacementOf(button).rcNormalPosition, ButtonIn(panel).rect);
+    // The leaf alone decides whether something moved.
+    simulated::Resize(editor, {550, 450});
+    ExpectReadyAfter(0);
+    EXPECT_EQ(simulated::ScreenRectOf(editor).right, 650);
+    simulated::MoveWindow(button, {23, 20});
+    ExpectReadyAfter(0);
+    EXPECT_EQ(simulated::ScreenRectOf(editor), editorSpec.rect);
+}
+
+TEST_F(TargetSearch, PanesAreNotMoved) {
+    const WindowHandle pane = AddWindow({.className = "NetUIHWND", .rect = {100, 100, 200, 200}, .parent = panel});
+    RecordClick(pane);
+    simulated::MoveWindow(pane, {103, 100});
+    ExpectReadyAfter(0);
+    EXPECT_EQ(platform::PlacementOf(pane).rcNormalPosition.left, 103);
+}
+
+// --- the window is elsewhere ---
+
+TEST_F(TargetSearch, AMovedWindowComesBack) {
+    simulated::MoveWindow(editor, {800, 500});
+    ExpectReadyAfter(Pause + Placed);
+    EXPECT_EQ(simulated::ScreenRectOf(editor), editorSpec.rect);
+    EXPECT_EQ(searchState.current, button);
+}
+
+TEST_F(TargetSearch, AMinimisedWindowIsRestoredAndAMaximisedOneIsMaximised) {
+    simulated::Minimise(editor);
+    ExpectReadyAfter(Pause + Placed);
+    EXPECT_EQ(platform::PlacementOf(editor).showCmd, platform::ShowNormal);
+    simulated::Maximise(editor);
+    ResetWindowArrays();  // a signature that is there already would keep its recorded state
+    RecordClick(button);
+    simulated::Restore(editor);
+    ExpectReadyAfter(Pause);
+    EXPECT_EQ(platform::PlacementOf(editor).showCmd, platform::ShowMaximized);
+}
+
+TEST_F(TargetSearch, AnElementFoundByTheSearchGetsItsParentsPutBack) {
+    FindOnce();
+    simulated::MoveWindow(panel, {90, 90});
+    ExpectReadyAfter(Pause);
+    EXPECT_EQ(platform::PlacementOf(panel).rcNormalPosition, PanelIn(editor).rect);
+}
+
+TEST_F(TargetSearch, ACoveredWindowComesToTheFront) {
+    simulated::Cover(editor);
+    ExpectReadyAfter(Pause + Placed);
+    EXPECT_EQ(platform::WindowAt(simulated::CentreOf(button)), button);
+    simulated::Cover(editor);
+    ExpectReadyAfter(Pause);
+}
+
+TEST_F(TargetSearch, MediumIsContentWithTheTopLevelWindow) {
+    request.safetyLevel = SafetyMedium;
+    simulated::Destroy(button);
+    simulated::Cover(editor);
+    ExpectReadyAfter(Placed);
+    EXPECT_EQ(platform::ForegroundWindow(), editor);
+    EXPECT_EQ(searchState.current, editor);
+}
+
+TEST_F(TargetSearch, KeysGetTheirFocusBack) {
+    const WindowHandle text = AddWindow({.className = "Edit", .rect = {0, 0, 9, 9}, .parent = panel});
+    RecordKeys(text);
+    FindOnce();
+    AddWindow({.className = "Other", .caption = "Other"});
+    ExpectReadyAfter(Pause);
+    EXPECT_EQ(simulated::FocusedWindow(), text);
+}
+
+// --- the window is late ---
+
+TEST_F(TargetSearch, ALateWindowIsWaitedFor) {
+    simulated::Destroy(editor);
+    const WindowHandle late = simulated::AppearsAfter(3000, editorSpec);
+    const WindowHandle latePanel = simulated::AppearsAfter(3000, PanelIn(late));
+    const WindowHandle lateButton = simulated::AppearsAfter(3000, ButtonIn(latePanel));
+    request.waitSeconds = 10;
+    ExpectReadyAfter(3000 + Placed);
+    EXPECT_EQ(searchState.current, lateButton);
+    EXPECT_EQ(statusViewStandIn.statusLabel, "Waiting for window:\r\na.txt - Editor");
+}
+
+TEST_F(TargetSearch, AWindowThatWasWaitedForGetsABreath) {
+    FindOnce();
+    simulated::SetCaption(editor, "Busy");
+    simulated::MeanwhileAfter(500, [this] { simulated::SetCaption(editor, "a.txt - Editor"); });
+    request.waitSeconds = 10;
+    ExpectReadyAfter(600 + Pause);
+}
+
+TEST_F(TargetSearch, ALateElementIsWaitedFor) {
+    simulated::Destroy(button);
+    const WindowHandle late = simulated::AppearsAfter(1000, ButtonIn(panel));
+    request.waitSeconds = 5;
+    ExpectReadyAfter(1000 + Placed);
+    EXPECT_EQ(searchState.current, late);
+}
+
+TEST_F(TargetSearch, AMissingWindowFailsWhenTheWaitIsOver) {
+    simulated::SetCaption(editor, "b.txt - Editor");
+    const std::string text = "Cannot find window: 'a.txt - Editor'";
+    ExpectFailureAfter(Pause, TargetWindowMissing, text);
+    request.waitSeconds = 1;
+    ExpectFailureAfter(1200, TargetWindowMissing, text);  // more than the wait must have passed
+    request.safetyLevel = SafetyMedium;
+    ExpectFailureAfter(1200, TargetWindowMissing, text);
+}
+
+TEST_F(TargetSearch, TheStatusIsLeftAloneWhenItIsNotShown) {
+    settings.Display_Executing_Status = 0;
+    simulated::Destroy(editor);
+    EXPECT_EQ(Find(), TargetWindowMissing);
+    EXPECT_TRUE(statusViewStandIn.statusHistory.empty());
+}
+
+TEST_F(TargetSearch, AMissingElementFailsWhenTheWaitIsOver) {
+    simulated::SetCaption(button, "Cancel");
+    ExpectFailureAfter(Pause, TargetElementMissing, "Cannot find element: 'OK' (Button' in window: 'a.txt - Editor'");
+    request.waitSeconds = 1;
+    EXPECT_EQ(Find(), TargetElementMissing);
+    EXPECT_GT(took, 1000);
+    EXPECT_LE(took, 1000 + Pause);
+    // The markers are replaced one after the other, so a caption with the second one in it takes the window's.
+    Signature(0).Caption = "100%2";
+    request.waitSeconds = 0;
+    ExpectFailureAfter(Pause, TargetElementMissing,
+                       "Cannot find element: '100a.txt - Editor' (Button' in window: '%2'");
+}
+
+TEST_F(TargetSearch, ABareDialogGetsTwentyLooks) {
+    const WindowSpec bare = {.className = "#32770", .rect = {800, 100, 900, 200}};
+    const WindowHandle dialog = AddWindow(bare);
+    RecordClick(dialog);
+    simulated::Destroy(dialog);
+    ExpectFailureAfter(19 * Pause + Pause + 19 * Pause, TargetWindowMissing, "Cannot find window: ''");
+    simulated::AppearsAfter(2500, bare);
+    ExpectReadyAfter(2600 + Placed);
+}
+
+// --- ESC ---
+
+TEST_F(TargetSearch, EscapeEndsEveryWait) {
+    simulated::UserTaps(platform::VirtualKeyEscape);
+    EXPECT_EQ(Find(), TargetCanceled) << "a tap before the search";
+    EXPECT_EQ(took, 0);
+    request.waitSeconds = 60;
+    const auto cancelledAt = [this](std::int64_t moment) {
+        const std::int64_t now = platform::TickCount();
+        simulated::UserHoldsEscapeFrom(now + moment, now + moment + 50);
+        EXPECT_EQ(Find(), TargetCanceled);
+        EXPECT_LE(took, moment + Pause);
+        EXPECT_GE(took, moment);
+        EXPECT_EQ(reason, "as before");
+        simulated::RunFor(Pause);  // until the key is up again
+    };
+    simulated::SetCaption(button, "Cancel");
+    cancelledAt(700);  // for the element
+    simulated::SetCaption(editor, "b.txt - Editor");
+    cancelledAt(700);  // for the window
+    RecordClick(AddWindow({.className = "#32770", .rect = {800, 100, 900, 200}}));
+    simulated::Destroy(platform::ForegroundWindow());
+    cancelledAt(700);  // for the bare dialog
+}
+
+TEST_F(TargetSearch, TheEscapeOfTheJobIsNotTheUsers) {
+    simulated::UserHoldsEscapeFrom(0, 10'000);
+    request.escHeld = true;
+    ExpectReadyAfter(Placed);
+    request.escHeld = false;
+    EXPECT_EQ(Find(), TargetCanceled);
+}
+
+// --- windows that do not do as they are told ---
+
+TEST_F(TargetSearch, AHungWindowEndsWithTheWait) {
+    simulated::SetHung(editor);
+    simulated::Cover(editor);
+    request.waitSeconds = 2;
+    EXPECT_EQ(Find(), TargetWindowMissing);
+    EXPECT_GT(took, 2000);
+    EXPECT_LE(took, 2000 + 2 * (simulated::HungMilliseconds + Pause));
+    request.useFocus = true;
+    EXPECT_EQ(Find(), TargetWindowMissing);
+}
+
+TEST_F(TargetSearch, AHungWindowIsFoundWhenItGoesOn) {
+    simulated::MoveWindow(editor, {800, 500});
+    simulated::SetHung(editor);
+    simulated::MeanwhileAfter(1500, [this] { simulated::SetHung(editor, false); });
+    request.waitSeconds = 10;
+    EXPECT_EQ(Find(), TargetReady);
+    EXPECT_EQ(simulated::ScreenRectOf(editor), editorSpec.rect);
+    EXPECT_EQ(platform::WindowAt(simulated::CentreOf(button)), button);
+}
+
+TEST_F(TargetSearch, AHungWindowThatMatchesButCannotBePutInPlaceIsNotReady) {
+    simulated::SetHung(editor);
+    simulated::Resize(editor, {550, 450});
+    request.waitSeconds = 1;
+    EXPECT_EQ(Find(), TargetWindowMissing);
+    EXPECT_EQ(reason, "Cannot find window: 'a.txt - Editor'");
+    EXPECT_LE(took, 1000 + 2 * (simulated::HungMilliseconds + Pause));
+}
+
+TEST_F(TargetSearch, EscapeEndsTheWaitForAHungWindow) {
+    request.waitSeconds = 60;
+    simulated::SetHung(editor);
+    for (const bool bare : {false, true}) {
+        if (bare) {
+            Signature(0).ClassName = "#32770";
+            Signature(0).Caption = "";
+        }
+        for (const bool useFocus : {false, true}) {
+            request.useFocus = useFocus;
+            simulated::Activate(editor);
+            simulated::Cover(editor);
+            const std::int64_t now = platform::TickCount();
+            simulated::UserHoldsEscapeFrom(now + 1000, now + 1100);
+            EXPECT_EQ(Find(), TargetCanceled) << bare << useFocus;
+            EXPECT_LE(took, 1000 + 2 * (simulated::HungMilliseconds + Pause)) << bare << useFocus;
+        }
+    }
+}
+
+TEST_F(TargetSearch, AWindowThatCannotComeForwardIsNotReady) {
+    request.safetyLevel = SafetyMedium;
+    request.waitSeconds = 2;
+    simulated::Cover(editor);
+    simulated::LeaveNoForeground();
+    simulated::RefuseForeground(editor);
+    EXPECT_EQ(Find(), TargetWindowMissing);
+    simulated::MeanwhileAfter(500, [this] { simulated::RefuseForeground(editor, false); });
+    ExpectReadyAfter(600 + Placed);
+}
+
+TEST_F(TargetSearch, AWindowThatIsGoneInTheMiddleOfTheSearchIsNotFound) {
+    request.waitSeconds = 2;
+    simulated::Cover(editor);
+    simulated::MeanwhileAfter(100, [this] { simulated::Destroy(editor); });
+    EXPECT_EQ(Find(), TargetWindowMissing);
+}
+
+// --- several windows that look alike ---
+
+TEST_F(TargetSearch, OfTwinElementsTheNearestWins) {
+    simulated::MoveWindow(button, {90, 20});
+    WindowSpec near = ButtonIn(panel);
+    near.rect = {50, 20, 70, 40};
+    const WindowHandle nearest = AddWindow(near);
+    simulated::Raise(button);
+    ExpectReadyAfter(Pause + Placed);
+    EXPECT_EQ(searchState.current, nearest);
+    EXPECT_EQ(platform::PlacementOf(nearest).rcNormalPosition, ButtonIn(panel).rect);
+}
+
+TEST_F(TargetSearch, OfTwinElementsEquallyFarTheFirstWins) {
+    WindowSpec twin = ButtonIn(panel);
+    simulated::MoveWindow(button, {60, 20});
+    twin.rect = {20, 60, 40, 80};
+    AddWindow(twin);
+    simulated::Raise(button);
+    ExpectReadyAfter(Pause + Placed);
+    EXPECT_EQ(searchState.current, button);
+}
+
+// The name finds the twin in front, so the chain of this one goes on to the owner of its dialog.
+class TwinDialogs : public TargetSearch {
+protected:
+    TwinDialogs() {
+        dialog = AddWindow(DialogAt({200, 200, 400, 300}));
+        yes = AddWindow(YesIn(dialog));
+    }
+    WindowSpec DialogAt(const platform::Rect& rect) const {
+        return {.className = "#32770", .caption = "Save", .rect = rect, .owner = editor};
+    }
+    static WindowSpec YesIn(WindowHandle parent) {
+        return {.className = "Button", .caption = "Yes", .rect = {10, 10, 60, 40}, .parent = parent};
+    }
+
+    WindowHandle dialog = 0;
+    WindowHandle yes = 0;
+};
+
+TEST_F(TwinDialogs, AClickAtTheWrongDepthGivesUpWithoutAReason) {
+    RecordClick(yes);
+    AddWindow(DialogAt({800, 200, 1000, 300}));
+    request.waitSeconds = 60;
+    ExpectFailureAfter(0, TargetWindowMissing, "");
+    request.safetyLevel = SafetyMedium;
+    EXPECT_EQ(Find(), TargetReady) << "where the depth is not looked at";
+}
+
+TEST_F(TwinDialogs, KeysGoToTheTwinOfTheRightDepth) {
+    RecordKeys(yes);
+    const WindowHandle twin = AddWindow(DialogAt({800, 200, 1000, 300}));
+    const WindowHandle twinYes = AddWindow(YesIn(twin));
+    simulated::SetFocus(yes);
+    simulated::Raise(twin);
+    EXPECT_EQ(Find(), TargetReady);
+    EXPECT_EQ(searchState.current, twinYes);
+}
+
+TEST_F(TwinDialogs, MissesCountForTheDepthToo) {
+    RecordKeys(yes);
+    simulated::Destroy(dialog);
+    request.waitSeconds = 60;
+    const WindowHandle late = simulated::AppearsAfter(3000, DialogAt({200, 200, 400, 300}));
+    const WindowHandle lateYes = simulated::AppearsAfter(3000, YesIn(late));
+    simulated::MeanwhileAfter(3000, [this, lateYes] {
+        AddWindow(YesIn(AddWindow(DialogAt({800, 200, 1000, 300}))));
+        const WindowHandle twin = platform::ForegroundWindow();
+        simulated::SetFocus(lateYes);
+        simulated::Raise(twin);
+    });
+    ExpectFailureAfter(3000, TargetWindowMissing, "");
+}
+
+// --- browsers ---
+
+class BrowserSearch : public TargetSearch {
+protected:
+    void Browse(const std::string& className) {
+        browser = AddWindow({.className = className, .caption = "One"});
+        page = AddWindow({.className = "Page", .rect = {0, 0, 300, 300}, .parent = browser});
+        RecordClick(page);
+        FindOnce();
+    }
+    // The click on the next page: recorded, replayed before, and now with a title that the last search did not see.
+    void TurnPage() {
+        simulated::SetCaption(browser, "Two");
+        RecordClick(page);
+        FindOnce();
+        searchState.lastTopCaption = "One";
+    }
+
+    WindowHandle browser = 0;
+    WindowHandle page = 0;
+};
+
+TEST_F(BrowserSearch, ANewPageGetsTimeAtMoreThanRecordedSpeed) {
+    for (const std::string className : {"IEFrame", "MozillaUIWindowClass", "Chrome_WidgetWin_0", "ieframe", "Editor"}) {
+        const std::int64_t pause = className == "Editor" ? 0 : NewPage;
+        request.speedPercent = 100;
+        Browse(className);
+        TurnPage();
+        ExpectReadyAfter(0);
+        searchState.lastTopCaption = "One";
+        request.speedPercent = 101;
+        statusViewStandIn.statusLabel.clear();
+        ExpectReadyAfter(pause);
+        EXPECT_EQ(statusViewStandIn.statusLabel, pause > 0 ? "Waiting for web page to load..." : "") << className;
+        ExpectReadyAfter(0);
+        searchState.lastTop = editor;
+        searchState.lastTopCaption = "One";
+        ExpectReadyAfter(0);
+    }
+}
+
+TEST_F(BrowserSearch, TheTitleAfterTheWaitIsTheOneToRemember) {
+    Browse("IEFrame");
+    TurnPage();
+    request.speedPercent = 200;
+    simulated::MeanwhileAfter(1000, [this] { simulated::SetCaption(browser, "Two - loaded"); });
+    ExpectReadyAfter(NewPage);
+    EXPECT_EQ(searchState.lastTopCaption, "Two - loaded");
+}
+
+// --- the desktop and the task bar ---
+
+class DesktopSearch : public TargetSearch {
+protected:
+    DesktopSearch() {
+        simulated::Destroy(editor);
+        desktop = AddWindow({.className = "Progman", .caption = "Program Manager", .rect = {0, 0, 1280, 1024}});
+        icons = AddWindow({.className = "SysListView32", .rect = {0, 0, 1280, 1024}, .parent = desktop});
+        RecordClick(icons);
+    }
+    static bool IsMinimised(WindowHandle window) {
+        return platform::PlacementOf(window).showCmd == platform::ShowMinimized;
+    }
+
+    WindowHandle desktop = 0;
+    WindowHandle icons = 0;
+};
+
+TEST_F(DesktopSearch, WindowsOverTheDesktopAreMinimised) {
+    OpenEditor();
+    const WindowHandle second = AddWindow(editorSpec);
+    const WindowHandle aside = AddWindow({.rect = {900, 900, 1000, 1000}});
+    simulated::PlaceCursor(simulated::CentreOf(button));
+    ExpectReadyAfter(Placed);
+    EXPECT_TRUE(IsMinimised(editor));
+    EXPECT_TRUE(IsMinimised(second));
+    EXPECT_FALSE(IsMinimised(aside));
+}
+
+TEST_F(DesktopSearch, AWindowThatStaysIsMinimisedOnlyOnce) {
+    const WindowHandle stubborn = simulated::Cover(desktop);
+    simulated::RefusePlacement(stubborn);
+    ExpectReadyAfter(Pause + Placed);
+    EXPECT_EQ(platform::ForegroundWindow(), desktop);
+}
+
+TEST_F(DesktopSearch, WithoutAShellNothingIsMinimised) {
+    simulated::Destroy(desktop);
+    ExpectFailureAfter(Pause, TargetWindowMissing, "Cannot find window: 'Program Manager'");
+}
+
+TEST_F(DesktopSearch, KeysGoAtOnceWhenTheDesktopWasTheLastTarget) {
+    simulated::Activate(desktop);
+    RecordKeys(desktop);
+    FindOnce();
+    AddWindow({.className = "Other"});
+    ExpectReadyAfter(0);
+}
+
+TEST_F(TargetSearch, KeysForTheTaskBarAreNotSearchedFor) {
+    const WindowHandle bar = AddWindow({.className = "Shell_TrayWnd", .rect = {0, 990, 1280, 1024}});
+    Record(true);
+    simulated::Destroy(bar);
+    ExpectReadyAfter(0);
+    request.useFocus = false;
+    EXPECT_EQ(Find(), TargetWindowMissing) << "clicks are";
+}
+
+// --- similar captions ---
+
+TEST_F(TargetSearch, AnotherDocumentStandsInAfterTheWaitAndThenAtOnce) {
+    simulated::SetCaption(editor, "b.txt - Editor");
+    AddWindow({.className = "Last"});
+    simulated::Activate(editor);
+    request.waitSeconds = 1;
+    request.similarAllowed = true;
+    ExpectReadyAfter(1200 + Pause + Placed);
+    EXPECT_EQ(searchState.current, button);
+    // The top-level window is known by its alias now; what lies in it is compared under it only when the wait is over.
+    ExpectReadyAfter(1020 + Pause);
+    request.safetyLevel = SafetyMedium;
+    request.waitSeconds = 60;
+    ExpectReadyAfter(0);
+    ResetSearch();
+    request.waitSeconds = 1;
+    ExpectReadyAfter(1200 + Placed);
+}
+
+TEST_F(TargetSearch, WithoutPermissionNothingStandsIn) {
+    searchState.CaptionAlias.Add("a.txt - Editor", "b.txt - Editor");
+    simulated::SetCaption(editor, "b.txt - Editor");
+    EXPECT_EQ(Find(), TargetWindowMissing);
+}
+
+TEST(CaptionAlias, TheFirstPairHolds) {
+    CaptionAliasTable aliases;
+    aliases.Add(" a ", "one ");
+    aliases.Add("a", "two");
+    EXPECT_EQ(aliases.Find("a"), "one");
+    EXPECT_EQ(aliases.Find("b"), "");
+}
+
+// --- the compare ---
+
+TEST_F(TargetSearch, MatchWindowTellsWhatDiffers) {
+    const auto match = [this](bool similar = false) {
+        return MatchWindow(button, request.chainIndex, windowArrays.windows, windowArrays.chains, similar);
+    };
+    EXPECT_EQ(match(), MatchAll);
+    simulated::MoveWindow(button, {21, 20});
+    EXPECT_EQ(match(), MatchMoved);
+    simulated::SetCaption(editor, "b.txt - Editor");
+    EXPECT_EQ(match(), MatchOtherParents);
+    searchState.CaptionAlias.Add("a.txt - Editor", "b.txt - Editor");
+    EXPECT_EQ(match(), MatchOtherParents);
+    EXPECT_EQ(match(true), MatchMoved);
+    simulated::SetCaption(button, "Cancel");
+    EXPECT_EQ(match(true), MatchClassOnly);
+    searchState.CaptionAlias.Add("OK", "Cancel");
+    EXPECT_EQ(match(true), MatchMoved);
+    Signature(0).ClassName = "button";
+    EXPECT_EQ(match(true), MatchNothing);
+    EXPECT_EQ(MatchWindow(0, request.chainIndex, windowArrays.windows, windowArrays.chains, true), MatchNothing);
+}
+
+// The tails of these classes change from start to start. Upper and lower case matter for the leaf alone.
+TEST_F(TargetSearch, GeneratedClassesMatchByTheirBeginning) {
+    struct Case {
+        std::string recorded;
+        std::string live;
+        bool asLeaf;
+        bool asParent;
+    };
+    for (const Case& each : std::vector<Case>{
+             {"Afx:400000:8:10011:0:0", "Afx:400000:8:10013:0:0", true, true},
+             {"afx:1", "afx:2", false, true},
+             {"Afx:1", "AFX:2", false, true},
+             {"Afx1", "Afx2", false, false},
+             {"Afx:1", "Editor", false, false},
+             {"afx:1", "afx:1", true, true},
+         }) {
+        const WindowHandle parent = AddWindow({.className = each.live, .rect = {700, 10, 900, 90}});
+        const WindowHandle child = AddWindow({.className = "Child", .rect = {0, 0, 50, 50}, .parent = parent});
+        const auto matches = [this](WindowHandle window) {
+            return MatchWindow(window, request.chainIndex, windowArrays.windows, windowArrays.chains, false) ==
+                   MatchAll;
+        };
+        ResetWindowArrays();
+        RecordClick(child);
+        Signature(1).ClassName = each.recorded;
+        EXPECT_EQ(matches(child), each.asParent) << each.recorded << " " << each.live;
+        RecordClick(parent);
+        Signature(0).ClassName = each.recorded;
+        EXPECT_EQ(matches(parent), each.asLeaf) << each.recorded << " " << each.live;
+    }
+}
+
+TEST_F(TargetSearch, SameChainComparesTheLevelsInUse) {
+    WindowChain other = Chain();
+    other.Path[3] = 77;
+    EXPECT_TRUE(SameChain(Chain(), other));
+    other.Path[2] = 77;
+    EXPECT_FALSE(SameChain(Chain(), other));
+    other = Chain();
+    other.Depth = 1;
+    EXPECT_FALSE(SameChain(Chain(), other));
+    for (const std::int32_t depth : {-2'000'000'000, 300, 2'147'483'647}) {
+        other.Depth = Chain().Depth = depth;  // from a damaged file
+        EXPECT_TRUE(SameChain(Chain(), other));
+    }
+}
+
+// --- damaged jobs ---
+
+TEST_F(TargetSearch, IndexesThatPointNowhereAreRangeFailures) {
+    const auto fails = [this] {
+        try {
+            Find();
+            return false;
+        } catch (const RuntimeFailure& failure) {
+            return failure.Kind() == FailureKind::Range;
+        }
+    };
+    const WindowChain good = Chain();
+    for (const std::int32_t bad : {-1, 99, 2'147'483'647, NoWindowMarker}) {
+        Chain().LeafWindow = bad;
+        EXPECT_TRUE(fails()) << "leaf " << bad;
+        Chain() = good;
+        Chain().Path[1] = bad;
+        EXPECT_TRUE(fails()) << "parent " << bad;
+        Chain() = good;
+        Chain().Path[2] = bad;
+        EXPECT_TRUE(fails()) << "top " << bad;
+        Chain() = good;
+    }
+    for (const std::int32_t bad : {-1, 256, 2'147'483'647}) {
+        Chain().Depth = bad;
+        EXPECT_TRUE(fails()) << "depth " << bad;
+        Chain() = good;
+    }
+    const std::int32_t index = request.chainIndex;
+    for (const std::int32_t bad : {-1, 99, NoWindowMarker}) {
+        request.chainIndex = bad;
+        EXPECT_TRUE(fails()) << "chain " << bad;
+    }
+    request.chainIndex = index;
+    EXPECT_EQ(Find(), TargetReady);
+}
+
+TEST_F(TargetSearch, AChainTooLongForTheSearchIsARangeFailureOnceItMatches) {
+    WindowHandle innermost = AddWindow({.className = "Box", .caption = "Outermost", .rect = {0, 0, 90, 90}});
+    const WindowHandle outermost = innermost;
+    for (int i = 0; i < 100; ++i) {
+        innermost = AddWindow({.className = "Box", .rect = {0, 0, 90, 90}, .parent = innermost});
+    }
+    RecordClick(innermost);
+    EXPECT_EQ(Find(), TargetReady) << "100 parents still go";
+    RecordClick(AddWindow({.className = "Box", .rect = {0, 0, 90, 90}, .parent = innermost}));
+    for (const std::int32_t level : {SafetyHigh, SafetyMedium}) {
+        request.safetyLevel = level;
+        EXPECT_THROW(Find(), RuntimeFailure);
+    }
+    simulated::Cover(outermost);
+    EXPECT_THROW(Find(), RuntimeFailure) << "for the top-level window as well";
+    simulated::Destroy(outermost);
+    EXPECT_EQ(Find(), TargetWindowMissing) << "what is never met is no fault";
+}
+
+}  // namespace

@@ -1,0 +1,209 @@
+#include "replay/timing.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <vector>
+
+#include "base/runtime_failure.h"
+#include "platform/clock.h"
+#include "platform/input.h"
+#include "settings/settings.h"
+#include "simulated/desktop.h"
+#include "support/status_view_stand_in.h"
+
+namespace {
+
+using platform::TickCount;
+
+constexpr int Escape = platform::VirtualKeyEscape;
+constexpr int CapsLock = platform::VirtualKeyCapital;
+
+// A run with its status window up.
+class TimedWaiting : public testing::Test {
+protected:
+    TimedWaiting() { settings.Display_Executing_Status = 1; }
+};
+
+TEST(ToAbsolute, RoundsHalfEvenAndAddsOne) {
+    EXPECT_EQ(ToAbsolute(100, 65535.0 / 1024), 6401);
+    EXPECT_EQ(ToAbsolute(0, 65535.0 / 1024), 1);
+    EXPECT_EQ(ToAbsolute(1, 2.5), 3);
+    EXPECT_EQ(ToAbsolute(3, 2.5), 9);
+}
+
+TEST(MoveCursor, LandsOnEveryPixelOfEveryScreen) {
+    for (const platform::Size screen : {platform::Size{640, 480}, {1024, 768}, {1366, 769}, {3840, 2160}}) {
+        simulated::SetScreenSize(screen);
+        for (int x = 0; x < screen.width; ++x) {
+            const int y = x % screen.height;
+            MoveCursor(x, y);
+            ASSERT_EQ(platform::CursorPosition(), (platform::Point{x, y})) << screen.width;
+        }
+    }
+    EXPECT_EQ(simulated::Journal().back().record.dwFlags(), 32769);
+    EXPECT_EQ(simulated::Journal().back().record.mouseTime(), 0);
+}
+
+TEST(MoveCursor, BeyondTheScreenStopsAtItsEdge) {
+    constexpr int Most = std::numeric_limits<std::int32_t>::max();
+    simulated::SetScreenSize({1000, 700});
+    MoveCursor(5000, -5);
+    EXPECT_EQ(platform::CursorPosition(), (platform::Point{999, 0}));
+    MoveCursor(-Most, Most);
+    EXPECT_EQ(platform::CursorPosition(), (platform::Point{0, 699}));
+    for (const simulated::InputEntry& entry : simulated::Journal()) {
+        EXPECT_TRUE(entry.record.dx() >= 0 && entry.record.dx() <= 65535) << "another screen begins there";
+        EXPECT_TRUE(entry.record.dy() >= 0 && entry.record.dy() <= 65535);
+    }
+    EXPECT_EQ(heldInput.LastCursorPosition, (platform::Point{-Most, Most}));
+}
+
+TEST_F(TimedWaiting, EndsOnTimeAndNotOnTheGrid) {
+    for (const int ms : {-5, 0, 1, 49, 50, 51, 99, 100, 101, 333, 1000, 12345}) {
+        const std::int64_t begin = platform::Microseconds();
+        EXPECT_EQ(TimedWait(ms, false, 0), WaitDone);
+        EXPECT_EQ(platform::Microseconds() - begin, 1000 * std::max(ms, 0)) << ms;
+    }
+}
+
+TEST_F(TimedWaiting, ShortWaitNeitherPollsNorPumps) {
+    bool pumped = false;
+    simulated::After(0, [&] { pumped = true; });
+    simulated::UserHoldsEscapeFrom(0, 1000);
+    EXPECT_EQ(TimedWait(50, false, 0), WaitDone);
+    EXPECT_EQ(TickCount(), 50);
+    EXPECT_FALSE(pumped);
+}
+
+TEST_F(TimedWaiting, EscapeIsSeenAtTheNextSlice) {
+    simulated::MeanwhileAt(120, [] { simulated::UserTaps(Escape); });
+    EXPECT_EQ(TimedWait(500, false, 0), WaitCanceled);
+    EXPECT_EQ(TickCount(), 150);
+    EXPECT_EQ(TimedWait(500, false, 0), WaitDone) << "the tap was taken away";
+}
+
+TEST_F(TimedWaiting, EscapeInTheLastSliceIsLeftForTheNextPoll) {
+    simulated::MeanwhileAt(460, [] { simulated::UserTaps(Escape); });
+    EXPECT_EQ(TimedWait(500, false, 0), WaitDone);
+    EXPECT_TRUE(EscapePressed(false));
+}
+
+TEST_F(TimedWaiting, EscapeOfTheJobItselfDoesNotCancelNowOrLater) {
+    simulated::UserHoldsEscapeFrom(10, 300);
+    EXPECT_EQ(TimedWait(500, true, 0), WaitDone);
+    EXPECT_EQ(TickCount(), 500);
+    EXPECT_FALSE(EscapePressed(false));
+}
+
+TEST_F(TimedWaiting, PumpsEveryFiftyMilliseconds) {
+    std::vector<std::int64_t> pumps;
+    simulated::Every(1, [&] { pumps.push_back(TickCount()); });
+    EXPECT_EQ(TimedWait(240, false, 0), WaitDone);
+    EXPECT_EQ(pumps, (std::vector<std::int64_t>{50, 100, 150}));
+}
+
+// A handler that takes long eats up the sleep behind it, in the middle of a wait and near its end.
+TEST_F(TimedWaiting, SlowPumpDoesNotMakeTheWaitLate) {
+    for (const std::int64_t moment : {0, 200, 400}) {
+        const std::int64_t begin = TickCount();
+        simulated::At(begin + moment, [] { platform::Sleep(90); });
+        EXPECT_EQ(TimedWait(500, false, 0), WaitDone);
+        EXPECT_EQ(TickCount() - begin, 500) << moment;
+    }
+}
+
+TEST_F(TimedWaiting, BarGrowsByEqualStepsAndShowsWholeOnes) {
+    struct Case {
+        double share;
+        int from;
+        std::vector<int> shown;
+    };
+    const std::vector<Case> cases = {
+        {11, 0, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}},
+        {5.5, 20, {20, 21, 22, 23, 24}},
+        {110, 55, {55, 65, 75, 85, 95, 100}},
+        {11, 100, {100}},
+        {0, 7, {7}},
+        {-11, 50, {50}},
+    };
+    for (const Case& each : cases) {
+        statusViewStandIn.barValue = each.from;
+        statusViewStandIn.barHistory = {each.from};
+        TimedWait(500, false, each.share);
+        EXPECT_EQ(statusViewStandIn.barHistory, each.shown) << each.share;
+    }
+}
+
+TEST_F(TimedWaiting, HiddenStatusWindowKeepsItsBar) {
+    settings.Display_Executing_Status = 0;
+    TimedWait(500, false, 11);
+    EXPECT_EQ(statusViewStandIn.barValue, 0);
+    EXPECT_TRUE(statusViewStandIn.barHistory.empty());
+}
+
+TEST(RestoreCapsLock, TapsOnceWhenTheStateDiffers) {
+    RestoreCapsLock(0);
+    EXPECT_TRUE(simulated::Journal().empty());
+    RestoreCapsLock(1);
+    const auto& journal = simulated::Journal();
+    ASSERT_EQ(journal.size(), 2U);
+    for (const simulated::InputEntry& entry : journal) EXPECT_EQ(entry.record.KeyCode(), 3801108);
+    EXPECT_EQ(journal[0].record.KeyState(), 0);
+    EXPECT_EQ(journal[1].record.KeyState(), 2);
+    EXPECT_EQ(journal[1].time - journal[0].time, 20);
+    EXPECT_EQ(platform::KeyState(CapsLock), 1);
+    RestoreCapsLock(1);
+    EXPECT_EQ(journal.size(), 2U);
+}
+
+// The whole state counts: a Caps Lock key held down is not "off", whatever its light says.
+TEST(RestoreCapsLock, KeyHeldDownIsADifference) {
+    simulated::SetToggle(CapsLock, true);
+    simulated::UserPressesKey(CapsLock);
+    const std::int16_t held = platform::KeyState(CapsLock);
+    ASSERT_LT(held, 0);
+    RestoreCapsLock(held);
+    EXPECT_TRUE(simulated::Journal().empty());
+    RestoreCapsLock(held & 1);
+    EXPECT_EQ(simulated::Journal().size(), 2U);
+}
+
+TEST(KeyDownFlag, IsARangeFailureBeyondTheTable) {
+    KeyDownFlag(300) = true;
+    EXPECT_TRUE(heldInput.KeysDown[300]);
+    for (const int key : {-1, 301, 65535}) {
+        try {
+            KeyDownFlag(key);
+            ADD_FAILURE() << key;
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_EQ(failure.Kind(), FailureKind::Range);
+        }
+    }
+}
+
+TEST(ReleaseStuckKeys, SendsAnUpForEachHeldKeyAndForgetsThem) {
+    for (const int key : {65, 160, 161}) KeyDownFlag(key) = true;
+    heldInput.leftButton = true;
+    ReleaseStuckKeys();
+    const auto& journal = simulated::Journal();
+    ASSERT_EQ(journal.size(), 3U);
+    EXPECT_EQ(journal[0].record.KeyCode(), platform::ScanCodeOf(65) * 65536 + 65);
+    EXPECT_EQ(journal[1].record.KeyCode() % 65536, 160);
+    EXPECT_EQ(journal[2].record.KeyCode() % 65536, 161);
+    for (const simulated::InputEntry& entry : journal) {
+        EXPECT_EQ(entry.record.dwType(), platform::InputKeyboard);
+        EXPECT_EQ(entry.record.KeyState(), 2);
+    }
+    ReleaseStuckKeys();
+    EXPECT_EQ(journal.size(), 3U);
+}
+
+TEST(ReleaseStuckKeys, RefusedInjectionStillForgetsTheKeys) {
+    KeyDownFlag(17) = true;
+    simulated::SetInjection(simulated::Injection::Refused);
+    ReleaseStuckKeys();
+    EXPECT_FALSE(KeyDownFlag(17));
+}
+
+}  // namespace

@@ -1,0 +1,119 @@
+#include "storage/save_file.h"
+
+#include <gmock/gmock.h>
+
+#include "base/runtime_failure.h"
+#include "platform/clock.h"
+#include "platform/simulated/files.h"
+#include "support/disk_faults.h"
+
+using testing::HasSubstr;
+using testing::UnorderedElementsAre;
+
+namespace {
+
+const std::string target = "C:\\data\\a.tsj";
+
+void Save(const std::string& bytes) {
+    SaveFile file(target);
+    file.Write(bytes.data(), bytes.size());
+    file.Commit();
+}
+
+std::string FailureOf(const std::string& bytes) {
+    try {
+        Save(bytes);
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.Kind(), FailureKind::File);
+        return failure.what();
+    }
+    return "(none)";
+}
+
+TEST(SaveFile, KeepsTheTailOfALongerFile) {
+    simulated::PutFolder("C:\\data");
+    Save("first");
+    EXPECT_EQ(simulated::FileBytes(target), "first");
+    Save("2nd");
+    EXPECT_EQ(simulated::FileBytes(target), "2ndst");
+    Save("the third");
+    EXPECT_EQ(simulated::FileBytes(target), "the third");
+
+    const std::string longTail(300'000, 't');  // longer than a block
+    simulated::PutFile(target, longTail);
+    Save("new");
+    EXPECT_EQ(simulated::FileBytes(target), "new" + longTail.substr(3));
+    EXPECT_THAT(simulated::AllFiles(), UnorderedElementsAre("c:\\data\\a.tsj"));
+}
+
+TEST(SaveFile, SurvivesEveryFault) {
+    SurvivesEveryFault({target, "old", "newer bytes", [] { Save("newer bytes"); }});
+    SurvivesEveryFault({target, "old and long", "new and long", [] { Save("new"); }});
+}
+
+TEST(SaveFile, NothingHappensWithoutCommit) {
+    simulated::PutFile(target, "old");
+    { SaveFile(target).Write("new", 3); }
+    EXPECT_EQ(simulated::FileBytes(target), "old");
+    EXPECT_EQ(simulated::AllFiles().size(), 1U);
+}
+
+TEST(SaveFile, WaitsForAProgramThatHoldsTheTarget) {
+    simulated::PutFile(target, "old");
+    const std::int64_t start = platform::TickCount();
+    simulated::LockFile(target, start + 1500);
+    Save("new");
+    EXPECT_EQ(simulated::FileBytes(target), "new");
+    EXPECT_GE(platform::TickCount(), start + 1500);
+    EXPECT_LE(platform::TickCount(), start + 2000);
+}
+
+TEST(SaveFile, GivesUpAfterTwoSeconds) {
+    simulated::PutFile(target, "old");
+    simulated::LockFile(target);
+    const std::int64_t start = platform::TickCount();
+    EXPECT_THAT(FailureOf("new"), testing::AllOf(HasSubstr(target), HasSubstr("being used by another process")));
+    EXPECT_EQ(platform::TickCount(), start + 2000);
+    EXPECT_EQ(simulated::FileBytes(target), "old");
+    EXPECT_EQ(simulated::AllFiles().size(), 1U);
+}
+
+TEST(SaveFile, TellsWhyItFails) {
+    EXPECT_THAT(FailureOf("new"), HasSubstr("cannot find the path"));
+    simulated::PutFile(target, "old");
+    simulated::SetFreeSpace(2);
+    EXPECT_THAT(FailureOf("new"), testing::AllOf(HasSubstr(target), HasSubstr("not enough space")));
+    EXPECT_EQ(simulated::AllFiles().size(), 1U);
+    simulated::SetFreeSpace(1000);
+    simulated::MakeReadOnly("C:\\data");
+    EXPECT_THAT(FailureOf("new"), HasSubstr("Access is denied"));
+    EXPECT_EQ(simulated::FileBytes(target), "old");
+}
+
+TEST(SaveFile, TwoProcessesMaySaveAtOnce) {
+    simulated::PutFile(target, "old");
+    SaveFile first(target);
+    SaveFile second(target);
+    second.Write("the second", 10);
+    first.Write("the first", 9);
+    second.Commit();
+    EXPECT_EQ(simulated::FileBytes(target), "the second");
+    first.Commit();
+    EXPECT_EQ(simulated::FileBytes(target), "the firstd");
+    EXPECT_EQ(simulated::AllFiles().size(), 1U);
+}
+
+TEST(SaveFile, LeftoversOfCrashesAreNotInTheWay) {
+    for (int crash = 0; crash < 20; ++crash) {
+        simulated::PutFile(target, "old");
+        simulated::FailAtOperation(3, simulated::Fault::PowerCut);
+        EXPECT_NE(FailureOf("new"), "(none)");
+        simulated::RestartDisk();
+    }
+    EXPECT_EQ(simulated::AllFiles().size(), 21U);
+    Save("new");
+    EXPECT_EQ(simulated::FileBytes(target), "new");
+    EXPECT_EQ(simulated::AllFiles().size(), 21U);
+}
+
+}  // namespace

@@ -1,0 +1,15 @@
+#include "support/options_view_stand_in.h"
+
+#include "shell/options_view.h"
+
+OptionsViewStandIn optionsViewStandIn;
+
+bool options_view::ListJobsOf(const std::string& folder) {
+    if (optionsViewStandIn.refusesFolders) return false;
+    optionsViewStandIn.listedFolder = folder;
+    return true;
+}
+
+void options_view::ShowDataFolder(const std::string& folder) {
+    optionsViewStandIn.shownFolder = folder;
+}
