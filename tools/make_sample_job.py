@@ -18,7 +18,7 @@ def window(class_name, caption, control_id, normal):
 def main():
     job = JobWriter(safety=HIGH, description="Starts Notepad and writes two lines into it.",
                     program="C:\\windows\\system32\\notepad.exe", style=1)
-    edit = job.target([window("Edit", "", 15, (0, 0, 690, 360)),
+    edit = job.target([window("Edit", "", 15, (0, 0, 692, 334)),
                        window("Notepad", "Untitled - Notepad", 0, (60, 40, 760, 440))])
     job.pause(500)
     job.click(360, 240, edit)
