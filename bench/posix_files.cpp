@@ -123,6 +123,10 @@ bool FolderExists(const std::string& path) {
     return Is(path, S_IFDIR);
 }
 
+bool FileIsThere(const std::string& path) {
+    return FileExists(path);
+}
+
 bool MakeFolder(const std::string& path) {
     return mkdir(posix_files::RealPath(path).c_str(), 0755) == 0;
 }

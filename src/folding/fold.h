@@ -1,8 +1,9 @@
 // Folding turns the flat list of a job's events into the rows that a person reads: a button action, a run of moves, a
 // run of keys in one window. Rows are a view; each knows the range of events that it stands for, and the ranges may
 // overlap. The editor and the action list of a run fold by the one pass declared here. It looks at each event once,
-// and its cost grows linearly with the job. It pumps only where it shows the box for an event of an unknown type.
-// Indexes come from files, so each is checked: a bad one is a range failure.
+// and its cost grows linearly with the job. It pumps only where it shows a box: for an event of an unknown type, and
+// for a stored text with a word that is neither DOWN nor UP. Indexes come from files, so each is checked: a bad one is
+// a range failure.
 #pragma once
 
 #include <cstddef>

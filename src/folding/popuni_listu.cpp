@@ -13,68 +13,73 @@ namespace {
 
 constexpr std::int32_t PurgeMark = -1;  // in word 6
 
-void ReadForEditing(const std::string& jobName) {
+EditState ReadForEditing(const std::string& jobName) {
     Job job;
     ReadJob(jobName, job);
-    editState.title = Translate("Job Editor") + " - " + BaseName(jobName) + ".tsj";
-    editState.header = job;
-    editState.EditEvents = std::move(job.Events);
-    editState.PristineEvents = editState.EditEvents;
-    editState.stringsAtLoad = static_cast<std::int32_t>(job.Strings.size());
-    editState.Strings = std::move(job.Strings);
-    editState.Windows = std::move(job.Windows);
-    editState.Chains = std::move(job.Chains);
+    EditState state;
+    state.title = Translate("Job Editor") + " - " + BaseName(jobName) + ".tsj";
+    state.header = job;
+    state.EditEvents = std::move(job.Events);
+    state.PristineEvents = state.EditEvents;
+    state.stringsAtLoad = static_cast<std::int32_t>(job.Strings.size());
+    state.Strings = std::move(job.Strings);
+    state.Windows = std::move(job.Windows);
+    state.Chains = std::move(job.Chains);
+    return state;
 }
 
-void DescribeJob() {
-    const StartProgramRecord& program = editState.header.StartProgram;
-    editState.Browse_Text = Trim(Trim(program.ProgramPath) + " " + Trim(program.CommandLine));
-    editState.debugLabel = editState.Strings.empty() ? "LOW_LEVEL" : "INPUT_TEXT";
+void DescribeJob(EditState& state) {
+    const StartProgramRecord& program = state.header.StartProgram;
+    state.Browse_Text = Trim(Trim(program.ProgramPath) + " " + Trim(program.CommandLine));
+    state.debugLabel = state.Strings.empty() ? "LOW_LEVEL" : "INPUT_TEXT";
 }
 
 // Moves between the first and the last event of a keystroke row.
-void MarkHiddenMoves() {
-    for (const KeyRow& row : editState.KeyRows) {
+void MarkHiddenMoves(EditState& state) {
+    for (const KeyRow& row : state.KeyRows) {
         for (std::int32_t i = row.FirstEvent + 1; i < row.LastEvent; ++i) {
-            JobEvent& event = CheckedAt(editState.EditEvents, i, "Event");
+            JobEvent& event = CheckedAt(state.EditEvents, i, "Event");
             if (event.dwType() == platform::InputMouse && event.dwFlags() == MoveFlags) event.word[6] = PurgeMark;
         }
     }
 }
 
 // True when events were dropped. The types of all others are then as they were before the fold.
-bool Purge() {
-    MarkHiddenMoves();
-    std::vector<JobEvent>& kept = editState.PristineEvents;
+bool Purge(EditState& state) {
+    MarkHiddenMoves(state);
+    std::vector<JobEvent>& kept = state.PristineEvents;
     std::size_t count = 0;
-    for (std::size_t i = 0; i < editState.EditEvents.size(); ++i) {
-        if (editState.EditEvents[i].word[6] != PurgeMark) kept[count++] = kept[i];
+    for (std::size_t i = 0; i < state.EditEvents.size(); ++i) {
+        if (state.EditEvents[i].word[6] != PurgeMark) kept[count++] = kept[i];
     }
-    if (count == editState.EditEvents.size()) return false;
+    if (count == state.EditEvents.size()) return false;
     kept.resize(count);
-    editState.EditEvents = kept;
+    state.EditEvents = kept;
     return true;
 }
 
-void Fold() {
+void Fold(EditState& state) {
     do {
-        ClearRows(editState);
-        DescribeJob();
-        FoldEvents(editState.Arrays(), editState, &editState.EditEvents);
-    } while (Purge());
+        ClearRows(state);
+        DescribeJob(state);
+        FoldEvents(state.Arrays(), state, &state.EditEvents);
+    } while (Purge(state));
 }
 
 }  // namespace
 
+// Folded aside: a box in the fold pumps, and another job may be opened inside it. Whichever ends last stands, whole.
 void PopuniListu(const std::string& jobName, bool keep) {
-    if (!keep) ReadForEditing(jobName);
-    editState.jobName = jobName;
+    EditState folded = keep ? editState : ReadForEditing(jobName);
+    folded.jobName = jobName;
     try {
-        Fold();
+        Fold(folded);
     } catch (const RuntimeFailure&) {
-        ClearRows(editState);
+        ClearRows(folded);
+        editState = std::move(folded);
         throw;
     }
+    editState = std::move(folded);
     OrderRows();
 }
 

@@ -58,6 +58,9 @@ std::string LastFileError();
 bool FileExists(const std::string& path);
 bool FolderExists(const std::string& path);
 
+// True when a file has this name, even one that cannot be opened just now. Leaves LastFileError as it was.
+bool FileIsThere(const std::string& path);
+
 // Creates one level. False when it exists or the parent is missing.
 bool MakeFolder(const std::string& path);
 
@@ -69,7 +72,7 @@ bool CopyFileOver(const std::string& from, const std::string& to);
 
 enum class MoveResult {
     Done,
-    Busy,    // another program holds one of the files just now; worth another try
+    Busy,  // another program holds one of the files just now; worth another try
     Failed,
 };
 

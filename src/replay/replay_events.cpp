@@ -307,7 +307,9 @@ double Replay::ProgressShare(std::int32_t wait) const {
 
 void Replay::UpdateBar() const {
     if (totalMs == 0) return;
-    status_view::SetBar(static_cast<int>(static_cast<double>(status_view::BarMaximum()) * progressTime / totalMs));
+    const double maximum = status_view::BarMaximum();
+    // The last event need not be the latest: a file may say anything.
+    status_view::SetBar(static_cast<int>(std::clamp(maximum * progressTime / totalMs, 0.0, maximum)));
 }
 
 // Edit controls take keys at full rate; everything else gets a breath between keys that are already late.

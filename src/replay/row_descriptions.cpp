@@ -26,7 +26,7 @@ std::string PressWords(const ActionRow& row, const std::string& name, const std:
     return unknown;
 }
 
-std::string XButtonWords(const ActionRow& row, std::int32_t action, const std::vector<JobEvent>& events) {
+std::string XButtonWords(const ActionRow& row, std::int64_t action, const std::vector<JobEvent>& events) {
     const JobEvent& first = CheckedAt(events, row.firstEvent, "Event");
     const std::string name = "Xbutton" + std::to_string(first.mouseData() % 65536);
     return action == platform::MouseXUp ? name + " up:" : PressWords(row, name, "Unknow Xbutton click");
@@ -34,7 +34,7 @@ std::string XButtonWords(const ActionRow& row, std::int32_t action, const std::v
 
 std::string ActionOf(const ActionRow& row, const std::vector<JobEvent>& events) {
     if (row.flags == DoubleClickFlags) return "Double click";
-    const std::int32_t action = row.flags - MouseFlagBase;
+    const std::int64_t action = std::int64_t{row.flags} - MouseFlagBase;
     if (action == platform::MouseMove) return "Move";
     for (const ButtonWords& button : Buttons) {
         if (action == button.down) return PressWords(row, button.name, button.unknown);

@@ -1,5 +1,6 @@
 #include "replay/run_job.h"
 
+#include <exception>
 #include <vector>
 
 #include "base/product.h"
@@ -64,8 +65,8 @@ public:
 
     std::int32_t Run();
 
-    // After a run-time failure: no key stays down, no window stays disabled, the next run is possible.
-    void PutRight(const RuntimeFailure& failure);
+    // After a failure that was thrown: no key stays down, no window stays disabled, the next run is possible.
+    void PutRight(const std::exception& failure);
 
 private:
     void ClearTheStage();
@@ -73,15 +74,17 @@ private:
     void LogOptions() const;
     bool StartsProgram() const;
     void CleanUp();
+    static void LeaveStatusWindow();
     void RestoreMainWindow();
     void Tell();
     void TellCanceled(int row) const;
     void TellFailed(int row) const;
-    void LogFailure(const RuntimeFailure& failure) const;
+    void LogFailure(const std::exception& failure) const;
     void Finish();
 
-    const std::string& jobPath;
-    const std::string& logPath;
+    // Copies: the caller's text may be an entry of a table that changes while this pumps, or that of the recent jobs.
+    const std::string jobPath;
+    const std::string logPath;
     const bool noInputBlock;
 
     Job job;
@@ -161,13 +164,16 @@ bool JobRun::StartsProgram() const {
 void JobRun::CleanUp() {
     ReleaseStuckKeys();
     if (logPath.empty()) AddRecentJob(jobPath);
-    if (DisplaysStatus()) {
-        status_view::StopDodging();
-        status_view::ShowCloseButton(true);
-        status_view::ShowBar(false);
-    }
+    if (DisplaysStatus()) LeaveStatusWindow();
     RestoreMainWindow();
     status_view::UnloadExecuting2();
+}
+
+// It stays up and is the user's from now on. The button stands where the bar was.
+void JobRun::LeaveStatusWindow() {
+    status_view::StopDodging();
+    status_view::ShowCloseButton(true);
+    status_view::ShowBar(false);
 }
 
 void JobRun::RestoreMainWindow() {
@@ -218,11 +224,10 @@ void JobRun::Finish() {
     main_window_view::EnableExitButton(true);
 }
 
-void JobRun::PutRight(const RuntimeFailure& failure) {
+void JobRun::PutRight(const std::exception& failure) {
     ReleaseStuckKeys();
     runState.ReplayRunning = false;
-    status_view::StopDodging();
-    status_view::ShowCloseButton(true);
+    LeaveStatusWindow();
     status_view::UnloadExecuting2();
     RestoreMainWindow();
     main_window_view::EnableExitButton(true);
@@ -230,7 +235,7 @@ void JobRun::PutRight(const RuntimeFailure& failure) {
 }
 
 // A log that cannot be written must not hide why the run failed.
-void JobRun::LogFailure(const RuntimeFailure& failure) const {
+void JobRun::LogFailure(const std::exception& failure) const {
     LogLine("Execution of job failed. Reason: ");
     LogLine(failure.what());
     try {
@@ -256,7 +261,7 @@ std::int32_t RunJob(const std::string& jobPath, std::int32_t, const std::string&
     JobRun run(jobPath, logPath, noInputBlock);
     try {
         return run.Run();
-    } catch (const RuntimeFailure& failure) {
+    } catch (const std::exception& failure) {  // RuntimeFailure, and a lack of memory
         run.PutRight(failure);
         throw;
     }

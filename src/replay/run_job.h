@@ -19,6 +19,6 @@ extern RunState runState;
 // it is logged, shows no failure box and leaves the recent jobs alone. `noInputBlock` keeps the user's input on from
 // the start, for a hotkey whose keys are still to come up. `reserved` is ignored. Pumps.
 //
-// A run-time failure leaves everything put right (held keys released, the main window enabled, the next run
-// possible), is logged where there is a log, and is thrown on.
+// A run-time failure, or a lack of memory, leaves everything put right (held keys released, the main window enabled,
+// the next run possible), is logged where there is a log, and is thrown on.
 std::int32_t RunJob(const std::string& jobPath, std::int32_t reserved, const std::string& logPath, bool noInputBlock);

@@ -7,6 +7,7 @@
 #include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "platform/boxes.h"
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "settings/folders.h"
 #include "settings/settings_fields.h"
@@ -20,6 +21,9 @@ namespace {
 
 // Version, options and the two counts.
 constexpr std::int64_t SmallestFile = 2642;
+
+constexpr int LongestHold = 2000;  // ms to wait for a file that another program holds
+constexpr int HoldPause = 20;
 
 enum class Outcome {
     Loaded,
@@ -77,8 +81,19 @@ Outcome ReadSettings(InputFile& file, Settings& loaded) {
     return ReadBody(file, loaded) ? Outcome::Loaded : Damaged(version);
 }
 
+// A scanner or a backup may hold the file for a moment. Taken for missing, it would be overwritten with the defaults at
+// the next save, and every hotkey and schedule with it.
+bool BecomesReadable(const std::string& path) {
+    const std::int64_t deadline = platform::TickCount() + LongestHold;
+    while (!platform::FileExists(path)) {
+        if (!platform::FileIsThere(path) || platform::TickCount() >= deadline) return false;
+        platform::Sleep(HoldPause);
+    }
+    return true;
+}
+
 Outcome ReadSettingsFile(Settings& loaded) {
-    if (!platform::FileExists(SettingsPath())) return Outcome::Defaults;
+    if (!BecomesReadable(SettingsPath())) return Outcome::Defaults;
     try {
         InputFile file(SettingsPath());
         return ReadSettings(file, loaded);
@@ -100,7 +115,7 @@ Settings Defaults() {
 
 // No box, and no save: the records are dropped again at every start until something else writes the file.
 void DropHotkeysWithoutJob() {
-    std::erase_if(settings.Hotkeys, [](const Hotkey& hotkey) { return !platform::FileExists(hotkey.job_path); });
+    std::erase_if(settings.Hotkeys, [](const Hotkey& hotkey) { return !platform::FileIsThere(hotkey.job_path); });
 }
 
 void TellMissing(const Schedule& schedule) {
@@ -114,7 +129,7 @@ bool DropSchedulesWithoutJob() {
     const std::size_t before = settings.Schedules.size();
     for (auto i = static_cast<std::ptrdiff_t>(before); i-- > 0;) {
         const Schedule schedule = settings.Schedules[static_cast<std::size_t>(i)];
-        if (platform::FileExists(schedule.job_path)) continue;
+        if (platform::FileIsThere(schedule.job_path)) continue;
         TellMissing(schedule);
         DeleteSchedule(i);
     }

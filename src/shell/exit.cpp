@@ -1,6 +1,7 @@
 #include "shell/exit.h"
 
 #include "mainwindow/form_visible.h"
+#include "replay/timing.h"
 #include "settings/settings.h"
 #include "shell/shell_view.h"
 
@@ -13,5 +14,8 @@ void QuitProgram(bool save) {
     shell_view::RestoreScheduleListProcedure();
     shell_view::RestoreMainProcedure();
     shell_view::RemoveTrayIcon();
+    // This may come in the middle of a run, from inside its pump, and what goes down with the process stays down for
+    // everybody.
+    ReleaseStuckKeys();
     shell_view::EndProcess();
 }

@@ -34,11 +34,13 @@ void InputFile::RequireRoom(std::int32_t count, std::size_t size) const {
     if (static_cast<std::int64_t>(count) * static_cast<std::int64_t>(size) > rest) FailCut();
 }
 
-// Moves what is left to the front of the block and fills it up.
+// Moves what is left to the front of the block and fills it up. A piece that is larger than the block, and in the file,
+// gets a larger block.
 void InputFile::Refill(std::size_t size) {
     const auto left = static_cast<std::size_t>(end - next);
     if (static_cast<std::int64_t>(size - left) > unread) FailCut();
     if (left > 0) std::memmove(block.data(), next, left);
+    if (size > block.size()) block.resize(size);
     const std::int64_t wanted = std::min(static_cast<std::int64_t>(block.size() - left), unread);
     const std::int64_t read = file.Read(block.data() + left, wanted);
     if (read < 0) FailWithSystemWords(path);

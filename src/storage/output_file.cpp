@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t BlockSize = 128 * 1024;  // every record and every string fits
+constexpr std::size_t BlockSize = 128 * 1024;  // every record of today and every string fits
 
 }  // namespace
 
@@ -28,6 +28,14 @@ void OutputFile::WriteString(const std::string& text) {
 void OutputFile::Commit() {
     Empty();
     file.Commit();
+}
+
+void OutputFile::MakeRoom(std::size_t size) {
+    Empty();
+    if (size <= block.size()) return;
+    block.resize(size);
+    next = block.data();
+    end = next + size;
 }
 
 void OutputFile::Empty() {

@@ -42,6 +42,7 @@ public:
     void Commit();
 
 private:
+    void MakeRoom(std::size_t size);
     void Empty();
 
     SaveFile file;
@@ -51,7 +52,7 @@ private:
 };
 
 inline char* OutputFile::Room(std::size_t size) {
-    if (static_cast<std::size_t>(end - next) < size) Empty();
+    if (static_cast<std::size_t>(end - next) < size) MakeRoom(size);
     char* const room = next;
     next += size;
     return room;

@@ -10,6 +10,10 @@
 namespace {
 
 constexpr std::int64_t MaximumWaitMs = 2000;
+// A reader that comes back again and again leaves only gaps of a fraction of a millisecond. Tries in quick succession
+// meet one; pauses that grow would leave a single try for the second half of the wait.
+constexpr std::int64_t PauseMs = 4;
+constexpr int TriesInARow = 8;
 constexpr std::int64_t CopyBlock = 128 * 1024;
 
 // "~", seven random characters, ".tmp": as short as the shortest names that Windows leaves room for in every folder.
@@ -19,18 +23,6 @@ std::string TemporaryBeside(const std::string& target) {
     std::string name = "~";
     for (int i = 0; i < 7; ++i) name += digits[random() % digits.size()];
     return target.substr(0, target.rfind('\\') + 1) + name + ".tmp";
-}
-
-// A reader, a virus scanner or another save may hold the target for a moment.
-platform::MoveResult MoveWithPatience(const std::string& from, const std::string& to) {
-    std::int64_t waited = 0;
-    for (std::int64_t pause = 1;; pause *= 2) {
-        const platform::MoveResult result = platform::MoveFileOver(from, to);
-        if (result != platform::MoveResult::Busy || waited >= MaximumWaitMs) return result;
-        pause = std::min(pause, MaximumWaitMs - waited);
-        platform::Sleep(pause);
-        waited += pause;
-    }
 }
 
 }  // namespace
@@ -59,10 +51,30 @@ void SaveFile::Commit() {
     TakePlace();
 }
 
+// A reader, a virus scanner or another save may hold the target for a moment. Waits a little; false when it has been
+// held for too long, counted from the first refusal.
+bool SaveFile::WaitForTarget() {
+    const std::int64_t now = platform::TickCount();
+    if (refusals == 0) givingUpAt = now + MaximumWaitMs;
+    if (now >= givingUpAt) return false;
+    const std::int64_t pause = ++refusals % TriesInARow == 0 ? PauseMs : 0;
+    platform::Sleep(std::min(pause, givingUpAt - now));
+    return true;
+}
+
+// Not open when there is no old file. One that cannot be opened just now is not taken for none: its tail would go.
+platform::File SaveFile::OpenOld() {
+    for (;;) {
+        platform::File old = platform::File::OpenForReading(target);
+        if (old.IsOpen() || !platform::FileIsThere(target)) return old;
+        if (!WaitForTarget()) Fail();
+    }
+}
+
 void SaveFile::CopyOldTail() {
-    platform::File old = platform::File::OpenForReading(target);
-    if (!old.IsOpen() && !platform::FileExists(target)) return;
-    const std::int64_t length = old.IsOpen() ? old.Length() : -1;
+    platform::File old = OpenOld();
+    if (!old.IsOpen()) return;
+    const std::int64_t length = old.Length();
     if (length < 0) Fail();
     if (length <= written) return;
     if (!old.Seek(written)) Fail();
@@ -76,7 +88,10 @@ void SaveFile::CopyOldTail() {
 }
 
 void SaveFile::TakePlace() {
-    if (MoveWithPatience(temporary, target) != platform::MoveResult::Done) Fail();
+    refusals = 0;  // the target was free in between, and on a busy disk flushing alone can take longer than the wait
+    platform::MoveResult result = platform::MoveFileOver(temporary, target);
+    while (result == platform::MoveResult::Busy && WaitForTarget()) result = platform::MoveFileOver(temporary, target);
+    if (result != platform::MoveResult::Done) Fail();
     committed = true;
 }
 

@@ -5,7 +5,8 @@
 // that saves the same file at the same moment is in the way.
 //
 // Every failure is a file failure that names the target, with the system's words; the old file is then untouched and
-// the temporary file removed. Commit sleeps (without pumping) when another program holds the target, 2 s at the most.
+// the temporary file removed. Commit sleeps (without pumping) while another program holds the target, up to 2 s at a
+// time.
 #pragma once
 
 #include <cstddef>
@@ -25,6 +26,8 @@ public:
     void Commit();
 
 private:
+    bool WaitForTarget();
+    platform::File OpenOld();
     void CopyOldTail();
     void TakePlace();
     [[noreturn]] void Fail() const;
@@ -33,5 +36,7 @@ private:
     std::string temporary;
     platform::File file;
     std::int64_t written = 0;
+    int refusals = 0;             // times that the target was held
+    std::int64_t givingUpAt = 0;  // tick; from the first of them on
     bool committed = false;
 };

@@ -9,6 +9,7 @@
 #include "folding/random_job.h"
 #include "folding/row_lines.h"
 #include "jobs/job_file.h"
+#include "simulated/desktop.h"
 #include "simulated/files.h"
 #include "support/job_builder.h"
 #include "support/open_in_editor.h"
@@ -112,6 +113,27 @@ TEST(PopuniListu, FailureLeavesNoHalfFoldedRows) {
     EXPECT_THROW(OpenInEditor(InNotepad().Type("a").Continuation().UseChain(9).Type("b").Built()), RuntimeFailure);
     EXPECT_THAT(editState.KeyRows, IsEmpty());
     EXPECT_THAT(editState.RowIndex, IsEmpty());
+}
+
+// The second program instance asks for another job while the box for an event of an unknown type is open.
+TEST(PopuniListu, JobOpenedInsideABoxOfTheFoldLeavesNoMixture) {
+    JobEvent unknown;
+    unknown.dwType() = 77;
+    Save(JobBuilder().Click(Left, 1, 1).Wheel(-120).Built());
+    const std::string other = "C:\\jobs\\Other.tsj";
+    JobBuilder job = InNotepad();
+    WriteJob(other, job.Type("a").Raw(unknown).Type("b").Built());
+    bool opened = false;
+    simulated::AnswerNextBox({.whileOpen = [&] {
+        PopuniListu(path, false);
+        opened = true;
+    }});
+    PopuniListu(other, false);
+    EXPECT_TRUE(opened);
+    EXPECT_EQ(editState.jobName, other);
+    EXPECT_EQ(editState.title, "Job Editor - Other.tsj");
+    EXPECT_THAT(LinesOf(editState), ElementsAre("keys 0-4 ab"));
+    EXPECT_THAT(Types(editState.PristineEvents), ElementsAre(1, 1, 77, 1, 1));
 }
 
 TEST(PopuniListu, MovesInsideKeystrokeRowAreDroppedForGood) {

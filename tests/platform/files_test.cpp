@@ -71,6 +71,9 @@ TEST(Files, WhatIsNotThereFailsWithWords) {
     EXPECT_FALSE(File::OpenForReading(folder.Path()).IsOpen()) << "a folder is no file";
     EXPECT_FALSE(platform::FileExists(folder / "none"));
     EXPECT_FALSE(platform::FileExists(folder.Path()));
+    EXPECT_FALSE(platform::FileIsThere(folder / "none"));
+    EXPECT_FALSE(platform::FileIsThere(folder / "missing\\file"));
+    EXPECT_FALSE(platform::FileIsThere(folder.Path()));
     EXPECT_FALSE(platform::FileExists(""));
     EXPECT_FALSE(platform::RemoveFile(folder / "none"));
     EXPECT_FALSE(platform::CopyFileOver(folder / "none", folder / "copy"));
@@ -118,6 +121,7 @@ TEST(Files, AHeldTargetIsBusyAndStaysWhole) {
         EXPECT_EQ(platform::MoveFileOver(folder / "from", folder / "to"), MoveResult::Busy);
         EXPECT_FALSE(platform::LastFileError().empty());
         EXPECT_EQ(Get(folder / "to"), "old") << "it can be read meanwhile";
+        EXPECT_TRUE(platform::FileIsThere(folder / "TO"));
         EXPECT_EQ(Get(folder / "from"), "new");
         EXPECT_FALSE(File::Create(folder / "to").IsOpen());
         EXPECT_FALSE(platform::RemoveFile(folder / "to"));

@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
+#include <utility>
+
 #include "base/runtime_failure.h"
 #include "replay/replay_log.h"
 #include "replay/timing.h"
@@ -271,6 +274,20 @@ TEST_F(ReplayEventsTest, ATapBetweenTwoPollsIsSeen) {
     EXPECT_EQ(reason, "") << "seen in a wait, it gives no reason";
 }
 
+// A search that the user ends counts as one that found nothing.
+TEST_F(ReplayEventsTest, ACancelInsideASearchIsAFailedCheck) {
+    for (const auto& [choice, result] : {std::pair{StopExecuting, -2}, {SkipAction, 1}, {ExecuteAnyway, 1}}) {
+        SCOPED_TRACE(choice);
+        job = JobBuilder();
+        InLostWindow().IfNoWindow(choice, 60).Press(Left, 1, 1).Release(Left, 1, 1);
+        const std::int64_t began = platform::TickCount();
+        simulated::MeanwhileAt(began + 1000, [] { simulated::UserTaps(27); });
+        EXPECT_EQ(Replay(), result);
+        EXPECT_LT(platform::TickCount() - began, 2000);
+        EXPECT_EQ(reason, "");
+    }
+}
+
 TEST_F(ReplayEventsTest, AStaleTapFromBeforeTheRunIsDrained) {
     simulated::UserTaps(27);
     job.Move(1, 1).Move(2, 2);
@@ -325,6 +342,29 @@ TEST_F(ReplayEventsTest, ATextRowThatIsNotTypedStillTakesItsTime) {
     InEdit().At(0).TextRow("").At(500).Move(1, 1);
     EXPECT_EQ(Replay(), 1);
     EXPECT_EQ(Actions(platform::MouseMove).front().time, 500);
+}
+
+TEST_F(ReplayEventsTest, ATextRowWithoutItsWindowStopsIsSkippedOrTypedAnyway) {
+    struct Case {
+        IfNoWindowChoice choice;
+        std::int32_t result;
+        std::string text;
+    };
+    for (const Case& one : {Case{StopExecuting, -4, ""}, Case{SkipAction, 1, ""}, Case{ExecuteAnyway, 1, "ab"}}) {
+        SCOPED_TRACE(one.choice);
+        simulated::SetText(edit, "");
+        simulated::SetFocus(edit);
+        simulated::ClearJournals();
+        job = JobBuilder();
+        InEdit();
+        InLostWindow().IfNoWindow(one.choice, 0).At(100).TextRow("ab").At(3000).Move(1, 1);
+        const std::int64_t began = platform::TickCount();
+        EXPECT_EQ(Replay(), one.result);
+        EXPECT_EQ(TextOf(edit), one.text);
+        if (one.result < 1) continue;
+        // The row's own time counts from its moment, so the 200 ms of the search come on top.
+        EXPECT_EQ(Actions(platform::MouseMove).front().time - began, 3200);
+    }
 }
 
 TEST_F(ReplayEventsTest, AContinuationAndAnUnknownTypeAreNeverSent) {
@@ -402,6 +442,23 @@ TEST_F(ReplayEventsTest, IndexesThatLeadNowhereAreRunTimeFailures) {
     rows.clear();
     EXPECT_THROW(ReplayEvents(job.Built(), rows, reason, ""), RuntimeFailure);
     EXPECT_TRUE(Keys().empty()) << "a key that nobody could release is not pressed";
+}
+
+TEST_F(ReplayEventsTest, NumbersThatNoRecordingHasDoNoHarm) {
+    constexpr std::int32_t Most = std::numeric_limits<std::int32_t>::max();
+    settings.Display_Executing_Status = 1;
+    job.Header().SafetyLevel = SafetyLow;
+    job.Header().SpeedPercent = MaximumSpeed;
+    InEdit().At(2'000'000'000).Key(KeyA).At(1).Click(Left, 300, 300);
+    job.Last().dwFlags() = -Most - 1;
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(statusViewStandIn.barHistory.at(1), statusViewStandIn.barMaximum) << "later than the last event";
+
+    job.Header().SpeedPercent = 0;
+    EXPECT_THROW(Replay(), RuntimeFailure);
+    job.Header().SpeedPercent = -100;
+    job.Last().time() = 0;
+    EXPECT_EQ(Replay(), 1) << "all is late, and a job without a length has no progress";
 }
 
 // A press that is skipped in every pass keeps its converted point, which grows from pass to pass.

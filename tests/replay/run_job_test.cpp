@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <new>
+
 #include "base/runtime_failure.h"
 #include "jobs/job_file.h"
 #include "platform/files.h"
@@ -189,9 +191,31 @@ TEST_F(RunJobTest, HeldKeysAreReleasedAfterEveryKindOfEnding) {
     InEdit().KeyDown(Shift).Wait(100).UseChain(99).Press(Left, 1, 1);
     EXPECT_THROW(Run(), RuntimeFailure);
     ExpectAllPutRight();
+
+    job = JobBuilder();
+    InEdit().KeyDown(Shift).Wait(5000).Type("a");
+    simulated::After(1000, [] { throw std::bad_alloc(); });
+    EXPECT_THROW(Run(), std::bad_alloc);
+    ExpectAllPutRight();
 }
 
 // --- how it went ---
+
+// The menu of the recent jobs passes an entry of the very list that the run brings up to date.
+TEST_F(RunJobTest, TheCallersPathsMayChangeDuringTheRun) {
+    InLostWindow().IfNoWindow(StopExecuting, 0).Press(Left, 1, 1);
+    WriteJob(JobPath, job.Built());
+    settings.RecentJobs[0] = "C:\\Data\\other.tsj";
+    settings.RecentJobs[1] = JobPath;
+    EXPECT_EQ(RunJob(settings.RecentJobs[1], 0, "", true), -4);
+    EXPECT_EQ(ShownBoxes().back().text, "Execution of job 'morning' failed. Reason:\r\nCannot find window: 'Nowhere'");
+
+    std::string logPath = LogPath;
+    simulated::After(100, [&] { logPath = "C:\\Data\\other.log"; });
+    EXPECT_EQ(RunJob(JobPath, 0, logPath, true), -4);
+    EXPECT_TRUE(platform::FileExists(LogPath));
+    EXPECT_FALSE(platform::FileExists(logPath));
+}
 
 TEST_F(RunJobTest, ACancelIsToldInTheListAndInTheLog) {
     settings.Display_Executing_Status = 1;
@@ -264,8 +288,12 @@ TEST_F(RunJobTest, TheNewestRunStandsOnTopOfTheLog) {
 }
 
 TEST_F(RunJobTest, ARunTimeFailureIsLoggedToo) {
-    InEdit().UseChain(99).Press(Left, 1, 1);
+    settings.Display_Executing_Status = 1;
+    InEdit().Click(Left, 300, 300).KeyUp(300);
+    job.Last().KeyCode() = 301;  // a release before all keystroke rows, which the fold passes over
     EXPECT_THROW(Run(LogPath), RuntimeFailure);
+    EXPECT_TRUE(statusViewStandIn.closeButtonVisible);
+    EXPECT_FALSE(statusViewStandIn.barVisible) << "the button stands where the bar was";
     EXPECT_THAT(ContentOf(LogPath), testing::HasSubstr("Execution of job failed. Reason: \r\n"));
     ExpectAllPutRight();
 }

@@ -128,11 +128,23 @@ TEST_F(LoadingSettings, EveryByteAlteredLoadsOrGivesDefaults) {
 }
 
 TEST_F(LoadingSettings, ReadFailureGivesDefaultsQuietly) {
-    for (int operation = 1; operation <= 4; ++operation) {
+    simulated::FailAtOperation(1);
+    EXPECT_EQ(Load(SampleSettingsBytes()), Outcome::Loaded) << "the look whether it is there is taken again";
+    for (int operation = 2; operation <= 4; ++operation) {
         simulated::FailAtOperation(operation);
         EXPECT_EQ(Load(SampleSettingsBytes()), Outcome::Quiet) << operation;
         ExpectDefaults();
     }
+}
+
+TEST_F(LoadingSettings, WhatAnotherProgramHoldsIsNotMissing) {
+    simulated::PutFile(settingsPath, SampleSettingsBytes());
+    simulated::LockFileAgainstReaders(settingsPath, 500);
+    simulated::LockFileAgainstReaders(SampleSettings().Hotkeys.front().job_path);
+    simulated::LockFileAgainstReaders(SampleSettings().Schedules.front().job_path);
+    LoadSettings();
+    EXPECT_EQ(Dump(settings), Dump(SampleSettings()));
+    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
 }
 
 TEST_F(LoadingSettings, HotkeyWithoutItsJobVanishesSilently) {

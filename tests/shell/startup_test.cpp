@@ -9,6 +9,7 @@
 #include "platform/registry.h"
 #include "platform/window_services.h"
 #include "replay/run_job.h"
+#include "replay/timing.h"
 #include "scheduler/date_text.h"
 #include "scheduler/schedule_list.h"
 #include "settings/folders.h"
@@ -194,6 +195,16 @@ TEST_F(End, ThatCannotSaveDoesNotCome) {
     EXPECT_THROW(QuitProgram(true), RuntimeFailure);
     EXPECT_FALSE(WasCalled("EndProcess"));
     EXPECT_TRUE(MainWindowVisible());
+}
+
+TEST_F(End, InTheMiddleOfARunLeavesNoKeyDown) {
+    constexpr int control = 17;
+    Main();
+    KeyDownFlag(control) = true;
+    EXPECT_THROW(QuitProgram(false), ProcessEnded);
+    ASSERT_EQ(simulated::Journal().size(), 1U);
+    EXPECT_EQ(simulated::Journal()[0].record.KeyCode() % 65536, control);
+    EXPECT_EQ(simulated::Journal()[0].record.KeyState(), platform::KeyUp);
 }
 
 class MainWindowVisibility : public Start {

@@ -41,6 +41,7 @@ struct Disk {
     std::set<std::string> folders;
     std::set<std::string> readOnlyFolders;
     std::map<std::string, std::int64_t> lockedUntil;
+    std::set<std::string> lockedAgainstReaders;  // of those
     std::map<std::string, std::int64_t> bytesRead;
     std::map<std::int64_t, OpenFile> open;
     std::int64_t lastHandle = 0;
@@ -88,6 +89,10 @@ bool FolderStands(const std::string& key) {
 bool IsLocked(const std::string& key) {
     const auto lock = disk.lockedUntil.find(key);
     return lock != disk.lockedUntil.end() && platform::TickCount() < lock->second;
+}
+
+bool IsLockedAgainstReaders(const std::string& key) {
+    return IsLocked(key) && disk.lockedAgainstReaders.contains(key);
 }
 
 bool IsHeld(const std::string& key, bool forWriting) {
@@ -173,6 +178,8 @@ File File::OpenForReading(const std::string& path) {
     const auto entry = disk.files.find(key);
     if (entry == disk.files.end()) {
         Fail(disk.folders.contains(key) ? AccessDenied : NotFound);
+    } else if (IsLockedAgainstReaders(key)) {
+        Fail(Sharing);
     } else {
         file.handle = NewHandle(key, entry->second, false);
     }
@@ -266,7 +273,13 @@ std::string LastFileError() {
 
 bool FileExists(const std::string& path) {
     if (!Operate()) return false;
-    return disk.files.contains(KeyOf(path)) ? true : Fail(NotFound);
+    const std::string key = KeyOf(path);
+    if (!disk.files.contains(key)) return Fail(NotFound);
+    return IsLockedAgainstReaders(key) ? Fail(Sharing) : true;
+}
+
+bool FileIsThere(const std::string& path) {
+    return !disk.powerOff && disk.files.contains(KeyOf(path));
 }
 
 bool FolderExists(const std::string& path) {
@@ -390,6 +403,12 @@ void MakeReadOnly(const std::string& folder) {
 
 void LockFile(const std::string& path, std::int64_t untilTick) {
     disk.lockedUntil[KeyOf(path)] = untilTick;
+    disk.lockedAgainstReaders.erase(KeyOf(path));
+}
+
+void LockFileAgainstReaders(const std::string& path, std::int64_t untilTick) {
+    LockFile(path, untilTick);
+    disk.lockedAgainstReaders.insert(KeyOf(path));
 }
 
 void FailAtOperation(std::int64_t n, Fault fault) {

@@ -34,6 +34,9 @@ void MakeReadOnly(const std::string& folder);
 inline constexpr std::int64_t ForEver = INT64_MAX;
 void LockFile(const std::string& path, std::int64_t untilTick = ForEver);
 
+// The same, and nobody can read it either (FileExists says no, FileIsThere yes).
+void LockFileAgainstReaders(const std::string& path, std::int64_t untilTick = ForEver);
+
 // Every call of a function of platform/files.h is one operation, closing included. The failure strikes at the n-th
 // one from now (from 1): it alone fails, a write keeping half of its bytes; or the power fails with it, and nothing
 // works any more.

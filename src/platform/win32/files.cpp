@@ -159,6 +159,10 @@ bool FolderExists(const std::string& path) {
     return HasAttribute(path, FILE_ATTRIBUTE_DIRECTORY);
 }
 
+bool FileIsThere(const std::string& path) {
+    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES && !FolderExists(path);
+}
+
 bool MakeFolder(const std::string& path) {
     return Noted(CreateDirectoryA(path.c_str(), nullptr));
 }

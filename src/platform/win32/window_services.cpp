@@ -25,7 +25,7 @@ bool AskWindow(HWND window, const std::function<bool()>& call) {
 }
 
 // The windows are gathered first: a visitor may throw, and no exception may cross the system's frames.
-BOOL CALLBACK Gather(HWND window, LPARAM list) {
+BOOL CALLBACK Gather(HWND window, LPARAM list) noexcept {
     reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
     return TRUE;
 }

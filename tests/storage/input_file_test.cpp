@@ -1,0 +1,47 @@
+#include "storage/input_file.h"
+
+#include <gmock/gmock.h>
+
+#include "base/runtime_failure.h"
+#include "platform/simulated/files.h"
+#include "storage/output_file.h"
+
+namespace {
+
+const std::string path = "C:\\data\\a.tsj";
+
+std::string Pattern(std::size_t size) {
+    std::string bytes(size, '\0');
+    for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>(i % 251);
+    return bytes;
+}
+
+// Pieces that fit the blocks of the reader and the writer, that cross their borders, and that are larger than they are.
+TEST(BlockFiles, TakePiecesOfAnySize) {
+    constexpr std::size_t sizes[] = {10, 300'000, 1, 131'072, 131'073, 65'535, 0, 500'000, 7};
+    simulated::PutFolder("C:\\data");
+    std::string all;
+    OutputFile output(path);
+    for (const std::size_t size : sizes) {
+        const std::string piece = Pattern(size);
+        piece.copy(output.Room(size), size);
+        all += piece;
+    }
+    output.Commit();
+    ASSERT_EQ(simulated::FileBytes(path), all);
+    InputFile input(path);
+    for (const std::size_t size : sizes) {
+        EXPECT_EQ(std::string(input.Take(size), size), Pattern(size)) << size;
+    }
+    EXPECT_THROW(input.Take(1), RuntimeFailure);
+}
+
+TEST(BlockFiles, RefuseAPieceThatIsLongerThanTheRest) {
+    simulated::PutFile(path, Pattern(400'000));
+    InputFile input(path);
+    input.Take(100'000);
+    EXPECT_THROW(input.Take(300'001), RuntimeFailure);
+    EXPECT_EQ(std::string(input.Take(300'000), 300'000), Pattern(400'000).substr(100'000)) << "nothing was lost";
+}
+
+}  // namespace
