@@ -4,6 +4,6 @@ import sys
 
 from wine_desktop import OUT, WineDesktop
 
-with WineDesktop(OUT / "desktop" / "bench") as desktop:
+with WineDesktop("bench") as desktop:
     program = desktop.start(OUT / "build" / "windows" / "bench" / "desktop_bench.exe", stdout=None, stderr=None)
     sys.exit(program.wait(600))

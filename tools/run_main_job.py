@@ -58,10 +58,11 @@ def main():
     shutil.rmtree(PICTURE.parent, ignore_errors=True)
     display = usable_display()
     say(f"Starting a Windows desktop on {'display ' + display if display else 'a virtual display'}")
-    with WineDesktop(OUT / "desktop" / "run", display) as desktop:
+    with WineDesktop("run", display) as desktop:
         probe = Probe(desktop, OUT / "build" / "windows" / "tests" / "desktop" / "probe.exe")
         code, seconds = play(desktop, probe)
-        text = wait_for(lambda: notepad_text(probe), 5)
+        wait_for(lambda: notepad_text(probe) == EXPECTED, 5)  # Notepad may still be at it
+        text = notepad_text(probe)
         if not PICTURE.exists():
             desktop.screenshot(PICTURE)
         probe.close()

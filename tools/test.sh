@@ -3,6 +3,9 @@
 # Ends in one summary. Reports lie in out/test/.
 set -uo pipefail
 cd "$(dirname "$0")/.."
+mkdir -p out
+exec 8>out/.test.lock
+flock --nonblock 8 || { echo "==> Another make test is at work here; waiting for it"; flock 8; }
 reports=$PWD/out/test
 rm -rf "$reports"
 mkdir -p "$reports"

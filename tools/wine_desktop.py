@@ -1,11 +1,11 @@
 """A Windows desktop of its own: an X display, a Wine prefix and a Wine server, started and ended together.
 
-    with WineDesktop(folder) as desktop:
+    with WineDesktop("name") as desktop:
         desktop.start("notepad.exe")
         desktop.screenshot("picture.png")
 
-What it starts, it ends, by its own process ids and its own prefix; should this process die, the display goes with it
-and takes every program on it along. Programs are 64-bit and come from the package wine64 alone.
+What it starts, it ends, by its own process ids and its own prefix. Should this process be killed, the display goes with
+it and takes the programs along, and the next desktop clears away what is left. Programs are 64-bit and come from the package wine64 alone.
 """
 
 import ctypes
@@ -31,11 +31,21 @@ def _die_with_parent():
     ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
 
 
-class WineDesktop:
-    """`folder` keeps the prefix and logs, and is made anew. With `display` an existing X display is used."""
+def _alive(pid):
+    try:
+        os.kill(pid, 0)
+    except ProcessLookupError:
+        return False
+    except PermissionError:
+        pass
+    return True
 
-    def __init__(self, folder, display=None):
-        self.folder = Path(folder).resolve()
+
+class WineDesktop:
+    """The prefix lies in a folder of its own, out/desktop/NAME-PID. With `display` an existing X display is used."""
+
+    def __init__(self, name, display=None):
+        self.folder = OUT / "desktop" / f"{name}-{os.getpid()}"
         self.prefix = self.folder / "prefix"
         self.drive_c = self.prefix / "drive_c"
         self._own_display = display is None
@@ -126,11 +136,19 @@ class WineDesktop:
         self.display = ":" + number
 
     def _make_prefix(self):
-        shutil.rmtree(self.folder, ignore_errors=True)
+        self._clear_leftovers()
         self.folder.mkdir(parents=True)
         template = self._template()
         # A copy of the template is a hundred times quicker than a new prefix.
         subprocess.run(["cp", "-a", str(template), str(self.prefix)], check=True)
+
+    def _clear_leftovers(self):
+        """Ends and removes what runs that were killed have left behind."""
+        for folder in (OUT / "desktop").glob("*-*"):
+            pid = folder.name.rpartition("-")[2]
+            if folder == self.folder or (pid.isdigit() and not _alive(int(pid))):
+                self._end_server(folder / "prefix")
+                shutil.rmtree(folder, ignore_errors=True)
 
     def _template(self):
         """A prefix with the virtual desktop switched on, made once for this version of Wine and kept under out/."""
@@ -177,10 +195,12 @@ class WineDesktop:
         if code != 0:
             raise RuntimeError(f"{command[0]} ended with {code}")
 
-    def _end_server(self):
-        if self.prefix.exists():
-            subprocess.run([SERVER, "-k"], env=self.environment(), stderr=subprocess.DEVNULL, timeout=30)
-            subprocess.run([SERVER, "-w"], env=self.environment(), stderr=subprocess.DEVNULL, timeout=30)
+    def _end_server(self, prefix=None):
+        prefix = prefix or self.prefix
+        if prefix.exists():
+            environment = {**self.environment(), "WINEPREFIX": str(prefix)}
+            for command in ("-k", "-w"):
+                subprocess.run([SERVER, command], env=environment, stderr=subprocess.DEVNULL, timeout=30)
 
     def close(self):
         if self.display is not None:
@@ -196,6 +216,7 @@ class WineDesktop:
             self._xvfb.terminate()
             self._xvfb.wait()
             self._xvfb = None
+        shutil.rmtree(self.folder, ignore_errors=True)
 
 
 def wait_for(question, seconds=20, pause=0.05):

@@ -23,7 +23,7 @@ BUILD = OUT / "build" / "windows"
 
 @pytest.fixture(scope="session")
 def wine():
-    with WineDesktop(OUT / "desktop" / "tests") as desktop:
+    with WineDesktop("tests") as desktop:
         yield desktop
 
 
