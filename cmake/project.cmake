@@ -37,6 +37,11 @@ endif()
 set(CMAKE_CXX_LINK_EXECUTABLE
     "<CMAKE_CXX_COMPILER> <FLAGS> <CMAKE_CXX_LINK_FLAGS> <LINK_FLAGS> <OBJECTS> -o <TARGET> -Wl,--start-group <LINK_LIBRARIES> -Wl,--end-group")
 
+# What nobody calls is left out, and with it the need for the views that it would have called: the linker may take an
+# object of a library for the sake of one template in it.
+add_compile_options(-ffunction-sections -fdata-sections)
+add_link_options(-Wl,--gc-sections)
+
 # tessarine_library(NAME [SOURCES file...] [DEPENDS library...])
 #
 # One directory of src is one library. It is included as "NAME/header.h", and only by libraries that list it in their
