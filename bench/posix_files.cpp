@@ -148,14 +148,16 @@ MoveResult MoveFileOver(const std::string& from, const std::string& to) {
 
 std::optional<std::vector<std::string>> FilesIn(const std::string& folder, const std::string& extension) {
     std::error_code failure;
-    std::vector<std::string> names;
+    std::vector<std::pair<std::string, std::string>> found;  // lower-cased once, not at every comparison
     for (const auto& entry : std::filesystem::directory_iterator(posix_files::RealPath(folder), failure)) {
         const std::string name = entry.path().filename().string();
-        if (LowerCase(name).ends_with(LowerCase(extension))) names.push_back(name);
+        const std::string lower = LowerCase(name);
+        if (lower.ends_with(LowerCase(extension))) found.emplace_back(lower, name);
     }
     if (failure) return std::nullopt;
-    std::sort(names.begin(), names.end(),
-              [](const std::string& a, const std::string& b) { return LowerCase(a) < LowerCase(b); });
+    std::sort(found.begin(), found.end());
+    std::vector<std::string> names;
+    for (auto& [lower, name] : found) names.push_back(std::move(name));
     return names;
 }
 

@@ -1,0 +1,98 @@
+// Filling the job list from a thousand job files, against reading the front of each and adding as many rows.
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+
+#include "base/runtime_failure.h"
+#include "bench/posix_files.h"
+#include "bench/ratio.h"
+#include "jobs/job_file.h"
+#include "jobs/job_list_view.h"
+#include "library/job_library.h"
+#include "library/library_view.h"
+#include "platform/files.h"
+#include "settings/folders.h"
+
+// The program's main window, which is not there.
+void RefreshJobList() {}
+void SelectJobInList(const std::string&) {}
+
+namespace library_view {
+
+std::vector<std::string> Lista_Schedule;
+
+void ClearScheduleJobs() {
+    Lista_Schedule.clear();
+}
+void AddScheduleJob(const std::string& name) {
+    Lista_Schedule.push_back(name);
+}
+void Jobs_Edit_Enabled(bool) {}
+void ShowStartsWithWindows(bool) {}
+void ShowDataFolder(const std::string&) {}
+
+}  // namespace library_view
+
+namespace {
+
+constexpr int JobCount = 1000;
+constexpr std::int64_t FrontSize = 2142;
+
+[[noreturn]] void Stop(const char* what) {
+    std::fprintf(stderr, "%s\n", what);
+    std::exit(2);
+}
+
+std::string NameOf(int number) {
+    return "A job like any other " + std::to_string(number);
+}
+
+std::string PathOf(int number) {
+    return folders.DataFolder + "\\" + NameOf(number) + ".tsj";
+}
+
+void WriteJobs() {
+    Job job;
+    job.Events.resize(10);
+    job.Events.back().time() = 12'345;
+    for (int i = 0; i < JobCount; ++i) WriteJob(PathOf(i), job);
+}
+
+void FillList() {
+    job_library::FillJobList();
+    if (jobLibrary.lista_jobs.ListCount() != JobCount) Stop("fill the list");
+}
+
+void ReadFrontsAndAddRows() {
+    static ListModel list;
+    list.Clear();
+    char front[FrontSize];
+    for (int i = 0; i < JobCount; ++i) {
+        platform::File file = platform::File::OpenForReading(PathOf(i));
+        if (file.Read(front, FrontSize) != FrontSize) Stop("read a front");
+        list.AddItem(NameOf(i), 0, "Duration: 12.3 seconds");
+    }
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    const std::filesystem::path parent =
+        argumentCount > 1 ? std::filesystem::path(arguments[1]) : std::filesystem::temp_directory_path();
+    const std::filesystem::path folder = parent / ("library_bench." + std::to_string(getpid()));
+    std::filesystem::create_directories(folder / "jobs");
+    posix_files::UseFolder(folder.string());
+    folders.DataFolder = "C:\\jobs";
+    try {
+        WriteJobs();
+        bench::ReportRatio("fill the list / read 1000 fronts, add 1000 rows", FillList, ReadFrontsAndAddRows, 1.5);
+    } catch (const RuntimeFailure& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        bench::verdict.good = false;
+    }
+    std::filesystem::remove_all(folder);
+    return bench::ExitCode();
+}

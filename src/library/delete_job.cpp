@@ -1,0 +1,85 @@
+#include <algorithm>
+#include <string>
+
+#include "base/runtime_failure.h"
+#include "base/text.h"
+#include "dictionary/dictionary.h"
+#include "hotkeys/hotkey_table.h"
+#include "library/job_library.h"
+#include "library/job_shortcut.h"
+#include "library/library_view.h"
+#include "platform/boxes.h"
+#include "platform/files.h"
+#include "platform/text.h"
+#include "scheduler/schedule_list.h"
+#include "settings/folders.h"
+#include "settings/settings.h"
+
+namespace {
+
+bool IsOfJob(const Schedule& schedule, const std::string& jobPath) {
+    return platform::LowerCase(TrimView(schedule.job_path)) == platform::LowerCase(jobPath);
+}
+
+bool IsScheduled(const std::string& jobPath) {
+    return std::any_of(settings.Schedules.begin(), settings.Schedules.end(),
+                       [&](const Schedule& schedule) { return IsOfJob(schedule, jobPath); });
+}
+
+// These questions are asked in English in all languages.
+bool UserIsSure(const std::string& jobPath, const std::string& name) {
+    if (IsScheduled(jobPath)) {
+        return platform::AskYesNo(
+            "This is scheduled job. Deleting this job will also delete all schedules containing this job. Are you sure "
+            "you want to delete this job?",
+            "Delete scheduled  job?", platform::BoxIcon::Error);
+    }
+    return platform::AskYesNo("Are you sure you want to delete job '" + name + "'?", Translate("Delete job") + "?",
+                              platform::BoxIcon::Question);
+}
+
+bool DeleteFileOf(const std::string& jobPath) {
+    if (platform::RemoveFile(jobPath)) return true;
+    platform::ShowBox(Translate("Cannot delete file") + ":" + LineBreak + jobPath, Translate("Access denied"),
+                      platform::BoxIcon::Error);
+    return false;
+}
+
+std::size_t DeleteSchedulesOf(const std::string& jobPath) {
+    return std::erase_if(settings.Schedules, [&](const Schedule& schedule) { return IsOfJob(schedule, jobPath); });
+}
+
+void RefillLists(int row) {
+    job_library::FillJobList();
+    FillScheduleList();
+    if (jobLibrary.lista_jobs.ListCount() == 0) return library_view::Jobs_Edit_Enabled(false);
+    if (row < jobLibrary.lista_jobs.ListCount()) jobLibrary.lista_jobs.SelectItem(row);
+}
+
+void SaveAndRefill(int row) {
+    try {
+        SaveSettings();
+    } catch (const RuntimeFailure&) {
+        RefillLists(row);
+        throw;
+    }
+    RefillLists(row);
+}
+
+}  // namespace
+
+void job_library::DeleteJob() {
+    const int row = jobLibrary.lista_jobs.listindex();
+    if (row < 0) return;
+    const std::string name = jobLibrary.lista_jobs.List(row);
+    const std::string path = JobPathOfRow(row);  // before the question, which may let the list change
+    if (!UserIsSure(path, name)) return;
+    DropHotkeyOfJob(path);
+    if (!DeleteFileOf(path)) return;
+    DeleteJobShortcut(path, folders.DesktopFolder, name);
+    const std::size_t deleted = DeleteSchedulesOf(path);
+    SaveAndRefill(row);
+    if (deleted == 0) return;
+    platform::ShowBox(Translate1("%1 scheduled jobs have also been deleted.", std::to_string(deleted)),
+                      Translate("Scheduled items deleted"), platform::BoxIcon::Information);
+}

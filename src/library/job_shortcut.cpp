@@ -1,0 +1,40 @@
+#include "library/job_shortcut.h"
+
+#include "jobs/job_file.h"
+#include "platform/files.h"
+#include "platform/shortcut.h"
+#include "settings/folders.h"
+
+namespace {
+
+std::string LinkPath(const std::string& folder, const std::string& jobName) {
+    return folder + "\\" + jobName + ".lnk";
+}
+
+std::string DescriptionOf(const std::string& jobPath, const std::string& jobName) {
+    const std::string description = CheckJobHeader(jobPath).description;
+    return description.empty() ? "Shortcut to Tessarine job '" + jobName + "'" : description;
+}
+
+// A file that cannot be read holds nothing.
+std::string BytesOf(const std::string& path) {
+    platform::File file = platform::File::OpenForReading(path);
+    const std::int64_t length = file.IsOpen() ? file.Length() : -1;
+    if (length < 0) return "";
+    std::string bytes(static_cast<std::size_t>(length), '\0');
+    return file.Read(bytes.data(), length) == length ? bytes : "";
+}
+
+}  // namespace
+
+void CreateJobShortcut(const std::string& jobPath, const std::string& desktopFolder, const std::string& jobName) {
+    if (jobPath.empty() || desktopFolder.empty()) return;
+    platform::WriteShortcut(LinkPath(desktopFolder, jobName),
+                            {jobPath, folders.DataFolder, DescriptionOf(jobPath, jobName)});
+}
+
+void DeleteJobShortcut(const std::string& jobPath, const std::string& desktopFolder, const std::string& jobName) {
+    const std::string link = LinkPath(desktopFolder, jobName);
+    // The path stands among the link's bytes as plain text; there is no need to understand the rest.
+    if (BytesOf(link).find(jobPath) != std::string::npos) platform::RemoveFile(link);
+}

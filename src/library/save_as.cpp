@@ -1,0 +1,65 @@
+#include "library/save_as.h"
+
+#include "base/product.h"
+#include "base/text.h"
+#include "dictionary/dictionary.h"
+#include "jobs/job_file.h"
+#include "jobs/job_name.h"
+#include "library/job_shortcut.h"
+#include "platform/boxes.h"
+#include "platform/files.h"
+#include "settings/folders.h"
+#include "settings/settings.h"
+
+namespace {
+
+bool WantsToOverwrite(const std::string& name) {
+    return platform::AskYesNo(
+        Translate("Job") + " \"" + name + "\" " + Translate("already exists") + ". " + Translate("Overwrite") + "?",
+        Translate("Overwrite") + "?");
+}
+
+// An empty name and a forbidden character explain themselves.
+bool IsPlainlyWrong(const std::string& path, const std::string& name) {
+    return Trim(name).empty() || !IsFileNameForbidden(path).empty();
+}
+
+SaveAsOutcome RefuseName(const std::string& why) {
+    std::string text = Translate("Invalid file name") + ". " + Translate("Please enter a valid file name");
+    if (!why.empty()) text += std::string(".") + LineBreak + why;
+    platform::ShowBox(text, ProductName, platform::BoxIcon::Error);
+    return SaveAsOutcome::NameWrong;
+}
+
+Job NewJob(const Job& recorded, const std::string& description) {
+    Job job = recorded;
+    static_cast<JobHeader&>(job) = {};
+    job.Description = description;
+    job.CapsLockState = recorded.CapsLockState;
+    job.Strings.clear();
+    return job;
+}
+
+}  // namespace
+
+SaveAsStart OpenSaveAs(bool stoppedByPauseKey) {
+    std::int32_t& shortcut = settings.create_shortcut_on_desktop;
+    if (shortcut != 0 && shortcut != 1) shortcut = 1;
+    return {shortcut == 1, stoppedByPauseKey};
+}
+
+void ChooseShortcutOnDesktop(bool ticked) {
+    settings.create_shortcut_on_desktop = ticked ? 1 : 0;
+}
+
+SaveAsOutcome SaveJobAs(const std::string& name, const std::string& description, const Job& recorded) {
+    const std::string path = JobPathOf(folders.DataFolder, name);
+    const bool plainlyWrong = IsPlainlyWrong(path, name);
+    const std::string why = plainlyWrong ? "" : WhyJobNameIsRefused(folders.DataFolder, name);
+    if (!why.empty()) return RefuseName(why);  // first of all: a look for the file would open a device
+    if (platform::FileExists(path) && !WantsToOverwrite(name)) return SaveAsOutcome::KeptOpen;
+    if (plainlyWrong) return RefuseName("");
+    WriteJob(path, NewJob(recorded, description));
+    if (settings.create_shortcut_on_desktop == 1) CreateJobShortcut(path, folders.DesktopFolder, name);
+    return SaveAsOutcome::Saved;
+}

@@ -1,0 +1,79 @@
+// The commands on the selected job.
+
+#include <optional>
+
+#include "base/text.h"
+#include "dictionary/dictionary.h"
+#include "editor/edit_job.h"
+#include "library/job_library.h"
+#include "library/job_shortcut.h"
+#include "mainwindow/job_page.h"
+#include "mainwindow/job_page_view.h"
+#include "platform/boxes.h"
+#include "platform/files.h"
+#include "platform/pump.h"
+#include "replay/run_job.h"
+#include "settings/folders.h"
+
+namespace {
+
+struct SelectedJob {
+    std::string name;
+    std::string path;
+};
+
+std::optional<SelectedJob> Selected() {
+    const int row = jobLibrary.lista_jobs.listindex();
+    if (row < 0) return std::nullopt;
+    return SelectedJob{jobLibrary.lista_jobs.List(row), job_library::JobPathOfRow(row)};
+}
+
+// Grey for as long as it lives, also when the run fails.
+class GreyPage {
+public:
+    GreyPage() { job_page_view::PosiviSve(true); }
+    ~GreyPage() { job_page_view::PosiviSve(false); }
+    GreyPage(const GreyPage&) = delete;
+    GreyPage& operator=(const GreyPage&) = delete;
+};
+
+}  // namespace
+
+void run_job() {
+    if (!PitajSpremitiPromjene()) return;
+    const auto job = Selected();
+    if (!job) return;
+    const GreyPage grey;
+    platform::Pump();
+    RunJob(job->path, 0, "", false);
+}
+
+void edit_job() {
+    const auto job = Selected();
+    if (!job) return;
+    if (platform::FileExists(job->path)) {
+        editJob(job->path);
+        return;
+    }
+    platform::ShowBox(Translate("File does not exist") + ":" + LineBreak + job->path, Translate("File access error"),
+                      platform::BoxIcon::Error);
+}
+
+void schedule_job() {
+    if (!PitajSpremitiPromjene()) return;
+    if (const auto job = Selected()) job_page_view::OpenScheduleOf(job->name);
+}
+
+// The executable holds the options as they are in the file.
+void create_exe() {
+    if (jobPage.button_save_changes && !SaveChanges()) return;
+    if (const auto job = Selected()) job_page_view::MakeExe(job->path);
+}
+
+void create_desktop_shortcut() {
+    if (const auto job = Selected()) CreateJobShortcut(job->path, folders.DesktopFolder, job->name);
+}
+
+void delete_job() {
+    job_library::DeleteJob();
+}

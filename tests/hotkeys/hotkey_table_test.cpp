@@ -1,0 +1,59 @@
+#include "hotkeys/hotkey_table.h"
+
+#include "base/runtime_failure.h"
+#include "hotkeys/hotkey_stage.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+using Hotkeys = HotkeyStage;
+
+TEST_F(Hotkeys, StartWhatBelongsToThemWhateverWindowHasTheFocus) {
+    EXPECT_THAT(Press({ControlKey}, 'A'), ElementsAre("start " + PathOf("one")));
+    EXPECT_THAT(Press({ControlKey, AltKey}, 'B'), ElementsAre("start " + PathOf("Two")));
+    EXPECT_THAT(Press({ShiftKey}, 'C'), ElementsAre("start " + PathOf("three")));
+    EXPECT_THAT(Press({ControlKey, ShiftKey}, 'N'), ElementsAre("record"));
+    EXPECT_THAT(Press({AltKey}, 'A'), IsEmpty());
+}
+
+TEST_F(Hotkeys, OfAnotherProgramAreSilentlyDead) {
+    UnregisterAllHotkeys();
+    EXPECT_EQ(simulated::RegisteredHotkeys(), 0);
+    simulated::OtherProgramHoldsHotkey(HotkeyControl, 'A');
+    RegisterAllHotkeys();
+    EXPECT_THAT(Press({ControlKey}, 'A'), IsEmpty());
+    EXPECT_THAT(Press({ShiftKey}, 'C'), ElementsAre("start " + PathOf("three")));
+    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+}
+
+TEST_F(Hotkeys, AreFoundByJobInAnyCaseAndByKeys) {
+    EXPECT_EQ(FindHotkeyByJob("c:\\JOBS\\One.tsj"), 0);
+    EXPECT_EQ(FindHotkeyByJob(PathOf("two")), 1);
+    EXPECT_EQ(FindHotkeyByJob("two.tsj"), NoHotkey);
+    EXPECT_EQ(FindHotkeyByKeys(HotkeyShift, 'C'), 2);
+    EXPECT_EQ(FindHotkeyByKeys(HotkeyShift | HotkeyAlt, 'C'), NoHotkey);
+    settings.Hotkeys.clear();
+    EXPECT_EQ(FindHotkeyByJob(PathOf("one")), NoHotkey);
+}
+
+TEST_F(Hotkeys, BehindADroppedOneGoOnUnderLowerIds) {
+    DropHotkeyOfJob(PathOf("two"));
+    EXPECT_THAT(Press({ControlKey, AltKey}, 'B'), IsEmpty());
+    EXPECT_THAT(Press({ShiftKey}, 'C'), ElementsAre("start " + PathOf("three")));
+    EXPECT_THAT(Press({ControlKey, ShiftKey}, 'N'), ElementsAre("record"));
+    DropHotkeyOfJob(PathOf("four"));  // has none
+    EXPECT_EQ(settings.Hotkeys.size(), 2U);
+    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+}
+
+TEST_F(Hotkeys, AboveTheTableAreToldAndFail) {
+    EXPECT_THROW(OnHotkey(4), RuntimeFailure);
+    ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
+    EXPECT_EQ(simulated::ShownBoxes()[0].text, "HotKey error!");
+    OnHotkey(-2);  // the system's own: a snapshot of the desktop
+    EXPECT_THAT(hotkeyViewStandIn.calls, IsEmpty());
+}
+
+}  // namespace

@@ -1,0 +1,105 @@
+#include "hotkeys/job_hotkey.h"
+
+#include "base/runtime_failure.h"
+#include "hotkeys/hotkey_stage.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+const std::string settingsFile = "C:\\jobs\\settings.binary";
+
+HotkeyControls Ctrl(char letter) {
+    return {.assign_hotkey = true, .hot_ctrl = true, .hot_slovo = letter - 'A'};
+}
+
+using JobHotkey = HotkeyStage;
+
+TEST_F(JobHotkey, ShowsWhatTheTableHolds) {
+    EXPECT_EQ(HotkeyOfJob(PathOf("one")), Ctrl('A'));
+    const HotkeyControls two{.assign_hotkey = true, .hot_ctrl = true, .hot_alt = true, .hot_slovo = 1};
+    EXPECT_EQ(HotkeyOfJob(PathOf("two")), two);
+    EXPECT_EQ(HotkeyOfJob(PathOf("four")), HotkeyControls());
+    EXPECT_FALSE(HotkeyOfJob(PathOf("four")).KeysEnabled());
+    settings.Hotkeys[0].virtual_key = 300;  // from a damaged file
+    EXPECT_EQ(HotkeyOfJob(PathOf("one")).hot_slovo, HotkeyControls::NoLetter);
+}
+
+TEST_F(JobHotkey, IsRefusedWithTheReasonAndTheControlToMend) {
+    struct Case {
+        HotkeyControls controls;
+        std::string text;
+        std::string title;
+        HotkeyFocus focus;
+    };
+    const Case cases[] = {
+        {{.assign_hotkey = true, .hot_slovo = 3},
+         "Invalid hotkey selection for job. You must select CTRL, SHIFT or ALT key.",
+         "Invalid HotKey",
+         HotkeyFocus::hot_ctrl},
+        {{.assign_hotkey = true, .hot_alt = true},
+         "Invalid hotkey selection. You must select a key from 'A' to 'Z'",
+         "Invalid HotKey",
+         HotkeyFocus::hot_slovo},
+        {Ctrl('A'),
+         "Please select another key combination because this key combination is already associated with job \"one\"",
+         "Tessarine", HotkeyFocus::lista_jobs},
+    };
+    for (const Case& one : cases) {
+        const auto refusal = SaveHotkeyOfJob(PathOf("four"), one.controls);
+        ASSERT_TRUE(refusal) << one.text;
+        EXPECT_EQ(refusal->text, one.text);
+        EXPECT_EQ(refusal->title, one.title);
+        EXPECT_EQ(refusal->focus, one.focus);
+    }
+    EXPECT_EQ(settings.Hotkeys.size(), 3U);
+    EXPECT_FALSE(simulated::FileBytes(settingsFile));
+}
+
+TEST_F(JobHotkey, WorksAtOnceAndIsSaved) {
+    EXPECT_FALSE(SaveHotkeyOfJob(PathOf("four"), Ctrl('Z')));
+    EXPECT_THAT(Press({ControlKey}, 'Z'), ElementsAre("start " + PathOf("four")));
+    EXPECT_TRUE(simulated::FileBytes(settingsFile));
+    settings = {};
+    LoadSettings();
+    EXPECT_EQ(HotkeyOfJob(PathOf("four")), Ctrl('Z'));
+}
+
+// The first record: its neighbour below is the combination that starts a recording.
+TEST_F(JobHotkey, WhenChangedLeavesTheOldOneAliveAndTakesTheIdBelow) {
+    EXPECT_FALSE(SaveHotkeyOfJob(PathOf("ONE"), Ctrl('K')));
+    EXPECT_EQ(settings.Hotkeys.size(), 3U);
+    EXPECT_THAT(Press({ControlKey}, 'K'), ElementsAre("start " + PathOf("ONE")));
+    EXPECT_THAT(Press({ControlKey}, 'A'), ElementsAre("start " + PathOf("ONE")));
+    EXPECT_THAT(Press({ControlKey, ShiftKey}, 'N'), IsEmpty());
+    UnregisterAllHotkeys();
+    RegisterAllHotkeys();  // as the next start does
+    EXPECT_THAT(Press({ControlKey}, 'A'), IsEmpty());
+    EXPECT_THAT(Press({ControlKey, ShiftKey}, 'N'), ElementsAre("record"));
+}
+
+TEST_F(JobHotkey, OfTheSameJobIsNoConflict) {
+    EXPECT_FALSE(SaveHotkeyOfJob(PathOf("one"), Ctrl('A')));
+    EXPECT_THAT(Press({ControlKey}, 'A'), ElementsAre("start " + PathOf("one")));
+}
+
+TEST_F(JobHotkey, GoesWithItsTick) {
+    EXPECT_FALSE(SaveHotkeyOfJob(PathOf("one"), {}));
+    EXPECT_FALSE(SaveHotkeyOfJob(PathOf("four"), {}));  // has none
+    EXPECT_EQ(settings.Hotkeys.size(), 2U);
+    EXPECT_THAT(Press({ControlKey}, 'A'), IsEmpty());
+    EXPECT_THAT(Press({ControlKey, AltKey}, 'B'), ElementsAre("start " + PathOf("Two")));
+}
+
+TEST_F(JobHotkey, ThatCannotBeSavedChangesNothing) {
+    simulated::MakeReadOnly("C:\\jobs");
+    EXPECT_THROW(SaveHotkeyOfJob(PathOf("four"), Ctrl('Z')), RuntimeFailure);
+    EXPECT_THROW(SaveHotkeyOfJob(PathOf("one"), Ctrl('Y')), RuntimeFailure);
+    EXPECT_EQ(settings.Hotkeys.size(), 3U);
+    EXPECT_THAT(Press({ControlKey}, 'Z'), IsEmpty());
+    EXPECT_THAT(Press({ControlKey}, 'A'), ElementsAre("start " + PathOf("one")));
+    EXPECT_THAT(Press({ControlKey, ShiftKey}, 'N'), ElementsAre("record"));
+}
+
+}  // namespace

@@ -1,0 +1,42 @@
+// A data folder with jobs, and a desktop.
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include "jobs/job_file.h"
+#include "library/job_library.h"
+#include "platform/simulated/desktop.h"
+#include "platform/simulated/files.h"
+#include "settings/folders.h"
+#include "settings/settings.h"
+#include "support/library_view_stand_in.h"
+
+class LibraryStage : public testing::Test {
+protected:
+    LibraryStage() {
+        folders.DataFolder = "C:\\jobs";
+        folders.DesktopFolder = "C:\\desktop";
+        folders.ProgramFolder = "C:\\Program Files\\Tessarine";
+        simulated::PutFolder(folders.DataFolder);
+        simulated::PutFolder(folders.DesktopFolder);
+    }
+
+    static std::string PathOf(const std::string& name) { return folders.DataFolder + "\\" + name + ".tsj"; }
+    static std::string LinkOf(const std::string& name) { return folders.DesktopFolder + "\\" + name + ".lnk"; }
+
+    static void PutJob(const std::string& name, std::int32_t durationMs = 0, const std::string& description = "") {
+        Job job;
+        job.Description = description;
+        job.Events.resize(1);
+        job.Events[0].time() = durationMs;
+        WriteJob(PathOf(name), job);
+    }
+
+    // "name: second line" of every row.
+    static std::vector<std::string> Rows() {
+        std::vector<std::string> rows;
+        const ListModel& list = jobLibrary.lista_jobs;
+        for (int i = 0; i < list.ListCount(); ++i) rows.push_back(list.List(i) + ": " + list.Row(i).Text2);
+        return rows;
+    }
+};

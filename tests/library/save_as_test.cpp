@@ -1,0 +1,120 @@
+#include "library/save_as.h"
+
+#include "base/runtime_failure.h"
+#include "jobs/job_name.h"
+#include "library/job_shortcut.h"
+#include "library/library_stage.h"
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+class SaveAs : public LibraryStage {
+protected:
+    SaveAs() {
+        recorded.SpeedPercent = 7;
+        recorded.CapsLockState = 1;
+        recorded.Strings = {"left over"};
+        recorded.Events.resize(3);
+        OpenSaveAs(false);
+        ChooseShortcutOnDesktop(false);
+    }
+
+    static std::string LastText() { return simulated::ShownBoxes().empty() ? "" : simulated::ShownBoxes().back().text; }
+
+    Job recorded;
+};
+
+TEST_F(SaveAs, WritesANewJobWithTheOptionsOfANewJob) {
+    EXPECT_EQ(SaveJobAs("My job", "What it does", recorded), SaveAsOutcome::Saved);
+    Job saved;
+    ReadJob(PathOf("My job"), saved);
+    EXPECT_EQ(saved.Description, "What it does");
+    EXPECT_EQ(saved.SpeedPercent, 100);
+    EXPECT_EQ(saved.RepeatCount, 1);
+    EXPECT_EQ(saved.CapsLockState, 1);
+    EXPECT_EQ(saved.Events.size(), 3U);
+    EXPECT_THAT(saved.Strings, IsEmpty());
+    EXPECT_EQ(Rows().size(), 1U);
+    EXPECT_FALSE(simulated::FileBytes(LinkOf("My job")));
+    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+}
+
+TEST_F(SaveAs, AsksBeforeItOverwrites) {
+    PutJob("old", 5000);
+    const auto before = simulated::FileBytes(PathOf("old"));
+    simulated::AnswerNextBox({.yes = false});
+    EXPECT_EQ(SaveJobAs("OLD", "", recorded), SaveAsOutcome::KeptOpen);
+    EXPECT_EQ(LastText(), "Job \"OLD\" already exists. Overwrite?");
+    EXPECT_EQ(simulated::ShownBoxes().back().title, "Overwrite?");
+    EXPECT_EQ(simulated::FileBytes(PathOf("old")), before);
+    simulated::AnswerNextBox({.yes = true});
+    EXPECT_EQ(SaveJobAs("OLD", "", recorded), SaveAsOutcome::Saved);
+    EXPECT_NE(simulated::FileBytes(PathOf("old")), before);
+}
+
+TEST_F(SaveAs, RefusesNamesThatNoFileCanHave) {
+    const std::string plain = "Invalid file name. Please enter a valid file name";
+    for (const std::string name : {"", "   ", "a?b", "a*", "x:y", "<", "a|b", "say \"hi\"", "a/b"}) {
+        EXPECT_EQ(SaveJobAs(name, "", recorded), SaveAsOutcome::NameWrong) << name;
+        EXPECT_EQ(LastText(), plain) << name;
+        EXPECT_EQ(simulated::ShownBoxes().back().icon, platform::BoxIcon::Error);
+    }
+    const std::pair<std::string, const char*> explained[] = {
+        {"CON", "one of its devices"},      {"nul.old", "one of its devices"},  {"Aux ", "one of its devices"},
+        {"com1", "one of its devices"},     {"LPT9.x.y", "one of its devices"}, {"com\xB2", "one of its devices"},
+        {"job.", "end with a dot"},         {"job ", "end with a dot"},         {"..", "end with a dot"},
+        {"a\tb", "control characters"},     {"sub\\job", "any of these"},       {"..\\job", "any of these"},
+        {std::string(260, 'x'), "too long"}};
+    for (const auto& [name, why] : explained) {
+        EXPECT_EQ(SaveJobAs(name, "", recorded), SaveAsOutcome::NameWrong) << name;
+        EXPECT_THAT(LastText(), testing::StartsWith(plain + ".\r\n")) << name;
+        EXPECT_THAT(LastText(), HasSubstr(why)) << name;
+    }
+    EXPECT_THAT(simulated::AllFiles(), IsEmpty());
+}
+
+TEST_F(SaveAs, TakesNamesThatOnlyLookOdd) {
+    for (const std::string name : {"com", "com0", "com10", "console", "my.con", " lead", "a.b", "100%", "\xE4\xF6"}) {
+        EXPECT_EQ(SaveJobAs(name, "", recorded), SaveAsOutcome::Saved) << name;
+        EXPECT_TRUE(simulated::FileBytes(PathOf(name))) << name;
+    }
+    const std::string longest(259 - PathOf("").size(), 'x');
+    EXPECT_EQ(SaveJobAs(longest, "", recorded), SaveAsOutcome::Saved);
+    EXPECT_EQ(SaveJobAs(longest + "x", "", recorded), SaveAsOutcome::NameWrong);
+}
+
+TEST_F(SaveAs, KeepsTheRecordingWhenTheDiskIsFull) {
+    simulated::SetFreeSpace(100);
+    EXPECT_THROW(SaveJobAs("job", "", recorded), RuntimeFailure);
+    simulated::SetFreeSpace(1'000'000);
+    EXPECT_EQ(SaveJobAs("job", "", recorded), SaveAsOutcome::Saved);
+}
+
+TEST_F(SaveAs, PutsAShortcutOnTheDesktopIfTicked) {
+    settings.create_shortcut_on_desktop = 17;
+    EXPECT_TRUE(OpenSaveAs(true).create_shortcut_on_desktop);
+    EXPECT_TRUE(OpenSaveAs(true).please_wait);
+    EXPECT_EQ(settings.create_shortcut_on_desktop, 1);
+    SaveJobAs("job", "", recorded);
+    const std::string link = simulated::FileBytes(LinkOf("job")).value_or("");
+    EXPECT_THAT(link, HasSubstr("C:\\jobs\\job.tsj"));
+    EXPECT_THAT(link, HasSubstr("Shortcut to Tessarine job 'job'"));
+    SaveJobAs("told", "What it does", recorded);
+    EXPECT_THAT(simulated::FileBytes(LinkOf("told")).value_or(""), HasSubstr("What it does"));
+    ChooseShortcutOnDesktop(false);
+    EXPECT_FALSE(OpenSaveAs(false).create_shortcut_on_desktop);
+}
+
+TEST_F(SaveAs, SaysNothingOfAShortcutThatCannotBeMade) {
+    ChooseShortcutOnDesktop(true);
+    simulated::MakeReadOnly(folders.DesktopFolder);
+    EXPECT_EQ(SaveJobAs("job", "", recorded), SaveAsOutcome::Saved);
+    CreateJobShortcut("", folders.DesktopFolder, "none");
+    CreateJobShortcut(PathOf("job"), "", "none");
+    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+    EXPECT_EQ(simulated::AllFiles().size(), 1U);
+}
+
+}  // namespace

@@ -1,0 +1,39 @@
+#include "support/library_view_stand_in.h"
+
+#include "jobs/job_list_view.h"
+#include "library/job_library.h"
+#include "library/library_view.h"
+
+LibraryViewStandIn libraryViewStandIn;
+
+namespace library_view {
+
+void ClearScheduleJobs() {
+    libraryViewStandIn.Lista_Schedule.clear();
+}
+
+void AddScheduleJob(const std::string& name) {
+    libraryViewStandIn.Lista_Schedule.push_back(name);
+}
+
+void Jobs_Edit_Enabled(bool enable) {
+    libraryViewStandIn.jobsEditEnabled = enable;
+}
+
+void ShowStartsWithWindows(bool ticked) {
+    libraryViewStandIn.startsWithWindows = ticked;
+}
+
+void ShowDataFolder(const std::string& folder) {
+    libraryViewStandIn.dataFolder = folder;
+}
+
+}  // namespace library_view
+
+void RefreshJobList() {
+    job_library::FillJobList();
+}
+
+void SelectJobInList(const std::string& path) {
+    job_library::SelectJob(path);
+}

@@ -1,0 +1,184 @@
+#include "support/recording_view_stand_in.h"
+
+#include "identity/window_identity.h"
+#include "platform/clock.h"
+#include "recording/counter_view.h"
+#include "recording/recording_view.h"
+#include "recording/session_view.h"
+#include "recording/start_app_view.h"
+#include "simulated/desktop.h"
+
+RecordingViewStandIn recordingViewStandIn;
+
+namespace {
+
+RecordingViewStandIn& view = recordingViewStandIn;
+
+void Note(const std::string& call) {
+    view.calls.push_back(call);
+}
+
+platform::WindowHandle AddButton(std::int32_t left) {
+    return simulated::AddWindow({.className = "Button",
+                                 .rect = {left, 60, left + 80, 84},
+                                 .thread = simulated::OwnThread,
+                                 .parent = view.window});
+}
+
+}  // namespace
+
+namespace recording_view {
+
+void Load() {
+    if (view.loaded) return;
+    view.loaded = true;
+    view.window = simulated::AddWindow({.className = "Form",
+                                        .caption = "recording",
+                                        .rect = {10, 10, 210, 110},
+                                        .thread = simulated::OwnThread,
+                                        .visible = false,
+                                        .topmost = true,
+                                        .active = false});
+    view.command1 = AddButton(10);
+    view.command2 = AddButton(100);
+    ownWindows.recordingStatus = view.window;
+}
+
+void Show() {
+    Note("Show");
+    Load();
+    view.shown = true;
+    simulated::SetVisible(view.window, true);
+    simulated::Activate(view.window);
+}
+
+void Unload() {
+    Note("Unload");
+    simulated::Destroy(view.window);
+    view.loaded = view.shown = false;
+    ownWindows.recordingStatus = view.window = 0;
+}
+
+void SetCommand1(const std::string& caption) {
+    view.command1Caption = caption;
+}
+
+void SetCommand2(const std::string& caption) {
+    view.command2Caption = caption;
+}
+
+void SetLabel1(const std::string& text) {
+    view.label1 = text;
+}
+
+void SetInfo(const std::string& text) {
+    view.info = text;
+}
+
+void SetTime(const std::string& text) {
+    view.time = text;
+}
+
+void ShowIndicator(bool visible) {
+    view.indicator = visible;
+}
+
+}  // namespace recording_view
+
+namespace start_app_view {
+
+void ShowModal() {
+    Note("start_app");
+    if (view.startApp) view.startApp();
+}
+
+}  // namespace start_app_view
+
+namespace counter_view {
+
+platform::Rect Rectangle() {
+    return {500, 400, 600, 450};
+}
+
+std::vector<std::uint32_t> ReadScreen(const std::vector<platform::Point>& points) {
+    view.pixelsRead = points.size();
+    return std::vector<std::uint32_t>(points.size(), view.screenColour);
+}
+
+void Show() {
+    Note("counter");
+}
+
+void SetDigitsBlack(bool black) {
+    view.digitsBlack = black;
+}
+
+void ShowNumber(int number) {
+    view.numbers.emplace_back(platform::TickCount(), number);
+}
+
+void Unload() {
+    Note("counter gone");
+}
+
+}  // namespace counter_view
+
+namespace session_view {
+
+bool RunUnderWay() {
+    return view.runUnderWay;
+}
+
+void GiveHotkeys() {
+    Note("GiveHotkeys");
+}
+
+void TakeHotkeys() {
+    Note("TakeHotkeys");
+}
+
+bool AskToStart(const std::string& text, const std::string&) {
+    Note("AskToStart");
+    view.question = text;
+    return view.userIsReady;
+}
+
+bool MainWindowIsVisible() {
+    return view.mainWindowVisible;
+}
+
+void MinimiseMainWindow() {
+    Note("MinimiseMainWindow");
+}
+
+void HideMainWindow() {
+    Note("HideMainWindow");
+    view.mainWindowVisible = false;
+    simulated::SetVisible(ownWindows.main, false);
+}
+
+void ShowMainWindow() {
+    Note("ShowMainWindow");
+    view.mainWindowVisible = true;
+    simulated::SetVisible(ownWindows.main, true);
+}
+
+void PutEditorAside() {
+    Note("PutEditorAside");
+}
+
+void ZavrsiUmetanjeSnimanjem() {
+    Note("ZavrsiUmetanjeSnimanjem");
+    if (view.editor) view.editor();
+}
+
+void ShowSaveAs() {
+    Note("ShowSaveAs");
+    if (view.saveAs) view.saveAs();
+}
+
+std::int32_t DoubleClickTime() {
+    return view.doubleClickTime;
+}
+
+}  // namespace session_view

@@ -1,0 +1,179 @@
+#include "widgets/list_model.h"
+
+#include <gmock/gmock.h>
+
+#include "base/runtime_failure.h"
+
+using platform::Point;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr int Up = 38;
+constexpr int Down = 40;
+
+// Ten rows of 20 pixels, of which five can be seen; what the list raises is written down.
+class List : public testing::Test {
+protected:
+    List() {
+        list.Measure({.ItemHeight = 20, .ImageSize = 16, .smallButton = {30, 10}, .margin = 4, .visible = {200, 105}});
+        for (const char* name : {"Abc", "abd", "Bcd", "Cde", "ab", "Xyz", "aBz", "Quit", "Row", "Zoo"}) {
+            list.AddItem(name, 0, "");
+        }
+        list.SmallButton1Visible = list.SmallButton2Visible = true;
+        list.events.Click = [this](int index) { heard.push_back("click " + std::to_string(index)); };
+        list.events.MouseDown = [this](ListButton, ListHit hit, Point) {
+            heard.push_back("down " + std::to_string(hit.index));
+        };
+        list.events.SmallButton1Click = [this](int index) { heard.push_back("gumb " + std::to_string(index)); };
+        list.events.SmallButton2Click = [this](int index) { heard.push_back("gumb1 " + std::to_string(index)); };
+    }
+
+    void ClickOn(Point point) {
+        list.PressMouse(ListButton::Left, point);
+        list.ReleaseMouse(ListButton::Left, point);
+    }
+
+    void Type(const std::string& text, std::int64_t from) {
+        for (const char each : text) list.TypeCharacter(each, from += 100);
+    }
+
+    static Point In(const platform::Rect& rect) { return {rect.left + 1, rect.top + 1}; }
+
+    ListModel list;
+    std::vector<std::string> heard;
+};
+
+TEST_F(List, RefusesRowsThatDoNotExist) {
+    ListModel empty;
+    empty.Clear();
+    for (const int index : {-1, 0}) EXPECT_THROW(empty.SelectItem(index), RuntimeFailure);
+    EXPECT_FALSE(empty.KeyDown(65, 0));
+    EXPECT_TRUE(empty.KeyDown(Down, 0));
+    empty.TypeCharacter('a', 0);
+    EXPECT_EQ(empty.listindex(), -1);
+    EXPECT_THROW(list.RemoveItem(10), RuntimeFailure);
+    EXPECT_THROW(list.setlistindex(10), RuntimeFailure);
+    try {
+        list.SelectItem(10);
+        FAIL();
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_STREQ(failure.what(), "Out Of Bounds!");
+    }
+}
+
+TEST_F(List, ScrollsInWhatIsSelected) {
+    struct Step {
+        int select;
+        int scroll;
+    };
+    for (const Step& step : {Step{4, 0}, Step{5, 1}, Step{9, 5}, Step{6, 5}, Step{4, 4}, Step{0, 0}}) {
+        list.SelectItem(step.select);
+        EXPECT_EQ(list.ScrollValue(), step.scroll) << step.select;
+        EXPECT_TRUE(list.on_screen(step.select));
+    }
+    EXPECT_FALSE(list.on_screen(5));  // five pixels of it can be seen
+}
+
+TEST_F(List, ScrollBarFollowsTheRows) {
+    EXPECT_EQ(list.ScrollMaximum(), 5);
+    list.scrolldown();
+    list.RemoveItem(0);
+    EXPECT_EQ(list.ScrollValue(), 4);
+    list.Wheel(60);
+    EXPECT_EQ(list.ScrollValue(), 4);
+    list.Wheel(60);
+    EXPECT_EQ(list.ScrollValue(), 3);
+    list.Wheel(-1200);
+    EXPECT_EQ(list.ScrollValue(), 4);
+    while (list.ListCount() > 5) list.RemoveItem(0);
+    EXPECT_FALSE(list.ScrollVisible());
+    EXPECT_EQ(list.ScrollValue(), 0);
+    list.Clear();
+    EXPECT_EQ(list.listindex(), -1);
+    EXPECT_THAT(heard, IsEmpty());
+}
+
+TEST_F(List, OnlyTheSelectedRowShowsButtons) {
+    list.SelectItem(2);
+    const Point onGumb = In(list.ButtonRect(2, ListPart::gumb));
+    const Point onGumb1 = In(list.ButtonRect(2, ListPart::gumb1));
+    EXPECT_EQ(list.HitTest(onGumb), (ListHit{2, ListPart::gumb}));
+    EXPECT_EQ(list.HitTest({onGumb.x, onGumb.y + 20}), (ListHit{3, ListPart::Row}));
+    heard.clear();
+    ClickOn(onGumb);
+    ClickOn(onGumb1);
+    EXPECT_THAT(heard, ElementsAre("down 2", "gumb 2", "down 2", "gumb1 2"));
+    EXPECT_EQ(list.listindex(), 2);
+    list.SmallButton2Visible = false;
+    EXPECT_EQ(list.HitTest(onGumb1), (ListHit{2, ListPart::gumb}));
+    EXPECT_EQ(list.LookOf(2).back, 8405824U);
+    EXPECT_FALSE(list.LookOf(3).gumb);
+}
+
+TEST_F(List, SelectsByAClickOnOneRow) {
+    list.ScrollTo(2);
+    ClickOn({10, 25});
+    EXPECT_THAT(heard, ElementsAre("down 3", "click 3"));
+    heard.clear();
+    list.PressMouse(ListButton::Left, {10, 5});
+    list.ReleaseMouse(ListButton::Left, {10, 25});  // dragged to another row
+    list.PressMouse(ListButton::Right, {10, 5});
+    list.ReleaseMouse(ListButton::Right, {10, 5});
+    list.OtkaziIduciClickEvent();
+    ClickOn({10, 45});
+    EXPECT_THAT(heard, ElementsAre("down 2", "down 2", "down 4"));
+    ClickOn({10, 45});
+    EXPECT_EQ(list.listindex(), 4);
+    for (const Point outside : {Point{-1, 5}, Point{200, 5}, Point{5, 105}, Point{5, -1}}) {
+        EXPECT_EQ(list.HitTest(outside), ListHit());
+    }
+}
+
+TEST_F(List, WalksWithTheArrowsToItsEnds) {
+    list.KeyDown(Down, 0);
+    EXPECT_EQ(list.listindex(), 0);
+    list.KeyDown(Up, 0);
+    EXPECT_THAT(heard, ElementsAre("click 0"));  // at the top it does nothing
+    for (int i = 0; i < 20; ++i) list.KeyDown(Down, 0);
+    EXPECT_EQ(list.listindex(), 9);
+    EXPECT_EQ(list.ScrollValue(), 5);
+    EXPECT_EQ(heard.size(), 10U);
+}
+
+TEST_F(List, TypingFindsTheNextRowInAnyCase) {
+    Type("ab", 1000);
+    EXPECT_EQ(list.listindex(), 0);
+    Type("a", 2000);
+    EXPECT_EQ(list.listindex(), 1);
+    Type("A", 3000);
+    EXPECT_EQ(list.listindex(), 4);
+    Type("abz", 4000);
+    EXPECT_EQ(list.listindex(), 6);
+    Type("a", 5000);  // round the end
+    EXPECT_EQ(list.listindex(), 0);
+    Type("zoo lander", 6000);  // the last row that fits stays
+    EXPECT_EQ(list.listindex(), 9);
+    list.TypeCharacter('z', 8000);
+    list.TypeCharacter('x', 8500);  // not yet a pause
+    EXPECT_EQ(list.listindex(), 9);
+    list.TypeCharacter('x', 9001);
+    EXPECT_EQ(list.listindex(), 5);
+}
+
+// The owner saves pending changes, which fills the list anew: here with fewer rows than the key leads to.
+TEST_F(List, AKeyLeadsNowhereWhenForbiddenOrWhenItsRowHasGone) {
+    list.SelectItem(8);
+    list.events.KeyLeaves = [](int) { return false; };
+    list.KeyDown(Down, 0);
+    EXPECT_EQ(list.listindex(), 8);
+    list.events.KeyLeaves = [this](int) {
+        list.Clear();
+        return true;
+    };
+    list.KeyDown(Down, 0);
+    EXPECT_EQ(list.listindex(), -1);
+}
+
+}  // namespace
