@@ -5,6 +5,7 @@
 #include "base/product.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "hotkeys/hotkey_messages.h"
 #include "identity/window_identity.h"
 #include "mainwindow/form_visible.h"
 #include "mainwindow/tray_events.h"
@@ -108,6 +109,9 @@ LRESULT CALLBACK MainForm::ProcedureThunk(HWND form, UINT message, WPARAM wParam
         switch (message) {
             case ShowYourselfMessage:
                 OnShowYourself();
+                return 0;
+            case WM_HOTKEY:
+                OnHotkey(static_cast<std::intptr_t>(wParam));
                 return 0;
             case WM_COPYDATA:
                 mainForm.OnCopyData(reinterpret_cast<const COPYDATASTRUCT*>(lParam));

@@ -3,6 +3,7 @@
 
 #include <commctrl.h>
 
+#include "hotkeys/hotkey_table.h"
 #include "shell/startup.h"
 #include "win32/failure_guard.h"
 #include "win32/message_loop.h"
@@ -22,6 +23,7 @@ void LoadControls() {
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     platform::HardenProcess();
     LoadControls();
+    hotkeyRegistration.recordCombination = false;  // there is no record button yet
     bool stays = false;
     if (!platform::GuardedCall([&] { stays = Main(); })) return FailedStart;
     return stays ? platform::RunMessageLoop() : 0;

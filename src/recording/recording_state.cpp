@@ -1,18 +1,15 @@
+// Stands apart from what a recording does: whoever only asks for its state needs none of its forms.
 #include "recording/recording_state.h"
 
 #include "platform/hooks.h"
+#include "recording/recording_session.h"
+
+RecordingSession recordingSession;
 
 bool RecordingActive() {
-    return false;
+    return recordingSession.recordBusy || recordingSession.running;
 }
 
 bool KeyboardHookInstalled() {
     return platform::KeyboardHookInstalled();
 }
-
-void UnhookRecording() {
-    if (platform::MouseHookInstalled()) platform::RemoveMouseHook();
-    if (platform::KeyboardHookInstalled()) platform::RemoveKeyboardHook();
-}
-
-void StopRecordingFromTray() {}

@@ -1,15 +1,17 @@
-// What the rest of the program asks of a recording: whether one is under way, and to let go of the hooks. No job can be
-// recorded yet, so none ever is. Nothing here pumps.
+// What the rest of the program asks of a recording: whether one is under way, to end it, and to let go of the hooks.
 #pragma once
 
-// True from the start of a recording until it is stopped. A run is refused meanwhile.
+// True from the record button on, or from the start of a recording into an open job, until the recording has been
+// handed over. A run is refused meanwhile.
 bool RecordingActive();
 
 // True while any part of the program listens to the keyboard: a recording, or an edit of keystrokes.
 bool KeyboardHookInstalled();
 
-// Takes out the mouse and the keyboard hook, whichever of them is installed.
+// Takes out the mouse and the keyboard hook, whichever of them is installed. A recording under way is dropped: without
+// its hooks nothing could end it.
 void UnhookRecording();
 
-// Ends the recording that is under way; the click on the tray icon that asked for it is not part of it.
+// Ends the recording that is under way; the click on the tray icon that asked for it is not part of it. Ignored before
+// a recording has begun, and while it is handed over. Pumps until the Save As form is closed.
 void StopRecordingFromTray();

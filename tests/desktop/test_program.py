@@ -1,5 +1,7 @@
 """The program as a process: instances, command lines, messages from strangers, its windows."""
 
+import getpass
+import struct
 import time
 
 from stage import NOTEPAD_PLACE
@@ -111,6 +113,39 @@ def test_the_status_windows(stage):
     stage.hands.move((was[0] + was[2]) // 2 + 3, was[1] + 40)
     assert wait_for(lambda: stage.probe.window(frame.handle).rect[0] != was[0], 5), "it dodges the pointer"
     assert wait_for(lambda: notepad.text == "abc " * 4 + "d")
+
+
+def settings_with_hotkey(job_path, modifiers, key):
+    """The bytes of a settings.binary with one hotkey and nothing else."""
+    options = struct.pack("<10i", *[0] * 7, 1, 1, 5) + struct.pack("<h", -1) + struct.pack("<4i", 0, 0, 0, 1)
+    recent = b" " * 2560
+    hotkey = struct.pack("<ih", modifiers, ord(key)) + job_path.encode("cp1252").ljust(512)
+    return (struct.pack("<i", 306) + options + recent + struct.pack("<3i", 1, 0, 1) + struct.pack("<i", 1) + hotkey
+            + struct.pack("<i", 0))
+
+
+def test_a_hotkey_starts_its_job(stage):
+    notepad = stage.notepad()
+    job = stage.job()
+    edit = job.target(notepad.chain())
+    job.pause(800)  # the fingers leave the combination first
+    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
+    job.type("by hotkey", edit)
+    folder = stage.wine.drive_c / "users" / getpass.getuser() / "Documents" / "Tessarine"
+    folder.mkdir(parents=True, exist_ok=True)
+    path = stage.write(job, "hotkey")
+    (folder / "settings.binary").write_bytes(settings_with_hotkey(path, 1 | 2, "K"))  # Alt and Ctrl
+    program = stage.tessarine("-startup")
+    assert wait_for(stage.main_window)
+    time.sleep(1)
+    for name in ("Control_L", "Alt_L"):
+        stage.hands.press(name)
+    stage.hands.tap("k", ms=50)
+    for name in ("Alt_L", "Control_L"):
+        stage.hands.release(name)
+    (folder / "settings.binary").unlink()
+    assert notepad.holds("by hotkey")
+    assert program.poll() is None
 
 
 def test_settings_survive_a_kill(stage):

@@ -1,0 +1,277 @@
+#include "recording/input_capture.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/runtime_failure.h"
+#include "identity/window_identity.h"
+#include "platform/boxes.h"
+#include "platform/input.h"
+#include "recording/click_fixups.h"
+#include "recording/recording_session.h"
+#include "recording/recording_status.h"
+#include "settings/settings.h"
+#include "trace/debug_trace.h"
+
+namespace {
+
+constexpr std::uint32_t PauseKey = 19;
+constexpr std::int32_t SecondsToWait = 10;  // for the window of a press or a key-down
+constexpr std::int32_t SpareWindows = 25;
+
+// A chain is a kilobyte, and moving many of them would stall the desktop.
+constexpr std::size_t ChainRoom = 65536;
+constexpr std::size_t WindowRoom = 8192;
+
+constexpr std::uint32_t MouseMoveMessage = 0x200;
+
+struct MouseAction {
+    std::int32_t flag = 0;  // 0: not known
+    bool captured = false;  // carries a window
+    bool hasData = false;   // wheel delta or X button
+};
+
+MouseAction ActionOf(std::uint32_t message) {
+    switch (message) {
+        case MouseMoveMessage:
+            return {platform::MouseMove};
+        case 0x201:
+            return {platform::MouseLeftDown, true};
+        case 0x202:
+            return {platform::MouseLeftUp};
+        case 0x204:
+            return {platform::MouseRightDown, true};
+        case 0x205:
+            return {platform::MouseRightUp};
+        case 0x207:
+            return {platform::MouseMiddleDown, true};
+        case 0x208:
+            return {platform::MouseMiddleUp};
+        case 0x20A:
+            return {platform::MouseWheel, true, true};
+        case 0x20B:
+            return {platform::MouseXDown, true, true};
+        case 0x20C:
+            return {platform::MouseXUp, false, true};
+        default:
+            return {};
+    }
+}
+
+// The bits of a hook's flags as a KeyState: 0 down, 1 extended down, 2 up, 3 extended up. Taking 126 away turns the
+// "up" bit (128) into 2 and the remainder drops the ALT bit (32). An injected key keeps its bit, and its state is then
+// 16 or more; job files have such values.
+std::int32_t ReducedState(std::uint32_t flags) {
+    return static_cast<std::int32_t>((flags > 126 ? flags - 126 : flags) % 32);
+}
+
+bool& KeyDownFlag(std::uint32_t virtualKey) {
+    return CheckedAt(recordingSession.keyDown, virtualKey, "Key code");
+}
+
+// hookBusy is set by the caller and comes down again here.
+std::int32_t TakeSlot() {
+    RecordingSession& session = recordingSession;
+    const std::int32_t index = ++session.eventCount;
+    if (0.9 * session.eventCapacity <= index) session.growEvents = true;
+    session.recordingEvents.NewSlot(index);
+    session.hookBusy = false;
+    return index;
+}
+
+// What pumps can end the session that it was called in; then nothing is written any more.
+class SessionWatch {
+public:
+    bool Over() const { return recordingSession.number != number; }
+
+private:
+    std::uint32_t number = recordingSession.number;
+};
+
+// Looks the window up for a copy: the array may grow meanwhile. False for one of our own windows, and not by focus.
+bool CaptureInto(JobEvent& event, bool byFocus) {
+    const int windows = CaptureWindow(event, byFocus);
+    if (windows == 0) event.WindowChainIndex = NoWindowMarker;
+    return windows != 0;
+}
+
+// --- keys ---
+
+void StopFromHook(bool byPauseKey) {
+    recordingSession.hookBusy = true;  // what comes in while the form goes away is not recorded
+    recordingSession.stoppedByPauseKey = byPauseKey;
+    try {
+        UnloadRecordingStatus();
+        --recordingSession.eventCount;
+        StopRecording();
+    } catch (...) {
+        recordingSession.hookBusy = false;
+        throw;
+    }
+    recordingSession.hookBusy = false;
+}
+
+JobEvent KeyEvent(const platform::KeyboardHookRecord& key, std::int32_t state) {
+    JobEvent event;
+    event.dwType() = platform::InputKeyboard;
+    event.KeyCode() = static_cast<std::int32_t>(key.scanCode * 65536 + key.vkCode);
+    event.KeyState() = state;
+    event.keyTime() = RecordedTime();
+    event.keyExtraInfo() = static_cast<std::int32_t>(key.dwExtraInfo);
+    if (state == 0) event.WaitForWindow = SecondsToWait;  // an extended key-down has its window and no wait
+    return event;
+}
+
+// The event is complete but for its window before the window is looked for: a recording that is stopped in there has it
+// without one. The time is that after the look, so a slow one makes keys later, and never mouse events.
+void WriteKey(std::int32_t index, const platform::KeyboardHookRecord& key, std::int32_t state) {
+    JobEvent event = KeyEvent(key, state);
+    recordingSession.recordingEvents[index] = event;
+    if (state != 0 && state != platform::KeyExtended) return;
+    const SessionWatch session;
+    CaptureInto(event, true);
+    if (session.Over()) return;
+    event.keyTime() = RecordedTime();
+    recordingSession.recordingEvents[index] = event;
+}
+
+void NoteKey(bool& down, std::int32_t state) {
+    if (state == 0) down = true;
+    if (state == platform::KeyUp) down = false;
+}
+
+// --- mouse ---
+
+std::int32_t DataOf(const platform::MouseHookRecord& mouse, const MouseAction& action) {
+    return action.hasData ? static_cast<std::int16_t>(mouse.mouseData >> 16) : 0;
+}
+
+JobEvent MouseEvent(const platform::MouseHookRecord& mouse, const MouseAction& action) {
+    JobEvent event;
+    event.dx() = mouse.pt.x;
+    event.dy() = mouse.pt.y;
+    event.mouseData() = DataOf(mouse, action);
+    event.dwFlags() = MouseFlagBase + action.flag;
+    event.mouseTime() = RecordedTime();
+    if (action.captured) event.WaitForWindow = SecondsToWait;
+    return event;
+}
+
+// The input was for one of our own windows and is no part of the recording. Its slot can be given back only while it
+// is the newest; otherwise the event is made harmless.
+bool GiveBack(std::int32_t index, JobEvent& event) {
+    if (recordingSession.eventCount == index) {
+        --recordingSession.eventCount;
+        return true;
+    }
+    event.dwFlags() = MouseFlagBase + platform::MouseMove;
+    return false;
+}
+
+// False when the event is no more.
+bool WriteTarget(std::int32_t index, JobEvent& event, const MouseAction& action) {
+    const SessionWatch session;
+    const bool byFocus = action.flag == platform::MouseWheel;  // the wheel turns what has the keyboard
+    const bool foreign = CaptureInto(event, byFocus);
+    if (byFocus) DebugTrace("Spremljen WHEEL PROZOR: ");
+    if (session.Over()) return false;
+    if (!foreign && GiveBack(index, event)) return false;
+    recordingSession.recordingEvents[index] = event;
+    return true;
+}
+
+void TraceData(const MouseAction& action) {
+    if (action.hasData) DebugTrace("mousedata: ");
+}
+
+void PairWithLastClick(std::int32_t index) {
+    const RecordingSession& session = recordingSession;
+    PairClick(index, session.doubleClickTime, session.screen.width, session.screen.height, false);
+}
+
+void RefuseMouseEvent() {
+    platform::ShowBox("Unknown mouse event! It will not be captured.", "Unknown mouse event", platform::BoxIcon::Error);
+}
+
+std::int32_t Grown(std::int32_t capacity) {
+    return static_cast<std::int32_t>(std::floor(capacity * 1.2));
+}
+
+// Doubling keeps the moves few once the room of the start is used up.
+template <class Array>
+void Provide(Array& array, std::int32_t capacity) {
+    const auto wanted = static_cast<std::size_t>(std::max(capacity, 0));
+    if (wanted > array.capacity()) array.reserve(std::max(wanted, array.capacity() * 2));
+}
+
+}  // namespace
+
+void OnKeyboardHook(const platform::KeyboardHookRecord& record) {
+    KeyboardHookProc(HookAction, record);
+}
+
+void KeyboardHookProc(std::int32_t nCode, const platform::KeyboardHookRecord& record) {
+    // While paused, only the Stop button gets through: Pause/Break has no meaning then.
+    if (recordingSession.paused && !recordingStatus.stopRequested) return;
+    // All hook calls are on one thread, so waiting for the flag to come down would be for ever. It is up while the
+    // recording ends, further down this very stack: what comes now is no part of it.
+    if (recordingSession.hookBusy) return;
+    const platform::KeyboardHookRecord key = nCode == HookAction ? record : platform::KeyboardHookRecord{};
+    bool& down = KeyDownFlag(key.vkCode);
+    recordingSession.hookBusy = true;
+    if (nCode != HookAction && nCode != StopFromButton) return;  // no desktop calls with these; the flag stays up
+    const std::int32_t state = ReducedState(key.flags);
+    if (!down && state == platform::KeyUp) {  // held since before the recording; an extended key is let through
+        recordingSession.hookBusy = false;
+        return;
+    }
+    const std::int32_t index = TakeSlot();
+    if (recordingStatus.stopRequested || key.vkCode == PauseKey) return StopFromHook(key.vkCode == PauseKey);
+    NoteKey(down, state);
+    WriteKey(index, key, state);
+    GrowArrays();
+}
+
+void MouseHookProc(const platform::MouseHookRecord& record) {
+    if (recordingSession.paused) return;
+    if (record.message == MouseMoveMessage && settings.Capture_Mouse_Moves == 0) return;
+    if (recordingSession.hookBusy) return;
+    const platform::MouseHookRecord mouse = record;
+    recordingSession.hookBusy = true;
+    const std::int32_t index = TakeSlot();
+    if (mouse.message != MouseMoveMessage) recordingSession.LastCursorPosition = mouse.pt;
+    const MouseAction action = ActionOf(mouse.message);
+    if (action.flag == 0) return RefuseMouseEvent();  // the slot stays all zero and counts
+    const SessionWatch session;
+    JobEvent event = MouseEvent(mouse, action);
+    recordingSession.recordingEvents[index] = event;
+    if (action.captured && !WriteTarget(index, event, action)) return;
+    TraceData(action);
+    if (session.Over()) return;
+    PairWithLastClick(index);
+    GrowArrays();
+}
+
+void GrowArrays() {
+    RecordingSession& session = recordingSession;
+    if (session.growEvents) {
+        session.growEvents = false;
+        session.eventCapacity = Grown(session.eventCapacity);
+        session.recordingEvents.Reserve(session.eventCapacity);
+    }
+    if (windowArrays.growChains) {
+        windowArrays.growChains = false;
+        windowArrays.chainCapacity = Grown(windowArrays.chainCapacity);
+        Provide(windowArrays.chains, windowArrays.chainCapacity);
+    }
+    if (windowArrays.growWindows) {
+        windowArrays.growWindows = false;
+        windowArrays.windowCapacity += SpareWindows;
+        Provide(windowArrays.windows, windowArrays.windowCapacity);
+    }
+}
+
+void ReserveWindowArrays() {
+    windowArrays.chains.reserve(windowArrays.chains.size() + ChainRoom);
+    windowArrays.windows.reserve(windowArrays.windows.size() + WindowRoom);
+}

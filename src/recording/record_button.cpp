@@ -1,0 +1,65 @@
+#include "recording/record_button.h"
+
+#include "base/text.h"
+#include "dictionary/dictionary.h"
+#include "jobs/job_file.h"
+#include "platform/hooks.h"
+#include "platform/pump.h"
+#include "recording/countdown.h"
+#include "recording/recording_session.h"
+#include "recording/recording_view.h"
+#include "recording/session_view.h"
+#include "recording/start_app.h"
+#include "recording/start_app_view.h"
+#include "settings/settings.h"
+
+namespace {
+
+// False when the user canceled.
+bool ChooseProgram() {
+    if (settings.Display_Start_Program_Dialog == 1) {
+        start_app_view::ShowModal();
+        return !StartAppCanceled();
+    }
+    startProgram.ProgramPath.clear();
+    startProgram.CommandLine.clear();
+    return true;
+}
+
+// Without the status form, nothing else tells how a recording is stopped. No blank stands before the name of the key;
+// the text has always come out so.
+bool UserIsReady() {
+    if (settings.Display_Recording_Window == 1) return true;
+    const std::string text = Translate("Click OK when you are ready to start recording") + LineBreak +
+                             Translate("To stop recording press") + Translate("Pause") + "/" + Translate("Break") +
+                             " " + Translate("key");
+    return session_view::AskToStart(text, Translate("Start recording"));
+}
+
+void PrepareAndStart() {
+    session_view::TakeHotkeys();
+    platform::Pump();
+    recordingSession.recordBusy = true;
+    if (!ChooseProgram() || !UserIsReady()) {
+        recordingSession.recordBusy = false;
+        session_view::GiveHotkeys();
+        return;
+    }
+    if (session_view::MainWindowIsVisible()) session_view::MinimiseMainWindow();
+    if (settings.display_countdown_check == 1) CountDown();
+    recording_view::Load();
+    StartRecording();
+}
+
+}  // namespace
+
+void RecordNewJob() {
+    if (platform::KeyboardHookInstalled() || recordingSession.recordBusy || session_view::RunUnderWay()) return;
+    try {
+        PrepareAndStart();
+    } catch (...) {
+        recordingSession.recordBusy = false;
+        session_view::GiveHotkeys();
+        throw;
+    }
+}

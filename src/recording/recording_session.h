@@ -1,0 +1,70 @@
+// A recording from its start to the hand-over of its arrays. One at a time, so its state stands here for all to see:
+// the hooks fill it (input_capture.h), the status form pauses it (recording_status.h), RepairClicks mends it at the
+// end. The signatures and chains are windowArrays of identity/window_identity.h. Starting and stopping pump.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "jobs/job_records.h"
+#include "platform/timers.h"
+#include "platform/types.h"
+#include "recording/event_array.h"
+
+struct RecordingSession {
+    EventArray recordingEvents;
+    std::int32_t eventCount = 0;  // during capture the index of the newest event, -1 for none; afterwards the number
+    std::int32_t eventCapacity = 0;
+    bool growEvents = false;          // nine tenths in use
+    bool hookBusy = false;            // a slot is being taken, or a hook is ending the recording
+    std::array<bool, 301> keyDown{};  // by virtual key: seen down and not yet seen up
+
+    // Ticks and ms; an event's time is the tick less the start less the pauses.
+    std::int64_t recordingStartTick = 0;
+    std::int64_t pauseStartTick = 0;
+    std::int64_t pausedTotalMs = 0;
+    bool paused = false;
+
+    platform::Point LastCursorPosition;
+    std::int32_t doubleClickTime = 0;  // ms
+    platform::Size screen;             // as it was at the start
+    bool scrollLockLeftDown = false;
+    std::int32_t capsLockAtStart = 0;  // the raw value of GetKeyState(VK_CAPITAL)
+    StartProgramRecord program;        // started when the recording began
+
+    bool MouseHook = false;
+    bool KeyboardHook = false;
+    bool running = false;             // from the first step of a start to the first of the stop
+    std::uint32_t number = 0;         // changes with every start and stop: a hook call learns that its session is over
+    bool recordBusy = false;          // from the record button to the end of the Save As form
+    bool insertingRecording = false;  // the session belongs to the job editor
+    bool stoppedByPauseKey = false;   // for the Save As form: the key is still to come up
+
+    platform::TimerId timer_recording = 0;
+    std::int64_t timerTicks = 0;  // never reset
+};
+extern RecordingSession recordingSession;
+
+// Begins a recording of a new job, with `startProgram` started first. From the return on, it runs on hook calls and
+// timer ticks. A run-time failure (the program cannot be started, no memory) leaves no recording behind.
+void StartRecording();
+
+// Begins a recording of a piece for the open job, whose windows and chains it continues; they are in windowArrays
+// afterwards, with indexes as they were. `startTick` is the tick at which the job's time was 0, so that the new times
+// run on from the insertion point. Refused, with a box, while a hook is installed.
+void StartInsertRecording(std::int64_t startTick, std::vector<WindowSignature> windows,
+                          std::vector<WindowChain> chains);
+
+// Ends either kind and hands it over: to the editor, or to the Save As form, which is open until this returns. Ignored
+// when none is running. The caller has unloaded the status form and taken off what the stop itself put into the array.
+void StopRecording();
+
+// Ends it without a hand-over: what was captured is dropped.
+void AbandonRecording();
+
+// The time of an event that happens now, ms.
+std::int32_t RecordedTime();
+
+// The finished recording as a job with the options of a new one, and `startProgram` set for WriteJob.
+Job RecordedJob();

@@ -1,0 +1,163 @@
+#include "recording/click_fixups.h"
+
+#include "recording_stage.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class ClickFixups : public RecordingStage {
+protected:
+    ClickFixups() { Start(); }
+
+    // A left click of the user, `ms` after what was before.
+    static void Click(platform::Point point, std::int64_t ms) {
+        simulated::RunFor(ms);
+        simulated::PlaceCursor(point);
+        simulated::UserPresses();
+        simulated::UserReleases();
+        platform::Pump();
+    }
+
+    std::vector<std::string> Repaired() { return NamesOf(Stop().Events); }
+};
+
+constexpr platform::Point Place{500, 500};
+
+TEST_F(ClickFixups, TwoClicksAreADoubleClickUpToTheExactLimits) {
+    struct Case {
+        platform::Point second;
+        std::int64_t ms;
+        bool folds;
+    };
+    const Case cases[] = {{{500, 500}, 500, true}, {{500, 500}, 501, false}, {{501, 500}, 10, true},
+                          {{500, 499}, 500, true}, {{501, 501}, 10, false},  {{502, 500}, 10, false}};
+    for (const Case& one : cases) {
+        SCOPED_TRACE(testing::Message() << one.second.x << " " << one.second.y << " after " << one.ms);
+        if (!recordingSession.running) Start();
+        Click(Place, 2000);
+        Click(one.second, one.ms);
+        const Job job = Stop();
+        if (one.folds) {
+            ASSERT_THAT(NamesOf(job.Events), ElementsAre("Double click"));
+            EXPECT_EQ(job.Events[0].dx(), 500) << "the first press's place, time, window and wait";
+            EXPECT_EQ(job.Events[0].time(), 2000);
+            EXPECT_EQ(TargetOf(job.Events[0]), "Edit");
+            EXPECT_EQ(job.Events[0].WaitForWindow, 10);
+        } else {
+            EXPECT_THAT(NamesOf(job.Events), ElementsAre("Left down", "Left up", "Left down", "Left up"));
+        }
+    }
+}
+
+TEST_F(ClickFixups, ThirdAndFourthClicksBeginAnew) {
+    for (int i = 0; i < 3; ++i) Click(Place, 100);
+    EXPECT_THAT(Repaired(), ElementsAre("Double click", "Left down", "Left up"));
+    Start();
+    for (int i = 0; i < 4; ++i) Click(Place, 100);
+    EXPECT_THAT(Repaired(), ElementsAre("Double click", "Double click"));
+}
+
+TEST_F(ClickFixups, AClickThatIsTooFarIsTheNewFirstOne) {
+    Click({300, 500}, 100);
+    Click({302, 500}, 100);
+    Click({302, 500}, 100);
+    EXPECT_THAT(Repaired(), ElementsAre("Left down", "Left up", "Double click"));
+}
+
+TEST_F(ClickFixups, WhatLiesBetweenStaysBehindTheDoubleClick) {
+    Click(Place, 100);
+    simulated::UserMovesTo({501, 500});
+    simulated::UserPresses(simulated::Button::Right);
+    simulated::UserReleases(simulated::Button::Right);
+    Click({501, 500}, 100);
+    simulated::UserTaps('A');
+    EXPECT_THAT(Repaired(), ElementsAre("Double click", "Move", "Right down", "Right up", "A down", "A up"));
+}
+
+TEST_F(ClickFixups, OtherWindowsDoNotMatterAndAPauseIsNoTime) {
+    ShowRecordingStatus();
+    Click(Place, 100);
+    Command2_MouseDown();
+    simulated::RunFor(5000);
+    Command2_MouseUp();
+    simulated::AddWindow({.className = "Dialog", .rect = {400, 400, 600, 600}});
+    Click(Place, 100);
+    EXPECT_THAT(Repaired(), ElementsAre("Double click"));
+}
+
+TEST_F(ClickFixups, TheSystemsDoubleClickTimeIsReadAtTheStart) {
+    Stop();
+    recordingViewStandIn.doubleClickTime = 100;
+    Start();
+    Click(Place, 100);
+    Click(Place, 101);
+    EXPECT_EQ(Repaired().size(), 4U);
+}
+
+TEST_F(ClickFixups, ScrollLockIsALeftButtonWithoutPlaceWindowAndTime) {
+    simulated::RunFor(300);
+    for (int i = 0; i < 4; ++i) simulated::UserPressesKey(ScrollLockKey);
+    simulated::UserReleasesKey(ScrollLockKey);
+    simulated::UserTaps(ScrollLockKey);
+    const Job job = Stop();
+    ASSERT_THAT(NamesOf(job.Events), ElementsAre("Left down", "Left up", "Left down", "Left up"));
+    for (const JobEvent& event : job.Events) {
+        const std::int32_t flags = event.dwFlags();
+        EXPECT_EQ(event.word, (std::array<std::int32_t, 7>{0, 0, 0, 0, flags, 0, 0}));
+        EXPECT_EQ(event.WindowChainIndex, NoWindowMarker);
+    }
+}
+
+TEST_F(ClickFixups, AScrollLockThatOnlyComesUpIsARelease) {
+    Key(ScrollLockKey, 0x81);
+    EXPECT_THAT(Repaired(), ElementsAre("Left up"));
+    EXPECT_FALSE(recordingSession.scrollLockLeftDown);
+}
+
+// --- the alarms, which no input of a user should ring ---
+
+class BrokenFolds : public RecordingStage {
+protected:
+    std::vector<std::string> Repaired(const std::vector<std::int32_t>& flags) {
+        recordingSession.recordingEvents.Reset(100);
+        recordingSession.eventCount = static_cast<std::int32_t>(flags.size());
+        for (std::int32_t i = 0; i < recordingSession.eventCount; ++i) {
+            recordingSession.recordingEvents.NewSlot(i).dwFlags() = flags[static_cast<std::size_t>(i)];
+        }
+        RepairClicks();
+        return NamesOf(recordingSession.recordingEvents.First(recordingSession.eventCount));
+    }
+};
+
+TEST_F(BrokenFolds, AMarkInsideAFoldBeginsItAnew) {
+    EXPECT_THAT(Repaired({FirstHalfFlags, 0x8004, FirstHalfFlags, 0x8004, 0x8002, 0x8004, 0x8002}),
+                ElementsAre("Double click", "Double click", "Left down"));
+    ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
+    EXPECT_EQ(simulated::ShownBoxes()[0].text, "ovo ne valja");
+    EXPECT_EQ(simulated::ShownBoxes()[0].title, "");
+}
+
+TEST_F(BrokenFolds, AThirdDroppedPressSwallowsAllThatFollow) {
+    EXPECT_THAT(Repaired({FirstHalfFlags, 0x8002, 0x8002, 0x8002, 0x8001, 0x8004, 0x8002, 0x8004}),
+                ElementsAre("Double click", "Move"));
+    ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
+    EXPECT_EQ(simulated::ShownBoxes()[0].text, "ovo fakat ne valja");
+}
+
+TEST_F(BrokenFolds, WhenAllIsDroppedTheArrayKeepsItsLength) {
+    recordingSession.scrollLockLeftDown = true;
+    recordingSession.recordingEvents.Reset(100);
+    recordingSession.eventCount = 2;
+    for (int i = 0; i < 2; ++i) {
+        JobEvent& event = recordingSession.recordingEvents.NewSlot(i);
+        event.dwType() = platform::InputKeyboard;
+        event.KeyCode() = 70 * 65536 + ScrollLockKey;
+    }
+    RepairClicks();
+    EXPECT_EQ(recordingSession.eventCount, 0);
+    EXPECT_EQ(recordingSession.recordingEvents.Size(), 2);
+}
+
+}  // namespace

@@ -1,0 +1,245 @@
+#include "recording/input_capture.h"
+
+#include "recording_stage.h"
+
+using testing::ElementsAre;
+
+namespace {
+
+class InputCapture : public RecordingStage {
+protected:
+    InputCapture() { Start(); }
+};
+
+// --- records ---
+
+TEST_F(InputCapture, AKeyIsWrittenDownWithItsWindowAndTheTimeAfterTheLook) {
+    simulated::RunFor(100);
+    Key('A', 0);
+    Key('A', 0x80);
+    const JobEvent& down = Event(0);
+    EXPECT_EQ(down.word, (std::array<std::int32_t, 7>{1, 30 * 65536 + 'A', 0, 100, 7, 0, 0}));
+    EXPECT_EQ(TargetOf(down), "Edit");
+    EXPECT_EQ(down.WaitForWindow, 10);
+    EXPECT_EQ(down.IfNoWindow, 0);
+    EXPECT_EQ(Event(1).word, (std::array<std::int32_t, 7>{1, 30 * 65536 + 'A', 2, 100, 7, 0, 0}));
+    EXPECT_EQ(Event(1).WindowChainIndex, NoWindowMarker);
+    EXPECT_EQ(Event(1).WaitForWindow, 0);
+}
+
+TEST_F(InputCapture, TheFlagsOfAKeyAreReducedToItsState) {
+    struct Case {
+        std::uint32_t flags;
+        std::int32_t state;
+        bool hasWindow;
+        std::int32_t wait;
+    };
+    const Case cases[] = {{0x00, 0, true, 10},  {0x01, 1, true, 0},   {0x80, 2, false, 0}, {0x81, 3, false, 0},
+                          {0x20, 0, true, 10},  {0xA0, 2, false, 0},  {0x21, 1, true, 0},  {0xA1, 3, false, 0},
+                          {0x10, 16, false, 0}, {0x90, 18, false, 0}, {0x11, 17, false, 0}};
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.flags);
+        recordingSession.keyDown['B'] = true;
+        Key('B', one.flags);
+        const JobEvent& event = Event(Newest());
+        EXPECT_EQ(event.KeyState(), one.state);
+        EXPECT_EQ(event.WindowChainIndex >= 0, one.hasWindow);
+        EXPECT_EQ(event.WaitForWindow, one.wait);
+    }
+}
+
+TEST_F(InputCapture, EveryMouseMessageHasItsFlagItsWindowAndItsData) {
+    struct Case {
+        std::uint32_t message;
+        std::int32_t flags;
+        std::string target;
+        std::int32_t data;
+    };
+    const Case cases[] = {{0x200, 0x8001, "", 0},        {0x201, 0x8002, "Notepad", 0},  {0x202, 0x8004, "", 0},
+                          {0x204, 0x8008, "Notepad", 0}, {0x205, 0x8010, "", 0},         {0x207, 0x8020, "Notepad", 0},
+                          {0x208, 0x8040, "", 0},        {0x20B, 0x8080, "Notepad", -1}, {0x20C, 0x8100, "", -1},
+                          {0x20A, 0x8800, "Edit", -1}};
+    simulated::Destroy(edit);
+    edit = simulated::AddWindow({.className = "Edit", .rect = {0, 0, 9, 9}, .parent = notepad});
+    simulated::SetFocus(edit);
+    simulated::PlaceCursor({500, 500});
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.message);
+        Mouse(one.message, {11, 22}, 0xFFFF);
+        const JobEvent& event = Event(Newest());
+        EXPECT_EQ(event.word, (std::array<std::int32_t, 7>{0, 11, 22, one.data, one.flags, 0, 0}));
+        EXPECT_EQ(TargetOf(event), one.target) << "the wheel has the focus, a press what is under the cursor";
+        EXPECT_EQ(event.WaitForWindow, one.target.empty() ? 0 : 10);
+    }
+    EXPECT_EQ(Newest(), 9);
+}
+
+TEST_F(InputCapture, AHorizontalWheelIsRefusedAloudAndLeavesZeros) {
+    Mouse(0x20E, {11, 22}, 120);
+    ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
+    EXPECT_EQ(simulated::ShownBoxes()[0].text, "Unknown mouse event! It will not be captured.");
+    EXPECT_EQ(simulated::ShownBoxes()[0].title, "Unknown mouse event");
+    EXPECT_EQ(simulated::ShownBoxes()[0].icon, platform::BoxIcon::Error);
+    EXPECT_EQ(Newest(), 0);
+    EXPECT_EQ(Event(0).word, (std::array<std::int32_t, 7>{}));
+    EXPECT_EQ(Event(0).WindowChainIndex, 0);
+}
+
+TEST_F(InputCapture, WithoutMovesOnlyTheOthersCountAndTellWhereTheCursorIs) {
+    settings.Capture_Mouse_Moves = 0;
+    simulated::UserMovesTo({400, 300});
+    platform::Pump();
+    EXPECT_EQ(Newest(), -1);
+    EXPECT_EQ(recordingSession.LastCursorPosition, platform::Point());
+    simulated::UserClicks({410, 310});
+    simulated::UserMovesTo({500, 500});
+    platform::Pump();
+    EXPECT_THAT(Captured(), ElementsAre("Left down", "Left up"));
+    EXPECT_EQ(recordingSession.LastCursorPosition, (platform::Point{410, 310}));
+}
+
+// --- keys that are held ---
+
+TEST_F(InputCapture, AutoRepeatIsADownEachTimeAndAKeyFromBeforeDoesNotComeUp) {
+    Key('S', 0x80);
+    Key('A', 0);
+    Key('A', 0);
+    Key('A', 0);
+    Key('A', 0x80);
+    Key('A', 0x80);
+    Key('D', 0x81);  // the rule does not look at extended keys
+    EXPECT_THAT(Captured(), ElementsAre("A down", "A down", "A down", "A up", "D up"));
+    EXPECT_EQ(windowArrays.chains.size(), 3U) << "each with a look of its own";
+}
+
+TEST_F(InputCapture, OnlyPlainKeysCountAsHeld) {
+    Key('A', 0);
+    Key('A', 0x81);
+    EXPECT_TRUE(recordingSession.keyDown['A']) << "an extended up clears nothing";
+    Key('A', 0x80);
+    EXPECT_FALSE(recordingSession.keyDown['A']);
+    Key('A', 1);
+    EXPECT_FALSE(recordingSession.keyDown['A']);
+}
+
+// --- our own windows ---
+
+TEST_F(InputCapture, APressOnOurOwnWindowIsDroppedAndItsReleaseStays) {
+    simulated::SetVisible(ownWindows.main, true);
+    simulated::UserClicks({1000, 200});
+    platform::Pump();
+    EXPECT_THAT(Captured(), ElementsAre("Move", "Left up"));
+    EXPECT_TRUE(windowArrays.chains.empty());
+}
+
+TEST_F(InputCapture, KeysForOurOwnWindowAreTypedAtTheDesktop) {
+    simulated::SetVisible(ownWindows.main, true);
+    simulated::SetFocus(ownWindows.main);
+    Key('A', 0);
+    EXPECT_EQ(TargetOf(Event(0)), "Progman");
+    simulated::Destroy(desktop);
+    Key('A', 0);
+    EXPECT_GE(Event(1).WindowChainIndex, 0) << "a window of which nothing is known";
+    EXPECT_EQ(TargetOf(Event(1)), "");
+}
+
+TEST_F(InputCapture, TheTaskBarTakesKeysAsAWhole) {
+    simulated::SetFocus(tray);
+    Key('A', 0);
+    EXPECT_EQ(TargetOf(Event(0)), "Shell_TrayWnd");
+}
+
+// --- one hook call inside another ---
+
+TEST_F(InputCapture, ACallInsideTheLookOfAnotherTakesTheNextSlot) {
+    simulated::PlaceCursor({500, 500});
+    simulated::UserReleases();
+    Mouse(0x201, {500, 500});
+    EXPECT_THAT(Captured(), ElementsAre("Left down", "Left up"));
+    EXPECT_EQ(TargetOf(Event(0)), "Edit");
+    simulated::UserTaps('B');
+    Key('A', 0);
+    EXPECT_THAT(Captured(), ElementsAre("Left down", "Left up", "A down", "B down", "B up"));
+    EXPECT_EQ(TargetOf(Event(2)), "Edit");
+    EXPECT_EQ(Event(2).WindowChainIndex, Event(3).WindowChainIndex) << "both wrote the same chain";
+}
+
+TEST_F(InputCapture, CallsInsideALookMayGrowTheArrayUnderIt) {
+    simulated::After(0, [this] {
+        for (int i = 0; i < 3000; ++i) Mouse(0x200, {i, i});
+        EXPECT_GT(recordingSession.eventCapacity, 1000);
+    });
+    Key('A', 0);
+    EXPECT_EQ(Newest(), 3000);
+    EXPECT_EQ(NameOf(Event(0)), "A down");
+    EXPECT_EQ(TargetOf(Event(0)), "Edit");
+    EXPECT_EQ(Event(3000).dx(), 2999);
+}
+
+TEST_F(InputCapture, AStopInsideALookLeavesTheKeyWithoutAWindowAndWritesNothingLater) {
+    simulated::UserTaps(PauseBreak);
+    recordingViewStandIn.saveAs = [this] {
+        saved.push_back(RecordedJob());
+        StartRecording();  // which is why nothing may be written when the look returns
+    };
+    Key('A', 0);
+    ASSERT_EQ(saved.size(), 1U);
+    ASSERT_THAT(NamesOf(saved[0].Events), ElementsAre("A down"));
+    EXPECT_LT(saved[0].Events[0].WindowChainIndex, 0);
+    EXPECT_EQ(Newest(), -1) << "the new recording is empty";
+    EXPECT_TRUE(windowArrays.chains.empty());
+}
+
+// --- growth ---
+
+TEST_F(InputCapture, GrowthIsAskedForAtNineTenthsAndIsByAFifth) {
+    for (int i = 0; i < 900; ++i) Mouse(0x200, {i, 0});
+    EXPECT_EQ(recordingSession.eventCapacity, 1000) << "the newest is 899";
+    Mouse(0x200, {900, 0});
+    EXPECT_EQ(recordingSession.eventCapacity, 1200);
+    for (int i = 901; i < 20'000; ++i) Mouse(0x200, {i, 0});
+    for (int i = 0; i < 20'000; ++i) ASSERT_EQ(Event(i).dx(), i);
+    EXPECT_GE(recordingSession.eventCapacity, 20'000);
+    for (int i = 0; i < 90; ++i) Key('A', 0);
+    EXPECT_EQ(windowArrays.chainCapacity, 120);
+    for (int i = 0; i < 81; ++i) {
+        simulated::MoveWindow(notepad, {i, i});
+        Key('A', 0);
+    }
+    EXPECT_EQ(windowArrays.windowCapacity, 125);
+}
+
+// --- windows that hang ---
+
+TEST_F(InputCapture, AWindowThatDoesNotAnswerHoldsUpNoClick) {
+    simulated::SetHung(notepad);
+    simulated::PlaceCursor({500, 500});
+    const std::int64_t before = platform::TickCount();
+    Mouse(0x201, {500, 500});
+    Mouse(0x204, {500, 500});
+    EXPECT_EQ(platform::TickCount(), before);
+    EXPECT_EQ(TargetOf(Event(0)), "Edit");
+    Key('A', 0);
+    EXPECT_LE(platform::TickCount() - before, simulated::HungMilliseconds) << "the longest that the desktop may take";
+    EXPECT_EQ(TargetOf(Event(2)), "Notepad");
+}
+
+TEST_F(InputCapture, KeysAreLateByAsMuchAsTheLookTakesAndTheMouseIsNot) {
+    simulated::SetHung(notepad);
+    Mouse(0x20A, {500, 500}, 120);
+    EXPECT_EQ(Event(0).time(), 0);
+    const std::int64_t before = platform::TickCount();
+    Key('A', 0);
+    EXPECT_EQ(Event(1).time(), platform::TickCount());
+    EXPECT_GT(Event(1).time(), before);
+}
+
+// --- what the procedures are told besides ---
+
+TEST_F(InputCapture, AForeignCodeIsNotRecorded) {
+    KeyboardHookProc(3, {});
+    EXPECT_EQ(Newest(), -1);
+    EXPECT_TRUE(recordingSession.hookBusy);
+}
+
+}  // namespace

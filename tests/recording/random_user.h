@@ -1,0 +1,33 @@
+// A desktop with windows that react to input, and a user who does something there that only the seed knows.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/types.h"
+
+// Takes the old windows away and sets the same ones up anew, with the same focus, cursor and toggles. What they do when
+// they are clicked and typed into follows from the input alone, some of it after a while.
+void BuildDesktop();
+
+// "editor.text", "painter.canvas": the same window of any BuildDesktop, also after it is gone.
+std::string NameOf(platform::WindowHandle window);
+
+// What stands in the text fields: name and text.
+std::vector<std::pair<std::string, std::string>> TextsOnDesktop();
+
+// Where in the journal of the hands something stands that a recording changes, as [first, behind the last).
+struct JournalRange {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+struct UserSession {
+    std::vector<JournalRange> doubleClicks;
+    std::vector<JournalRange> scrollLocks;
+};
+
+// Plays the session of this seed, and lets the clock run with it. All keys and buttons are up at its end.
+UserSession PlayUser(std::uint32_t seed);

@@ -1,0 +1,168 @@
+#include "recording/record_button.h"
+
+#include "dictionary/dictionary.h"
+#include "jobs/job_file.h"
+#include "platform/files.h"
+#include "recording/countdown.h"
+#include "recording/start_app.h"
+#include "recording_stage.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+namespace {
+
+void WriteFile(const std::string& path) {
+    platform::File::Create(path);
+}
+
+class RecordButton : public RecordingStage {
+protected:
+    RecordButton() {
+        settings.Display_Recording_Window = 1;
+        recordingViewStandIn.calls.clear();
+    }
+
+    static std::vector<std::string>& Calls() { return recordingViewStandIn.calls; }
+};
+
+TEST_F(RecordButton, AsksCountsAndStarts) {
+    settings.Display_Start_Program_Dialog = 1;
+    settings.display_countdown_check = 1;
+    settings.countdown_period = 3;
+    recordingViewStandIn.startApp = [] { startProgram = {"C:\\a.exe", "b", 2}; };
+    RecordNewJob();
+    EXPECT_THAT(Calls(), ElementsAre("TakeHotkeys", "start_app", "MinimiseMainWindow", "counter", "counter gone",
+                                     "HideMainWindow", "Show"));
+    EXPECT_THAT(recordingViewStandIn.numbers, ElementsAre(Pair(0, 3), Pair(1000, 2), Pair(2000, 1)));
+    EXPECT_TRUE(RecordingActive());
+    EXPECT_TRUE(KeyboardHookInstalled());
+    EXPECT_EQ(simulated::StartedPrograms().size(), 1U);
+    Calls().clear();
+    RecordNewJob();
+    EXPECT_THAT(Calls(), IsEmpty()) << "one at a time";
+}
+
+TEST_F(RecordButton, ACancelPutsEverythingBack) {
+    settings.Display_Start_Program_Dialog = 1;
+    recordingViewStandIn.startApp = CancelStartApp;
+    RecordNewJob();
+    EXPECT_THAT(Calls(), ElementsAre("TakeHotkeys", "start_app", "GiveHotkeys"));
+    EXPECT_FALSE(RecordingActive());
+    Calls().clear();
+    settings.Display_Start_Program_Dialog = 0;
+    settings.Display_Recording_Window = 0;
+    recordingViewStandIn.userIsReady = false;
+    RecordNewJob();
+    EXPECT_THAT(Calls(), ElementsAre("TakeHotkeys", "AskToStart", "GiveHotkeys"));
+    EXPECT_EQ(startProgram.ProgramPath, "") << "no dialog, no program";
+    EXPECT_EQ(recordingViewStandIn.question,
+              "Click OK when you are ready to start recording\r\nTo stop recording pressPause/Break key");
+    EXPECT_FALSE(RecordingActive());
+}
+
+TEST_F(RecordButton, AFailedStartLeavesThePageUsable) {
+    settings.Display_Start_Program_Dialog = 1;
+    recordingViewStandIn.startApp = [] { startProgram = {"C:\\a.exe", "", 1}; };
+    simulated::RefuseStarts();
+    simulated::After(0, RecordNewJob);
+    simulated::RunFor(10);
+    EXPECT_EQ(simulated::ShownBoxes().size(), 1U);
+    EXPECT_FALSE(RecordingActive());
+    EXPECT_EQ(Calls().back(), "GiveHotkeys");
+}
+
+TEST_F(RecordButton, IsDeadDuringARunAndWhileKeysAreListenedTo) {
+    recordingViewStandIn.runUnderWay = true;
+    RecordNewJob();
+    recordingViewStandIn.runUnderWay = false;
+    platform::InstallKeyboardHook([](const platform::KeyboardHookRecord&) {});
+    RecordNewJob();
+    EXPECT_THAT(Calls(), IsEmpty());
+}
+
+// --- start_app ---
+
+TEST(StartApp, TakesAProgramOnly) {
+    platform::MakeFolder("C:\\p");
+    for (const char* name : {"a.exe", "a.COM", "a.Bat", "a.txt", "exe"}) WriteFile(std::string("C:\\p\\") + name);
+    struct Case {
+        std::string name;
+        std::string box;
+    };
+    const std::string wrong = "File must have .exe extension!";
+    const Case cases[] = {{"C:\\p\\a.exe", ""},  {"C:\\p\\a.COM", ""},
+                          {"C:\\p\\a.Bat", ""},  {"C:\\p\\a.txt", wrong},
+                          {"C:\\p\\exe", wrong}, {"C:\\p\\b.exe", "C:\\p\\b.exe\r\nFile does not exist"}};
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        const std::size_t boxes = simulated::ShownBoxes().size();
+        startProgram = {};
+        StartAppControls controls;
+        TakeChosenProgram(controls, one.name);
+        EXPECT_EQ(AcceptStartApp(controls), one.box.empty());
+        ASSERT_EQ(simulated::ShownBoxes().size() - boxes, one.box.empty() ? 0U : 1U);
+        if (!one.box.empty()) {
+            EXPECT_EQ(simulated::ShownBoxes().back().text, one.box);
+        }
+        EXPECT_EQ(startProgram.ProgramPath, one.box.empty() ? one.name : "");
+    }
+}
+
+TEST(StartApp, CarriesParametersAndStyleWhenTheyAreWanted) {
+    platform::MakeFolder("C:\\p");
+    WriteFile("C:\\p\\a.exe");
+    StartAppControls controls;
+    controls.text_command_line = "-x";
+    TakeChosenProgram(controls, "C:\\p\\a.exe");
+    const std::int16_t styles[] = {1, 3, 2};
+    for (int item = 0; item < 3; ++item) {
+        controls.Combo1 = item;
+        controls.Check2 = item == 1;
+        EXPECT_TRUE(AcceptStartApp(controls));
+        EXPECT_EQ(startProgram.WindowStyle, styles[item]);
+        EXPECT_EQ(startProgram.CommandLine, item == 1 ? "-x" : "");
+    }
+    controls.Check1 = false;
+    EXPECT_TRUE(AcceptStartApp(controls));
+    EXPECT_EQ(startProgram.ProgramPath + startProgram.CommandLine, "");
+    EXPECT_FALSE(StartAppCanceled());
+    CancelStartApp();
+    EXPECT_TRUE(StartAppCanceled());
+}
+
+// --- countdown and status form ---
+
+TEST(Countdown, DigitsStandOutFromTheScreen) {
+    EXPECT_TRUE(IsLight({0x808080}));
+    EXPECT_FALSE(IsLight({0x7F7F80}));
+    EXPECT_TRUE(IsLight({0xFFFFFF, 0x010203, 0xFFFFFFFF})) << "one was not read";
+    EXPECT_FALSE(IsLight({0xFFFFFFFF})) << "nothing was read";
+    recordingViewStandIn.screenColour = 0xC08040;
+    ProvjeriBoju();
+    EXPECT_TRUE(recordingViewStandIn.digitsBlack);
+    EXPECT_EQ(recordingViewStandIn.pixelsRead, 20U * 10U) << "every fifth pixel";
+}
+
+TEST(Countdown, OfNothingShowsItselfAndGoesOn) {
+    settings.countdown_period = 0;
+    CountDown();
+    EXPECT_THAT(recordingViewStandIn.calls, ElementsAre("counter", "counter gone"));
+    EXPECT_THAT(recordingViewStandIn.numbers, IsEmpty());
+}
+
+TEST(RecordingStatusForm, JumpsToTheOtherSide) {
+    struct Case {
+        std::int32_t left;
+        int pixelsPerInch;
+        std::int32_t to;
+    };
+    const Case cases[] = {{10, 96, 1060}, {133, 96, 1060},  {134, 96, 20},
+                          {1060, 96, 20}, {266, 192, 1060}, {267, 192, 20}};
+    for (const Case& one : cases) {
+        EXPECT_EQ(DodgeTo({one.left, 10, one.left + 200, 110}, {1280, 1024}, one.pixelsPerInch), one.to) << one.left;
+    }
+}
+
+}  // namespace

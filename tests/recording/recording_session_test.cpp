@@ -1,0 +1,356 @@
+#include "recording/recording_session.h"
+
+#include "base/runtime_failure.h"
+#include "jobs/job_file.h"
+#include "recording_stage.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr int LeftShift = 160;
+constexpr unsigned WmLeftDown = 513;
+
+class RecordingSessionTest : public RecordingStage {
+protected:
+    ~RecordingSessionTest() override { startProgram = {}; }
+
+    // With its status form on the screen.
+    void StartShown() {
+        settings.Display_Recording_Window = 1;
+        Start();
+        const platform::WindowHandle command1 = recordingViewStandIn.command1;
+        const platform::WindowHandle command2 = recordingViewStandIn.command2;
+        pressButton = [command1, command2](bool stop) {
+            simulated::PlaceCursor(simulated::CentreOf(stop ? command1 : command2));
+            simulated::UserPresses();
+            platform::Pump();  // the hook has seen it; now the form gets it
+            stop ? Command1_MouseDown() : Command2_MouseDown();
+        };
+    }
+    void ReleaseCommand2() {
+        simulated::UserReleases();
+        platform::Pump();
+        Command2_MouseUp();
+    }
+    void Pause() {
+        pressButton(false);
+        ReleaseCommand2();
+    }
+
+    static void Type(const std::string& text) {
+        simulated::UserTypes(text);
+        platform::Pump();
+    }
+
+    std::function<void(bool stop)> pressButton;
+};
+
+// --- start ---
+
+TEST_F(RecordingSessionTest, AStartReleasesWhatTheSessionBeforeHeld) {
+    Start();
+    simulated::UserPressesKey(LeftShift);
+    Stop();
+    EXPECT_LT(platform::AsyncKeyState(LeftShift), 0);
+    simulated::ClearJournals();
+    Start();
+    EXPECT_EQ(platform::AsyncKeyState(LeftShift) & 0x8000, 0);
+    ASSERT_EQ(simulated::Journal().size(), 1U);
+    EXPECT_EQ(simulated::Journal()[0].record.KeyCode(), 42 * 65536 + LeftShift);
+    EXPECT_EQ(simulated::Journal()[0].record.KeyState(), platform::KeyUp);
+    EXPECT_EQ(Newest(), -1) << "the hooks come later";
+}
+
+TEST_F(RecordingSessionTest, TheProgramIsUpBeforeTheFirstEventAndTheUserKeepsTheForeground) {
+    startProgram = {"C:\\paint.exe ", " a.bmp ", 3};
+    simulated::ProgramShows("paint", 0, {.className = "Paint"});
+    settings.Display_Recording_Window = 1;
+    simulated::SetToggle(platform::VirtualKeyCapital, true);
+    Start();
+    ASSERT_EQ(simulated::StartedPrograms().size(), 1U);
+    EXPECT_EQ(simulated::StartedPrograms()[0].commandLine, "C:\\paint.exe a.bmp");
+    EXPECT_EQ(simulated::StartedPrograms()[0].windowStyle, 3);
+    EXPECT_EQ(simulated::Tray().tip, "Recording... Click here to stop recording.");
+    EXPECT_EQ(recordingViewStandIn.command2Caption, "Pause");
+    startProgram = {};  // as when a job is read meanwhile
+    const Job job = Stop();
+    EXPECT_EQ(startProgram.ProgramPath, "C:\\paint.exe ");
+    EXPECT_EQ(job.CapsLockState, 1);
+    EXPECT_EQ(simulated::Tray().tip, "Tessarine 3.0.6");
+    EXPECT_FALSE(recordingViewStandIn.loaded);
+}
+
+TEST_F(RecordingSessionTest, AProgramThatCannotBeStartedLeavesNoRecordingBehind) {
+    startProgram = {"C:\\gone.exe", "", 1};
+    simulated::RefuseStarts();
+    recordingSession.recordBusy = true;
+    EXPECT_THROW(StartRecording(), RuntimeFailure);
+    EXPECT_FALSE(RecordingActive());
+    EXPECT_FALSE(KeyboardHookInstalled());
+    EXPECT_TRUE(recordingViewStandIn.mainWindowVisible);
+    EXPECT_EQ(simulated::Tray().tip, "Tessarine 3.0.6");
+    EXPECT_EQ(recordingViewStandIn.calls.back(), "ShowMainWindow");
+}
+
+TEST_F(RecordingSessionTest, AStopBeforeTheHooksAreInKeepsThemOut) {
+    settings.Display_Recording_Window = 1;
+    simulated::After(0, [] { Command1_MouseDown(); });
+    StartRecording();
+    EXPECT_FALSE(RecordingActive());
+    EXPECT_FALSE(KeyboardHookInstalled());
+    EXPECT_EQ(saved.size(), 1U);
+}
+
+// --- the three ways to stop ---
+
+TEST_F(RecordingSessionTest, PauseBreakEndsItAndIsNoPartOfIt) {
+    Start();
+    Type("ab");
+    const Job job = Stop();
+    EXPECT_THAT(NamesOf(job.Events), ElementsAre("A down", "A up", "B down", "B up"));
+    EXPECT_TRUE(recordingSession.stoppedByPauseKey);
+    EXPECT_FALSE(RecordingActive());
+    EXPECT_THAT(recordingViewStandIn.calls,
+                ElementsAre("Unload", "ShowMainWindow", "ShowMainWindow", "ShowSaveAs", "GiveHotkeys"));
+    EXPECT_EQ(platform::ForegroundWindow(), ownWindows.main);
+    EXPECT_EQ(recordingSession.recordingEvents.Size(), 4) << "trimmed";
+    EXPECT_EQ(job.Chains.size(), 2U);
+    EXPECT_EQ(job.Windows.size(), 2U);
+    EXPECT_EQ(job.Events[0].WindowChainIndex, 0);
+}
+
+TEST_F(RecordingSessionTest, TheStopButtonLeavesNoTraceOfItsClick) {
+    StartShown();
+    recordingSession.stoppedByPauseKey = true;
+    Type("a");
+    pressButton(true);
+    simulated::UserReleases();
+    platform::Pump();
+    ASSERT_EQ(saved.size(), 1U);
+    EXPECT_THAT(NamesOf(saved[0].Events), ElementsAre("A down", "A up"));
+    EXPECT_FALSE(recordingSession.stoppedByPauseKey);
+}
+
+TEST_F(RecordingSessionTest, TheTrayTakesItsOwnPressOff) {
+    Start();
+    simulated::OnMessage(ownWindows.main, [](const simulated::Message&) { StopRecordingFromTray(); });
+    Type("a");
+    simulated::PlaceCursor(simulated::CentreOf(tray));
+    simulated::UserPresses();
+    platform::Pump();
+    EXPECT_THAT(Captured(), ElementsAre("A down", "A up", "Left down"));
+    simulated::UserOnTray(WmLeftDown);
+    platform::Pump();
+    simulated::UserReleases();
+    platform::Pump();
+    ASSERT_EQ(saved.size(), 1U);
+    EXPECT_THAT(NamesOf(saved[0].Events), ElementsAre("A down", "A up"));
+    StopRecordingFromTray();
+    EXPECT_EQ(saved.size(), 1U) << "nothing is running any more";
+}
+
+// Nothing of the click was recorded, so nothing may be taken off.
+TEST_F(RecordingSessionTest, TheTrayOfAPausedRecordingTakesNothing) {
+    StartShown();
+    Pause();
+    StopRecordingFromTray();
+    ASSERT_EQ(saved.size(), 1U);
+    EXPECT_THAT(saved[0].Events, IsEmpty());
+    StartShown();
+    Type("a");
+    Pause();
+    StopRecordingFromTray();
+    EXPECT_THAT(NamesOf(saved[1].Events), ElementsAre("A down", "A up"));
+}
+
+TEST_F(RecordingSessionTest, NothingCapturedIsOfferedAllTheSame) {
+    Start();
+    const Job job = Stop();
+    EXPECT_THAT(job.Events, IsEmpty());
+    EXPECT_EQ(recordingSession.eventCount, 0);
+}
+
+TEST_F(RecordingSessionTest, WhileTheSaveFormIsOpenNothingElseBegins) {
+    Start();
+    recordingViewStandIn.saveAs = [] {
+        EXPECT_TRUE(RecordingActive());
+        EXPECT_FALSE(KeyboardHookInstalled());
+        StopRecordingFromTray();
+        simulated::UserTypes("x");
+        platform::Pump();
+    };
+    simulated::UserTaps(PauseBreak);
+    platform::Pump();
+    EXPECT_FALSE(RecordingActive());
+    EXPECT_EQ(recordingSession.eventCount, 0);
+}
+
+TEST_F(RecordingSessionTest, ASaveFormThatFailsLeavesTheProgramFree) {
+    Start();
+    recordingViewStandIn.saveAs = [] { throw RuntimeFailure(FailureKind::File, "The disk is full."); };
+    simulated::UserTaps(PauseBreak);
+    platform::Pump();
+    ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
+    EXPECT_FALSE(RecordingActive());
+    EXPECT_FALSE(recordingSession.hookBusy);
+    EXPECT_EQ(recordingViewStandIn.calls.back(), "GiveHotkeys");
+}
+
+TEST_F(RecordingSessionTest, HooksThatAreTakenOutEndItWithoutAJob) {
+    Start();
+    Type("a");
+    UnhookRecording();
+    EXPECT_FALSE(RecordingActive());
+    EXPECT_THAT(saved, IsEmpty());
+    simulated::RunFor(3000);
+    EXPECT_EQ(simulated::Tray().tip, "Tessarine 3.0.6");
+}
+
+// --- pause ---
+
+TEST_F(RecordingSessionTest, APauseLeavesNoEventAndNoGap) {
+    StartShown();
+    simulated::RunFor(1000);
+    Type("a");
+    simulated::RunFor(500);
+    Pause();
+    EXPECT_EQ(recordingViewStandIn.label1, "PAUSED");
+    EXPECT_EQ(recordingViewStandIn.command2Caption, "Resume");
+    simulated::SetFocus(edit);
+    Type("lost");
+    simulated::RunFor(10'000);
+    Command2_MouseMove();
+    pressButton(false);
+    ReleaseCommand2();
+    EXPECT_EQ(recordingViewStandIn.label1, "Recording");
+    EXPECT_EQ(platform::ForegroundWindow(), notepad) << "the user goes on where he was";
+    simulated::RunFor(200);
+    Type("b");
+    const Job job = Stop();
+    EXPECT_THAT(NamesOf(job.Events), ElementsAre("A down", "A up", "B down", "B up"));
+    EXPECT_EQ(job.Events[0].time(), 1000);
+    EXPECT_EQ(job.Events[2].time(), 1700);
+}
+
+TEST_F(RecordingSessionTest, ThePauseKeyIsDeafWhilePausedAndTheStopButtonIsNot) {
+    StartShown();
+    Type("a");
+    Pause();
+    simulated::UserTaps(PauseBreak);
+    platform::Pump();
+    EXPECT_TRUE(recordingSession.running);
+    pressButton(true);
+    EXPECT_FALSE(recordingSession.running);
+    EXPECT_THAT(NamesOf(saved.at(0).Events), ElementsAre("A down", "A up"));
+}
+
+TEST_F(RecordingSessionTest, AQuickSecondClickDoesNotResume) {
+    StartShown();
+    const std::int64_t pressed = platform::TickCount();
+    Pause();
+    simulated::RunFor(999);
+    pressButton(false);
+    ReleaseCommand2();
+    EXPECT_TRUE(recordingSession.paused);
+    simulated::RunFor(1);
+    EXPECT_EQ(platform::TickCount(), pressed + 1000);
+    ReleaseCommand2();
+    EXPECT_FALSE(recordingSession.paused);
+}
+
+TEST_F(RecordingSessionTest, TheFormTellsTheTimeAndBlinks) {
+    StartShown();
+    std::vector<std::string> told;
+    const auto wait = [&told](int seconds) {
+        for (int i = 0; i < seconds; ++i) {
+            simulated::RunFor(1000);
+            told.push_back(recordingViewStandIn.info);
+        }
+    };
+    wait(2);
+    EXPECT_EQ(recordingViewStandIn.info, "Pause/Break to stop");
+    EXPECT_EQ(recordingViewStandIn.time, "00:00:02");
+    Pause();
+    told.clear();
+    wait(5);
+    EXPECT_THAT(told, ElementsAre("Pause/Break to stop", "Resume to resume", "Resume to resume", "Recording paused",
+                                  "Recording paused"));
+    EXPECT_EQ(recordingViewStandIn.time, "00:00:02");
+    EXPECT_FALSE(recordingViewStandIn.indicator);
+}
+
+// --- a piece for an open job ---
+
+class InsertRecording : public RecordingSessionTest {
+protected:
+    InsertRecording() {
+        recordingViewStandIn.editor = [this] {
+            piece = recordingSession.recordingEvents.First(recordingSession.eventCount);
+        };
+    }
+
+    std::vector<JobEvent> piece;
+};
+
+TEST_F(InsertRecording, APieceContinuesTimeWindowsAndChainsOfItsJob) {
+    Start();
+    Type("a");
+    Job job = Stop();
+    recordingViewStandIn.calls.clear();
+    saved.clear();
+    StartInsertRecording(platform::TickCount() - 7000, job.Windows, job.Chains);
+    EXPECT_THAT(recordingViewStandIn.calls,
+                ElementsAre("MinimiseMainWindow", "PutEditorAside", "HideMainWindow", "Show"));
+    EXPECT_EQ(recordingViewStandIn.time, "00:00:07");
+    EXPECT_EQ(recordingSession.eventCapacity, 100);
+    EXPECT_EQ(windowArrays.chainCapacity, 101);
+    simulated::SetFocus(edit);
+    simulated::RunFor(50);
+    Type("b");
+    simulated::UserTaps(PauseBreak);
+    platform::Pump();
+    ASSERT_THAT(NamesOf(piece), ElementsAre("B down", "B up"));
+    EXPECT_EQ(piece[0].time(), 7050);
+    EXPECT_EQ(piece[0].WindowChainIndex, 1);
+    EXPECT_EQ(windowArrays.windows.size(), 2U) << "those of the job";
+    EXPECT_THAT(saved, IsEmpty());
+    EXPECT_FALSE(RecordingActive());
+    Start();
+    Stop();
+    EXPECT_EQ(saved.size(), 1U) << "the next recording is an ordinary one";
+}
+
+TEST_F(InsertRecording, ItCannotBePaused) {
+    for (const bool stoppedPaused : {false, true}) {
+        recordingSession.paused = stoppedPaused;
+        StartInsertRecording(platform::TickCount(), {}, {});
+        EXPECT_EQ(recordingViewStandIn.command2Caption, "Resume");
+        Command2_MouseDown();
+        simulated::RunFor(1500);
+        Command2_MouseUp();
+        EXPECT_FALSE(recordingSession.paused);
+        EXPECT_EQ(recordingViewStandIn.command2Caption, "Resume");
+        Type("a");
+        Command1_MouseDown();
+        EXPECT_EQ(piece.size(), 2U);
+    }
+}
+
+TEST_F(InsertRecording, ItIsRefusedBesideAHookAndGoesOnWithoutOne) {
+    platform::InstallKeyboardHook([](const platform::KeyboardHookRecord&) {});
+    StartInsertRecording(0, {}, {});
+    EXPECT_EQ(simulated::ShownBoxes().back().text, "Greska! MouseHook <> 0 i KeyboardHook <>0");
+    EXPECT_FALSE(RecordingActive());
+    EXPECT_THAT(recordingViewStandIn.calls, IsEmpty());
+    platform::RemoveKeyboardHook();
+    simulated::RefuseHooks();
+    StartInsertRecording(0, {}, {});
+    EXPECT_EQ(simulated::ShownBoxes().back().text, "Greska2!");
+    EXPECT_TRUE(RecordingActive());
+    StopRecordingFromTray();
+    EXPECT_FALSE(RecordingActive());
+}
+
+}  // namespace
