@@ -27,7 +27,7 @@ inline int ExitCode() {
 inline void Report(const std::string& title, double figure, double limit) {
     const bool ok = figure <= limit;
     verdict.good = verdict.good && ok;
-    std::printf("%-44s %6.2f  (at most %.1f)  %s\n", title.c_str(), figure, limit, ok ? "ok" : "TOO MUCH");
+    std::printf("%-44s %6.2f  (at most %g)  %s\n", title.c_str(), figure, limit, ok ? "ok" : "TOO MUCH");
     std::fflush(stdout);
 }
 

@@ -69,12 +69,13 @@ void Fold(EditState& state) {
 }  // namespace
 
 // Folded aside: a box in the fold pumps, and another job may be opened inside it. Whichever ends last stands, whole.
-void PopuniListu(const std::string& jobName, bool keep) {
-    EditState folded = keep ? editState : ReadForEditing(jobName);
-    folded.jobName = jobName;
+void PopuniListu(std::string jobName, bool keep) {
+    // Taken and not copied: on a long job the copy would cost more than the fold.
+    EditState folded = keep ? std::exchange(editState, {}) : ReadForEditing(jobName);
+    folded.jobName = std::move(jobName);
     try {
         Fold(folded);
-    } catch (const RuntimeFailure&) {
+    } catch (...) {
         ClearRows(folded);
         editState = std::move(folded);
         throw;

@@ -35,9 +35,9 @@ extern EditState editState;
 // Without `keep` reads the job file first; with it folds the arrays in memory afresh, after a delete or an insert.
 // Moves inside a keystroke row can't be shown and are dropped for good, from both arrays. The form then shows the
 // grid and the pane, and disables Save. A failure of the file leaves the job before it; after any other run-time
-// failure (an index that leads nowhere) the job has no rows. Pumps where the fold shows a box; the job stays the one
-// before it until the fold has ended.
-void PopuniListu(const std::string& jobName, bool keep);
+// failure (an index that leads nowhere) the job has no rows. Pumps where the fold shows a box; until the fold has
+// ended the job is still the one before it, or with `keep` none.
+void PopuniListu(std::string jobName, bool keep);
 
 // The rows in the order of the grid, and Strings and FoldedRowText as the rows have them: what the grid is filled
 // from.
