@@ -52,7 +52,7 @@ def test_a_whole_job(stage, level, speed):
     path = stage.write(writing_job(stage, notepad, safety=level, speed=speed))
     assert stage.run(path) == 0
     assert notepad.holds(WRITTEN)
-    assert notepad.first_line() == 0, "the wheel has scrolled back to the top"
+    assert wait_for(lambda: notepad.first_line() == 0, 5), "the wheel has scrolled back to the top"
     assert stage.probe.ask("keys") == []
 
 

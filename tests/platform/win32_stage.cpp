@@ -23,6 +23,7 @@ using platform::FromHwnd;
 using platform::OwnedHandle;
 using platform::ToHwnd;
 
+constexpr int FocusSettlesMs = 150;
 constexpr int PatienceMs = 15'000;  // for what always comes, be the machine as busy as it may
 
 int lastNumber = 0;
@@ -68,7 +69,22 @@ const Differences& Desktop() {
 }
 
 struct OtherProgram::Inside {
+    // Under Wine a new process now and then never gets as far as its first window; another one does.
     Inside() {
+        constexpr int Attempts = 3;
+        for (int attempt = 0; attempt < Attempts && control == nullptr; ++attempt) {
+            if (attempt > 0) End();
+            StartAnew();
+        }
+        if (control == nullptr) ADD_FAILURE() << "the other program did not start";
+    }
+
+    ~Inside() {
+        End();
+        Within(PatienceMs, [&] { return !IsWindow(control); });
+    }
+
+    void StartAnew() {
         name = std::to_string(GetCurrentProcessId()) + "." + std::to_string(++lastNumber);
         std::ostringstream commandLine;
         commandLine << '"' << OwnPath() << "\" " << PuppetSwitch << ' ' << name << ' ' << GetCurrentProcessId();
@@ -77,14 +93,13 @@ struct OtherProgram::Inside {
             control = FindWindowExA(HWND_MESSAGE, nullptr, PuppetClass, name.c_str());
             return control != nullptr;
         };
-        if (!Within(PatienceMs, appeared)) ADD_FAILURE() << "the other program did not start";
+        Within(PatienceMs, appeared);
     }
 
-    ~Inside() {
+    void End() const {
         TerminateProcess(process.hProcess, 0);
         WaitForSingleObject(process.hProcess, PatienceMs);
         CloseHandle(process.hProcess);
-        Within(PatienceMs, [&] { return !IsWindow(control); });
     }
 
     LRESULT Give(Order order, OrderData data) {
@@ -181,6 +196,9 @@ WindowHandle AddOwn(const NewWindow& window) {
     if (window.className != "Edit") SetWindowLongPtrA(made, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(OwnProcedure));
     if (window.parent == 0 && window.visible) {
         Within(PatienceMs, [&] { return platform::ForegroundWindow() == FromHwnd(made); });
+        // With the focus the display tells the state of its keys, a moment later, and that would undo a key that is
+        // injected in between.
+        Within(FocusSettlesMs, [] { return false; });
     }
     return FromHwnd(made);
 }
