@@ -34,8 +34,10 @@ void CoarseSleep(std::int64_t microseconds) {
 // has it since version 10 (1803); empty before.
 HANDLE HighResolutionTimer() {
     constexpr DWORD highResolution = 2;  // CREATE_WAITABLE_TIMER_HIGH_RESOLUTION
-    thread_local const OwnedHandle timer(CreateWaitableTimerExW(nullptr, nullptr, highResolution, TIMER_ALL_ACCESS));
-    return timer.Get();
+    // Never closed: with mingw-w64 a destructor of thread-local data runs after its memory is gone. One for each thread
+    // that sleeps, and those are few.
+    thread_local const HANDLE timer = CreateWaitableTimerExW(nullptr, nullptr, highResolution, TIMER_ALL_ACCESS);
+    return timer;
 }
 
 // Returns early or late by up to a timer's error.
