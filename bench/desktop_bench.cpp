@@ -1,7 +1,5 @@
 // The figures of the real desktop: how exact waits are, how late a replay ends, what an event costs, and what a search
 // costs when its window is in place. Runs on a Wine desktop (tools/bench_on_desktop.py).
-//
-// Started with "target" it shows the window that the search looks for, in a process of its own.
 
 #include <windows.h>
 
@@ -10,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/bench_target.h"
 #include "bench/ratio.h"
 #include "bench/silent_status_view.h"
 #include "folding/puni_listu.h"
@@ -26,9 +25,6 @@
 #include "settings/settings.h"
 
 namespace {
-
-constexpr const char* TargetClass = "TessarineBenchTarget";
-constexpr const char* TargetCaption = "Bench target";
 
 std::vector<double> Sorted(std::vector<double> values) {
     std::sort(values.begin(), values.end());
@@ -200,25 +196,6 @@ void BenchGapless() {
 
 // --- the search ---
 
-LRESULT CALLBACK TargetProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_DESTROY) PostQuitMessage(0);
-    return DefWindowProcA(window, message, wParam, lParam);
-}
-
-int ShowTarget() {
-    WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = TargetProcedure;
-    windowClass.lpszClassName = TargetClass;
-    RegisterClassA(&windowClass);
-    HWND top = CreateWindowA(TargetClass, TargetCaption, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 200, 200, 500, 400, nullptr,
-                             nullptr, nullptr, nullptr);
-    CreateWindowA("EDIT", "", WS_CHILD | WS_VISIBLE, 0, 0, 480, 360, top, reinterpret_cast<HMENU>(INT_PTR{15}), nullptr,
-                  nullptr);
-    MSG message;
-    while (GetMessageA(&message, nullptr, 0, 0) > 0) DispatchMessageA(&message);
-    return 0;
-}
-
 // What has to be asked to know that the window under the cursor is the recorded one, all the way up and still in
 // place, and nothing twice.
 void BareQueries() {
@@ -244,12 +221,7 @@ double MicrosecondsOf(int times, const Action& action) {
 }
 
 void BenchSearch() {
-    platform::WindowHandle top = 0;
-    for (int i = 0; i < 100 && top == 0; ++i) {
-        platform::Sleep(50);
-        top = platform::FindTopWindow(TargetClass, TargetCaption);
-    }
-    platform::BringToForeground(top);
+    const platform::WindowHandle target = bench::StartTarget();
     MoveCursor(400, 400);
     platform::Sleep(300);
     JobEvent event;
@@ -266,31 +238,18 @@ void BenchSearch() {
         ratios.push_back(MicrosecondsOf(200, search) / MicrosecondsOf(200, BareQueries));
     }
     bench::Report("FindTarget when all is in place / the bare window queries", Quantile(Sorted(ratios), 0.5), 1.3);
-    PostMessageA(reinterpret_cast<HWND>(top), WM_CLOSE, 0, 0);
-}
-
-void StartTarget() {
-    char path[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    std::string commandLine = std::string(path) + " target";
-    STARTUPINFOA start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process);
-    CloseHandle(process.hProcess);
-    CloseHandle(process.hThread);
+    bench::CloseTarget(target);
 }
 
 }  // namespace
 
 int main(int count, char** words) {
-    if (count == 2 && std::string(words[1]) == "target") return ShowTarget();
+    if (bench::IsTarget(count, words)) return bench::RunTarget();
     settings.Display_Executing_Status = 0;
     silentStatusView.onMouseEvent = NoteMouseEvent;
     BenchWaits();
     BenchLateness();
     BenchGapless();
-    StartTarget();
     BenchSearch();
     return bench::ExitCode();
 }

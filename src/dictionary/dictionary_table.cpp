@@ -543,18 +543,10 @@ constexpr DictionaryRow rows[] = {
     {"Create S&hortcut on Desktop", "&Verknüpfung auf dem Desktop erstellen", "Créer un &raccourci sur le Bureau",
      "Crear &acceso directo en el escritorio"},
     {"&Delete job", "Aufgabe &löschen", "&Supprimer la tâche", "Eli&minar tarea"},
-    {"Plays recorded jobs: moves the mouse, clicks and types as was done before.",
-     "Spielt aufgezeichnete Aufgaben ab: bewegt die Maus, klickt und schreibt, wie es vorgemacht wurde.",
-     "Rejoue les tâches enregistrées : déplace la souris, clique et tape comme cela a été fait.",
-     "Reproduce tareas grabadas: mueve el ratón, hace clic y escribe como se hizo antes."},
-    {"To run a job from a shortcut or a command line:",
-     "So wird eine Aufgabe aus einer Verknüpfung oder Befehlszeile gestartet:",
-     "Pour lancer une tâche depuis un raccourci ou une ligne de commande :",
-     "Para iniciar una tarea desde un acceso directo o una línea de comandos:"},
-    {"Closing this window leaves Tessarine in the notification area.",
-     "Wird dieses Fenster geschlossen, bleibt Tessarine im Infobereich.",
-     "Fermer cette fenêtre laisse Tessarine dans la zone de notification.",
-     "Al cerrar esta ventana, Tessarine queda en el área de notificación."},
+    {"Some actions may be missing. Please check the recording.",
+     "Einige Aktionen fehlen möglicherweise. Bitte prüfen Sie die Aufnahme.",
+     "Des actions manquent peut-être. Veuillez vérifier l'enregistrement.",
+     "Puede que falten acciones. Compruebe la grabación."},
 };
 static_assert(std::size(rows) <= DictionaryCapacity);
 

@@ -6,5 +6,7 @@
 
 #include "platform/types.h"
 
+inline constexpr bool EditorExists = false;
+
 // editJob: opens the job file in the editor and returns the editor's window, 0 when none was opened.
 platform::WindowHandle editJob(const std::string& jobPath);

@@ -11,7 +11,10 @@
 
 class LiveChain {
 public:
-    explicit LiveChain(platform::WindowHandle window = 0) { levels.push_back({window, {}, {}}); }
+    explicit LiveChain(platform::WindowHandle window = 0) {
+        levels.reserve(UsualLevels);
+        levels.push_back({window, {}, {}});
+    }
 
     // Level 0 is the window itself, each next one its parent; 0 above the last.
     platform::WindowHandle Handle(std::int32_t level);
@@ -36,6 +39,8 @@ private:
         std::optional<std::string> className;
         std::optional<std::string> caption;
     };
+
+    static constexpr std::size_t UsualLevels = 8;
 
     Level* At(std::int32_t level);
 

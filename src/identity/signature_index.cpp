@@ -40,22 +40,20 @@ bool SameWindow(const WindowSignature& stored, const WindowSignature& live) {
 
 // A window and its parent never share a signature. The entry of the level being filled is looked at too and still
 // reads 0, so above the leaf signature 0 counts as taken, always; recorded jobs have their signatures by this rule.
-bool IsInChain(const WindowChain& chain, std::int32_t signature) {
-    if (chain.Depth < 1) return false;
-    const auto end = chain.Path.begin() + std::min(chain.Depth + 1, WindowChain::MaximumLevels);
-    return std::find(chain.Path.begin(), end, signature) != end;
+bool IsInPath(std::span<const std::int32_t> path, std::int32_t signature) {
+    return path.size() > 1 && std::find(path.begin(), path.end(), signature) != path.end();
 }
 
 }  // namespace
 
 std::optional<std::int32_t> SignatureIndex::FindFirst(const std::vector<WindowSignature>& windows,
-                                                      const WindowSignature& live, const WindowChain& chain) {
+                                                      const WindowSignature& live, std::span<const std::int32_t> path) {
     if (windows.size() < indexed) Rebuild(windows);
     CatchUp(windows);
     const auto found = byHash.find(HashOf(live));
     if (found == byHash.end()) return std::nullopt;
     for (const std::int32_t candidate : found->second) {
-        if (SameWindow(windows[static_cast<std::size_t>(candidate)], live) && !IsInChain(chain, candidate)) {
+        if (SameWindow(windows[static_cast<std::size_t>(candidate)], live) && !IsInPath(path, candidate)) {
             return candidate;
         }
     }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -12,11 +13,11 @@
 
 class SignatureIndex {
 public:
-    // The lowest index in `windows` whose signature equals `live` and that is not yet in `chain`, whose level Depth is
-    // the one to be filled. `windows` must be the array of the call before, possibly longer; any other array wants a
-    // Rebuild first. (One that has become shorter is noticed.)
+    // The lowest index in `windows` whose signature equals `live` and that is not yet in `path`, the signatures of a
+    // chain so far; its last entry is the one to be filled and reads 0. `windows` must be the array of the call before,
+    // possibly longer; any other array wants a Rebuild first. (One that has become shorter is noticed.)
     std::optional<std::int32_t> FindFirst(const std::vector<WindowSignature>& windows, const WindowSignature& live,
-                                          const WindowChain& chain);
+                                          std::span<const std::int32_t> path);
 
     // For an array with other contents. Done at once, so that no hook has to do it.
     void Rebuild(const std::vector<WindowSignature>& windows);

@@ -1,7 +1,9 @@
 #include "identity/window_identity.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "base/product.h"
@@ -22,6 +24,7 @@ namespace {
 
 constexpr std::int32_t SpareElements = 100;
 constexpr std::int32_t FewFreeWindows = 20;
+constexpr std::size_t UsualLevels = 8;
 
 SignatureIndex signatureIndex;  // over windowArrays.windows
 
@@ -53,9 +56,9 @@ WindowSignature Describe(LiveChain& target, std::int32_t level) {
     return signature;
 }
 
-// The index of the signature for the level of `chain` that is being filled; a new one where no stored one fits.
-std::int32_t SignatureFor(WindowSignature&& live, const WindowChain& chain) {
-    const auto stored = signatureIndex.FindFirst(windowArrays.windows, live, chain);
+// The index of the signature for the last level of `path`; a new one where no stored one fits.
+std::int32_t SignatureFor(WindowSignature&& live, const std::vector<std::int32_t>& path) {
+    const auto stored = signatureIndex.FindFirst(windowArrays.windows, live, path);
     if (stored) {
         DebugTrace("Koristim spremljeni prozor: ");
         return *stored;
@@ -74,23 +77,35 @@ bool EndsAt(LiveChain& target, std::int32_t level) {
     return parent <= 0 || target.IsFoundByName(level);
 }
 
-// The chain is built aside: the free one of the array belongs to whichever capture ends last.
-WindowChain BuildChain(LiveChain& target, std::uint32_t session) {
-    WindowChain chain;
-    while (windowArrays.session == session) {
-        auto& entry = CheckedAt(chain.Path, chain.Depth, "Window level");
-        entry = SignatureFor(Describe(target, chain.Depth), chain);
-        if (EndsAt(target, chain.Depth)) break;
-        ++chain.Depth;
-    }
-    chain.LeafWindow = chain.Path[0];
-    return chain;
+[[noreturn]] void RefuseDepth() {
+    throw RuntimeFailure(FailureKind::Range,
+                         "More than " + std::to_string(WindowChain::MaximumLevels) + " windows lie in each other.");
 }
 
-void StoreChain(std::int32_t index, const WindowChain& chain) {
+// The chain is built aside: the free one of the array belongs to whichever capture ends last.
+std::vector<std::int32_t> BuildPath(LiveChain& target, std::uint32_t session) {
+    std::vector<std::int32_t> path;
+    path.reserve(UsualLevels);
+    while (windowArrays.session == session) {
+        const auto level = static_cast<std::int32_t>(path.size());
+        if (level == WindowChain::MaximumLevels) RefuseDepth();
+        path.push_back(0);
+        path.back() = SignatureFor(Describe(target, level), path);
+        if (EndsAt(target, level)) break;
+    }
+    return path;
+}
+
+void StoreChain(std::int32_t index, const std::vector<std::int32_t>& path) {
     auto& chains = windowArrays.chains;
     chains.resize(chains.size() + 1);
-    if (index < CountOf(chains)) chains[static_cast<std::size_t>(index)] = chain;
+    if (index < CountOf(chains)) {
+        WindowChain& chain = chains[static_cast<std::size_t>(index)];
+        if (index + 1 < CountOf(chains)) chain = {};  // another capture, inside this one, has filled it
+        std::copy(path.begin(), path.end(), chain.Path.begin());
+        chain.LeafWindow = path.front();
+        chain.Depth = CountOf(path) - 1;
+    }
     if (std::floor(0.9 * windowArrays.chainCapacity) <= CountOf(chains)) windowArrays.growChains = true;
 }
 
@@ -130,10 +145,10 @@ int CaptureWindow(JobEvent& event, bool byFocus) {
     if (!target) return 0;
     const std::int32_t index = CountOf(windowArrays.chains);
     const std::uint32_t session = windowArrays.session;
-    const WindowChain chain = BuildChain(*target, session);
+    const std::vector<std::int32_t> path = BuildPath(*target, session);
     DebugTrace("===:");
     if (windowArrays.session != session) return 0;
-    StoreChain(index, chain);
+    StoreChain(index, path);
     event.WindowChainIndex = index;
-    return chain.Depth + 1;
+    return CountOf(path);
 }

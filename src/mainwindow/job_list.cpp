@@ -1,5 +1,11 @@
 #include "mainwindow/job_list.h"
 
-void FillJobList() {}
+#include "library/job_library.h"
 
-void SelectFirstJob() {}
+void FillJobList() {
+    job_library::FillJobList();
+}
+
+void SelectFirstJob() {
+    if (jobLibrary.lista_jobs.ListCount() > 0) jobLibrary.lista_jobs.SelectItem(0);
+}

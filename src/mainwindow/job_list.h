@@ -1,4 +1,4 @@
-// The list of saved jobs on the job page. As yet the page shows no list, and a job is started by its path.
+// The list of saved jobs on the job page, as the start of the program meets it.
 #pragma once
 
 // FillJobList: rebuilds the list from the job files of the data folder.

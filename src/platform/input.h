@@ -88,6 +88,11 @@ Point CursorPosition();
 // SM_CXSCREEN and SM_CYSCREEN: the primary screen in pixels.
 Size ScreenSize();
 
+// When the last input came, from the user or injected, on the scale of TickCount (GetLastInputInfo). As coarse as the
+// system's tick, 16 ms. Hooks have no part in it. A moment long past where the system does not tell; injected input
+// that brought a time of its own can stand there with that time.
+std::int64_t LastInputTick();
+
 // BlockInput: stops or restarts input from the user; injected input still goes through. Refused without a
 // word where the system does not allow it.
 void BlockInput(bool block);

@@ -7,9 +7,12 @@
 
 namespace platform {
 
-// One icon for the process. The tip holds at most 63 characters.
+// One icon for the process. The tip holds at most 127 characters.
 bool AddTrayIcon(WindowHandle window, const std::string& tip);
 bool ChangeTrayTip(const std::string& tip);
 void RemoveTrayIcon();
+
+// The shell was started anew and has forgotten the icon: adds it as it was. False when there was none.
+bool RestoreTrayIcon();
 
 }  // namespace platform

@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "program/frame.h"
+
 class Executing2Form {
 public:
     void Load();  // not visible yet; nothing when it is loaded
@@ -24,8 +26,7 @@ private:
 
     HWND window = nullptr;
     HFONT nameFont = nullptr;
-    HBITMAP pictures = nullptr;
-    HBRUSH body = nullptr;
+    FormFrame frame;
 };
 
 extern Executing2Form executing2;

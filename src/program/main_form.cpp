@@ -1,21 +1,21 @@
 #include "program/main_form.h"
 
-#include <commdlg.h>
+#include <commctrl.h>
+#include <uxtheme.h>
 
-#include "base/product.h"
-#include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "hotkeys/hotkey_messages.h"
 #include "identity/window_identity.h"
 #include "mainwindow/form_visible.h"
+#include "mainwindow/job_page.h"
+#include "mainwindow/recent_menu.h"
 #include "mainwindow/tray_events.h"
 #include "platform/tray.h"
 #include "program/main_form_ids.h"
 #include "program/window_tools.h"
 #include "recording/recording_state.h"
-#include "replay/run_job.h"
+#include "recording/record_button.h"
 #include "scheduler/exit_request.h"
-#include "settings/folders.h"
 #include "settings/settings_view.h"
 #include "shell/command_line.h"
 #include "shell/copy_data.h"
@@ -30,7 +30,11 @@ namespace {
 constexpr UINT TrayMessage = 512;  // the icon's callback; also WM_MOUSEMOVE
 constexpr WPARAM TrayIconId = 1;
 
-constexpr const char* RunCommand = "tessarine.exe -run C:\\...\\job.tsj";
+constexpr int PageCount = 2;
+
+std::string CaptionOf(MainPage page) {
+    return page == MainPage::Record ? Translate("Record New Job") : Translate("My Jobs");
+}
 
 // The shell forgets all icons when it is started anew, and tells everybody so.
 UINT TaskbarCreated() {
@@ -47,18 +51,17 @@ bool IsMouseMoveOver(HWND window, LPARAM place) {
     return MAKELPARAM(point.x, point.y) == place;
 }
 
-std::string ChooseJobFile(HWND owner) {
-    char path[MAX_PATH] = "";
-    OPENFILENAMEA dialog{};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = owner;
-    dialog.lpstrFilter = "Tessarine jobs (*.tsj)\0*.tsj\0";
-    dialog.lpstrFile = path;
-    dialog.nMaxFile = sizeof path;
-    dialog.lpstrInitialDir = folders.DataFolder.c_str();
-    dialog.lpstrDefExt = "tsj";
-    dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    return GetOpenFileNameA(&dialog) ? path : "";
+bool IsDown(int virtualKey) {
+    return GetKeyState(virtualKey) < 0;
+}
+
+HMENU RecentJobsMenu() {
+    const HMENU menu = CreatePopupMenu();
+    int item = form1_run_last_job;
+    for (const std::string& caption : recentMenu.run_last_job) {
+        AppendMenuA(menu, MF_STRING, static_cast<UINT_PTR>(item++), Unmarked(caption).c_str());
+    }
+    return menu;
 }
 
 }  // namespace
@@ -66,15 +69,23 @@ std::string ChooseJobFile(HWND owner) {
 // --- life ---
 
 void MainForm::Create() {
-    RegisterDialogClass(MainWindowClass, nullptr);
+    RegisterListControl();
+    RegisterNumberPicker();
+    LoadJobPage();
+    RegisterDialogClass(MainWindowClass, GetSysColorBrush(COLOR_3DFACE));
     CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(form1_dialog), nullptr, DialogThunk, 0);
 }
 
 void MainForm::OnInitDialog(HWND form) {
     window = form;
     ownWindows.main = platform::FromHwnd(form);
-    platform::AddModelessForm(form);
-    SetFonts();
+    platform::AddModelessForm(form, OnKey);
+    InsertTabs();
+    recordPage.Create(form);
+    jobPageForm.Create(form);
+    for (const HWND each : {recordPage.Window(), jobPageForm.Window()}) EnableThemeDialogTexture(each, ETDT_ENABLETAB);
+    PlacePages();
+    ShowPage(page);
     SetPictures();
     platform::AddTrayIcon(platform::FromHwnd(form), MainCaption());
 }
@@ -97,7 +108,7 @@ INT_PTR CALLBACK MainForm::DialogThunk(HWND form, UINT message, WPARAM wParam, L
     return Guarded<INT_PTR>(FALSE, [&]() -> INT_PTR {
         if (message == WM_INITDIALOG) {
             mainForm.OnInitDialog(form);
-            return TRUE;
+            return FALSE;  // the start says who gets the focus
         }
         return mainForm.window == form ? mainForm.OnDialogMessage(message, wParam, lParam) : FALSE;
     });
@@ -123,13 +134,17 @@ LRESULT CALLBACK MainForm::ProcedureThunk(HWND form, UINT message, WPARAM wParam
 }
 
 INT_PTR MainForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == TaskbarCreated()) return platform::AddTrayIcon(platform::FromHwnd(window), MainCaption());
+    if (message == TaskbarCreated()) return platform::RestoreTrayIcon();
     switch (message) {
         case TrayMessage:
             OnTrayMessageOf(wParam, lParam);
             return FALSE;
         case WM_COMMAND:
             return OnCommand(LOWORD(wParam));
+        case WM_NOTIFY:
+            if (reinterpret_cast<const NMHDR*>(lParam)->code != TCN_SELCHANGE) return FALSE;
+            ShowPage(static_cast<MainPage>(TabCtrl_GetCurSel(GetDlgItem(window, form1_tabs))));
+            return TRUE;
         case WM_CLOSE:
             OnClose();
             return TRUE;
@@ -142,12 +157,6 @@ INT_PTR MainForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_APP:
             OnDpiChanged();
             return TRUE;
-        case WM_ERASEBKGND:
-            PaintBackground(reinterpret_cast<HDC>(wParam));
-            SetWindowLongPtrA(window, DWLP_MSGRESULT, TRUE);
-            return TRUE;
-        case WM_CTLCOLORSTATIC:
-            return reinterpret_cast<INT_PTR>(BrushOf(reinterpret_cast<HDC>(wParam)));
         default:
             return FALSE;
     }
@@ -155,8 +164,8 @@ INT_PTR MainForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 INT_PTR MainForm::OnCommand(int control) {
     switch (control) {
-        case form1_run_job_button:
-            OnRunJobButton();
+        case IDOK:
+            OnEnter();
             return TRUE;
         case form1_Exit:
             FormVisible(false, false);
@@ -166,15 +175,15 @@ INT_PTR MainForm::OnCommand(int control) {
     }
 }
 
+void MainForm::OnEnter() {
+    if (page == MainPage::Record) recordPage.ClickCommand3();
+    if (page == MainPage::Jobs) jobPageForm.OnEnter();
+}
+
 void MainForm::OnClose() {
     UnhookRecording();
     if (MainWindowVisible()) CopyControlsToSettings();
     FormVisible(false, false);
-}
-
-void MainForm::OnRunJobButton() {
-    const std::string path = ChooseJobFile(window);
-    if (!path.empty()) RunJob(path, 0, "", false);
 }
 
 void MainForm::OnCopyData(const COPYDATASTRUCT* data) {
@@ -183,55 +192,121 @@ void MainForm::OnCopyData(const COPYDATASTRUCT* data) {
     if (command) HandleCommandParameter(*command, true);
 }
 
+// Keys that no single control knows: Ctrl+Tab and Ctrl+Page Up or Down go through the tabs, as in the system's own
+// property sheets, and what the page makes of the rest.
+bool MainForm::OnKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || !IsWindowEnabled(mainForm.window)) return false;
+    bool handled = true;
+    Guarded<bool>(true, [&] {
+        const int key = static_cast<int>(message.wParam);
+        if (IsDown(VK_CONTROL) && (key == VK_TAB || key == VK_NEXT || key == VK_PRIOR)) {
+            mainForm.StepPage((key == VK_TAB && IsDown(VK_SHIFT)) || key == VK_PRIOR ? -1 : 1);
+        } else {
+            handled = mainForm.page == MainPage::Jobs && mainForm.jobPageForm.OnKeyDown(key);
+        }
+        return true;
+    });
+    return handled;
+}
+
+// --- pages ---
+
+void MainForm::InsertTabs() const {
+    TCITEMA tab{};
+    tab.mask = TCIF_TEXT;
+    char none[] = "";
+    tab.pszText = none;
+    for (int place = 0; place < PageCount; ++place) {
+        SendDlgItemMessageA(window, form1_tabs, TCM_INSERTITEMA, static_cast<WPARAM>(place),
+                            reinterpret_cast<LPARAM>(&tab));
+    }
+}
+
+// Into the tabs' frame, and above them, so that they do not paint over a page.
+void MainForm::PlacePages() const {
+    const HWND tabs = GetDlgItem(window, form1_tabs);
+    RECT area{};
+    GetClientRect(tabs, &area);
+    TabCtrl_AdjustRect(tabs, FALSE, &area);
+    MapWindowPoints(tabs, window, reinterpret_cast<POINT*>(&area), 2);
+    for (const HWND each : {jobPageForm.Window(), recordPage.Window()}) {
+        SetWindowPos(each, HWND_TOP, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                     SWP_NOACTIVATE);
+    }
+}
+
+HWND MainForm::PageWindow(MainPage which) const {
+    return which == MainPage::Record ? recordPage.Window() : jobPageForm.Window();
+}
+
+void MainForm::ShowPage(MainPage which) {
+    page = which;
+    SendDlgItemMessageA(window, form1_tabs, TCM_SETCURSEL, static_cast<WPARAM>(which), 0);
+    for (int place = 0; place < PageCount; ++place) {
+        const auto each = static_cast<MainPage>(place);
+        ShowWindow(PageWindow(each), each == which ? SW_SHOWNA : SW_HIDE);
+    }
+}
+
+void MainForm::StepPage(int steps) {
+    ShowPage(static_cast<MainPage>((static_cast<int>(page) + steps + PageCount) % PageCount));
+    StaviFocus();
+}
+
 // --- tray ---
 
 void MainForm::OnTrayMessageOf(WPARAM wParam, LPARAM lParam) {
     if (wParam != TrayIconId || IsMouseMoveOver(window, lParam)) return;
     const bool wasVisible = MainWindowVisible();
     OnTrayMessage(static_cast<unsigned>(lParam));
-    if (!wasVisible && MainWindowVisible()) StaviFocus();
+    if (!wasVisible && MainWindowVisible() && IsWindowEnabled(window)) StaviFocus();
 }
 
 void MainForm::OpenTrayMenu() {
+    FillRecentJobsMenu();
+    const bool anyRecent = !recentMenu.run_last_job.empty();
     const HMENU menu = CreatePopupMenu();
-    AppendMenuA(menu, MF_STRING, form1_tray_open_tessarine, trayOpenCaption.c_str());
+    AppendMenuA(menu, MF_POPUP | (anyRecent ? MF_ENABLED : MF_GRAYED), reinterpret_cast<UINT_PTR>(RecentJobsMenu()),
+                Translate("Run Job").c_str());
+    AppendMenuA(menu, MF_STRING, form1_record_new, Translate("Record &New (Ctrl+Shift+N)").c_str());
     AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
+    AppendMenuA(menu, MF_STRING, form1_tray_open_tessarine, trayOpenCaption.c_str());
     AppendMenuA(menu, MF_STRING, form1_tray_exit, Translate("Exit").c_str());
     SetMenuDefaultItem(menu, form1_tray_open_tessarine, FALSE);
     POINT place{};
     GetCursorPos(&place);
-    SetForegroundWindow(window);  // a click elsewhere closes the menu of the foreground window only
-    const BOOL command =
-        TrackPopupMenuEx(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, place.x, place.y, window, nullptr);
-    PostMessageA(window, WM_NULL, 0, 0);  // without it the next menu closes at once
-    DestroyMenu(menu);
-    RunTrayCommand(command);
+    RunTrayCommand(TrackMenu(menu, window, place));
 }
 
 void MainForm::RunTrayCommand(int command) {
     if (command == form1_tray_open_tessarine) ToggleFromTray();
     if (command == form1_tray_exit) ExitProgram([] { QuitProgram(true); });
+    if (command == form1_record_new) RecordNewJob();
+    if (command >= form1_run_last_job) run_last_job(command - form1_run_last_job);
 }
 
 // --- what others ask for ---
 
 void MainForm::PodesiRjecnik() {
-    SetText(window, form1_product, ProductName);
-    SetText(window, form1_version, Translate("Program version") + ": " + ProductVersion);
-    SetText(window, form1_purpose,
-            Translate("Plays recorded jobs: moves the mouse, clicks and types as was done before."));
-    SetText(window, form1_command_line,
-            Translate("To run a job from a shortcut or a command line:") + LineBreak + RunCommand);
-    SetText(window, form1_tray, Translate("Closing this window leaves Tessarine in the notification area."));
-    SetText(window, form1_run_job_button, "&" + Translate("Run Job") + "...");
-    SetText(window, form1_Exit, Translate("E&xit"));
+    Mnemonics letters;
+    SetText(window, form1_Exit, letters.Mark(Translate("E&xit")));
+    for (int place = 0; place < PageCount; ++place) {
+        std::string caption = Unmarked(CaptionOf(static_cast<MainPage>(place)));
+        TCITEMA tab{};
+        tab.mask = TCIF_TEXT;
+        tab.pszText = caption.data();
+        SendDlgItemMessageA(window, form1_tabs, TCM_SETITEMA, static_cast<WPARAM>(place),
+                            reinterpret_cast<LPARAM>(&tab));
+    }
+    recordPage.PodesiRjecnik(letters);
+    jobPageForm.PodesiRjecnik(letters);
     WordTrayEntry();
 }
 
 void MainForm::StaviFocus() {
     SetForegroundWindow(window);
-    const HWND button = GetDlgItem(window, form1_run_job_button);
-    SendMessageA(window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(button), TRUE);
+    if (page == MainPage::Record) recordPage.Focus();
+    if (page == MainPage::Jobs) jobPageForm.Focus();
 }
 
 void MainForm::EnableExitButton(bool enable) {
@@ -241,51 +316,14 @@ void MainForm::EnableExitButton(bool enable) {
 // --- looks ---
 
 void MainForm::OnDpiChanged() {
-    SetFonts();
+    PlacePages();
     SetPictures();
+    recordPage.OnDpiChanged();
+    jobPageForm.OnDpiChanged();
     InvalidateRect(window, nullptr, TRUE);
 }
 
-void MainForm::SetFonts() {
-    const HFONT old = productFont;
-    productFont = FontLike(window, 180, FW_SEMIBOLD);
-    SendDlgItemMessageA(window, form1_product, WM_SETFONT, reinterpret_cast<WPARAM>(productFont), TRUE);
-    if (old != nullptr) DeleteObject(old);
-}
-
 void MainForm::SetPictures() {
-    const platform::Rect place = RectangleOf(GetDlgItem(window, form1_Picture1));
-    const HICON icon = ProgramIcon(place.right - place.left);
-    SendDlgItemMessageA(window, form1_Picture1, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
     const auto small = ProgramIcon(GetSystemMetricsForDpi(SM_CXSMICON, static_cast<UINT>(DpiOf(window))));
     SendMessageA(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small));
-}
-
-// The page is paper and the strip with the buttons is not, as in the system's own dialogs.
-void MainForm::PaintBackground(HDC paper) const {
-    RECT area{};
-    GetClientRect(window, &area);
-    RECT page = area;
-    page.bottom = TopOfButtons();
-    RECT line = {area.left, page.bottom, area.right, page.bottom + 1};
-    RECT strip = {area.left, line.bottom, area.right, area.bottom};
-    FillRect(paper, &page, GetSysColorBrush(COLOR_WINDOW));
-    FillRect(paper, &line, GetSysColorBrush(COLOR_3DLIGHT));
-    FillRect(paper, &strip, GetSysColorBrush(COLOR_3DFACE));
-}
-
-HBRUSH MainForm::BrushOf(HDC paper) const {
-    SetTextColor(paper, GetSysColor(COLOR_WINDOWTEXT));
-    SetBkColor(paper, GetSysColor(COLOR_WINDOW));
-    return GetSysColorBrush(COLOR_WINDOW);
-}
-
-// The strip is as much higher than its buttons as the space below them.
-int MainForm::TopOfButtons() const {
-    RECT area{};
-    GetClientRect(window, &area);
-    RECT button{};
-    GetWindowRect(GetDlgItem(window, form1_Exit), &button);
-    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&button), 2);
-    return button.top - (area.bottom - button.bottom);
 }

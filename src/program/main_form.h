@@ -1,13 +1,19 @@
-// form1, the main window: what the program is and does, a job to run, the tray icon, and the messages of a second
-// start. Closing and minimising hide it; the tray menu's exit ends the program.
+// form1, the main window: its pages under their tabs, the tray icon, and the messages of a second start. Closing and
+// minimising hide it; the tray menu's exit ends the program.
 //
-// It implements main_window_view, form_view, shell_view, options_view, the job list's view and the settings' view.
-// Opening a job, the tray menu and every run pump.
+// It implements main_window_view, form_view, shell_view, options_view, job_page_view, library_view, the job list's view
+// and the settings' view. The tray menu, the pages' commands and every run pump.
 #pragma once
 
 #include <windows.h>
 
 #include <string>
+
+#include "program/job_page_form.h"
+#include "program/record_page.h"
+
+// Places of the tabs.
+enum class MainPage { Record, Jobs };
 
 class MainForm {
 public:
@@ -19,13 +25,18 @@ public:
     void InstallProcedure();
     void RestoreProcedure();
 
+    RecordPage recordPage;
+    JobPageForm jobPageForm;
+
     void PodesiRjecnik();
+    void ShowPage(MainPage page);
     void StaviFocus();
     void EnableExitButton(bool enable);
     void SetTrayOpenCaption(const std::string& caption) { trayOpenCaption = caption; }
     void OpenTrayMenu();
 
 private:
+    static bool OnKey(const MSG& message);
     static INT_PTR CALLBACK DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static LRESULT CALLBACK ProcedureThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -33,21 +44,21 @@ private:
 
     void OnInitDialog(HWND form);
     void OnClose();
-    void OnRunJobButton();
+    void OnEnter();
+    void StepPage(int steps);
     void OnTrayMessageOf(WPARAM wParam, LPARAM lParam);
     void OnCopyData(const COPYDATASTRUCT* data);
     void OnDpiChanged();
 
-    void SetFonts();
+    void InsertTabs() const;
+    void PlacePages() const;
+    HWND PageWindow(MainPage which) const;
     void SetPictures();
-    void PaintBackground(HDC paper) const;
-    HBRUSH BrushOf(HDC paper) const;
-    int TopOfButtons() const;
     void RunTrayCommand(int command);
 
     HWND window = nullptr;
     WNDPROC previousProcedure = nullptr;
-    HFONT productFont = nullptr;
+    MainPage page = MainPage::Record;
     std::string trayOpenCaption;
 };
 

@@ -2,9 +2,14 @@
 
 #include "dictionary/dictionary.h"
 #include "jobs/job_list_view.h"
+#include "library/job_library.h"
+#include "library/library_view.h"
+#include "makeexe/make_executable.h"
 #include "mainwindow/form_view.h"
 #include "mainwindow/form_visible.h"
 #include "mainwindow/job_list.h"
+#include "mainwindow/job_page.h"
+#include "mainwindow/job_page_view.h"
 #include "platform/files.h"
 #include "platform/input.h"
 #include "platform/tray.h"
@@ -102,7 +107,7 @@ void InstallProcedures() {
     mainForm.InstallProcedure();
 }
 
-// The pages with the two lists do not exist yet, so their procedures are never installed.
+// The list takes its messages itself, and there is no other list yet: no procedure stands in front of theirs.
 void RestoreJobListProcedure() {}
 void RestoreScheduleListProcedure() {}
 
@@ -119,9 +124,11 @@ void RestoreWindowPosition() {
     MoveWindowTo(mainForm.Window(), Pixels(corner.x), Pixels(corner.y));
 }
 
-// The page does not exist yet. The language is read all the same: the first lookup would.
+// The Options page does not exist yet, but for the options of recordings.
 void ShowOptions() {
     GetLanguage();
+    mainForm.recordPage.ShowOptions();
+    mainForm.ShowPage(jobLibrary.lista_jobs.ListCount() > 0 ? MainPage::Jobs : MainPage::Record);
 }
 
 void PodesiRjecnik() {
@@ -157,15 +164,60 @@ void ShowDataFolder(const std::string&) {}
 
 }  // namespace options_view
 
+namespace job_page_view {
+
+void Show() {
+    mainForm.jobPageForm.Show();
+}
+
+void FocusOn(HotkeyFocus control) {
+    mainForm.jobPageForm.FocusOn(control);
+}
+
+void PosiviSve(bool grey) {
+    mainForm.jobPageForm.PosiviSve(grey);
+}
+
+void OpenMenuJobs() {
+    mainForm.jobPageForm.OpenMenuJobs();
+}
+
+void MakeExe(const std::string& jobPath) {
+    MakeExecutable(jobPath);
+}
+
+void OpenScheduleOf(const std::string&) {}  // SchedulePageExists says so
+
+}  // namespace job_page_view
+
+// What stands on the schedule page and on the Options page has no control yet.
+namespace library_view {
+
+void ClearScheduleJobs() {}
+void AddScheduleJob(const std::string&) {}
+
+void Jobs_Edit_Enabled(bool enable) {
+    ::Jobs_Edit_Enabled(enable);
+}
+
+void ShowStartsWithWindows(bool) {}
+void ShowDataFolder(const std::string&) {}
+
+}  // namespace library_view
+
 void RefreshJobList() {
     FillJobList();
 }
 
-void SelectJobInList(const std::string&) {}
+void SelectJobInList(const std::string& path) {
+    job_library::SelectJob(path);
+}
 
 // A minimised window stands nowhere, and its place is kept.
 void CopyControlsToSettings() {
-    if (mainForm.Window() == nullptr || IsIconic(mainForm.Window())) return;
+    if (mainForm.Window() == nullptr) return;
+    mainForm.recordPage.CopyOptions();
+    if (IsIconic(mainForm.Window())) return;
     const platform::Rect place = RectangleOf(mainForm.Window());
     settings.MainLeft = Twips(place.left);
     settings.MainTop = Twips(place.top);

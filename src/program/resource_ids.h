@@ -3,7 +3,7 @@
 
 #define ICON_TESSARINE 1
 
-// The frame of executing2, by scale in percent.
+// The frame of the floating windows, by scale in percent.
 #define FRAME_100 100
 #define FRAME_125 125
 #define FRAME_150 150

@@ -3,7 +3,6 @@
 
 #include <commctrl.h>
 
-#include "hotkeys/hotkey_table.h"
 #include "shell/startup.h"
 #include "win32/failure_guard.h"
 #include "win32/message_loop.h"
@@ -14,7 +13,7 @@ namespace {
 constexpr int FailedStart = 1;
 
 void LoadControls() {
-    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_PROGRESS_CLASS | ICC_TAB_CLASSES};
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_PROGRESS_CLASS | ICC_TAB_CLASSES | ICC_BAR_CLASSES | ICC_UPDOWN_CLASS};
     InitCommonControlsEx(&controls);
 }
 
@@ -23,7 +22,6 @@ void LoadControls() {
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     platform::HardenProcess();
     LoadControls();
-    hotkeyRegistration.recordCombination = false;  // there is no record button yet
     bool stays = false;
     if (!platform::GuardedCall([&] { stays = Main(); })) return FailedStart;
     return stays ? platform::RunMessageLoop() : 0;

@@ -27,6 +27,23 @@ std::string TextOf(HWND form, int control) {
     return text;
 }
 
+void SetTick(HWND form, int control, bool ticked) {
+    CheckDlgButton(form, control, ticked ? BST_CHECKED : BST_UNCHECKED);
+}
+
+bool IsTicked(HWND form, int control) {
+    return IsDlgButtonChecked(form, control) == BST_CHECKED;
+}
+
+int TrackMenu(HMENU menu, HWND owner, POINT place) {
+    SetForegroundWindow(owner);  // a click elsewhere closes the menu of the foreground window only
+    const BOOL command =
+        TrackPopupMenuEx(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, place.x, place.y, owner, nullptr);
+    PostMessageA(owner, WM_NULL, 0, 0);  // without it the next menu closes at once
+    DestroyMenu(menu);
+    return command;
+}
+
 int DpiOf(HWND window) {
     const UINT dpi = GetDpiForWindow(window);
     return dpi == 0 ? USER_DEFAULT_SCREEN_DPI : static_cast<int>(dpi);

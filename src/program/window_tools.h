@@ -26,6 +26,13 @@ void MoveWindowTo(HWND window, int left, int top);  // neither sized nor activat
 void SetText(HWND form, int control, const std::string& text);
 std::string TextOf(HWND form, int control);
 
+// Check boxes and option buttons.
+void SetTick(HWND form, int control, bool ticked);
+bool IsTicked(HWND form, int control);
+
+// Opens a popup menu and takes it away again; the command that was chosen, 0 for none. Pumps while it is open.
+int TrackMenu(HMENU menu, HWND owner, POINT place);
+
 // 96 at 100 percent.
 int DpiOf(HWND window);
 

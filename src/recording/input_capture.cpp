@@ -8,6 +8,7 @@
 #include "platform/boxes.h"
 #include "platform/input.h"
 #include "recording/click_fixups.h"
+#include "recording/hook_watch.h"
 #include "recording/recording_session.h"
 #include "recording/recording_status.h"
 #include "settings/settings.h"
@@ -22,6 +23,9 @@ constexpr std::int32_t SpareWindows = 25;
 // A chain is a kilobyte, and moving many of them would stall the desktop.
 constexpr std::size_t ChainRoom = 65536;
 constexpr std::size_t WindowRoom = 8192;
+
+// So many chains have their memory from the start: 4 MB, in a millisecond or two.
+constexpr std::size_t ChainsReady = 4096;
 
 constexpr std::uint32_t MouseMoveMessage = 0x200;
 
@@ -207,6 +211,7 @@ void Provide(Array& array, std::int32_t capacity) {
 }  // namespace
 
 void OnKeyboardHook(const platform::KeyboardHookRecord& record) {
+    NoteHookCall();
     KeyboardHookProc(HookAction, record);
 }
 
@@ -233,6 +238,7 @@ void KeyboardHookProc(std::int32_t nCode, const platform::KeyboardHookRecord& re
 }
 
 void MouseHookProc(const platform::MouseHookRecord& record) {
+    NoteHookCall();
     if (recordingSession.paused) return;
     if (record.message == MouseMoveMessage && settings.Capture_Mouse_Moves == 0) return;
     if (recordingSession.hookBusy) return;
@@ -272,6 +278,9 @@ void GrowArrays() {
 }
 
 void ReserveWindowArrays() {
-    windowArrays.chains.reserve(windowArrays.chains.size() + ChainRoom);
+    const std::size_t chains = windowArrays.chains.size();
+    windowArrays.chains.reserve(chains + ChainRoom);
+    windowArrays.chains.resize(chains + ChainsReady);  // the system gives memory when it is first written, and that
+    windowArrays.chains.resize(chains);                // takes longer than all else that a hook does by itself
     windowArrays.windows.reserve(windowArrays.windows.size() + WindowRoom);
 }

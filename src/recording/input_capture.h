@@ -21,6 +21,6 @@ void MouseHookProc(const platform::MouseHookRecord& record);
 // Makes the arrays longer whose flag is set; at the end of a hook call, ahead of need.
 void GrowArrays();
 
-// Room for so many signatures and chains that the usual recording never moves them. Only address space: memory is
-// taken as they come.
+// Room for so many signatures and chains that the usual recording never moves them. Address space, but for the first
+// few thousand chains, which have their memory at once.
 void ReserveWindowArrays();

@@ -18,6 +18,7 @@
 #include "platform/tray.h"
 #include "platform/window_services.h"
 #include "recording/click_fixups.h"
+#include "recording/hook_watch.h"
 #include "recording/input_capture.h"
 #include "recording/recording_status.h"
 #include "recording/recording_view.h"
@@ -43,8 +44,8 @@ void RemoveHooks() {
 }
 
 void InstallHooks() {
-    recordingSession.MouseHook = platform::InstallMouseHook(MouseHookProc);
-    recordingSession.KeyboardHook = platform::InstallKeyboardHook(OnKeyboardHook);
+    InstallRecordingHooks();
+    StartHookWatch();
 }
 
 void RemoveLeftOverHooks() {
@@ -90,6 +91,7 @@ void ResetSession(std::int64_t startTick, std::int32_t capacity) {
     session.pausedTotalMs = 0;
     session.scrollLockLeftDown = false;
     session.hookBusy = false;
+    ResetHookWatch();
     ClearClickPairing();
     session.doubleClickTime = session_view::DoubleClickTime();
     session.screen = platform::ScreenSize();
@@ -131,7 +133,7 @@ void Begin() {
     session.program = startProgram;
     if (settings.Display_Recording_Window == 1) ShowStatusForm();
     StartTimer();
-    ShowTrayTip("Recording... Click here to stop recording.");
+    ShowTrayTip(RecordingTip);
     platform::Pump();
     if (session.number == number) StartChosenProgram();
     platform::Pump();
@@ -217,6 +219,11 @@ void StartInsertRecording(std::int64_t startTick, std::vector<WindowSignature> w
     StartTimer();
     InstallHooks();
     if (!recordingSession.MouseHook) platform::ShowBox("Greska2!", ProductName);
+}
+
+void InstallRecordingHooks() {
+    recordingSession.MouseHook = platform::InstallMouseHook(MouseHookProc);
+    recordingSession.KeyboardHook = platform::InstallKeyboardHook(OnKeyboardHook);
 }
 
 void StopRecording() {

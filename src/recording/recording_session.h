@@ -12,6 +12,9 @@
 #include "platform/types.h"
 #include "recording/event_array.h"
 
+// Of the tray icon while a new job is recorded; not translated.
+inline constexpr const char* RecordingTip = "Recording... Click here to stop recording.";
+
 struct RecordingSession {
     EventArray recordingEvents;
     std::int32_t eventCount = 0;  // during capture the index of the newest event, -1 for none; afterwards the number
@@ -55,6 +58,9 @@ void StartRecording();
 // run on from the insertion point. Refused, with a box, while a hook is installed.
 void StartInsertRecording(std::int64_t startTick, std::vector<WindowSignature> windows,
                           std::vector<WindowChain> chains);
+
+// Puts both hooks in, or in again; MouseHook and KeyboardHook tell which of them the system granted.
+void InstallRecordingHooks();
 
 // Ends either kind and hands it over: to the editor, or to the Save As form, which is open until this returns. Ignored
 // when none is running. The caller has unloaded the status form and taken off what the stop itself put into the array.

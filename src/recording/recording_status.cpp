@@ -6,6 +6,7 @@
 #include "identity/window_identity.h"
 #include "platform/clock.h"
 #include "platform/window_services.h"
+#include "recording/hook_watch.h"
 #include "recording/input_capture.h"
 #include "recording/recording_session.h"
 #include "recording/recording_view.h"
@@ -30,6 +31,7 @@ void ShowElapsed(std::int64_t ms) {
 }
 
 std::string InfoText(bool oddTurn) {
+    if (hookWatch.told) return HookNotice();
     if (!recordingSession.paused) return Translate("Pause") + "/" + Translate("Break") + " " + Translate("to stop");
     if (oddTurn) return Translate("Recording paused");
     return Translate("Resume") + " " + Translate("to resume");
@@ -102,6 +104,7 @@ void Command2_MouseUp() {
 
 void OnTimerRecording() {
     ++recordingSession.timerTicks;
+    WatchHooks();
     if (settings.Display_Recording_Window != 1) return;
     Blink();
     if (!recordingSession.paused) ShowElapsed(RecordedTime());

@@ -2,6 +2,9 @@
 // run, and of what is told here only the flag is real.
 #pragma once
 
+// The page on which a job gets its schedules.
+inline constexpr bool SchedulePageExists = false;
+
 struct ScheduleDispatch {
     bool DispatchEnabled = false;  // false until the runs that belong to the computer's start are over
 };

@@ -49,6 +49,11 @@ void TimePickerModel::GotFocus(int field) {
     selectsWhole = true;
 }
 
+void TimePickerModel::LostFocus(int field) {
+    std::string& text = CheckedAt(fields, field, "Time field");
+    text = TwoDigits(text);
+}
+
 void TimePickerModel::MoveFocus(int field) {
     if (field < 0 || field >= FieldCount) return;
     GotFocus(field);

@@ -22,6 +22,7 @@ public:
     bool SelectsWhole() const { return selectsWhole; }  // the box with the focus
 
     void GotFocus(int field);
+    void LostFocus(int field);  // a box that is not complete gets its zero
 
     // The text of the box with the focus was changed, by a backspace or otherwise.
     void TextChanged(const std::string& typed, bool byBackspace);

@@ -159,6 +159,29 @@ TEST(Input, KeysMapToScanCodesAndCharacters) {
     }
 }
 
+// Whether hooks listen or not.
+TEST(Input, TheLastInputIsTimed) {
+    constexpr int coarseMs = 50;
+    contract::AddOwn({.caption = "front"});
+    for (const bool hooked : {false, true}) {
+        if (hooked) {
+            EXPECT_TRUE(platform::InstallKeyboardHook([](const auto&) {}));
+            EXPECT_TRUE(platform::InstallMouseHook([](const auto&) {}));
+        }
+        for (const bool key : {true, false}) {
+            platform::Sleep(3 * coarseMs);
+            const std::int64_t before = platform::TickCount();
+            EXPECT_LT(platform::LastInputTick(), before - coarseMs);
+            key ? Tap(VirtualKeyF9) : SendMoveTo({hooked ? 210 : 310, 220});
+            EXPECT_TRUE(Within(PatienceMs, [&] { return platform::LastInputTick() >= before - coarseMs; }))
+                << key << hooked;
+            EXPECT_LE(platform::LastInputTick(), platform::TickCount() + coarseMs);
+        }
+    }
+    platform::RemoveKeyboardHook();
+    platform::RemoveMouseHook();
+}
+
 // --- Hooks ---
 
 std::vector<platform::KeyboardHookRecord> keysHeard;

@@ -71,9 +71,9 @@ TEST(Surroundings, TheTrayTellsItsWindow) {
     EXPECT_FALSE(platform::AddTrayIcon(form, "tip"));
     RefuseTray(false);
     EXPECT_FALSE(platform::ChangeTrayTip("too early"));
-    EXPECT_TRUE(platform::AddTrayIcon(form, std::string(100, 't')));
+    EXPECT_TRUE(platform::AddTrayIcon(form, std::string(200, 't')));
     EXPECT_FALSE(platform::AddTrayIcon(form, "twice"));
-    EXPECT_EQ(Tray().tip.size(), 63u);
+    EXPECT_EQ(Tray().tip.size(), 127u);
     UserOnTray(0x205);
     EXPECT_TRUE(heard.empty());
     platform::Pump();

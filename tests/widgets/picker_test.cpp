@@ -132,6 +132,14 @@ TEST_F(TimePicker, GoesBackWhenABackspaceEmptiesABox) {
     EXPECT_EQ(picker.Focus(), 0);
 }
 
+TEST_F(TimePicker, CompletesABoxThatIsLeft) {
+    Type("7");
+    EXPECT_EQ(picker.Text(0), "7");
+    picker.LostFocus(0);
+    EXPECT_EQ(picker.Text(0), "07");
+    EXPECT_EQ(picker.Time(), "07:00:00");
+}
+
 TEST_F(TimePicker, ArrowKeysStopAtTheEnds) {
     EXPECT_TRUE(picker.KeyDown(LeftArrow));
     EXPECT_EQ(picker.Focus(), 0);

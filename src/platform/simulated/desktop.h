@@ -187,7 +187,8 @@ void UserHolds(int virtualKey, std::int64_t from, std::int64_t to);
 void UserHoldsEscapeFrom(std::int64_t from, std::int64_t to);
 
 void RefuseHooks(bool refuse = true);
-void DropHooks();  // the system takes them away without a word
+void DropHooks();                           // the system takes them away without a word
+void HideInputFromHooks(bool hide = true);  // as on a locked screen, or for a window of higher privilege
 
 // --- Boxes ---
 

@@ -22,6 +22,7 @@ HandState hand;
 template <class Input>
 void Act(const platform::InputRecord& record, const Input& input) {
     if (hand.blocked) return;
+    NoteInput();
     const auto arrive = [record, input] {
         WriteDown(false, input.time, record);
         Feed(input);

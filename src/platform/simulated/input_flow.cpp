@@ -41,6 +41,8 @@ struct FlowState {
     bool keyboardHookDropped = false;
     bool mouseHookDropped = false;
     bool refusesHooks = false;
+    bool hidesInputFromHooks = false;
+    std::int64_t lastInput = 0;  // ms
     bool keepsJournals = true;
     std::vector<InputEntry> injected;
     std::vector<InputEntry> byHand;
@@ -277,8 +279,13 @@ void WriteDown(bool injected, std::int64_t time, const platform::InputRecord& re
     (injected ? state.injected : state.byHand).push_back({time, window, record, position});
 }
 
+void NoteInput() {
+    State().lastInput = NowMs();
+}
+
 bool HookWaitsFor(std::int32_t inputType) {
     const FlowState& state = State();
+    if (state.hidesInputFromHooks) return false;
     return inputType == platform::InputMouse ? state.mouseHook != nullptr && !state.mouseHookDropped
                                              : state.keyboardHook != nullptr && !state.keyboardHookDropped;
 }
@@ -347,6 +354,10 @@ void DropHooks() {
     State().mouseHookDropped = State().mouseHook != nullptr;
 }
 
+void HideInputFromHooks(bool hide) {
+    State().hidesInputFromHooks = hide;
+}
+
 }  // namespace simulated
 
 namespace platform {
@@ -366,6 +377,10 @@ std::int16_t KeyState(int virtualKey) {
     if (!simulated::IsKey(virtualKey)) return 0;
     const simulated::KeyCell& cell = simulated::CellOf(virtualKey);
     return static_cast<std::int16_t>((cell.down ? -0x80 : 0) | (cell.toggled ? 1 : 0));
+}
+
+std::int64_t LastInputTick() {
+    return State().lastInput;
 }
 
 Point CursorPosition() {

@@ -31,6 +31,9 @@ struct MouseInput {
 void Feed(const KeyInput& input);
 void Feed(const MouseInput& input);
 
+// Every input comes past here first, whether a hook has to be waited for or not.
+void NoteInput();
+
 // Notes a record as it is about to take effect.
 void WriteDown(bool injected, std::int64_t time, const platform::InputRecord& record);
 

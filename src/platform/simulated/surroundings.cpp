@@ -24,7 +24,7 @@ namespace {
 constexpr unsigned HotkeyMessage = 0x312;   // WM_HOTKEY
 constexpr unsigned CopyDataMessage = 0x4A;  // WM_COPYDATA
 constexpr unsigned TrayMessage = 512;
-constexpr std::size_t LongestTip = 63;
+constexpr std::size_t LongestTip = 127;
 
 struct Hotkey {
     WindowHandle window = 0;
@@ -211,6 +211,11 @@ bool ChangeTrayTip(const std::string& tip) {
 
 void RemoveTrayIcon() {
     State().tray = {};
+}
+
+// No shell is ever started anew here.
+bool RestoreTrayIcon() {
+    return State().tray.present;
 }
 
 bool RegisterHotkey(WindowHandle window, int id, int modifiers, int virtualKey) {

@@ -165,6 +165,15 @@ Size ScreenSize() {
     return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
 }
 
+// The age is taken with the system's own count, which wraps after 49 days, and then laid on ours.
+std::int64_t LastInputTick() {
+    LASTINPUTINFO info{};
+    info.cbSize = sizeof info;
+    if (!GetLastInputInfo(&info)) return 0;
+    const DWORD age = GetTickCount() - info.dwTime;
+    return TickCount() - static_cast<std::int64_t>(age);
+}
+
 void BlockInput(bool block) {
     ::BlockInput(block);
 }

@@ -8,12 +8,25 @@
 namespace platform {
 namespace {
 
-std::vector<HWND> modelessForms;
+struct ModelessForm {
+    HWND window;
+    KeyHandler onKey;
+};
+std::vector<ModelessForm> modelessForms;
+
+bool IsFor(const ModelessForm& form, const MSG& message) {
+    return message.hwnd == form.window || IsChild(form.window, message.hwnd);
+}
+
+bool HandledBy(const ModelessForm& form, MSG& message) {
+    if (!IsWindow(form.window)) return false;
+    if (form.onKey != nullptr && IsFor(form, message) && form.onKey(message)) return true;
+    return IsDialogMessageA(form.window, &message);
+}
 
 bool HandledByAForm(MSG& message) {
-    const std::vector<HWND> forms = modelessForms;  // a handler may open or close one
-    return std::any_of(forms.begin(), forms.end(),
-                       [&](HWND form) { return IsWindow(form) && IsDialogMessageA(form, &message); });
+    const std::vector<ModelessForm> forms = modelessForms;  // a handler may open or close one
+    return std::any_of(forms.begin(), forms.end(), [&](const ModelessForm& form) { return HandledBy(form, message); });
 }
 
 void Dispatch(MSG& message) {
@@ -24,13 +37,13 @@ void Dispatch(MSG& message) {
 
 }  // namespace
 
-void AddModelessForm(HWND form) {
+void AddModelessForm(HWND form, KeyHandler onKey) {
     RemoveModelessForm(form);
-    modelessForms.push_back(form);
+    modelessForms.push_back({form, onKey});
 }
 
 void RemoveModelessForm(HWND form) {
-    std::erase(modelessForms, form);
+    std::erase_if(modelessForms, [&](const ModelessForm& each) { return each.window == form; });
 }
 
 int RunMessageLoop() {

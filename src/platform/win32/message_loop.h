@@ -6,8 +6,10 @@
 
 namespace platform {
 
-// A modeless form whose keyboard (Tab, Enter, Esc, mnemonics) the loop is to handle. Removed when it is destroyed.
-void AddModelessForm(HWND form);
+// A modeless form whose keyboard (Tab, Enter, Esc, mnemonics) the loop is to handle. `onKey` sees what is on its way to
+// the form and its controls first, and says whether that was all. Removed when it is destroyed.
+using KeyHandler = bool (*)(const MSG& message);
+void AddModelessForm(HWND form, KeyHandler onKey = nullptr);
 void RemoveModelessForm(HWND form);
 
 // Runs until WM_QUIT and returns its exit code.

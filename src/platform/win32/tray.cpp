@@ -10,7 +10,7 @@ namespace platform {
 namespace {
 
 constexpr UINT CallbackMessage = 512;
-constexpr std::size_t LongestTip = 63;
+constexpr std::size_t LongestTip = 127;
 
 NOTIFYICONDATAA icon{};
 
@@ -30,7 +30,6 @@ void SetTip(const std::string& tip) {
 
 }  // namespace
 
-// Also puts the icon back after the taskbar was restarted, which forgets it.
 bool AddTrayIcon(WindowHandle window, const std::string& tip) {
     icon.cbSize = sizeof icon;
     icon.hWnd = ToHwnd(window);
@@ -51,6 +50,10 @@ bool ChangeTrayTip(const std::string& tip) {
 void RemoveTrayIcon() {
     if (icon.hWnd != nullptr) Shell_NotifyIconA(NIM_DELETE, &icon);
     icon.hWnd = nullptr;
+}
+
+bool RestoreTrayIcon() {
+    return icon.hWnd != nullptr && Shell_NotifyIconA(NIM_ADD, &icon);
 }
 
 }  // namespace platform

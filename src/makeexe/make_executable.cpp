@@ -1,0 +1,3 @@
+#include "makeexe/make_executable.h"
+
+void MakeExecutable(const std::string&) {}

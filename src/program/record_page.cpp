@@ -1,0 +1,147 @@
+#include "program/record_page.h"
+
+#include "dictionary/dictionary.h"
+#include "program/record_page_ids.h"
+#include "program/window_tools.h"
+#include "recording/record_button.h"
+#include "settings/settings.h"
+
+namespace {
+
+struct Option {
+    int control;
+    std::int32_t Settings::*field;
+};
+constexpr Option Options[] = {
+    {record_page_Capture_Mouse_Moves, &Settings::Capture_Mouse_Moves},
+    {record_page_Display_Recording_Window, &Settings::Display_Recording_Window},
+    {record_page_Display_Start_Program_Dialog, &Settings::Display_Start_Program_Dialog},
+    {record_page_display_countdown_check, &Settings::display_countdown_check},
+};
+
+bool IsOption(int control) {
+    for (const Option& option : Options) {
+        if (option.control == control) return true;
+    }
+    return false;
+}
+
+// "Record &New (Ctrl+Shift+N)", the entry of the tray menu, ends in the name of the keys.
+std::string KeysOfRecordNew() {
+    const std::string entry = Translate("Record &New (Ctrl+Shift+N)");
+    const std::size_t open = entry.find('(');
+    const std::size_t close = entry.find(')', open);
+    return close == std::string::npos ? std::string() : entry.substr(open + 1, close - open - 1);
+}
+
+}  // namespace
+
+void RecordPage::Create(HWND mainWindow) {
+    CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(record_page_dialog), mainWindow, DialogThunk,
+                       reinterpret_cast<LPARAM>(this));
+}
+
+void RecordPage::OnInitDialog(HWND page) {
+    window = page;
+    countdown_period.Attach(GetDlgItem(page, record_page_countdown_period));
+    countdown_period.Change = [this] { OnOptionChanged(); };
+    tips.Create(page);
+    SetLooks();
+}
+
+// --- messages ---
+
+INT_PTR CALLBACK RecordPage::DialogThunk(HWND page, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    return Guarded<INT_PTR>(FALSE, [&]() -> INT_PTR {
+        if (message == WM_INITDIALOG) {
+            SetWindowLongPtrA(page, GWLP_USERDATA, lParam);
+            reinterpret_cast<RecordPage*>(lParam)->OnInitDialog(page);
+            return FALSE;  // the focus is the main window's affair
+        }
+        auto* const self = reinterpret_cast<RecordPage*>(GetWindowLongPtrA(page, GWLP_USERDATA));
+        if (self == nullptr || message != WM_COMMAND) return FALSE;
+        return self->OnCommand(LOWORD(wParam), HIWORD(wParam));
+    });
+}
+
+INT_PTR RecordPage::OnCommand(int control, int code) {
+    if (code != BN_CLICKED) return FALSE;
+    if (control == record_page_command3) {
+        ClickCommand3();
+        return TRUE;
+    }
+    if (!IsOption(control)) return FALSE;
+    OnOptionChanged();
+    return TRUE;
+}
+
+void RecordPage::ClickCommand3() {
+    RecordNewJob();
+}
+
+void RecordPage::OnOptionChanged() {
+    if (!optionsShown) return;
+    EnableCountdownPeriod();
+    CopyOptions();
+    SaveSettings();
+}
+
+// --- values ---
+
+void RecordPage::ShowOptions() {
+    optionsShown = false;  // the picker reports the number that it is given
+    for (const Option& option : Options) SetTick(window, option.control, settings.*option.field == 1);
+    countdown_period.SetValue(settings.countdown_period);
+    EnableCountdownPeriod();
+    optionsShown = true;
+}
+
+void RecordPage::CopyOptions() const {
+    if (!optionsShown) return;
+    for (const Option& option : Options) settings.*option.field = IsTicked(window, option.control) ? 1 : 0;
+    settings.countdown_period = countdown_period.Value();
+}
+
+void RecordPage::EnableCountdownPeriod() {
+    const bool counts = IsTicked(window, record_page_display_countdown_check);
+    countdown_period.Enable(counts);
+    EnableWindow(GetDlgItem(window, record_page_countdown_label), counts);
+}
+
+// --- looks ---
+
+void RecordPage::PodesiRjecnik(Mnemonics letters) {
+    const auto caption = [&](int control, const std::string& text) { SetText(window, control, letters.Mark(text)); };
+    SetText(window, record_page_heading, Translate("Record New Job"));
+    SetText(window, record_page_explanation, Translate("Click this button to start recording a new job"));
+    caption(record_page_command3, Translate("Start recording"));
+    SetText(window, record_page_shortcut, KeysOfRecordNew());
+    SetText(window, record_page_stop_hint,
+            Translate("To stop recording press") + " " + Translate("Pause") + "/" + Translate("Break"));
+    SetText(window, record_page_options, Unmarked(Translate("Recording Options")));
+    caption(record_page_Capture_Mouse_Moves, Translate("Capture mouse moves also"));
+    caption(record_page_Display_Recording_Window, Translate("Display recording status window while recording"));
+    caption(record_page_Display_Start_Program_Dialog,
+            Translate("Display start program dialog before recording starts"));
+    caption(record_page_display_countdown_check, Translate("Display countdown before recording starts"));
+    caption(record_page_countdown_label, Translate("Countdown period (seconds)") + ":");
+    tips.Set(record_page_command3, Translate("Click this button to start recording a new job"));
+}
+
+void RecordPage::Focus() const {
+    SetFocus(GetDlgItem(window, record_page_command3));
+}
+
+void RecordPage::OnDpiChanged() {
+    SetLooks();
+}
+
+void RecordPage::SetLooks() {
+    const HFONT old = headingFont;
+    headingFont = FontLike(window, 170, FW_SEMIBOLD);
+    SendDlgItemMessageA(window, record_page_heading, WM_SETFONT, reinterpret_cast<WPARAM>(headingFont), TRUE);
+    if (old != nullptr) DeleteObject(old);
+    const platform::Rect picture = RectangleOf(GetDlgItem(window, record_page_Picture1));
+    SendDlgItemMessageA(window, record_page_Picture1, STM_SETICON,
+                        reinterpret_cast<WPARAM>(ProgramIcon(picture.right - picture.left)), 0);
+}

@@ -1,0 +1,36 @@
+// The page of the main window from which a recording is started, with the options of recordings. A change of an option
+// is saved at once. The record button pumps for as long as the dialogs before a recording are open.
+#pragma once
+
+#include <windows.h>
+
+#include "program/number_picker.h"
+#include "program/tool_tips.h"
+#include "widgets/mnemonics.h"
+
+class RecordPage {
+public:
+    void Create(HWND mainWindow);  // not visible
+    HWND Window() const { return window; }
+
+    void PodesiRjecnik(Mnemonics letters);  // `letters`: those that the main window uses itself
+    void ShowOptions();                     // the options, as the settings have them
+    void CopyOptions() const;               // and back; does nothing before they were shown
+    void Focus() const;
+    void ClickCommand3();  // Enter, anywhere on the page
+    void OnDpiChanged();
+
+private:
+    static INT_PTR CALLBACK DialogThunk(HWND page, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    void OnInitDialog(HWND page);
+    INT_PTR OnCommand(int control, int code);
+    void OnOptionChanged();
+    void EnableCountdownPeriod();
+    void SetLooks();
+
+    HWND window = nullptr;
+    HFONT headingFont = nullptr;
+    NumberPicker countdown_period{1, 10};
+    ToolTips tips;
+    bool optionsShown = false;
+};

@@ -1,0 +1,128 @@
+"""From fingers to a saved job and back to fingers: the real program, driven from outside as a person would."""
+
+import time
+
+import pytest
+from job_reader import KEY, MOUSE, MOVE, NO_WINDOW, read_job
+from person import LEFT, RIGHT, Person
+from wine_desktop import wait_for
+
+PAUSE_KEY = 19
+
+# Clear of the status form, which a window that comes to the front would cover on Wine's screen.
+NOTEPAD_PLACE = (60, 200, 760, 600)
+
+
+@pytest.fixture
+def person(stage):
+    person = Person(stage)
+    yield person
+    person.leave()
+
+
+def stop_by_pause_key(person):
+    person.presses("Pause")
+
+
+def stop_by_button(person):
+    person.clicks("recording_Command1")
+
+
+def stop_by_tray_icon(person):
+    person.clicks_tray_icon()
+
+
+def works_in_notepad_and_a_dialog(person):
+    """Leaves "Help!": writes "Hello", looks for "lo" in the Find dialog and types over it."""
+    left, top = NOTEPAD_PLACE[:2]
+    person.hands.click(left + 300, top + 250)
+    person.types("Hello")
+    person.presses("Control_L", "Home")
+    person.presses("Control_L", "f")
+    find = wait_for(lambda: person.probe.find("#32770", "Find", visible=True))
+    assert find, "Notepad's own dialog did not come up"
+    time.sleep(0.4)
+    person.types("lo\n")
+    person.presses("Escape")
+    assert wait_for(lambda: not person.probe.find("#32770", "Find", visible=True))
+    time.sleep(0.3)
+    person.types("p!")
+
+
+def run_by_button(person):
+    person.clicks("job_page_run_job_button")
+
+
+def run_by_hotkey(person):
+    person.presses("Control_L", "Alt_L", "j")
+
+
+def run_from_tray_menu(person):
+    person.clicks_tray_icon(RIGHT)
+    assert wait_for(lambda: person.probe.find("#32768", visible=True)), "the tray menu did not open"
+    time.sleep(0.3)
+    person.presses("Down")
+    person.presses("Right")
+    person.presses("Return")
+
+
+def check_file(path, description):
+    """What a recording of the work above must look like, whoever wrote it."""
+    job = read_job(path)
+    assert (job.version, job.speed, job.skip_moves, job.repeat, job.safety, job.similar) == (300, 100, 0, 1, 0, 0)
+    assert (job.program, job.description) == ("", description)
+    assert job.duration == job.events[-1].time
+    times = [event.time for event in job.events]
+    assert times == sorted(times)
+    downs = [chr(key) for key, state in job.keys() if state == 0 and 48 <= key <= 90]
+    assert "".join(downs) == "HELLOFLOP1", downs
+    assert PAUSE_KEY not in [key for key, _ in job.keys()]
+    assert job.targets() == {"Untitled - Notepad", "Find"}
+    assert ("", "Edit") in {window[:2] for window in job.windows}
+    for event in job.events:
+        aimed = event.type == KEY and event.key_state in (0, 1) or event.type == MOUSE and event.flags == 0x8002
+        assert (event.chain != NO_WINDOW) == aimed, event
+        assert event.wait == (10 if aimed and event.key_state != 1 else 0) or event.type == MOUSE
+    assert any(event.type == MOUSE and event.flags == MOVE for event in job.events)
+
+
+@pytest.mark.parametrize("stop, runs", [
+    (stop_by_pause_key, [run_by_button, run_by_hotkey, run_from_tray_menu]),
+    (stop_by_button, [run_by_button]),
+    (stop_by_tray_icon, [run_by_button]),
+])
+def test_a_recording_is_saved_and_played(stage, person, stop, runs):
+    notepad = stage.notepad()
+    stage.probe.place(notepad.handle, 1, NOTEPAD_PLACE)
+    program = person.start_program()
+    person.starts_recording()
+    works_in_notepad_and_a_dialog(person)
+    assert notepad.text == "Help!"
+    stop(person)
+    path = person.saves_job_as("first", "says help")
+    check_file(path, "says help")
+    assert list(person.folder.glob("~*")) == []
+    assert (person.desktop / "first.lnk").exists()
+    assert person.text_of("job_page_lista_jobs").startswith("first\nsays help")
+    if run_by_hotkey in runs:
+        assign_hotkey(person)
+    for run in runs:
+        notepad.set_text("")
+        run(person)
+        assert wait_for(lambda: notepad.text == "Help!", 30), (run.__name__, notepad.text)
+        assert wait_for(lambda: stage.main_window().enabled and person.sees("job_page_lista_jobs"), 15)
+        time.sleep(1)  # the last keys of the job come up
+    assert program.poll() is None
+
+
+def assign_hotkey(person):
+    """Ctrl+Alt+J, by keyboard alone, from wherever the focus is."""
+    person.presses("Alt_L", "h")
+    person.presses("Alt_L", "a")
+    for name in ("job_page_hot_ctrl", "job_page_hot_alt"):
+        person.clicks(name)
+    person.clicks("job_page_hot_slovo")
+    person.types("j\n")
+    person.presses("Alt_L", "s")
+    assert wait_for(lambda: not person.waits_for("job_page_button_save_changes").enabled), "saved"
+    assert (person.folder / "settings.binary").exists()

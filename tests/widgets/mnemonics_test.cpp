@@ -1,0 +1,33 @@
+#include "widgets/mnemonics.h"
+
+#include <gtest/gtest.h>
+
+TEST(Mnemonics, EachLetterIsGivenOnce) {
+    struct Case {
+        const char* caption;
+        const char* marked;
+    };
+    // One form, in this order.
+    const Case cases[] = {
+        {"&Save", "&Save"},                               // its own letter
+        {"Start", "S&tart"},                              // S is taken
+        {"&Stop", "St&op"},                               // its own is taken: the mark moves
+        {"Ersetzen und Suchen", "&Ersetzen und Suchen"},  // a word's first letter
+        {"Es", "Es"},                                     // none is left
+        {"Run && hide", "&Run && hide"},                  // an ampersand is no mark
+        {"\xD6"
+         "ffnen mit",
+         "\xD6"
+         "ffnen &mit"},  // letters that need a key of their own are passed over
+        {"C:", "&C:"},
+        {"", ""},
+        {"100 %&", "100 %&"},  // marks nothing
+    };
+    Mnemonics form;
+    for (const Case& each : cases) EXPECT_EQ(form.Mark(each.caption), each.marked) << each.caption;
+}
+
+TEST(Mnemonics, NamesKeepTheirAmpersands) {
+    EXPECT_EQ(Unmarked("R&D && more"), "R&&D &&&& more");
+    EXPECT_EQ(Unmarked("plain"), "plain");
+}
