@@ -120,8 +120,8 @@ void LetSettle(platform::WindowHandle target) {
 // --- the cost ---
 
 // In short turns, so that what else the machine does strikes both alike: 20,000 inputs each in all.
-constexpr int InputsPerTurn = 500;
-constexpr int Turns = 40;
+constexpr int InputsPerTurn = 200;
+constexpr int Turns = 100;
 constexpr double CostLimit = 1.15;
 
 double SendToIdleHooks(const Maker& make) {

@@ -547,6 +547,20 @@ constexpr DictionaryRow rows[] = {
      "Einige Aktionen fehlen möglicherweise. Bitte prüfen Sie die Aufnahme.",
      "Des actions manquent peut-être. Veuillez vérifier l'enregistrement.",
      "Puede que falten acciones. Compruebe la grabación."},
+    {"A name cannot contain tabs, line breaks or any of these characters:",
+     "Ein Name darf keine Tabulatoren, Zeilenumbrüche und keines dieser Zeichen enthalten:",
+     "Un nom ne peut contenir ni tabulation, ni saut de ligne, ni aucun de ces caractères\u00A0:",
+     "Un nombre no puede contener tabulaciones, saltos de línea ni ninguno de estos caracteres:"},
+    {"Windows keeps the name '%1' for one of its devices.",
+     "Windows hat den Namen '%1' für eines seiner Geräte reserviert.",
+     "Windows réserve le nom '%1' à l'un de ses périphériques.",
+     "Windows reserva el nombre '%1' para uno de sus dispositivos."},
+    {"A name cannot end with a dot or a blank.", "Ein Name darf nicht mit einem Punkt oder Leerzeichen enden.",
+     "Un nom ne peut pas se terminer par un point ou une espace.",
+     "Un nombre no puede terminar en punto ni en espacio."},
+    {"The name is too long for a file in this folder.", "Der Name ist zu lang für eine Datei in diesem Ordner.",
+     "Le nom est trop long pour un fichier dans ce dossier.",
+     "El nombre es demasiado largo para un archivo de esta carpeta."},
 };
 static_assert(std::size(rows) <= DictionaryCapacity);
 

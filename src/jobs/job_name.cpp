@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "dictionary/dictionary.h"
 #include "platform/text.h"
 
 namespace {
@@ -44,10 +45,14 @@ std::string IsFileNameForbidden(const std::string& path) {
 }
 
 std::string WhyJobNameIsRefused(const std::string& folder, const std::string& name) {
-    if (HasForbidden(name)) return "A file name cannot contain any of these characters: \\ / : * ? < > | \"";
-    if (HasControl(name)) return "A file name cannot contain tabs, line breaks or other control characters.";
-    if (IsDevice(name)) return "Windows keeps the name '" + name + "' for one of its devices.";
-    if (name.ends_with('.') || name.ends_with(' ')) return "A job's name cannot end with a dot or a blank.";
-    if (JobPathOf(folder, name).size() > LongestPath) return "The name is too long for a file in this folder.";
+    if (HasForbidden(name) || HasControl(name)) {
+        return Translate("A name cannot contain tabs, line breaks or any of these characters:") +
+               " \\ / : * ? < > | \"";
+    }
+    if (IsDevice(name)) return Translate1("Windows keeps the name '%1' for one of its devices.", name);
+    if (name.ends_with('.') || name.ends_with(' ')) return Translate("A name cannot end with a dot or a blank.");
+    if (JobPathOf(folder, name).size() > LongestPath) {
+        return Translate("The name is too long for a file in this folder.");
+    }
     return "";
 }

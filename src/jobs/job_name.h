@@ -12,6 +12,6 @@ std::string JobPathOf(const std::string& folder, const std::string& name);
 // it is good.
 std::string IsFileNameForbidden(const std::string& path);
 
-// Beyond the forbidden characters: what Windows would refuse or quietly change, as a sentence for the user; empty when
-// the name is good. An empty name is none of these.
+// Beyond the forbidden characters: what Windows would refuse or quietly change, as a sentence for the user in their
+// language; empty when the name is good. An empty name is none of these.
 std::string WhyJobNameIsRefused(const std::string& folder, const std::string& name);

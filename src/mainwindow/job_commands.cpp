@@ -1,4 +1,4 @@
-// The commands on the selected job.
+// The commands of the main window.
 
 #include <optional>
 
@@ -12,6 +12,8 @@
 #include "platform/boxes.h"
 #include "platform/files.h"
 #include "platform/pump.h"
+#include "recording/record_button.h"
+#include "recording/recording_state.h"
 #include "replay/run_job.h"
 #include "settings/folders.h"
 
@@ -38,6 +40,11 @@ public:
 };
 
 }  // namespace
+
+void record_new() {
+    if (RecordingActive() || runState.ReplayRunning) return;
+    if (PitajSpremitiPromjene()) RecordNewJob();
+}
 
 void run_job() {
     if (!PitajSpremitiPromjene()) return;

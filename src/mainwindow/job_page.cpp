@@ -145,7 +145,10 @@ void LoadJobPage() {
 
 void Jobs_Edit_Enabled(bool enable) {
     jobPage.jobsEditEnabled = enable;
-    if (!enable) jobPage.button_save_changes = false;
+    if (!enable) {
+        jobPage.button_save_changes = false;
+        jobPage.frameCaption.clear();  // it named a job that is no more
+    }
     job_page_view::Show();
 }
 

@@ -91,6 +91,10 @@ bool SaveChanges();
 // when they were to be saved and could not be: the page should stay with the job.
 bool PitajSpremitiPromjene();
 
+// command3_Click: a new recording, from the record button, the tray menu and Ctrl+Shift+N alike. Changes that are not
+// saved are asked about first, for the list is filled anew after it. Ignored while a recording or a run is under way.
+void record_new();
+
 // The commands on the selected job, of the buttons and of Menu_Jobs. Without a selection they do nothing.
 void run_job();
 void edit_job();

@@ -11,6 +11,7 @@
 #include "program/frame.h"
 #include "program/window_tools.h"
 #include "recording/counter_view.h"
+#include "settings/settings.h"
 
 CounterForm counter;
 
@@ -110,6 +111,7 @@ void CounterForm::OnInitDialog(HWND form) {
     SendDlgItemMessageA(form, counter_number, WM_SETFONT, reinterpret_cast<WPARAM>(numberFont), FALSE);
     SetWindowTextA(form, ProductName);
     PodesiRjecnik();
+    if (settings.countdown_period >= 1) SetText(form, counter_number, std::to_string(settings.countdown_period));
     SetLayeredWindowAttributes(form, FormFrame::LeftOut, Alpha, LWA_COLORKEY | LWA_ALPHA);
     PutInMiddle(form);
 }

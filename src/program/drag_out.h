@@ -4,5 +4,6 @@
 #include <string>
 
 // Offers the file to whatever window the pointer is dropped on, to be copied. The left button is down when this is
-// called; it pumps until the button comes up or the user presses Esc. A file that the shell cannot offer is not dragged.
+// called; it pumps until the button comes up or the user presses Esc. A file that the shell cannot offer is not
+// dragged.
 void DragFileOut(const std::string& path);

@@ -29,6 +29,16 @@ constexpr Panel Panels[] = {
     {job_page_hotkey_FIRST, job_page_hotkey_LAST},
 };
 
+// The panels, as the letters of their captions know them.
+enum : unsigned { SpeedPanel = 1, RepeatPanel = 2, AdvancedPanel = 4, HotkeyPanel = 8 };
+
+// In English the letters are chosen: `marked` is the text with its mark. The dictionary knows it without.
+std::string Caption(const std::string& translated, const std::string& marked) {
+    std::string english = marked;
+    std::erase(english, '&');
+    return translated == english ? marked : translated;
+}
+
 void ShowText(HWND form, int control, const std::string& text) {
     if (TextOf(form, control) != text) SetText(form, control, text);
 }
@@ -369,45 +379,37 @@ void JobPageForm::PosiviSve(bool grey) const {
 
 // --- looks ---
 
-// The order decides who gets a letter that several would like.
 void JobPageForm::PodesiRjecnik(Mnemonics letters) {
-    const auto caption = [&](Mnemonics& of, int control, const std::string& text) {
-        SetText(window, control, of.Mark(text));
+    std::vector<MnemonicCaption> captions = {
+        {job_page_button_save_changes, Caption(Translate("Save Changes"), "&Save Changes")},
+        {job_page_other_option0, Caption(Translate("Speed"), "S&peed")},
+        {job_page_other_option1, Caption(Translate("Repeat"), "&Repeat")},
+        {job_page_other_option2, Caption(Translate("Advanced"), "A&dvanced")},
+        {job_page_other_option3, Caption(Translate("Hotkey"), "&Hotkey")},
+        {job_page_run_job_button, Translate("Run")},
+        {job_page_edit_job_button, Translate("Edit")},
+        {job_page_schedule_job_button, Caption(Translate("Schedule"), "S&chedule")},
+        {job_page_make_exe_button, Translate("Make exe")},
+        {job_page_saved_jobs, Translate("Saved Jobs") + ":"},
+        {job_page_speed_label, Translate("Select replay speed") + ":", SpeedPanel},
+        {job_page_Check6, Translate("Replay job at maximum possible speed"), SpeedPanel},
+        {job_page_Check7, Translate("Skip mouse moves when replaying (increases speed)"), SpeedPanel},
+        {job_page_Command5, Translate("Restore original speed"), SpeedPanel},
+        {job_page_Option1, Translate("Repeat this job"), RepeatPanel},
+        {job_page_Option2, Translate("Over and over again"), RepeatPanel},
+        {job_page_safety_label, Translate("Select safety level for job execution") + ":", AdvancedPanel},
+        {job_page_similiar_window_names,
+         Translate("Allow keyboard and mouse actions on windows with similiar captions if exact cannot be found"),
+         AdvancedPanel},
+        {job_page_assign_hotkey, Caption(Translate("Assign Hotkey for this job"), "&Assign Hotkey for this job"),
+         HotkeyPanel},
+        {job_page_hot_ctrl, Translate("CTRL"), HotkeyPanel},
+        {job_page_hot_shift, "SHIFT", HotkeyPanel},  // the key says so itself
+        {job_page_hot_alt, "ALT", HotkeyPanel},
     };
-    Mnemonics& page = letters;
-    caption(page, job_page_button_save_changes, Translate("Save Changes"));
-    const std::string assign = page.Mark(Translate("Assign Hotkey for this job"));
-    caption(page, job_page_other_option0, Translate("Speed"));
-    caption(page, job_page_other_option1, Translate("Repeat"));
-    caption(page, job_page_other_option2, Translate("Advanced"));
-    caption(page, job_page_other_option3, Translate("Hotkey"));
-    caption(page, job_page_run_job_button, Translate("Run"));
-    caption(page, job_page_edit_job_button, Translate("Edit"));
-    caption(page, job_page_schedule_job_button, Translate("Schedule"));
-    caption(page, job_page_make_exe_button, Translate("Make exe"));
-    caption(page, job_page_saved_jobs, Translate("Saved Jobs") + ":");
-
-    Mnemonics speed = page;
-    caption(speed, job_page_speed_label, Translate("Select replay speed") + ":");
-    caption(speed, job_page_Check6, Translate("Replay job at maximum possible speed"));
-    caption(speed, job_page_Check7, Translate("Skip mouse moves when replaying (increases speed)"));
-    caption(speed, job_page_Command5, Translate("Restore original speed"));
-
-    Mnemonics repeat = page;
-    caption(repeat, job_page_Option1, Translate("Repeat this job"));
-    caption(repeat, job_page_Option2, Translate("Over and over again"));
+    MarkAll(captions, letters);
+    for (const MnemonicCaption& caption : captions) SetText(window, caption.control, caption.text);
     SetText(window, job_page_times, Translate("times"));
-
-    Mnemonics advanced = page;
-    caption(advanced, job_page_safety_label, Translate("Select safety level for job execution") + ":");
-    caption(advanced, job_page_similiar_window_names,
-            Translate("Allow keyboard and mouse actions on windows with similiar captions if exact cannot be found"));
-
-    Mnemonics hotkey = page;
-    SetText(window, job_page_assign_hotkey, assign);
-    caption(hotkey, job_page_hot_ctrl, Translate("CTRL"));
-    caption(hotkey, job_page_hot_shift, "SHIFT");  // the key says so itself
-    caption(hotkey, job_page_hot_alt, "ALT");
     Show();
 }
 

@@ -23,7 +23,7 @@ public:
     void PosiviSve(bool grey) const;
     void OnDpiChanged();
 
-    void OnEnter();                // saves what was changed
+    void OnEnter();                  // saves what was changed
     bool OnKeyDown(int virtualKey);  // before the control with the focus gets it; true when it was for the page
 
 private:
@@ -53,6 +53,6 @@ private:
     ListControl lista_jobs;
     ToolTips tips;
     HFONT boldFont = nullptr;
-    bool showing = false;       // what the controls report meanwhile is our own doing
-    bool speedEdited = false;   // Options_speed holds what was typed, and not yet taken over
+    bool showing = false;      // what the controls report meanwhile is our own doing
+    bool speedEdited = false;  // Options_speed holds what was typed, and not yet taken over
 };

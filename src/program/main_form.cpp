@@ -1,7 +1,6 @@
 #include "program/main_form.h"
 
 #include <commctrl.h>
-#include <uxtheme.h>
 
 #include "dictionary/dictionary.h"
 #include "hotkeys/hotkey_messages.h"
@@ -12,9 +11,9 @@
 #include "mainwindow/tray_events.h"
 #include "platform/tray.h"
 #include "program/main_form_ids.h"
+#include "program/system_look.h"
 #include "program/window_tools.h"
 #include "recording/recording_state.h"
-#include "recording/record_button.h"
 #include "scheduler/exit_request.h"
 #include "settings/settings_view.h"
 #include "shell/command_line.h"
@@ -83,7 +82,7 @@ void MainForm::OnInitDialog(HWND form) {
     InsertTabs();
     recordPage.Create(form);
     jobPageForm.Create(form);
-    for (const HWND each : {recordPage.Window(), jobPageForm.Window()}) EnableThemeDialogTexture(each, ETDT_ENABLETAB);
+    for (const HWND each : {recordPage.Window(), jobPageForm.Window()}) UseTabBackground(each);
     PlacePages();
     ShowPage(page);
     SetPictures();
@@ -280,8 +279,8 @@ void MainForm::OpenTrayMenu() {
 
 void MainForm::RunTrayCommand(int command) {
     if (command == form1_tray_open_tessarine) ToggleFromTray();
-    if (command == form1_tray_exit) ExitProgram([] { QuitProgram(true); });
-    if (command == form1_record_new) RecordNewJob();
+    if (command == form1_tray_exit && PitajSpremitiPromjene()) ExitProgram([] { QuitProgram(true); });
+    if (command == form1_record_new) record_new();
     if (command >= form1_run_last_job) run_last_job(command - form1_run_last_job);
 }
 

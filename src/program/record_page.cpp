@@ -1,9 +1,9 @@
 #include "program/record_page.h"
 
 #include "dictionary/dictionary.h"
+#include "mainwindow/job_page.h"
 #include "program/record_page_ids.h"
 #include "program/window_tools.h"
-#include "recording/record_button.h"
 #include "settings/settings.h"
 
 namespace {
@@ -76,7 +76,7 @@ INT_PTR RecordPage::OnCommand(int control, int code) {
 }
 
 void RecordPage::ClickCommand3() {
-    RecordNewJob();
+    record_new();
 }
 
 void RecordPage::OnOptionChanged() {

@@ -71,6 +71,14 @@ private:
     HGDIOBJ oldBrush;
 };
 
+void DrawCaption(const DRAWITEMSTRUCT& item, const std::string& caption, COLORREF colour) {
+    RECT area = item.rcItem;
+    const UINT hidden = (item.itemState & ODS_NOACCEL) != 0 ? DT_HIDEPREFIX : 0;
+    SetBkMode(item.hDC, TRANSPARENT);
+    SetTextColor(item.hDC, colour);
+    DrawTextA(item.hDC, caption.c_str(), -1, &area, DT_CENTER | DT_VCENTER | DT_SINGLELINE | hidden);
+}
+
 }  // namespace
 
 // --- life ---
@@ -306,30 +314,29 @@ void RecordingForm::DrawIndicator(const DRAWITEMSTRUCT& item) const {
     Ellipse(item.hDC, item.rcItem.left, item.rcItem.top, item.rcItem.right, item.rcItem.bottom);
 }
 
-// A button stands on the edge of the frame: what is left free by its round corners is partly frame, partly nothing.
 void RecordingForm::DrawButton(const DRAWITEMSTRUCT& item) const {
+    PaintBehind(item);
+    const ButtonColours& colours = item.CtlID == recording_Command1 ? StopColours : PauseColours;
+    const bool pressed = (item.itemState & ODS_SELECTED) != 0;
     RECT face = item.rcItem;
+    {
+        const int round = Scaled(window, 8);
+        const PenAndBrush tools(item.hDC, colours.edge, pressed ? colours.pressed : colours.face);
+        RoundRect(item.hDC, face.left, face.top, face.right, face.bottom, round, round);
+    }
+    DrawCaption(item, TextOf(window, static_cast<int>(item.CtlID)), colours.text);
+    if ((item.itemState & ODS_FOCUS) == 0 || (item.itemState & ODS_NOFOCUSRECT) != 0) return;
+    InflateRect(&face, -Scaled(window, 3), -Scaled(window, 3));
+    DrawFocusRect(item.hDC, &face);
+}
+
+// A button stands on the edge of the frame: what is left free by its round corners is partly frame, partly nothing.
+void RecordingForm::PaintBehind(const DRAWITEMSTRUCT& item) const {
     POINT corner{};
     MapWindowPoints(item.hwndItem, window, &corner, 1);
     SetViewportOrgEx(item.hDC, -corner.x, -corner.y, nullptr);
     PaintBackground(item.hDC);
     SetViewportOrgEx(item.hDC, 0, 0, nullptr);
-
-    const ButtonColours& colours = item.CtlID == recording_Command1 ? StopColours : PauseColours;
-    const bool pressed = (item.itemState & ODS_SELECTED) != 0;
-    const int round = Scaled(window, 8);
-    {
-        const PenAndBrush tools(item.hDC, colours.edge, pressed ? colours.pressed : colours.face);
-        RoundRect(item.hDC, face.left, face.top, face.right, face.bottom, round, round);
-    }
-    SetBkMode(item.hDC, TRANSPARENT);
-    SetTextColor(item.hDC, colours.text);
-    const std::string caption = TextOf(window, static_cast<int>(item.CtlID));
-    const UINT hidden = (item.itemState & ODS_NOACCEL) != 0 ? DT_HIDEPREFIX : 0;
-    DrawTextA(item.hDC, caption.c_str(), -1, &face, DT_CENTER | DT_VCENTER | DT_SINGLELINE | hidden);
-    if ((item.itemState & ODS_FOCUS) == 0 || (item.itemState & ODS_NOFOCUSRECT) != 0) return;
-    InflateRect(&face, -Scaled(window, 3), -Scaled(window, 3));
-    DrawFocusRect(item.hDC, &face);
 }
 
 HBRUSH RecordingForm::BrushOf(HDC paper, HWND label) const {

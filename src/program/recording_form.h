@@ -50,6 +50,7 @@ private:
     void PaintBackground(HDC paper) const;
     void DrawIndicator(const DRAWITEMSTRUCT& item) const;
     void DrawButton(const DRAWITEMSTRUCT& item) const;
+    void PaintBehind(const DRAWITEMSTRUCT& item) const;
     HBRUSH BrushOf(HDC paper, HWND label) const;
 
     HWND window = nullptr;

@@ -3,13 +3,13 @@
 #include "hotkeys/hotkey_table.h"
 #include "hotkeys/hotkey_view.h"
 #include "mainwindow/form_visible.h"
+#include "mainwindow/job_page.h"
 #include "program/main_form.h"
-#include "recording/record_button.h"
 #include "recording/session_view.h"
 #include "replay/run_job.h"
 
 void hotkey_view::ClickCommand3() {
-    RecordNewJob();
+    record_new();
 }
 
 namespace session_view {

@@ -1,5 +1,7 @@
 #include "program/system_look.h"
 
+#include <uxtheme.h>
+
 #include "program/window_tools.h"
 #include "win32/system_library.h"
 
@@ -73,6 +75,12 @@ void DrawEditBorder(HWND window) {
     ExcludeClipRect(paper, inside.left, inside.top, inside.right, inside.bottom);
     DrawThemed(window, paper, L"EDIT", EditPart, StateOf(window), whole);
     ReleaseDC(window, paper);
+}
+
+void UseTabBackground(HWND page) {
+    using EnableDialogTexture = HRESULT(WINAPI*)(HWND, DWORD);
+    static const auto enable = platform::SystemFunction<EnableDialogTexture>("uxtheme.dll", "EnableThemeDialogTexture");
+    if (enable != nullptr) enable(page, ETDT_ENABLETAB);
 }
 
 bool HighContrast() {

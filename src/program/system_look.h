@@ -15,6 +15,9 @@ void DrawEditFrame(HWND window, HDC paper, RECT place);
 // Around the client area and the scroll bars of a window with WS_EX_CLIENTEDGE, after the default WM_NCPAINT.
 void DrawEditBorder(HWND window);
 
+// A page in a tab control gets the background that the theme gives to tabs.
+void UseTabBackground(HWND page);
+
 // Whether the user asked for a few strong colours: then only the system's colours are right.
 bool HighContrast();
 

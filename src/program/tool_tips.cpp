@@ -13,9 +13,9 @@ constexpr int WidestTip = 480;  // pixels at 100 percent
 void ToolTips::Create(HWND form) {
     owner = form;
     texts.clear();
-    tips = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP,
-                           CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, form, nullptr,
-                           ProgramInstance(), nullptr);
+    tips =
+        CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, CW_USEDEFAULT,
+                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, form, nullptr, ProgramInstance(), nullptr);
     SendMessageA(tips, TTM_SETMAXTIPWIDTH, 0, MulDiv(WidestTip, DpiOf(form), USER_DEFAULT_SCREEN_DPI));
 }
 

@@ -7,6 +7,7 @@
 #include "identity/window_identity.h"
 #include "platform/boxes.h"
 #include "platform/input.h"
+#include "platform/pump.h"
 #include "recording/click_fixups.h"
 #include "recording/hook_watch.h"
 #include "recording/recording_session.h"
@@ -101,7 +102,7 @@ bool CaptureInto(JobEvent& event, bool byFocus) {
 
 // --- keys ---
 
-void StopFromHook(bool byPauseKey) {
+void StopNow(bool byPauseKey) {
     recordingSession.hookBusy = true;  // what comes in while the form goes away is not recorded
     recordingSession.stoppedByPauseKey = byPauseKey;
     try {
@@ -113,6 +114,15 @@ void StopFromHook(bool byPauseKey) {
         throw;
     }
     recordingSession.hookBusy = false;
+}
+
+// The whole desktop waits for a hook procedure, and the end of a recording goes on until the Save As form is closed. So
+// the hook only makes itself deaf, and the rest is done from the next pump. The session can be over by then.
+void StopSoon() {
+    recordingSession.hookBusy = true;
+    platform::CallFromPump([session = SessionWatch()] {
+        if (!session.Over()) StopNow(true);
+    });
 }
 
 JobEvent KeyEvent(const platform::KeyboardHookRecord& key, std::int32_t state) {
@@ -231,7 +241,8 @@ void KeyboardHookProc(std::int32_t nCode, const platform::KeyboardHookRecord& re
         return;
     }
     const std::int32_t index = TakeSlot();
-    if (recordingStatus.stopRequested || key.vkCode == PauseKey) return StopFromHook(key.vkCode == PauseKey);
+    if (recordingStatus.stopRequested) return StopNow(false);
+    if (key.vkCode == PauseKey) return StopSoon();
     NoteKey(down, state);
     WriteKey(index, key, state);
     GrowArrays();

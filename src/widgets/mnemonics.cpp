@@ -1,6 +1,9 @@
 #include "widgets/mnemonics.h"
 
+#include <algorithm>
 #include <cctype>
+#include <iterator>
+#include <set>
 #include <string_view>
 
 #include "platform/text.h"
@@ -28,27 +31,46 @@ std::size_t FindMark(const std::string& caption) {
     return place + 1 < caption.size() ? place : std::string::npos;
 }
 
-}  // namespace
-
-bool Mnemonics::TryTake(char letter) {
-    const std::string upper = platform::UpperCase(std::string_view(&letter, 1));
-    bool& mark = taken[static_cast<unsigned char>(upper[0])];
-    if (mark) return false;
-    return mark = true;
+// Own marks come before everything.
+std::size_t Choices(const std::string& caption) {
+    if (FindMark(caption) != std::string::npos) return 0;
+    const std::string upper = platform::UpperCase(caption);
+    std::set<char> letters;
+    std::copy_if(upper.begin(), upper.end(), std::inserter(letters, letters.end()), IsPlainLetter);
+    return letters.size();
 }
 
-std::string Mnemonics::Mark(const std::string& caption) {
+}  // namespace
+
+bool Mnemonics::TryTake(char letter, unsigned panels) {
+    const std::string upper = platform::UpperCase(std::string_view(&letter, 1));
+    unsigned& takenWith = taken[static_cast<unsigned char>(upper[0])];
+    if ((takenWith & panels) != 0) return false;
+    takenWith |= panels;
+    return true;
+}
+
+std::string Mnemonics::Mark(const std::string& caption, unsigned panels) {
     const std::size_t mark = FindMark(caption);
-    if (mark != std::string::npos && TryTake(caption[mark + 1])) return caption;
+    if (mark != std::string::npos && TryTake(caption[mark + 1], panels)) return caption;
     std::string text = caption;
     if (mark != std::string::npos) text.erase(mark, 1);
     for (const bool wordsOnly : {true, false}) {
         for (std::size_t place = 0; place < text.size(); ++place) {
             if (!(wordsOnly ? BeginsWord(text, place) : IsPlainLetter(text[place]))) continue;
-            if (TryTake(text[place])) return text.insert(place, 1, '&');
+            if (TryTake(text[place], panels)) return text.insert(place, 1, '&');
         }
     }
     return text;
+}
+
+void MarkAll(std::vector<MnemonicCaption>& captions, Mnemonics& letters) {
+    std::vector<MnemonicCaption*> order;
+    for (MnemonicCaption& caption : captions) order.push_back(&caption);
+    std::stable_sort(order.begin(), order.end(), [](const MnemonicCaption* left, const MnemonicCaption* right) {
+        return Choices(left->text) < Choices(right->text);
+    });
+    for (MnemonicCaption* const caption : order) caption->text = letters.Mark(caption->text, caption->panels);
 }
 
 std::string Unmarked(const std::string& text) {

@@ -14,6 +14,7 @@ ROOT = Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / "tools"), str(Path(__file__).resolve().parent)]
 
 from hands import Hands  # noqa: E402
+from person import Person  # noqa: E402
 from probe import Probe  # noqa: E402
 from stage import Stage  # noqa: E402
 from wine_desktop import OUT, WineDesktop  # noqa: E402
@@ -53,3 +54,10 @@ def stage(wine, probe, hands):
     stage = Stage(wine, probe, hands, OUT / "windows" / "tessarine.exe")
     yield stage
     stage.clear()
+
+
+@pytest.fixture
+def person(stage):
+    person = Person(stage)
+    yield person
+    person.leave()

@@ -10,7 +10,7 @@ from wine_desktop import ROOT, wait_for
 
 # The controls' numbers, by the names that the forms' headers give them.
 IDS = {name: int(number) for header in (ROOT / "src" / "program").glob("*_ids.h")
-       for name, number in re.findall(r"#define (\w+) (\d+)", header.read_text())}
+       for name, number in re.findall(r"#define (\w+?(?<!_FIRST)(?<!_LAST)(?<!_dialog)) (\d+)", header.read_text())}
 
 TRAY_ICON = (1269, 1014)
 KEY_NAMES = {" ": "space", ".": "period", "\n": "Return", "-": "minus", "!": "exclam"}
@@ -31,6 +31,15 @@ class Person:
         shutil.rmtree(self.folder, ignore_errors=True)
         for link in self.desktop.glob("*.lnk"):
             link.unlink()
+
+    def speaks(self, language):
+        """Chooses the program's language, for its next start."""
+        assert self.stage.wine.run("reg", "add", "HKCU\\Software\\Tessarine", "/v", "Language", "/d", language, "/f") == 0
+
+    def puts_job(self, name, **options):
+        job = self.stage.job(**options)
+        job.move(100, 100)
+        return job.write(self.folder / f"{name}.tsj")
 
     def start_program(self, *words):
         program = self.stage.tessarine(*words)
@@ -61,6 +70,28 @@ class Person:
     def waits_for_end_of(self, name, seconds=15):
         assert wait_for(lambda: self.sees(name) is None, seconds), f"{name} stays"
 
+    def visible_controls(self, form):
+        """The form's controls at every depth, as far as they are seen."""
+        windows = self.probe.windows()
+        found, parents = [], {form.handle}
+        for window in windows:
+            if window.visible and window.parent in parents:
+                found.append(window)
+                parents.add(window.handle)
+        return found
+
+    def focus(self):
+        """The name of the control that has the keyboard; a part of one counts as the whole."""
+        windows = {window.handle: window for window in self.probe.windows()}
+        window = windows.get(self.probe.ask("focus"))
+        names = {number: name for name, number in IDS.items()}
+        while window and window.control_id not in names:
+            window = windows.get(window.parent)
+        return window and names[window.control_id]
+
+    def box(self, title=None):
+        return wait_for(lambda: self.stage.box(title), 10) or pytest.fail(f"no box {title or ''}")
+
     def text_of(self, name):
         return self.probe.text(self.waits_for(name).handle).replace("\r\n", "\n")
 
@@ -75,6 +106,12 @@ class Person:
 
     def clicks_tray_icon(self, button=LEFT):
         self.hands.click(*TRAY_ICON, button)
+
+    def clicks_menu_entry(self, from_bottom):
+        """An entry of the menu that is open; 0 is the last."""
+        left, _, right, bottom = wait_for(lambda: self.probe.find("#32768", visible=True)).rect
+        time.sleep(0.3)
+        self.hands.click((left + right) // 2, bottom - 10 - 16 * from_bottom)
 
     def types(self, text):
         for character in text:

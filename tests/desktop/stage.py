@@ -104,7 +104,7 @@ class Stage:
         """A message box of the program, with its texts, or None."""
         main = self.main_window()
         for window in self.probe.windows():
-            if (window.class_name == "#32770" and window.visible and (title is None or window.caption == title)
+            if (window.class_name == "#32770" and window.visible and window.caption == (title or window.caption) != ""
                     and (main is None or window.process == main.process)
                     and any(child.class_name == "Button" for child in self.children(window))):
                 return window

@@ -4,20 +4,13 @@ import time
 
 import pytest
 from job_reader import KEY, MOUSE, MOVE, NO_WINDOW, read_job
-from person import LEFT, RIGHT, Person
+from person import RIGHT
 from wine_desktop import wait_for
 
 PAUSE_KEY = 19
 
 # Clear of the status form, which a window that comes to the front would cover on Wine's screen.
 NOTEPAD_PLACE = (60, 200, 760, 600)
-
-
-@pytest.fixture
-def person(stage):
-    person = Person(stage)
-    yield person
-    person.leave()
 
 
 def stop_by_pause_key(person):

@@ -65,7 +65,7 @@ TEST_F(SaveAs, RefusesNamesThatNoFileCanHave) {
         {"CON", "one of its devices"},      {"nul.old", "one of its devices"},  {"Aux ", "one of its devices"},
         {"com1", "one of its devices"},     {"LPT9.x.y", "one of its devices"}, {"com\xB2", "one of its devices"},
         {"job.", "end with a dot"},         {"job ", "end with a dot"},         {"..", "end with a dot"},
-        {"a\tb", "control characters"},     {"sub\\job", "any of these"},       {"..\\job", "any of these"},
+        {"a\tb", "tabs, line breaks"},      {"sub\\job", "any of these"},       {"..\\job", "any of these"},
         {std::string(260, 'x'), "too long"}};
     for (const auto& [name, why] : explained) {
         EXPECT_EQ(SaveJobAs(name, "", recorded), SaveAsOutcome::NameWrong) << name;

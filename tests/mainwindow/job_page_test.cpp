@@ -7,6 +7,7 @@
 #include "library/job_library.h"
 #include "platform/simulated/desktop.h"
 #include "platform/simulated/files.h"
+#include "recording/recording_session.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
 #include "support/job_page_view_stand_in.h"
@@ -259,6 +260,24 @@ TEST_F(JobPageRules, StayWithAJobWhoseChangesAreRefused) {
     EXPECT_THAT(jobPageViewStandIn.calls, testing::Not(Contains("menu")));
     EXPECT_THAT(shellStandIn.calls, IsEmpty());
     EXPECT_TRUE(jobPage.hotkey.assign_hotkey);
+}
+
+// The list is filled anew after a recording, and what is not saved would go with it.
+TEST_F(JobPageRules, AskAboutChangesBeforeARecording) {
+    settings.Display_Recording_Window = 1;
+    ChooseTakenHotkey();
+    simulated::AnswerNextBox({.yes = true});
+    record_new();
+    EXPECT_FALSE(recordingSession.running) << "the changes were to be saved, and were refused";
+    SetSpeed(42);
+    simulated::AnswerNextBox({.yes = false});
+    record_new();
+    EXPECT_TRUE(recordingSession.running);
+    EXPECT_EQ(Saved("b").speed, 100);
+    const std::size_t boxes = simulated::ShownBoxes().size();
+    SetSpeed(43);
+    record_new();
+    EXPECT_EQ(simulated::ShownBoxes().size(), boxes) << "nothing is asked in the middle of a recording";
 }
 
 TEST_F(JobPageRules, OpenTheMenuOnTheRowUnderTheRightButton) {

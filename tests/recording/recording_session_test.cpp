@@ -121,6 +121,24 @@ TEST_F(RecordingSessionTest, PauseBreakEndsItAndIsNoPartOfIt) {
     EXPECT_EQ(job.Events[0].WindowChainIndex, 0);
 }
 
+// The whole desktop waits for a hook procedure.
+TEST_F(RecordingSessionTest, TheHookDoesNotWaitForTheEndOfTheRecording) {
+    Start();
+    Key('A', 0);
+    Key(PauseBreak, 0);
+    EXPECT_TRUE(recordingSession.running);
+    Key('B', 0);
+    Mouse(0x201, {5, 5});
+    platform::Pump();
+    ASSERT_EQ(saved.size(), 1U);
+    EXPECT_THAT(NamesOf(saved[0].Events), ElementsAre("A down"));
+    Start();
+    Key(PauseBreak, 0);
+    StopRecordingFromTray();
+    platform::Pump();
+    EXPECT_EQ(saved.size(), 2U) << "both ways at once end it once";
+}
+
 TEST_F(RecordingSessionTest, TheStopButtonLeavesNoTraceOfItsClick) {
     StartShown();
     recordingSession.stoppedByPauseKey = true;

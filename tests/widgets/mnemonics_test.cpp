@@ -1,6 +1,6 @@
 #include "widgets/mnemonics.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 TEST(Mnemonics, EachLetterIsGivenOnce) {
     struct Case {
@@ -25,6 +25,24 @@ TEST(Mnemonics, EachLetterIsGivenOnce) {
     };
     Mnemonics form;
     for (const Case& each : cases) EXPECT_EQ(form.Mark(each.caption), each.marked) << each.caption;
+}
+
+TEST(Mnemonics, CaptionsThatAreNeverSeenTogetherMayShareALetter) {
+    Mnemonics form;
+    EXPECT_EQ(form.Mark("Speed", 1), "&Speed");
+    EXPECT_EQ(form.Mark("Safety", 2), "&Safety");
+    EXPECT_EQ(form.Mark("Save"), "S&ave");
+    EXPECT_EQ(form.Mark("As", 1), "As");
+}
+
+TEST(Mnemonics, TheOneWithTheFewestLettersChoosesFirst) {
+    Mnemonics form;
+    std::vector<MnemonicCaption> captions = {
+        {1, "Assign a letter to it"}, {2, "A"}, {3, "Low", 1}, {4, "ALT", 2}, {5, "&Later on"}};
+    MarkAll(captions, form);
+    std::vector<std::string> texts;
+    for (const MnemonicCaption& caption : captions) texts.push_back(caption.text);
+    EXPECT_THAT(texts, testing::ElementsAre("Assign a letter to &it", "&A", "L&ow", "AL&T", "&Later on"));
 }
 
 TEST(Mnemonics, NamesKeepTheirAmpersands) {

@@ -227,6 +227,10 @@ void Pump() {
     }
 }
 
+void CallFromPump(std::function<void()> call) {
+    simulated::Post(std::move(call));
+}
+
 TimerId StartTimer(int intervalMs, std::function<void()> handler) {
     return static_cast<TimerId>(simulated::Every(intervalMs, std::move(handler)));
 }

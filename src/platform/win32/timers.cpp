@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 
+#include "platform/pump.h"
 #include "win32/failure_guard.h"
 #include "win32/handles.h"
 
@@ -38,6 +40,14 @@ void StopTimer(TimerId timer) {
     if (found == timers.end()) return;
     KillTimer(nullptr, found->first);
     timers.erase(found);
+}
+
+void CallFromPump(std::function<void()> call) {
+    const auto timer = std::make_shared<TimerId>(0);
+    *timer = StartTimer(1, [timer, once = std::move(call)] {
+        StopTimer(*timer);
+        once();
+    });
 }
 
 }  // namespace platform

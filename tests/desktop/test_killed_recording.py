@@ -1,0 +1,92 @@
+"""A recording that comes to a bad end: the program is killed, or Windows keeps input from it."""
+
+import os
+import signal
+import time
+
+from job_reader import read_job
+from wine_desktop import wait_for
+
+NOTEPAD_PLACE = (60, 200, 760, 600)  # clear of the status form
+NOTICE = "Some actions may be missing. Please check the recording."
+
+
+def notepad_in_front(stage):
+    notepad = stage.notepad()
+    stage.probe.place(notepad.handle, 1, NOTEPAD_PLACE)
+    return notepad
+
+
+def starts_recording(person):
+    """By the shortcut, which works on every page."""
+    person.presses("Control_L", "Shift_L", "n")
+    person.waits_for("recording_Command1", 30)
+    time.sleep(0.5)
+
+
+def clicks_into_notepad(person):
+    left, top = NOTEPAD_PLACE[:2]
+    person.hands.click(left + 300, top + 250)
+
+
+def typed(job):
+    return "".join(chr(key) for key, state in job.keys() if state == 0)
+
+
+def files_of(person):
+    return {path.name: path.read_bytes() for path in person.folder.iterdir()}
+
+
+def test_a_killed_recording_leaves_nothing_behind(stage, person):
+    notepad = notepad_in_front(stage)
+    person.puts_job("kept")
+    program = person.start_program()
+    before = files_of(person)
+    starts_recording(person)
+    clicks_into_notepad(person)
+    person.types("abc")
+    stage.hands.press("d")
+    stage.end(program)
+    stage.hands.release("d")
+
+    began = time.monotonic()
+    person.types("efghij")
+    assert notepad.holds("abcdefghij")
+    assert time.monotonic() - began < 5, "no hook is left that input has to wait for"
+    assert stage.probe.ask("keys") == []
+    assert files_of(person) == before
+
+    again = person.start_program()
+    assert stage.box() is None
+    assert person.text_of("job_page_lista_jobs").startswith("kept")
+    starts_recording(person)
+    clicks_into_notepad(person)
+    person.types("xyz")
+    person.presses("Pause")
+    job = read_job(person.saves_job_as("after"))
+    assert typed(job) == "XYZ"
+    assert job.targets() == {"Untitled - Notepad"}
+    assert notepad.holds("abcdefghijxyz")
+    assert again.poll() is None
+
+
+def test_input_that_no_hook_heard_is_told(stage, person):
+    """The program stands still for so long that the system passes its hooks over."""
+    notepad = notepad_in_front(stage)
+    program = person.start_program()
+    starts_recording(person)
+    clicks_into_notepad(person)
+    person.types("abc")
+    assert person.text_of("recording_label_info") != NOTICE
+    os.kill(program.pid, signal.SIGSTOP)
+    person.types("d")
+    time.sleep(8)  # none of it waits for the program any more
+    os.kill(program.pid, signal.SIGCONT)
+    assert wait_for(lambda: person.text_of("recording_label_info") == NOTICE, 10)
+    time.sleep(2.5)
+    assert person.text_of("recording_label_info") == NOTICE, "it stays"
+    person.types("hij")
+    person.presses("Pause")
+    job = read_job(person.saves_job_as("gap"))
+    assert typed(job) == "ABCHIJ"
+    assert notepad.holds("abcdhij")
