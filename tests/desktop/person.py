@@ -13,7 +13,9 @@ IDS = {name: int(number) for header in (ROOT / "src" / "program").glob("*_ids.h"
        for name, number in re.findall(r"#define (\w+?(?<!_FIRST)(?<!_LAST)(?<!_dialog)) (\d+)", header.read_text())}
 
 TRAY_ICON = (1269, 1014)
-KEY_NAMES = {" ": "space", ".": "period", "\n": "Return", "-": "minus", "!": "exclam"}
+KEY_NAMES = {" ": "space", ".": "period", "\n": "Return", "-": "minus", "!": "exclam",
+             "*": "asterisk", "?": "question"}
+SHIFTED = "!*?"
 LEFT, RIGHT = 1, 3
 
 
@@ -115,10 +117,11 @@ class Person:
 
     def types(self, text):
         for character in text:
-            if character.isupper() or character == "!":
+            shifted = character.isupper() or character in SHIFTED
+            if shifted:
                 self.hands.press("Shift_L")
             self.hands.tap(KEY_NAMES.get(character, character), 20)
-            if character.isupper() or character == "!":
+            if shifted:
                 self.hands.release("Shift_L")
             time.sleep(0.03)
 

@@ -1,5 +1,6 @@
 """From fingers to a saved job and back to fingers: the real program, driven from outside as a person would."""
 
+import shutil
 import time
 
 import pytest
@@ -119,3 +120,87 @@ def assign_hotkey(person):
     person.presses("Alt_L", "s")
     assert wait_for(lambda: not person.waits_for("job_page_button_save_changes").enabled), "saved"
     assert (person.folder / "settings.binary").exists()
+
+
+def record_a_key(person):
+    """A short recording with the key "a" in it, up to the Save As form."""
+    person.clicks("record_page_display_countdown_check")
+    person.starts_recording()
+    person.types("a")
+    stop_by_pause_key(person)
+    person.waits_for("Save_As_Form_name")
+    time.sleep(0.3)
+
+
+def answers_box(person):
+    """OK, to a box of the program; what it said."""
+    text = person.stage.box_text(person.box("Tessarine"))
+    person.presses("Return")
+    assert wait_for(lambda: person.stage.box("Tessarine") is None)
+    return text
+
+
+def test_names_that_no_file_can_have(stage, person):
+    """Each is refused in a sentence, what was typed stays, and the recording is saved under a good name all the same."""
+    person.start_program()
+    record_a_key(person)
+    person.presses("Tab")
+    person.types("described")
+    person.presses("Shift_L", "Tab")
+    for name, sentence in (("con", "'con'"), ("lpt1.x", "'lpt1.x'"), ("dot.", "dot"), (" ", "valid file name"),
+                           ("q*", "valid file name")):
+        person.presses("Control_L", "a")
+        person.types(name)
+        person.presses("Return")
+        told = answers_box(person)
+        assert sentence in told, told
+        assert person.text_of("Save_As_Form_name") == name
+    assert list(person.folder.glob("*.tsj")) == []
+    person.presses("Control_L", "a")
+    path = person.saves_job_as("good name")
+    job = read_job(path)
+    assert job.description == "described"
+    assert [key for key in job.keys() if key[0] == ord("A")] == [(ord("A"), 0), (ord("A"), 2)]
+
+
+def test_a_file_that_cannot_be_written(stage, person):
+    person.start_program()
+    record_a_key(person)
+    shutil.rmtree(person.folder)
+    person.folder.write_bytes(b"no folder any more")
+    person.types("first")
+    person.presses("Return")
+    assert "first.tsj" in answers_box(person)
+    person.folder.unlink()
+    person.folder.mkdir()
+    assert person.text_of("Save_As_Form_name") == "first"
+    person.presses("Control_L", "a")
+    assert read_job(person.saves_job_as("second")).keys()
+
+
+def test_pause_and_resume(stage, person):
+    """What is typed during a pause is no part of the job, and the pause takes no time in it."""
+    notepad = stage.notepad()
+    stage.probe.place(notepad.handle, 1, NOTEPAD_PLACE)
+    person.start_program()
+    person.clicks("record_page_display_countdown_check")
+    person.starts_recording()
+    person.hands.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250)
+    person.types("ab")
+    person.clicks("recording_Command2")
+    assert wait_for(lambda: person.text_of("recording_Label1") == "PAUSED")
+    person.hands.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250)
+    person.types("xy")
+    stop_by_pause_key(person)  # means nothing now
+    time.sleep(2.5)
+    person.clicks("recording_Command2")
+    assert wait_for(lambda: person.text_of("recording_Label1") == "Recording")
+    assert wait_for(lambda: person.probe.ask("foreground") == notepad.handle), "Notepad has the keyboard again"
+    time.sleep(0.3)
+    person.types("cd")
+    stop_by_button(person)
+    job = read_job(person.saves_job_as("paused"))
+    assert [chr(key) for key, state in job.keys() if state == 0] == list("ABCD")
+    downs = [event.time for event in job.events if event.type == KEY and event.key_state == 0]
+    assert downs[2] - downs[1] < 2500
+    assert notepad.holds("abxycd")
