@@ -1,6 +1,8 @@
 #include "library/job_shortcut.h"
 
+#include "dictionary/dictionary.h"
 #include "jobs/job_file.h"
+#include "platform/boxes.h"
 #include "platform/files.h"
 #include "platform/shortcut.h"
 #include "settings/folders.h"
@@ -25,16 +27,29 @@ std::string BytesOf(const std::string& path) {
     return file.Read(bytes.data(), length) == length ? bytes : "";
 }
 
+// The path stands among the link's bytes as plain text; there is no need to understand the rest.
+bool PointsAt(const std::string& link, const std::string& jobPath) {
+    return BytesOf(link).find(jobPath) != std::string::npos;
+}
+
+// A shortcut of the user's own may have the job's name.
+bool MayBeWritten(const std::string& link, const std::string& jobPath) {
+    if (!platform::FileExists(link) || PointsAt(link, jobPath)) return true;
+    return platform::AskYesNo(
+        Translate("File") + " \"" + link + "\" " + Translate("already exists") + ". " + Translate("Overwrite") + "?",
+        Translate("Overwrite") + "?");
+}
+
 }  // namespace
 
 void CreateJobShortcut(const std::string& jobPath, const std::string& desktopFolder, const std::string& jobName) {
     if (jobPath.empty() || desktopFolder.empty()) return;
+    if (!MayBeWritten(LinkPath(desktopFolder, jobName), jobPath)) return;
     platform::WriteShortcut(LinkPath(desktopFolder, jobName),
                             {jobPath, folders.DataFolder, DescriptionOf(jobPath, jobName)});
 }
 
 void DeleteJobShortcut(const std::string& jobPath, const std::string& desktopFolder, const std::string& jobName) {
     const std::string link = LinkPath(desktopFolder, jobName);
-    // The path stands among the link's bytes as plain text; there is no need to understand the rest.
-    if (BytesOf(link).find(jobPath) != std::string::npos) platform::RemoveFile(link);
+    if (PointsAt(link, jobPath)) platform::RemoveFile(link);
 }

@@ -1,10 +1,11 @@
 // The shortcut to a job on the user's desktop. It points at the job's file; what opens the file is the shell's affair.
-// A shortcut that cannot be made or read is not spoken of. Nothing here pumps.
+// A shortcut that cannot be made or read is not spoken of.
 #pragma once
 
 #include <string>
 
-// Writes "<desktopFolder>\<jobName>.lnk". Does nothing without a path or a folder.
+// Writes "<desktopFolder>\<jobName>.lnk". Does nothing without a path or a folder. Asks before it takes the place of one
+// that is made for another target, and pumps meanwhile.
 void CreateJobShortcut(const std::string& jobPath, const std::string& desktopFolder, const std::string& jobName);
 
 // Deletes the desktop's shortcut of this name if it points at the job: one of the same name may be made for another

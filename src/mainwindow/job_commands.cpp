@@ -7,6 +7,7 @@
 #include "editor/edit_job.h"
 #include "library/job_library.h"
 #include "library/job_shortcut.h"
+#include "mainwindow/form_view.h"
 #include "mainwindow/job_page.h"
 #include "mainwindow/job_page_view.h"
 #include "platform/boxes.h"
@@ -42,7 +43,7 @@ public:
 }  // namespace
 
 void record_new() {
-    if (RecordingActive() || runState.ReplayRunning) return;
+    if (RecordingActive() || runState.ReplayRunning || !form_view::IsEnabled()) return;
     if (PitajSpremitiPromjene()) RecordNewJob();
 }
 

@@ -166,7 +166,10 @@ std::string SpeedTip(std::int32_t percent) {
     return Translate1("%1 times slower than original", HundredthsText(factor));
 }
 
+// Moved to its end, the slider ticks Check6, which remembers the value of that moment: clearing it gives the normal
+// speed then.
 void SetSpeed(std::int32_t percent) {
+    if (percent >= MaximumSpeed && !jobPage.Check6) jobPage.sliderTag = MaximumSpeed;
     PutSpeed(std::clamp(percent, 1, MaximumSpeed));
     NoteChange();
 }
@@ -174,6 +177,7 @@ void SetSpeed(std::int32_t percent) {
 void ClickMaximumSpeed(bool ticked) {
     if (ticked) {
         jobPage.sliderTag = jobPage.Slider1;
+        jobPage.Check6 = true;
         return SetSpeed(MaximumSpeed);
     }
     SetSpeed(jobPage.sliderTag == MaximumSpeed ? NormalSpeed : jobPage.sliderTag);
@@ -270,6 +274,6 @@ bool PitajSpremitiPromjene() {
         return SaveChanges();
     }
     jobPage.button_save_changes = false;
-    job_page_view::Show();
+    ShowJob(row);  // the changes go from the page too: a later save must not write them
     return true;
 }

@@ -92,7 +92,8 @@ bool SaveChanges();
 bool PitajSpremitiPromjene();
 
 // command3_Click: a new recording, from the record button, the tray menu and Ctrl+Shift+N alike. Changes that are not
-// saved are asked about first, for the list is filled anew after it. Ignored while a recording or a run is under way.
+// saved are asked about first, for the list is filled anew after it. Ignored while a recording or a run is under way, or a
+// box is open.
 void record_new();
 
 // The commands on the selected job, of the buttons and of Menu_Jobs. Without a selection they do nothing.

@@ -30,14 +30,16 @@ void TellMissing(const std::string& path) {
 
 void FillRecentJobsMenu() {
     DropRecentJobs([](const std::string& path) { return path.empty() || !platform::FileExists(path); });
-    recentMenu.run_last_job.clear();
+    recentMenu = {};
     for (const std::string& path : settings.RecentJobs) {
-        if (!path.empty()) recentMenu.run_last_job.push_back(BaseName(path));
+        if (path.empty()) continue;
+        recentMenu.run_last_job.push_back(BaseName(path));
+        recentMenu.paths.push_back(path);
     }
 }
 
 void run_last_job(int item) {
-    const std::string path = CheckedAt(settings.RecentJobs, item, "Recent job");
+    const std::string path = CheckedAt(recentMenu.paths, item, "Recent job");
     if (platform::FileExists(path)) {
         RunJob(path, 0, "", false);
         return;

@@ -6,7 +6,8 @@
 #include <vector>
 
 struct RecentMenu {
-    std::vector<std::string> run_last_job;  // captions, at most five; an item's place is its place in RecentJobs
+    std::vector<std::string> run_last_job;  // captions, at most five
+    std::vector<std::string> paths;         // of the same jobs: a run changes RecentJobs while the menu is open
 };
 extern RecentMenu recentMenu;
 

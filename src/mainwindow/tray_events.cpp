@@ -33,7 +33,9 @@ void ToggleFromTray() {
 
 void OnTrayMessage(unsigned message) {
     if (message != TrayLeftDown && message != TrayLeftDoubleClick && message != TrayRightUp) return;
-    if (RecordingActive()) return StopRecordingFromTray();
+    if (RecordingActive()) {
+        return StopRecordingFromTray(message == TrayRightUp ? TrayButton::Right : TrayButton::Left);
+    }
     if (message == TrayLeftDoubleClick) OnDoubleClick();
     if (message == TrayRightUp && InterfaceIsFree()) form_view::OpenTrayMenu();
 }

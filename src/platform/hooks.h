@@ -29,12 +29,15 @@ struct MouseHookRecord {
     std::uint32_t dwExtraInfo = 0;
 };
 
+// Each call tells of one input. Other programs' hooks hear of a key when the procedure says PassKeyOn, and of nothing
+// that the mouse does; the input itself always goes on to its window.
 using KeyboardHook = void (*)(const KeyboardHookRecord&);
 using MouseHook = void (*)(const MouseHookRecord&);
 
 // False when the system refuses. At most one hook of each kind; installing again replaces the procedure.
 bool InstallKeyboardHook(KeyboardHook procedure);
 bool InstallMouseHook(MouseHook procedure);
+void PassKeyOn();  // CallNextHookEx; from within a call of the keyboard's procedure, else nothing happens
 void RemoveKeyboardHook();
 void RemoveMouseHook();
 bool KeyboardHookInstalled();

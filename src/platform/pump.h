@@ -10,7 +10,7 @@ namespace platform {
 void Pump();
 
 // Calls once, from a pump within some milliseconds, for a caller that must return at once (a hook procedure). A
-// RuntimeFailure that comes out of it is shown in a box by the desktop.
+// RuntimeFailure that comes out of it is shown in a box by the desktop. A memory failure when the system refuses.
 void CallFromPump(std::function<void()> call);
 
 }  // namespace platform

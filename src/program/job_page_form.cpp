@@ -8,6 +8,7 @@
 #include "mainwindow/job_page.h"
 #include "makeexe/make_executable.h"
 #include "program/drag_out.h"
+#include "program/form_thunk.h"
 #include "program/job_page_ids.h"
 #include "program/window_tools.h"
 #include "scheduler/schedule_list.h"
@@ -76,17 +77,18 @@ void Enable(HWND form, int control, bool enable) {
 // --- life ---
 
 void JobPageForm::Create(HWND mainWindow) {
-    CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(job_page_dialog), mainWindow, DialogThunk,
+    CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(job_page_dialog), mainWindow, FormThunk<JobPageForm>,
                        reinterpret_cast<LPARAM>(this));
 }
 
-void JobPageForm::OnInitDialog(HWND page) {
+bool JobPageForm::OnInitDialog(HWND page) {
     window = page;
     SendMessageA(Control(job_page_Slider1), TBM_SETRANGE, FALSE, MAKELPARAM(1, MaximumSpeed));
     SendMessageA(Control(job_page_Slider1), TBM_SETPAGESIZE, 0, SliderPage);
     SendMessageA(Control(job_page_slider_safety_level), TBM_SETRANGE, FALSE, MAKELPARAM(0, SafetyLow));
     SendMessageA(Control(job_page_slider_safety_level), TBM_SETPAGESIZE, 0, 1);
-    SendMessageA(Control(job_page_updown2), UDM_SETRANGE32, 0, MaximumSpeed);
+    SendMessageA(Control(job_page_updown2), UDM_SETRANGE32, 0, 2);  // it only tells which arrow: there is always room
+    SendMessageA(Control(job_page_updown2), UDM_SETPOS32, 0, 1);
     SendMessageA(Control(job_page_Options_speed), EM_LIMITTEXT, 8, 0);
     SendMessageA(Control(job_page_options_repeat), EM_LIMITTEXT, 8, 0);
     for (int letter = 0; letter < LetterCount; ++letter) {
@@ -98,21 +100,10 @@ void JobPageForm::OnInitDialog(HWND page) {
     tips.Create(page);
     SetFonts();
     Show();
+    return false;  // the focus is the main window's affair
 }
 
 // --- messages ---
-
-INT_PTR CALLBACK JobPageForm::DialogThunk(HWND page, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    return Guarded<INT_PTR>(FALSE, [&]() -> INT_PTR {
-        if (message == WM_INITDIALOG) {
-            SetWindowLongPtrA(page, GWLP_USERDATA, lParam);
-            reinterpret_cast<JobPageForm*>(lParam)->OnInitDialog(page);
-            return FALSE;  // the focus is the main window's affair
-        }
-        auto* const self = reinterpret_cast<JobPageForm*>(GetWindowLongPtrA(page, GWLP_USERDATA));
-        return self == nullptr ? FALSE : self->OnDialogMessage(message, wParam, lParam);
-    });
-}
 
 INT_PTR JobPageForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {

@@ -27,8 +27,9 @@ public:
     bool OnKeyDown(int virtualKey);  // before the control with the focus gets it; true when it was for the page
 
 private:
-    static INT_PTR CALLBACK DialogThunk(HWND page, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    void OnInitDialog(HWND page);
+    template <class Form>
+    friend INT_PTR CALLBACK FormThunk(HWND, UINT, WPARAM, LPARAM) noexcept;
+    bool OnInitDialog(HWND page);
     INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR OnCommand(int control, int code);
     void OnClicked(int control);

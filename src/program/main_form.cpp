@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "hotkeys/hotkey_messages.h"
 #include "identity/window_identity.h"
@@ -15,6 +16,7 @@
 #include "program/window_tools.h"
 #include "recording/recording_state.h"
 #include "scheduler/exit_request.h"
+#include "settings/settings.h"
 #include "settings/settings_view.h"
 #include "shell/command_line.h"
 #include "shell/copy_data.h"
@@ -139,13 +141,19 @@ INT_PTR MainForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnTrayMessageOf(wParam, lParam);
             return FALSE;
         case WM_COMMAND:
-            return OnCommand(LOWORD(wParam));
+            return OnCommand(LOWORD(wParam), HIWORD(wParam));
         case WM_NOTIFY:
             if (reinterpret_cast<const NMHDR*>(lParam)->code != TCN_SELCHANGE) return FALSE;
             ShowPage(static_cast<MainPage>(TabCtrl_GetCurSel(GetDlgItem(window, form1_tabs))));
             return TRUE;
         case WM_CLOSE:
             OnClose();
+            return TRUE;
+        case WM_QUERYENDSESSION:
+            SetWindowLongPtrA(window, DWLP_MSGRESULT, MayEndSession());
+            return TRUE;
+        case WM_ENDSESSION:
+            if (wParam) OnEndSession();
             return TRUE;
         case WM_SIZE:
             FormResized();
@@ -161,7 +169,8 @@ INT_PTR MainForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-INT_PTR MainForm::OnCommand(int control) {
+// Enter on a button of a page arrives here: the dialog manager speaks to the outermost dialog.
+INT_PTR MainForm::OnCommand(int control, int code) {
     switch (control) {
         case IDOK:
             OnEnter();
@@ -170,7 +179,9 @@ INT_PTR MainForm::OnCommand(int control) {
             FormVisible(false, false);
             return TRUE;
         default:
-            return FALSE;
+            SendMessageA(PageWindow(page), WM_COMMAND, MAKEWPARAM(control, code),
+                         reinterpret_cast<LPARAM>(GetDlgItem(PageWindow(page), control)));
+            return TRUE;
     }
 }
 
@@ -180,9 +191,31 @@ void MainForm::OnEnter() {
 }
 
 void MainForm::OnClose() {
-    UnhookRecording();
+    EndRecording();
     if (MainWindowVisible()) CopyControlsToSettings();
     FormVisible(false, false);
+}
+
+// Windows is being shut down, or the user logs off. What waits to be saved would be gone: Windows asks the user then,
+// and says why.
+BOOL MainForm::MayEndSession() const {
+    const std::string reason = RecordingActive()             ? Translate("Save Job As")
+                               : jobPage.button_save_changes ? Translate("Save Changes")
+                                                             : "";
+    if (reason.empty()) return TRUE;
+    wchar_t text[MAX_STR_BLOCKREASON] = L"";
+    MultiByteToWideChar(CP_ACP, 0, reason.c_str(), -1, text, MAX_STR_BLOCKREASON - 1);
+    ShutdownBlockReasonCreate(window, text);
+    return FALSE;
+}
+
+// No question can be answered any more.
+void MainForm::OnEndSession() {
+    try {
+        SaveSettings();
+    } catch (const RuntimeFailure&) {
+    }
+    QuitProgram(false);
 }
 
 void MainForm::OnCopyData(const COPYDATASTRUCT* data) {

@@ -40,11 +40,13 @@ private:
     static INT_PTR CALLBACK DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static LRESULT CALLBACK ProcedureThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR OnCommand(int control);
+    INT_PTR OnCommand(int control, int code);
 
     void OnInitDialog(HWND form);
     void OnClose();
     void OnEnter();
+    BOOL MayEndSession() const;
+    void OnEndSession();
     void StepPage(int steps);
     void OnTrayMessageOf(WPARAM wParam, LPARAM lParam);
     void OnCopyData(const COPYDATASTRUCT* data);

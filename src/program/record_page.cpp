@@ -2,6 +2,7 @@
 
 #include "dictionary/dictionary.h"
 #include "mainwindow/job_page.h"
+#include "program/form_thunk.h"
 #include "program/record_page_ids.h"
 #include "program/window_tools.h"
 #include "settings/settings.h"
@@ -37,35 +38,26 @@ std::string KeysOfRecordNew() {
 }  // namespace
 
 void RecordPage::Create(HWND mainWindow) {
-    CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(record_page_dialog), mainWindow, DialogThunk,
+    CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(record_page_dialog), mainWindow, FormThunk<RecordPage>,
                        reinterpret_cast<LPARAM>(this));
 }
 
-void RecordPage::OnInitDialog(HWND page) {
+bool RecordPage::OnInitDialog(HWND page) {
     window = page;
     countdown_period.Attach(GetDlgItem(page, record_page_countdown_period));
     countdown_period.Change = [this] { OnOptionChanged(); };
     tips.Create(page);
     SetLooks();
+    return false;  // the focus is the main window's affair
 }
 
 // --- messages ---
 
-INT_PTR CALLBACK RecordPage::DialogThunk(HWND page, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    return Guarded<INT_PTR>(FALSE, [&]() -> INT_PTR {
-        if (message == WM_INITDIALOG) {
-            SetWindowLongPtrA(page, GWLP_USERDATA, lParam);
-            reinterpret_cast<RecordPage*>(lParam)->OnInitDialog(page);
-            return FALSE;  // the focus is the main window's affair
-        }
-        auto* const self = reinterpret_cast<RecordPage*>(GetWindowLongPtrA(page, GWLP_USERDATA));
-        if (self == nullptr || message != WM_COMMAND) return FALSE;
-        return self->OnCommand(LOWORD(wParam), HIWORD(wParam));
-    });
+INT_PTR RecordPage::OnDialogMessage(UINT message, WPARAM wParam, LPARAM) {
+    return message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED ? OnCommand(LOWORD(wParam)) : FALSE;
 }
 
-INT_PTR RecordPage::OnCommand(int control, int code) {
-    if (code != BN_CLICKED) return FALSE;
+INT_PTR RecordPage::OnCommand(int control) {
     if (control == record_page_command3) {
         ClickCommand3();
         return TRUE;

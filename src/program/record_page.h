@@ -21,9 +21,11 @@ public:
     void OnDpiChanged();
 
 private:
-    static INT_PTR CALLBACK DialogThunk(HWND page, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    void OnInitDialog(HWND page);
-    INT_PTR OnCommand(int control, int code);
+    template <class Form>
+    friend INT_PTR CALLBACK FormThunk(HWND, UINT, WPARAM, LPARAM) noexcept;
+    bool OnInitDialog(HWND page);
+    INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    INT_PTR OnCommand(int control);
     void OnOptionChanged();
     void EnableCountdownPeriod();
     void SetLooks();

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/product.h"
+#include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "identity/window_identity.h"
 #include "platform/input.h"
@@ -87,6 +88,7 @@ void RecordingForm::Load() {
     if (window != nullptr) return;
     RegisterDialogClass(WindowClass, nullptr);
     CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(recording_dialog), nullptr, DialogThunk, 0);
+    if (window == nullptr) throw RuntimeFailure(FailureKind::Memory, "The status form of a recording cannot be shown.");
 }
 
 void RecordingForm::OnInitDialog(HWND form) {
@@ -212,6 +214,9 @@ bool RecordingForm::OnButtonMessage(HWND button, int id, UINT message) {
             return true;
         case WM_MOUSEMOVE:
             if (id == recording_Command2) Command2_MouseMove();
+            return false;
+        case WM_CAPTURECHANGED:  // the release may never come
+            SendMessageA(button, BM_SETSTATE, FALSE, 0);
             return false;
         case BM_CLICK:
             OnKeyPress(id);

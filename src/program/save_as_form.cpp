@@ -2,11 +2,14 @@
 
 #include <algorithm>
 
+#include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "jobs/job_fields.h"
 #include "library/save_as.h"
+#include "platform/boxes.h"
 #include "platform/pump.h"
 #include "program/form_place.h"
+#include "program/form_thunk.h"
 #include "program/main_form.h"
 #include "program/save_as_ids.h"
 #include "program/window_tools.h"
@@ -31,19 +34,22 @@ std::string InOneLine(std::string text) {
 // --- life ---
 
 bool SaveAsForm::ShowModal() {
-    return DialogBoxParamA(ProgramInstance(), MAKEINTRESOURCEA(Save_As_Form_dialog), OwnerOfDialog(), DialogThunk,
-                           reinterpret_cast<LPARAM>(this)) == IDOK;
+    const INT_PTR result = DialogBoxParamA(ProgramInstance(), MAKEINTRESOURCEA(Save_As_Form_dialog), OwnerOfDialog(),
+                                           FormThunk<SaveAsForm>, reinterpret_cast<LPARAM>(this));
+    if (result <= 0) throw RuntimeFailure(FailureKind::Memory, "The Save As form cannot be shown.");
+    return result == IDOK;
 }
 
-void SaveAsForm::OnInitDialog(HWND form) {
+bool SaveAsForm::OnInitDialog(HWND form) {
     window = form;
-    EnableWindow(mainForm.Window(), FALSE);
+    mainWindowWasDisabled = EnableWindow(mainForm.Window(), FALSE);
     PodesiRjecnik();
     SendDlgItemMessageA(form, Save_As_Form_name, EM_SETLIMITTEXT, LongestName, 0);
     SendDlgItemMessageA(form, Save_As_Form_description, EM_SETLIMITTEXT, DescriptionWidth, 0);
     ShowStart();
     PutInMiddle(form);
     SetForegroundWindow(form);
+    return true;
 }
 
 void SaveAsForm::PodesiRjecnik() {
@@ -67,25 +73,13 @@ void SaveAsForm::ShowStart() {
 
 // The main window first: as long as it is disabled, the foreground would go to another program.
 void SaveAsForm::Close(INT_PTR result) {
-    EnableWindow(mainForm.Window(), TRUE);
+    EnableWindow(mainForm.Window(), !mainWindowWasDisabled);  // a box that is open holds it
     EndDialog(window, result);
 }
 
 // --- messages ---
 
-INT_PTR CALLBACK SaveAsForm::DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    return Guarded<INT_PTR>(FALSE, [&]() -> INT_PTR {
-        if (message == WM_INITDIALOG) {
-            SetWindowLongPtrA(form, DWLP_USER, lParam);
-            reinterpret_cast<SaveAsForm*>(lParam)->OnInitDialog(form);
-            return TRUE;
-        }
-        auto* const self = reinterpret_cast<SaveAsForm*>(GetWindowLongPtrA(form, DWLP_USER));
-        return self == nullptr ? FALSE : self->OnDialogMessage(message, wParam);
-    });
-}
-
-INT_PTR SaveAsForm::OnDialogMessage(UINT message, WPARAM wParam) {
+INT_PTR SaveAsForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM) {
     switch (message) {
         case WM_COMMAND:
             return HIWORD(wParam) == BN_CLICKED ? OnCommand(LOWORD(wParam)) : FALSE;
@@ -106,8 +100,10 @@ INT_PTR SaveAsForm::OnCommand(int control) {
             OnCommand1();
             return TRUE;
         case Save_As_Form_Command2:
-        case IDCANCEL:
             Close(IDCANCEL);
+            return TRUE;
+        case IDCANCEL:
+            OnLeave();
             return TRUE;
         default:
             return FALSE;
@@ -123,6 +119,17 @@ void SaveAsForm::OnCommand1() {
         case SaveAsOutcome::KeptOpen:
             return;
     }
+}
+
+// Esc, or the corner of the window: the form may have come up while the user was still typing. The Cancel button says
+// what it does, and does it at once.
+void SaveAsForm::OnLeave() {
+    if (recordingSession.eventCount == 0) return Close(IDCANCEL);
+    const std::string name = TextOf(window, Save_As_Form_name);
+    const std::string question = Translate1("Do you want to save changes you made to job '%1'?",
+                                            name.empty() ? Translate("Record New Job") : name);
+    if (!platform::AskYesNo(question, Translate("Save Job As"))) return Close(IDCANCEL);
+    OnCommand1();
 }
 
 void SaveAsForm::OnTimer1() {

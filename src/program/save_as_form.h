@@ -14,14 +14,16 @@ public:
     bool ShowModal();  // pumps; true when the recording was saved
 
 private:
-    static INT_PTR CALLBACK DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    INT_PTR OnDialogMessage(UINT message, WPARAM wParam);
+    template <class Form>
+    friend INT_PTR CALLBACK FormThunk(HWND, UINT, WPARAM, LPARAM) noexcept;
+    INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR OnCommand(int control);
 
-    void OnInitDialog(HWND form);
+    bool OnInitDialog(HWND form);
     void PodesiRjecnik();
     void ShowStart();
     void OnCommand1();
+    void OnLeave();
     void OnTimer1();
     void Close(INT_PTR result);
 
@@ -29,4 +31,5 @@ private:
     void SelectName();
 
     HWND window = nullptr;
+    bool mainWindowWasDisabled = false;
 };

@@ -7,6 +7,7 @@
 
 #include "dictionary/dictionary.h"
 #include "program/form_place.h"
+#include "program/form_thunk.h"
 #include "program/start_app_ids.h"
 #include "program/window_tools.h"
 #include "recording/start_app_view.h"
@@ -47,11 +48,11 @@ std::string ChooseProgram(HWND owner) {
 // A dialog that cannot be made is one that was canceled: the program of an earlier recording must not start.
 void StartAppForm::ShowModal() {
     const INT_PTR result = DialogBoxParamA(ProgramInstance(), MAKEINTRESOURCEA(start_app_dialog), OwnerOfDialog(),
-                                           DialogThunk, reinterpret_cast<LPARAM>(this));
+                                           FormThunk<StartAppForm>, reinterpret_cast<LPARAM>(this));
     if (result != IDOK) CancelStartApp();
 }
 
-void StartAppForm::OnInitDialog(HWND form) {
+bool StartAppForm::OnInitDialog(HWND form) {
     window = form;
     tips.Create(form);
     PodesiRjecnik();
@@ -61,6 +62,7 @@ void StartAppForm::OnInitDialog(HWND form) {
     Enable();
     PutInMiddle(form);
     SetForegroundWindow(form);  // the main window may be hidden, and the way here a hotkey
+    return true;
 }
 
 void StartAppForm::PodesiRjecnik() {
@@ -86,19 +88,7 @@ void StartAppForm::FillCombo1() {
 
 // --- messages ---
 
-INT_PTR CALLBACK StartAppForm::DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    return Guarded<INT_PTR>(FALSE, [&]() -> INT_PTR {
-        if (message == WM_INITDIALOG) {
-            SetWindowLongPtrA(form, DWLP_USER, lParam);
-            reinterpret_cast<StartAppForm*>(lParam)->OnInitDialog(form);
-            return TRUE;
-        }
-        auto* const self = reinterpret_cast<StartAppForm*>(GetWindowLongPtrA(form, DWLP_USER));
-        return self == nullptr ? FALSE : self->OnDialogMessage(message, wParam);
-    });
-}
-
-INT_PTR StartAppForm::OnDialogMessage(UINT message, WPARAM wParam) {
+INT_PTR StartAppForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM) {
     return message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED ? OnCommand(LOWORD(wParam)) : FALSE;
 }
 

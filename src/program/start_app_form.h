@@ -12,11 +12,12 @@ public:
     void ShowModal();  // pumps
 
 private:
-    static INT_PTR CALLBACK DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    INT_PTR OnDialogMessage(UINT message, WPARAM wParam);
+    template <class Form>
+    friend INT_PTR CALLBACK FormThunk(HWND, UINT, WPARAM, LPARAM) noexcept;
+    INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR OnCommand(int control);
 
-    void OnInitDialog(HWND form);
+    bool OnInitDialog(HWND form);
     void PodesiRjecnik();
     void FillCombo1();
     void OnCheck(int check, int text);

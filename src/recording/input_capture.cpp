@@ -119,10 +119,10 @@ void StopNow(bool byPauseKey) {
 // The whole desktop waits for a hook procedure, and the end of a recording goes on until the Save As form is closed. So
 // the hook only makes itself deaf, and the rest is done from the next pump. The session can be over by then.
 void StopSoon() {
-    recordingSession.hookBusy = true;
     platform::CallFromPump([session = SessionWatch()] {
         if (!session.Over()) StopNow(true);
     });
+    recordingSession.hookBusy = true;
 }
 
 JobEvent KeyEvent(const platform::KeyboardHookRecord& key, std::int32_t state) {
@@ -203,8 +203,17 @@ void PairWithLastClick(std::int32_t index) {
     PairClick(index, session.doubleClickTime, session.screen.width, session.screen.height, false);
 }
 
+// From the next pump, for the desktop waits for a hook; and one box for all that come until it is closed, for a single
+// swipe on a touchpad is dozens of them.
 void RefuseMouseEvent() {
-    platform::ShowBox("Unknown mouse event! It will not be captured.", "Unknown mouse event", platform::BoxIcon::Error);
+    static bool told = false;
+    if (told) return;
+    platform::CallFromPump([] {
+        platform::ShowBox("Unknown mouse event! It will not be captured.", "Unknown mouse event",
+                          platform::BoxIcon::Error);
+        told = false;
+    });
+    told = true;
 }
 
 std::int32_t Grown(std::int32_t capacity) {
@@ -245,6 +254,9 @@ void KeyboardHookProc(std::int32_t nCode, const platform::KeyboardHookRecord& re
     if (key.vkCode == PauseKey) return StopSoon();
     NoteKey(down, state);
     WriteKey(index, key, state);
+    // Other programs' hooks hear of keys, but not of the stop key; of the mouse they hear nothing. It has always been
+    // so.
+    platform::PassKeyOn();
     GrowArrays();
 }
 

@@ -8,10 +8,12 @@ bool RecordingActive();
 // True while any part of the program listens to the keyboard: a recording, or an edit of keystrokes.
 bool KeyboardHookInstalled();
 
-// Takes out the mouse and the keyboard hook, whichever of them is installed. A recording under way is dropped: without
-// its hooks nothing could end it.
-void UnhookRecording();
+// Takes out the mouse and the keyboard hook, whichever of them is installed. A recording under way ends as with the Stop
+// button: nothing could end it without its hooks, and what was recorded is the user's work. Pumps until the Save As form
+// is closed.
+void EndRecording();
 
 // Ends the recording that is under way; the click on the tray icon that asked for it is not part of it. Ignored before
 // a recording has begun, and while it is handed over. Pumps until the Save As form is closed.
-void StopRecordingFromTray();
+enum class TrayButton { Left, Right };
+void StopRecordingFromTray(TrayButton button);

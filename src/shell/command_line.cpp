@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/text.h"
 #include "platform/window_services.h"
+#include "recording/recording_state.h"
 #include "replay/run_job.h"
 #include "shell/exit.h"
 
@@ -22,7 +23,7 @@ bool BeginsWith(const std::string& command, std::string_view word) {
 
 void RefuseMissingFile(const std::string& path) {
     platform::ShowBox(Translate("File does not exist") + ":" + LineBreak + path, Translate("File access error"));
-    QuitProgram(false);
+    if (!RecordingActive()) QuitProgram(false);  // what is being recorded, or waits to be saved, must not go along
 }
 
 void EditFile(const std::string& path) {
@@ -35,6 +36,7 @@ void EditFile(const std::string& path) {
 // After a run that did not succeed the window stays hidden: the user finds the program in the notification area.
 void RunFile(const std::string& path, bool fromOtherInstance) {
     if (!platform::FileExists(path)) return RefuseMissingFile(path);
+    if (RecordingActive()) return static_cast<void>(RunJob(path, 0, "", false));  // which refuses
     const bool wasVisible = MainWindowVisible();
     FormVisible(false, false);
     const std::int32_t result = RunJob(path, 0, "", false);

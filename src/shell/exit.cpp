@@ -1,12 +1,34 @@
 #include "shell/exit.h"
 
+#include "base/product.h"
+#include "base/runtime_failure.h"
+#include "base/text.h"
+#include "dictionary/dictionary.h"
 #include "mainwindow/form_visible.h"
+#include "platform/boxes.h"
 #include "replay/timing.h"
 #include "settings/settings.h"
 #include "shell/shell_view.h"
 
+namespace {
+
+// False when they could not be saved and the user stays for that. Without the question there would be no way out of the
+// program while its folder is missing.
+bool SettingsDealtWith() {
+    try {
+        SaveSettings();
+        return true;
+    } catch (const RuntimeFailure& failure) {
+        return platform::AskYesNo(
+            failure.what() + std::string(LineBreak) + Translate("Do you really want to exit Tessarine") + "?",
+            ProductName, platform::BoxIcon::Warning);
+    }
+}
+
+}  // namespace
+
 void QuitProgram(bool save) {
-    if (save) SaveSettings();
+    if (save && !SettingsDealtWith()) return;
     if (MainWindowVisible()) FormVisible(false, false);
     // A procedure that outlived the process's end would be called for a window that is going away. The order is that
     // of ownership: the lists stand on the main window.

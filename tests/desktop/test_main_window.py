@@ -53,7 +53,7 @@ def test_forms(stage, person, language):
         time.sleep(0.5)
         person.presses("Pause")
         check_letters(person, person.form_of("Save_As_Form_name"), f"{language}_save_as")
-        person.presses("Escape")
+        person.clicks("Save_As_Form_Command2")
         person.waits_for_end_of("Save_As_Form_name")
         assert program.poll() is None
     finally:
@@ -79,6 +79,12 @@ def test_by_keyboard_alone(stage, person):
     assert there == ["job_page_run_job_button", "job_page_other_option0", "job_page_Slider1", "job_page_Options_speed",
                      "job_page_Check6", "job_page_Check7", "job_page_Command5", "form1_Exit", "form1_tabs"]
     assert walk(person, 8, "Shift_L", "Tab") == there[-2::-1]
+    assert walk(person, 4, "Tab")[-1] == "job_page_Check6"
+    person.presses("space")
+    assert person.text_of("job_page_Options_speed") == "max"
+    assert walk(person, 2, "Tab")[-1] == "job_page_Command5"
+    person.presses("Return")  # the button with the focus is pressed
+    assert person.text_of("job_page_Options_speed") == "100"
     person.presses("Alt_L", "a")  # not on this panel
     for keys in (["Alt_L", "r"], ["Alt_L", "o"]):
         person.presses(*keys)

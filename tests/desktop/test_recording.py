@@ -163,6 +163,24 @@ def test_names_that_no_file_can_have(stage, person):
     assert [key for key in job.keys() if key[0] == ord("A")] == [(ord("A"), 0), (ord("A"), 2)]
 
 
+def test_leaving_loses_no_recording(stage, person):
+    """The main window is closed in the middle of a recording, and Esc pressed in the form where it could be saved."""
+    person.start_program()
+    person.clicks("record_page_display_countdown_check")
+    person.starts_recording()
+    person.types("a")
+    stage.probe.ask("post", stage.main_window().handle, 0x10, 0, 0)  # WM_CLOSE
+    person.waits_for("Save_As_Form_name")
+    time.sleep(0.3)
+    person.types("kept")
+    person.presses("Escape")
+    assert "'kept'" in stage.box_text(person.box("Save Job As"))
+    person.presses("Return")
+    person.waits_for_end_of("Save_As_Form_name")
+    assert [key for key in read_job(person.folder / "kept.tsj").keys() if key[0] == ord("A")]
+    assert wait_for(lambda: not stage.main_window().visible), "and then it closes"
+
+
 def test_a_file_that_cannot_be_written(stage, person):
     person.start_program()
     record_a_key(person)

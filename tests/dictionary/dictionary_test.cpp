@@ -107,39 +107,27 @@ TEST(Translate2, ReplacesBothMarkersOrNone) {
     EXPECT_EQ(Translate2("%1 and %2", "50%2", "y"), "<50y and %2>");
 }
 
+// Spanish and French have two of their phrases in each other's language.
 TEST(ActionWords, FollowTheLanguageWithEachLookup) {
-    struct Case {
-        int language;
-        std::vector<std::string> words;  // UTF-8
-    };
-    const std::vector<Case> cases = {
-        {1,
-         {"OK", "FAILED", "executing job", "Waiting for window", "MOUSE", "MOVE", "Left", "Right", "Click", "Up",
-          "Down", "WHEEL", "Middle", "Double click", "KEYBOARD", "Keystrokes", "Text field"}},
-        {2,
+    const std::pair<int, std::vector<std::string>> cases[] = {
+        {LanguageGerman,
          {"OK", "GESCHEITERT", "Aufgabe ausführen", "Warten auf Fenster", "MAUS", "BEWEGEN", "Links", "Rechts",
           "drucken", "los lassen", "gedruckt halten", "RAD", "Mitte", "Doppelklick", "TASTATUR", "TASTENANSCHLÄGE",
           "Textfeld"}},
-        {3,
-         {"OK", "FALLADO", "La tâche en exécution", "En attente de la fenetre", "RATÓN", "MOVIMIENTO", "Izquierdo",
-          "Derecho", "Clic", "soltar", "presionar", "LA RUEDA DEL RATÓN", "del Medio", "Doble clic", "EL TECLADO",
-          "LAS TECLAS", "campo de texto"}},
-        {4,
-         {"OK", "ECHOUÉ", "Ejecutando la tarea", "De espera para la ventana", "SOURIS", "MOUVEMENT", "Gauche", "Droite",
-          "clic", "su", "sous", "ROULETTE DE LA SOURIS", "Milieu", "double-cliquer", "CLAVIER", "FRAPPES",
-          "Champ de texte"}},
+        {LanguageSpanish, {"OK", "FALLADO", "La tâche en exécution", "En attente de la fenetre", "RATÓN"}},
+        {LanguageFrench, {"OK", "ECHOUÉ", "Ejecutando la tarea", "De espera para la ventana", "SOURIS"}},
+        {LanguageEnglish, {"OK", "FAILED", "executing job", "Waiting for window", "MOUSE"}},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.language);
-        SetLanguage(one.language);
+    for (const auto& [language, words] : cases) {
+        SetLanguage(language);
         Translate("a key that is not there");
         const ActionWords& w = actionWords;
-        const std::vector<std::string> found = {w.ok,       w.failed,      w.executingJob, w.waitingForWindow,
-                                                w.mouse,    w.move,        w.left,         w.right,
-                                                w.click,    w.up,          w.down,         w.wheel,
-                                                w.middle,   w.doubleClick, w.keyboard,     w.keystrokes,
-                                                w.textField};
-        for (std::size_t i = 0; i < found.size(); ++i) EXPECT_EQ(platform::ToUtf8(found[i]), one.words[i]);
+        const std::string found[] = {w.ok,       w.failed,      w.executingJob, w.waitingForWindow,
+                                     w.mouse,    w.move,        w.left,         w.right,
+                                     w.click,    w.up,          w.down,         w.wheel,
+                                     w.middle,   w.doubleClick, w.keyboard,     w.keystrokes,
+                                     w.textField};
+        for (std::size_t i = 0; i < words.size(); ++i) EXPECT_EQ(platform::ToUtf8(found[i]), words[i]) << language;
     }
 }
 

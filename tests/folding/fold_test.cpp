@@ -2,15 +2,15 @@
 
 #include <gmock/gmock.h>
 
-#include "base/runtime_failure.h"
 #include "folding/row_lines.h"
-#include "simulated/desktop.h"
+#include "support/boxes.h"
+#include "support/failures.h"
 #include "support/job_builder.h"
 
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::EndsWith;
 
 constexpr int Enter = 13;
 constexpr int F5 = 116;
@@ -225,9 +225,7 @@ TEST(Fold, UnknownTypeShowsBoxAndIsPassedOver) {
         job.Type("a").Raw(event);
     }
     EXPECT_THAT(FoldedLines(job.Built()), ElementsAre("keys 0-4 aa"));
-    ASSERT_EQ(simulated::ShownBoxes().size(), 2U);
-    EXPECT_EQ(simulated::ShownBoxes()[0].text, "Unknown dwType:3");
-    EXPECT_EQ(simulated::ShownBoxes()[1].text, "Unknown dwType:-1");
+    EXPECT_THAT(Boxes(), ElementsAre(EndsWith("|Unknown dwType:3"), EndsWith("|Unknown dwType:-1")));
 }
 
 TEST(Fold, IndexThatLeadsNowhereIsRangeFailure) {
@@ -242,11 +240,7 @@ TEST(Fold, IndexThatLeadsNowhereIsRangeFailure) {
     JobBuilder windows = InNotepad();
     const std::int32_t badChain = windows.AddChain(badWindow);
 
-    struct Damage {
-        const char* name;
-        JobBuilder job;
-    };
-    Damage damages[] = {
+    std::pair<const char*, JobBuilder> damages[] = {
         {"chain past the end", InNotepad().UseChain(1).Type("a")},
         {"window past the end", windows.UseChain(badChain).Type("aa")},
         {"text 0", InNotepad().Raw(firstText)},
@@ -255,13 +249,8 @@ TEST(Fold, IndexThatLeadsNowhereIsRangeFailure) {
         {"key code past the wheel", InNotepad().KeyDown(301)},
         {"negative key code", InNotepad().KeyDown(-5)},
     };
-    for (Damage& damage : damages) {
-        try {
-            FoldedLines(damage.job.Built());
-            ADD_FAILURE() << damage.name;
-        } catch (const RuntimeFailure& failure) {
-            EXPECT_EQ(failure.Kind(), FailureKind::Range) << damage.name;
-        }
+    for (auto& damage : damages) {
+        EXPECT_EQ(FailureOf([&] { FoldedLines(damage.second.Built()); }), FailureKind::Range) << damage.first;
     }
 
     Job job = InNotepad().Built();

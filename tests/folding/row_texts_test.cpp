@@ -2,17 +2,18 @@
 
 #include <gmock/gmock.h>
 
-#include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "folding/popuni_listu.h"
 #include "folding/row_lines.h"
-#include "simulated/desktop.h"
+#include "support/boxes.h"
+#include "support/failures.h"
 #include "support/job_builder.h"
 #include "support/open_in_editor.h"
 
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 
 const JobBuilder::Level notepad{"Notepad", "Untitled"};
 const JobBuilder::Level edit{"Edit", "", 15};
@@ -84,22 +85,16 @@ TEST(RowTexts, DelayCountsFromTheEndOfTheRowBefore) {
 
 TEST(RowTexts, DelayBeyondThirtyTwoBitsIsOverflow) {
     OpenInEditor(JobBuilder().InWindow(notepad).At(INT32_MIN).Wheel(60).At(INT32_MAX - 100).Wheel(60).Built());
-    try {
-        GetDelay(1);
-        FAIL();
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.Kind(), FailureKind::Overflow);
-    }
+    EXPECT_EQ(FailureOf([] { GetDelay(1); }), FailureKind::Overflow);
 }
 
 TEST(RowTexts, RowOfUnknownKindIsTold) {
     OpenInEditor(JobBuilder().InWindow(notepad).Type("a").Built());
     editState.RowKind[0] = 7;
     EXPECT_EQ(Event_StartTime(0) + Event_EndTime(0) + Event_I_Begin(0) + GetEventDuration(0), 0);
-    ASSERT_EQ(simulated::ShownBoxes().size(), 3U);
-    EXPECT_EQ(simulated::ShownBoxes()[0].text, "Unknown GridType in function Event_startTime:7");
-    EXPECT_EQ(simulated::ShownBoxes()[1].text, "Unknown GridType in function Event_EndTime:7");
-    EXPECT_EQ(simulated::ShownBoxes()[2].text, "Unknown GridType in function Event_I_begin7");
+    EXPECT_THAT(Boxes(), ElementsAre(EndsWith("|Unknown GridType in function Event_startTime:7"),
+                                     EndsWith("|Unknown GridType in function Event_EndTime:7"),
+                                     EndsWith("|Unknown GridType in function Event_I_begin7")));
 }
 
 TEST(RowTexts, WindowsAreNamedByTheirTopLevel) {

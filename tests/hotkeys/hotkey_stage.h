@@ -11,6 +11,7 @@
 #include "platform/simulated/files.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
+#include "support/boxes.h"
 #include "support/hotkey_view_stand_in.h"
 
 inline constexpr int ControlKey = 17;

@@ -2,10 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include "base/runtime_failure.h"
 #include "jobs/sample_job.h"
 #include "platform/simulated/files.h"
 #include "support/disk_faults.h"
+#include "support/failures.h"
 #include "support/job_list_view_stand_in.h"
 
 using testing::ElementsAre;
@@ -30,16 +30,6 @@ Job JobLasting(std::int32_t time, std::int32_t speed, std::int32_t type = platfo
     job.Events[0].dwType() = type;
     job.Events[0].time() = time;
     return job;
-}
-
-FailureKind FailureOfWriting(const Job& job) {
-    try {
-        WriteJob(jobPath, job);
-    } catch (const RuntimeFailure& failure) {
-        return failure.Kind();
-    }
-    ADD_FAILURE() << "written";
-    return FailureKind::Type;
 }
 
 class JobFile : public testing::Test {
@@ -140,14 +130,15 @@ TEST_F(JobFile, ZeroBytesArePaddingToo) {
 
 TEST_F(JobFile, WhatDoesNotFitIsAFailureThatLeavesTheOldFile) {
     simulated::PutFile(jobPath, "old");
+    const auto write = [](const Job& job) { return [&job] { WriteJob(jobPath, job); }; };
     Job description;
     description.Description = std::string(1001, 'd');
-    EXPECT_EQ(FailureOfWriting(description), FailureKind::Range);
+    EXPECT_EQ(FailureOf(write(description)), FailureKind::Range);
     Job text;
     text.Strings = {std::string(65536, 's')};
-    EXPECT_EQ(FailureOfWriting(text), FailureKind::Range);
-    EXPECT_EQ(FailureOfWriting(JobLasting(21'474'837, 100)), FailureKind::Overflow);
-    EXPECT_EQ(FailureOfWriting(JobLasting(1, 0)), FailureKind::Overflow);
+    EXPECT_EQ(FailureOf(write(text)), FailureKind::Range);
+    EXPECT_EQ(FailureOf(write(JobLasting(21'474'837, 100))), FailureKind::Overflow);
+    EXPECT_EQ(FailureOf(write(JobLasting(1, 0))), FailureKind::Overflow);
     EXPECT_EQ(Written(), "old");
     EXPECT_EQ(simulated::AllFiles().size(), 1U);
     EXPECT_THAT(jobListViewStandIn.calls, IsEmpty());

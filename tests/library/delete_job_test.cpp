@@ -32,9 +32,7 @@ protected:
 
 TEST_F(DeleteJob, TakesFileHotkeyAndRowAndSelectsTheNext) {
     Delete("a");
-    EXPECT_EQ(simulated::ShownBoxes()[0].text, "Are you sure you want to delete job 'a'?");
-    EXPECT_EQ(simulated::ShownBoxes()[0].title, "Delete job?");
-    EXPECT_EQ(simulated::ShownBoxes().size(), 1U);
+    EXPECT_THAT(Boxes(), ElementsAre("Delete job?|Are you sure you want to delete job 'a'?"));
     EXPECT_THAT(libraryViewStandIn.Lista_Schedule, ElementsAre("b", "c"));
     EXPECT_EQ(jobLibrary.lista_jobs.listindex(), 0);
     EXPECT_FALSE(simulated::HotkeyRegistered(HotkeyControl, 'A'));
@@ -45,7 +43,7 @@ TEST_F(DeleteJob, TakesFileHotkeyAndRowAndSelectsTheNext) {
     EXPECT_EQ(jobLibrary.lista_jobs.listindex(), -1);
     EXPECT_FALSE(libraryViewStandIn.jobsEditEnabled);
     job_library::DeleteJob();  // nothing is selected
-    EXPECT_EQ(simulated::ShownBoxes().size(), 3U);
+    EXPECT_EQ(Boxes().size(), 3U);
 }
 
 TEST_F(DeleteJob, TakesItsSchedulesAndTellsAfterSaving) {
@@ -55,11 +53,9 @@ TEST_F(DeleteJob, TakesItsSchedulesAndTellsAfterSaving) {
     simulated::AnswerNextBox({.whileOpen = [&] { savedBeforeTold = simulated::FileBytes(settingsFile).has_value(); }});
     job_library::SelectJob(PathOf("b"));
     job_library::DeleteJob();
-    ASSERT_EQ(simulated::ShownBoxes().size(), 2U);
-    EXPECT_EQ(simulated::ShownBoxes()[0].title, "Delete scheduled  job?");
+    EXPECT_THAT(Boxes(), ElementsAre(testing::StartsWith("Delete scheduled  job?|"),
+                                     "Scheduled items deleted|2 scheduled jobs have also been deleted."));
     EXPECT_EQ(simulated::ShownBoxes()[0].icon, platform::BoxIcon::Error);
-    EXPECT_EQ(simulated::ShownBoxes()[1].text, "2 scheduled jobs have also been deleted.");
-    EXPECT_EQ(simulated::ShownBoxes()[1].title, "Scheduled items deleted");
     EXPECT_TRUE(savedBeforeTold);
     ASSERT_EQ(settings.Schedules.size(), 1U);
     EXPECT_EQ(jobLibrary.lista_jobs.listindex(), 1);
@@ -75,8 +71,7 @@ TEST_F(DeleteJob, KeepsItsSchedulesWhenTheFileCannotBeDeleted) {
     Schedule("a");
     simulated::LockFile(PathOf("a"));
     Delete("a");
-    EXPECT_EQ(simulated::ShownBoxes().back().text, "Cannot delete file:\r\nC:\\jobs\\a.tsj");
-    EXPECT_EQ(simulated::ShownBoxes().back().title, "Access denied");
+    EXPECT_EQ(LastBox(), "Access denied|Cannot delete file:\r\nC:\\jobs\\a.tsj");
     EXPECT_EQ(settings.Schedules.size(), 1U);
     EXPECT_EQ(settings.Hotkeys.size(), 1U);
     EXPECT_EQ(Rows().size(), 3U);

@@ -9,6 +9,7 @@
 #include "platform/simulated/files.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
+#include "support/boxes.h"
 #include "support/library_view_stand_in.h"
 
 class LibraryStage : public testing::Test {

@@ -21,8 +21,6 @@ protected:
         ChooseShortcutOnDesktop(false);
     }
 
-    static std::string LastText() { return simulated::ShownBoxes().empty() ? "" : simulated::ShownBoxes().back().text; }
-
     Job recorded;
 };
 
@@ -46,8 +44,7 @@ TEST_F(SaveAs, AsksBeforeItOverwrites) {
     const auto before = simulated::FileBytes(PathOf("old"));
     simulated::AnswerNextBox({.yes = false});
     EXPECT_EQ(SaveJobAs("OLD", "", recorded), SaveAsOutcome::KeptOpen);
-    EXPECT_EQ(LastText(), "Job \"OLD\" already exists. Overwrite?");
-    EXPECT_EQ(simulated::ShownBoxes().back().title, "Overwrite?");
+    EXPECT_EQ(LastBox(), "Overwrite?|Job \"OLD\" already exists. Overwrite?");
     EXPECT_EQ(simulated::FileBytes(PathOf("old")), before);
     simulated::AnswerNextBox({.yes = true});
     EXPECT_EQ(SaveJobAs("OLD", "", recorded), SaveAsOutcome::Saved);
@@ -58,7 +55,7 @@ TEST_F(SaveAs, RefusesNamesThatNoFileCanHave) {
     const std::string plain = "Invalid file name. Please enter a valid file name";
     for (const std::string name : {"", "   ", "a?b", "a*", "x:y", "<", "a|b", "say \"hi\"", "a/b"}) {
         EXPECT_EQ(SaveJobAs(name, "", recorded), SaveAsOutcome::NameWrong) << name;
-        EXPECT_EQ(LastText(), plain) << name;
+        EXPECT_THAT(LastBox(), testing::EndsWith("|" + plain)) << name;
         EXPECT_EQ(simulated::ShownBoxes().back().icon, platform::BoxIcon::Error);
     }
     const std::pair<std::string, const char*> explained[] = {
@@ -69,8 +66,8 @@ TEST_F(SaveAs, RefusesNamesThatNoFileCanHave) {
         {std::string(260, 'x'), "too long"}};
     for (const auto& [name, why] : explained) {
         EXPECT_EQ(SaveJobAs(name, "", recorded), SaveAsOutcome::NameWrong) << name;
-        EXPECT_THAT(LastText(), testing::StartsWith(plain + ".\r\n")) << name;
-        EXPECT_THAT(LastText(), HasSubstr(why)) << name;
+        EXPECT_THAT(LastBox(), HasSubstr("|" + plain + ".\r\n")) << name;
+        EXPECT_THAT(LastBox(), HasSubstr(why)) << name;
     }
     EXPECT_THAT(simulated::AllFiles(), IsEmpty());
 }
@@ -105,6 +102,20 @@ TEST_F(SaveAs, PutsAShortcutOnTheDesktopIfTicked) {
     EXPECT_THAT(simulated::FileBytes(LinkOf("told")).value_or(""), HasSubstr("What it does"));
     ChooseShortcutOnDesktop(false);
     EXPECT_FALSE(OpenSaveAs(false).create_shortcut_on_desktop);
+}
+
+TEST_F(SaveAs, AsksBeforeItReplacesAShortcutOfTheUsersOwn) {
+    ChooseShortcutOnDesktop(true);
+    const std::string link = folders.DesktopFolder + "\\job.lnk";
+    simulated::PutFile(link, "C:\\elsewhere.exe");
+    simulated::AnswerNextBox({.yes = false});
+    CreateJobShortcut(PathOf("job"), folders.DesktopFolder, "job");
+    EXPECT_EQ(simulated::FileBytes(link), "C:\\elsewhere.exe");
+    EXPECT_EQ(simulated::ShownBoxes().back().text, "File \"" + link + "\" already exists. Overwrite?");
+    simulated::AnswerNextBox({.yes = true});
+    for (int again = 0; again < 2; ++again) CreateJobShortcut(PathOf("job"), folders.DesktopFolder, "job");
+    EXPECT_THAT(simulated::FileBytes(link).value_or(""), HasSubstr(PathOf("job")));
+    EXPECT_EQ(simulated::ShownBoxes().size(), 2U) << "its own is replaced without a word";
 }
 
 TEST_F(SaveAs, SaysNothingOfAShortcutThatCannotBeMade) {

@@ -75,14 +75,19 @@ TEST_F(InputCapture, EveryMouseMessageHasItsFlagItsWindowAndItsData) {
 }
 
 TEST_F(InputCapture, AHorizontalWheelIsRefusedAloudAndLeavesZeros) {
-    Mouse(0x20E, {11, 22}, 120);
+    for (int notch = 0; notch < 3; ++notch) Mouse(0x20E, {11, 22}, 120);
+    EXPECT_THAT(simulated::ShownBoxes(), testing::IsEmpty()) << "the desktop waits for a hook";
+    platform::Pump();
     ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
     EXPECT_EQ(simulated::ShownBoxes()[0].text, "Unknown mouse event! It will not be captured.");
     EXPECT_EQ(simulated::ShownBoxes()[0].title, "Unknown mouse event");
     EXPECT_EQ(simulated::ShownBoxes()[0].icon, platform::BoxIcon::Error);
-    EXPECT_EQ(Newest(), 0);
-    EXPECT_EQ(Event(0).word, (std::array<std::int32_t, 7>{}));
-    EXPECT_EQ(Event(0).WindowChainIndex, 0);
+    EXPECT_EQ(Newest(), 2);
+    EXPECT_EQ(Event(2).word, (std::array<std::int32_t, 7>{}));
+    EXPECT_EQ(Event(2).WindowChainIndex, 0);
+    Mouse(0x20E, {11, 22}, 120);
+    platform::Pump();
+    EXPECT_EQ(simulated::ShownBoxes().size(), 2U) << "it is told again once the box was closed";
 }
 
 TEST_F(InputCapture, WithoutMovesOnlyTheOthersCountAndTellWhereTheCursorIs) {

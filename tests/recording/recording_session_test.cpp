@@ -134,7 +134,7 @@ TEST_F(RecordingSessionTest, TheHookDoesNotWaitForTheEndOfTheRecording) {
     EXPECT_THAT(NamesOf(saved[0].Events), ElementsAre("A down"));
     Start();
     Key(PauseBreak, 0);
-    StopRecordingFromTray();
+    StopRecordingFromTray(TrayButton::Left);
     platform::Pump();
     EXPECT_EQ(saved.size(), 2U) << "both ways at once end it once";
 }
@@ -153,7 +153,7 @@ TEST_F(RecordingSessionTest, TheStopButtonLeavesNoTraceOfItsClick) {
 
 TEST_F(RecordingSessionTest, TheTrayTakesItsOwnPressOff) {
     Start();
-    simulated::OnMessage(ownWindows.main, [](const simulated::Message&) { StopRecordingFromTray(); });
+    simulated::OnMessage(ownWindows.main, [](const simulated::Message&) { StopRecordingFromTray(TrayButton::Left); });
     Type("a");
     simulated::PlaceCursor(simulated::CentreOf(tray));
     simulated::UserPresses();
@@ -165,21 +165,42 @@ TEST_F(RecordingSessionTest, TheTrayTakesItsOwnPressOff) {
     platform::Pump();
     ASSERT_EQ(saved.size(), 1U);
     EXPECT_THAT(NamesOf(saved[0].Events), ElementsAre("A down", "A up"));
-    StopRecordingFromTray();
+    StopRecordingFromTray(TrayButton::Left);
     EXPECT_EQ(saved.size(), 1U) << "nothing is running any more";
+}
+
+// What stays down in a job is held down at its replay.
+TEST_F(RecordingSessionTest, TheTrayLeavesNoHalfOfItsClick) {
+    constexpr std::uint32_t move = 0x200, leftDown = 0x201, rightDown = 0x204, rightUp = 0x205;
+    struct Case {
+        TrayButton button;
+        std::vector<std::uint32_t> click;
+    };
+    const Case cases[] = {{TrayButton::Left, {leftDown}},
+                          {TrayButton::Left, {leftDown, move, move}},
+                          {TrayButton::Right, {rightDown, rightUp}},
+                          {TrayButton::Right, {rightDown, move, rightUp, move}}};
+    for (const Case& one : cases) {
+        Start();
+        Mouse(leftDown, {400, 300});
+        Type("a");
+        for (const std::uint32_t message : one.click) Mouse(message, {1200, 1000});
+        StopRecordingFromTray(one.button);
+        EXPECT_THAT(NamesOf(saved.back().Events), ElementsAre("Left down", "A down", "A up")) << one.click.size();
+    }
 }
 
 // Nothing of the click was recorded, so nothing may be taken off.
 TEST_F(RecordingSessionTest, TheTrayOfAPausedRecordingTakesNothing) {
     StartShown();
     Pause();
-    StopRecordingFromTray();
+    StopRecordingFromTray(TrayButton::Left);
     ASSERT_EQ(saved.size(), 1U);
     EXPECT_THAT(saved[0].Events, IsEmpty());
     StartShown();
     Type("a");
     Pause();
-    StopRecordingFromTray();
+    StopRecordingFromTray(TrayButton::Left);
     EXPECT_THAT(NamesOf(saved[1].Events), ElementsAre("A down", "A up"));
 }
 
@@ -195,7 +216,7 @@ TEST_F(RecordingSessionTest, WhileTheSaveFormIsOpenNothingElseBegins) {
     recordingViewStandIn.saveAs = [] {
         EXPECT_TRUE(RecordingActive());
         EXPECT_FALSE(KeyboardHookInstalled());
-        StopRecordingFromTray();
+        StopRecordingFromTray(TrayButton::Left);
         simulated::UserTypes("x");
         platform::Pump();
     };
@@ -216,14 +237,19 @@ TEST_F(RecordingSessionTest, ASaveFormThatFailsLeavesTheProgramFree) {
     EXPECT_EQ(recordingViewStandIn.calls.back(), "GiveHotkeys");
 }
 
-TEST_F(RecordingSessionTest, HooksThatAreTakenOutEndItWithoutAJob) {
+// Closing the main window takes the hooks out.
+TEST_F(RecordingSessionTest, WithoutItsHooksItEndsAndNothingIsLost) {
     Start();
     Type("a");
-    UnhookRecording();
+    EndRecording();
     EXPECT_FALSE(RecordingActive());
-    EXPECT_THAT(saved, IsEmpty());
+    EXPECT_FALSE(KeyboardHookInstalled());
+    ASSERT_EQ(saved.size(), 1U);
+    EXPECT_THAT(NamesOf(saved[0].Events), ElementsAre("A down", "A up"));
     simulated::RunFor(3000);
     EXPECT_EQ(simulated::Tray().tip, "Tessarine 3.0.6");
+    EndRecording();
+    EXPECT_EQ(saved.size(), 1U);
 }
 
 // --- pause ---
@@ -367,7 +393,7 @@ TEST_F(InsertRecording, ItIsRefusedBesideAHookAndGoesOnWithoutOne) {
     StartInsertRecording(0, {}, {});
     EXPECT_EQ(simulated::ShownBoxes().back().text, "Greska2!");
     EXPECT_TRUE(RecordingActive());
-    StopRecordingFromTray();
+    StopRecordingFromTray(TrayButton::Left);
     EXPECT_FALSE(RecordingActive());
 }
 

@@ -27,23 +27,15 @@ protected:
     void OpenNotepad() {
         notepad = simulated::AddWindow(NotepadSpec());
         edit = simulated::AddWindow(EditSpec(notepad));
+        simulated::SetFocus(edit);
     }
 
     static simulated::WindowSpec NotepadSpec() {
-        simulated::WindowSpec spec;
-        spec.className = "Notepad";
-        spec.caption = "Untitled - Notepad";
-        spec.rect = {100, 100, 700, 500};
-        return spec;
+        return {.className = "Notepad", .caption = "Untitled - Notepad", .rect = {100, 100, 700, 500}};
     }
 
     static simulated::WindowSpec EditSpec(platform::WindowHandle parent) {
-        simulated::WindowSpec spec;
-        spec.className = "Edit";
-        spec.controlId = 15;
-        spec.rect = {0, 0, 600, 400};
-        spec.parent = parent;
-        return spec;
+        return {.className = "Edit", .rect = {0, 0, 600, 400}, .parent = parent, .controlId = 15};
     }
 
     // The identity of a window as it stands now.
@@ -77,9 +69,9 @@ protected:
         }
         return entries;
     }
-    static std::vector<std::int64_t> Times(const std::vector<simulated::InputEntry>& entries) {
+    static std::vector<std::int64_t> TimesSince(std::int64_t start, const std::vector<simulated::InputEntry>& entries) {
         std::vector<std::int64_t> times;
-        for (const simulated::InputEntry& entry : entries) times.push_back(entry.time);
+        for (const simulated::InputEntry& entry : entries) times.push_back(entry.time - start);
         return times;
     }
 

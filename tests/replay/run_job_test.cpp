@@ -6,36 +6,32 @@
 
 #include "base/runtime_failure.h"
 #include "jobs/job_file.h"
-#include "platform/files.h"
 #include "platform/hooks.h"
 #include "platform/pump.h"
 #include "replay/timing.h"
 #include "replay_stage.h"
 #include "settings/folders.h"
+#include "simulated/files.h"
+#include "support/boxes.h"
 #include "support/main_window_view_stand_in.h"
 
-using simulated::ShownBoxes;
 using simulated::TextOf;
 using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
 const std::string JobPath = "C:\\Data\\morning.tsj";
 const std::string LogPath = "C:\\Data\\morning.log";
+const std::string Failed = "Tessarine|Execution of job 'morning' failed. Reason:\r\n";
 constexpr int Shift = 160;
-
-std::string ContentOf(const std::string& path) {
-    platform::File file = platform::File::OpenForReading(path);
-    std::string content(static_cast<std::size_t>(file.Length()), ' ');
-    file.Read(content.data(), static_cast<std::int64_t>(content.size()));
-    return content;
-}
 
 class RunJobTest : public ReplayStage {
 protected:
     RunJobTest() {
-        platform::MakeFolder("C:\\Data");
-        simulated::SetFocus(edit);
+        simulated::PutFolder("C:\\Data");
         startProgram = {};
     }
 
@@ -45,6 +41,8 @@ protected:
         startProgram = {};
         return RunJob(JobPath, 0, logPath, noInputBlock);
     }
+
+    static std::string Log() { return simulated::FileBytes(LogPath).value_or(""); }
 
     static void ExpectAllPutRight() {
         EXPECT_FALSE(runState.ReplayRunning);
@@ -83,21 +81,17 @@ TEST_F(RunJobTest, ARunIsRefusedDuringAnotherAndDuringARecording) {
     EXPECT_EQ(second, -10);
     ASSERT_TRUE(platform::InstallKeyboardHook(IgnoreKeys));
     EXPECT_EQ(RunJob(JobPath, 0, "", true), -11);
-    EXPECT_TRUE(ShownBoxes().empty());
+    EXPECT_THAT(Boxes(), IsEmpty());
 }
 
 TEST_F(RunJobTest, AJobThatIsGoneIsTold) {
     EXPECT_EQ(RunJob("C:\\Data\\gone.tsj", 0, "", true), -10);
-    ASSERT_EQ(ShownBoxes().size(), 1U);
-    EXPECT_EQ(ShownBoxes()[0].title, "File access error");
-    EXPECT_EQ(ShownBoxes()[0].text, "File does not exist:\r\nC:\\Data\\gone.tsj");
+    EXPECT_THAT(Boxes(), ElementsAre("File access error|File does not exist:\r\nC:\\Data\\gone.tsj"));
     EXPECT_TRUE(mainWindowViewStandIn.calls.empty());
 }
 
 TEST_F(RunJobTest, ADamagedJobLeavesEverythingAsItWas) {
-    platform::File file = platform::File::Create(JobPath);
-    file.Write("short", 5);
-    file.Close();
+    simulated::PutFile(JobPath, "short");
     EXPECT_THROW(RunJob(JobPath, 0, "", true), RuntimeFailure);
     ExpectAllPutRight();
 }
@@ -138,8 +132,7 @@ TEST_F(RunJobTest, AShortRunLeavesTheBlockToTheTimer) {
 
 TEST_F(RunJobTest, TheProgramOfTheJobIsStarted) {
     program = {"C:\\Windows\\notepad.exe", " C:\\a.txt ", 3};
-    platform::MakeFolder("C:\\Windows");
-    platform::File::Create(program.ProgramPath);
+    simulated::PutFile(program.ProgramPath, "");
     simulated::Destroy(notepad);
     simulated::ProgramShows("notepad.exe", 500, NotepadSpec());
     job.Header().SafetyLevel = SafetyMedium;
@@ -155,9 +148,7 @@ TEST_F(RunJobTest, AMissingProgramEndsTheRunAndAllRunsAfterIt) {
     program = {"C:\\gone.exe", "", 1};
     InEdit().Type("a");
     EXPECT_EQ(Run(), 0);
-    ASSERT_EQ(ShownBoxes().size(), 1U);
-    EXPECT_EQ(ShownBoxes()[0].title, "File not found");
-    EXPECT_EQ(ShownBoxes()[0].text, "Cannot start program:\r\nC:\\gone.exe\r\nFile not found");
+    EXPECT_THAT(Boxes(), ElementsAre("File not found|Cannot start program:\r\nC:\\gone.exe\r\nFile not found"));
     EXPECT_EQ(TextOf(edit), "");
     program = {};
     EXPECT_EQ(Run(), -10);
@@ -208,13 +199,13 @@ TEST_F(RunJobTest, TheCallersPathsMayChangeDuringTheRun) {
     settings.RecentJobs[0] = "C:\\Data\\other.tsj";
     settings.RecentJobs[1] = JobPath;
     EXPECT_EQ(RunJob(settings.RecentJobs[1], 0, "", true), -4);
-    EXPECT_EQ(ShownBoxes().back().text, "Execution of job 'morning' failed. Reason:\r\nCannot find window: 'Nowhere'");
+    EXPECT_EQ(LastBox(), Failed + "Cannot find window: 'Nowhere'");
 
     std::string logPath = LogPath;
     simulated::After(100, [&] { logPath = "C:\\Data\\other.log"; });
     EXPECT_EQ(RunJob(JobPath, 0, logPath, true), -4);
-    EXPECT_TRUE(platform::FileExists(LogPath));
-    EXPECT_FALSE(platform::FileExists(logPath));
+    EXPECT_TRUE(simulated::FileBytes(LogPath));
+    EXPECT_FALSE(simulated::FileBytes(logPath));
 }
 
 TEST_F(RunJobTest, ACancelIsToldInTheListAndInTheLog) {
@@ -231,21 +222,18 @@ TEST_F(RunJobTest, ACancelIsToldInTheListAndInTheLog) {
 TEST_F(RunJobTest, AFailureIsToldInTheListOrInABox) {
     InLostWindow().IfNoWindow(StopExecuting, 0).Press(Left, 1, 1);
     EXPECT_EQ(Run(), -4);
-    ASSERT_EQ(ShownBoxes().size(), 1U);
-    EXPECT_EQ(ShownBoxes()[0].title, "Tessarine");
-    EXPECT_EQ(ShownBoxes()[0].text, "Execution of job 'morning' failed. Reason:\r\nCannot find window: 'Nowhere'");
+    EXPECT_THAT(Boxes(), ElementsAre(Failed + "Cannot find window: 'Nowhere'"));
 
     settings.Display_Executing_Status = 1;
     EXPECT_EQ(Run(), -4);
-    EXPECT_EQ(ShownBoxes().size(), 1U) << "no second box";
+    EXPECT_THAT(Boxes(), SizeIs(1)) << "no second box";
     EXPECT_EQ(statusViewStandIn.list.at(0), "Execution of job failed. Reason: ");
     EXPECT_EQ(statusViewStandIn.list.at(1), "Cannot find window: 'Nowhere'");
 }
 
 TEST_F(RunJobTest, AnEmptyJobFails) {
     EXPECT_EQ(Run(), -200);
-    ASSERT_EQ(ShownBoxes().size(), 1U);
-    EXPECT_EQ(ShownBoxes()[0].text, "Execution of job 'morning' failed. Reason:\r\nThere is no commands to execute!");
+    EXPECT_THAT(Boxes(), ElementsAre(Failed + "There is no commands to execute!"));
 }
 
 TEST_F(RunJobTest, ARunWithALogWritesExactlyThis) {
@@ -253,7 +241,7 @@ TEST_F(RunJobTest, ARunWithALogWritesExactlyThis) {
     InEdit().At(2000).Click(Left, 300, 300);
     InLostWindow().IfNoWindow(StopExecuting, 0).At(5000).Click(Right, 300, 300);
     EXPECT_EQ(Run(LogPath), -4);
-    EXPECT_EQ(ContentOf(LogPath),
+    EXPECT_EQ(Log(),
               "Date: 11/15/2026\r\n"
               "\r\n"
               "05:12:44  Job speed: 100 (normal speed)\r\n"
@@ -265,7 +253,7 @@ TEST_F(RunJobTest, ARunWithALogWritesExactlyThis) {
               "05:12:49  Execution of job failed. Reason: \r\n"
               "05:12:49  Cannot find window: 'Nowhere'\r\n"
               "\r\n\r\n\r\n\r\n");
-    EXPECT_TRUE(ShownBoxes().empty()) << "nobody is there to see one";
+    EXPECT_THAT(Boxes(), IsEmpty()) << "nobody is there to see one";
     EXPECT_EQ(settings.RecentJobs[0], "") << "an unattended run leaves the recent jobs alone";
 }
 
@@ -275,16 +263,13 @@ TEST_F(RunJobTest, TheNewestRunStandsOnTopOfTheLog) {
     job.Header().SpeedPercent = MaximumSpeed;
     InEdit().Click(Left, 300, 300);
     EXPECT_EQ(Run(LogPath), 2);
-    const std::string first = ContentOf(LogPath);
-    EXPECT_THAT(first, testing::HasSubstr("Job speed: MAXIMUM\r\n"));
-    EXPECT_THAT(first, testing::HasSubstr("Job will repeat: 2 time(s)\r\n\r\n"));
-    EXPECT_THAT(first, testing::HasSubstr("Repeating job no: 2/2\r\n"));
-    EXPECT_THAT(first, testing::HasSubstr("Job completed successfully.\r\n"));
+    EXPECT_THAT(Log(),
+                testing::AllOf(HasSubstr("Job speed: MAXIMUM\r\n"), HasSubstr("repeat: 2 time(s)\r\n\r\n"),
+                               HasSubstr("Repeating job no: 2/2\r\n"), HasSubstr("completed successfully.\r\n")));
     simulated::SetLocalTime({2026, 11, 16, 7, 5, 9});
     EXPECT_EQ(Run(LogPath), 2);
-    const std::string second = ContentOf(LogPath);
-    EXPECT_TRUE(second.starts_with("Date: 11/16/2026\r\n\r\n07:05:"));
-    EXPECT_GT(second.find("Date: 11/15/2026"), second.find("Date: 11/16/2026"));
+    EXPECT_TRUE(Log().starts_with("Date: 11/16/2026\r\n\r\n07:05:"));
+    EXPECT_THAT(Log(), HasSubstr("Date: 11/15/2026"));
 }
 
 TEST_F(RunJobTest, ARunTimeFailureIsLoggedToo) {
@@ -294,7 +279,7 @@ TEST_F(RunJobTest, ARunTimeFailureIsLoggedToo) {
     EXPECT_THROW(Run(LogPath), RuntimeFailure);
     EXPECT_TRUE(statusViewStandIn.closeButtonVisible);
     EXPECT_FALSE(statusViewStandIn.barVisible) << "the button stands where the bar was";
-    EXPECT_THAT(ContentOf(LogPath), testing::HasSubstr("Execution of job failed. Reason: \r\n"));
+    EXPECT_THAT(Log(), HasSubstr("Execution of job failed. Reason: \r\n"));
     ExpectAllPutRight();
 }
 

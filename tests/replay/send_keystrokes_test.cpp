@@ -14,6 +14,7 @@
 #include "settings/settings.h"
 #include "simulated/desktop.h"
 #include "sounds/key_sounds.h"
+#include "support/boxes.h"
 #include "support/status_view_stand_in.h"
 
 namespace {
@@ -67,9 +68,7 @@ protected:
 using Keys = std::vector<std::pair<int, int>>;
 
 TEST_F(Typing, TextArrivesInTheFocusedWindow) {
-    simulated::WindowSpec edit;
-    edit.className = "Edit";
-    const auto window = simulated::AddWindow(edit);
+    const auto window = simulated::AddWindow({.className = "Edit"});
     EXPECT_EQ(Send("{L_SHIFT DOWN}h{L_SHIFT UP}ello, World{ENTER}1"), 2 + 2 + 4 * 2 + 2 + 2 + 5 * 2 + 2 + 2);
     EXPECT_EQ(simulated::TextOf(window), "Hello, world\r\n1");  // a capital in the text adds no shift
     for (const bool down : heldInput.KeysDown) EXPECT_FALSE(down);
@@ -150,24 +149,14 @@ TEST_F(Typing, EscapeInTheTextIsNotTheUsers) {
 }
 
 TEST_F(Typing, TextThatDoesNotCompileShowsABoxAndSendsNothing) {
-    struct Case {
-        std::string text;
-        std::int32_t result;
-        std::string title;
-    };
-    const std::vector<Case> cases = {
-        {"", 0, "There is no keystrokes to send"},
-        {"ab{NO_KEY}", -2, "Invalid keystroke:\"{NO_KEY}\""},
-        {"a{0}", -1, "Invalid scancode for keystroke \"{0}\""},
-    };
-    for (const Case& each : cases) {
-        EXPECT_EQ(Send(each.text), each.result);
-        EXPECT_EQ(simulated::ShownBoxes().back().title, each.title);
-        EXPECT_EQ(simulated::ShownBoxes().back().text, std::to_string(each.result));
-        EXPECT_EQ(simulated::ShownBoxes().back().icon, platform::BoxIcon::Error);
-    }
+    EXPECT_EQ(Send(""), 0);
+    EXPECT_EQ(Send("ab{NO_KEY}"), -2);
+    EXPECT_EQ(Send("a{0}"), -1);
     EXPECT_THROW(Send("ab{c"), RuntimeFailure);
-    EXPECT_EQ(simulated::ShownBoxes().size(), cases.size());
+    const std::vector<std::string> boxes = {"There is no keystrokes to send|0", "Invalid keystroke:\"{NO_KEY}\"|-2",
+                                            "Invalid scancode for keystroke \"{0}\"|-1"};
+    EXPECT_EQ(Boxes(), boxes);
+    for (const auto& box : simulated::ShownBoxes()) EXPECT_EQ(box.icon, platform::BoxIcon::Error);
     EXPECT_TRUE(simulated::Journal().empty());
 }
 
@@ -204,9 +193,7 @@ TEST_F(Typing, PausesFeedTheProgressBar) {
 }
 
 TEST_F(Typing, LongTextPumpsOnItsWay) {
-    simulated::WindowSpec spec;
-    spec.thread = simulated::OwnThread;
-    const auto own = simulated::AddWindow(spec);
+    const auto own = simulated::AddWindow({.thread = simulated::OwnThread});
     std::size_t sentAtPump = 0;
     simulated::OnKey(own, 'A', [&] {
         if (sentAtPump == 0) sentAtPump = simulated::Journal().size();

@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "platform/clock.h"
 #include "replay/replay_log.h"
@@ -102,16 +101,6 @@ TEST_F(Logging, FirstLineBringsTheDateAndSetsItsOwnGap) {
                                        "\r\n05:07:09  last\r\n");
 }
 
-TEST_F(Logging, NewestRunStandsOnTop) {
-    replayLog.LogBuffer = "run 1\r\n";
-    WriteLogFile(LogPath);
-    EXPECT_EQ(Written(), "run 1\r\n\r\n\r\n\r\n\r\n");
-    EXPECT_EQ(replayLog.LogBuffer, "");
-    replayLog.LogBuffer = "run 2\r\n";
-    WriteLogFile(LogPath);
-    EXPECT_EQ(Written(), "run 2\r\n\r\n\r\n\r\nrun 1\r\n\r\n\r\n\r\n\r\n\r\n");
-}
-
 TEST_F(Logging, OldTextIsTakenOverLineByLine) {
     struct Case {
         std::string old;
@@ -127,14 +116,6 @@ TEST_F(Logging, OldTextIsTakenOverLineByLine) {
         WriteLogFile(LogPath);
         EXPECT_EQ(Written(), "new\r\n\r\n\r\n" + each.tail + "\r\n");
     }
-}
-
-TEST_F(Logging, LineWithoutALogWaitsForTheNextOne) {
-    LogLine("Repeating job no: 1/2");
-    const std::string waiting = replayLog.LogBuffer;
-    LogLine("Job speed: MAXIMUM");
-    WriteLogFile(LogPath);
-    EXPECT_EQ(Written().find(waiting + "05:07:09  Job speed: MAXIMUM\r\n"), 0U);
 }
 
 TEST_F(Logging, LargeOldLogIsWhole) {
@@ -163,18 +144,6 @@ TEST_F(Logging, FailedWriteNeverTearsTheLog) {
         EXPECT_EQ(replayLog.LogBuffer, "");
     };
     SurvivesEveryFault(test);
-}
-
-TEST_F(Logging, FolderThatIsGoneIsAFileFailure) {
-    replayLog.LogBuffer = "new";
-    try {
-        WriteLogFile("C:\\Gone\\a.log");
-        ADD_FAILURE() << "written";
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(failure.Kind(), FailureKind::File);
-        EXPECT_NE(std::string(failure.what()).find("C:\\Gone\\a.log"), std::string::npos);
-    }
-    EXPECT_EQ(replayLog.LogBuffer, "new");
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "identity/window_identity.h"
 #include "platform/clock.h"
@@ -13,6 +12,7 @@
 #include "platform/window_services.h"
 #include "settings/settings.h"
 #include "simulated/desktop.h"
+#include "support/failures.h"
 #include "support/status_view_stand_in.h"
 
 namespace {
@@ -24,6 +24,7 @@ using simulated::WindowSpec;
 constexpr int Pause = 200;   // between two looks
 constexpr int Placed = 500;  // after the first placing of a window
 constexpr int NewPage = 3000;
+constexpr std::int64_t HungStep = 2 * (simulated::HungMilliseconds + Pause);  // a search asks a hung window twice
 
 // An editor with a panel and a button, in which a click was recorded. The stories then change the desktop and look for
 // the button again, with the cursor where the click was.
@@ -80,6 +81,24 @@ protected:
         EXPECT_EQ(Find(), result);
         EXPECT_EQ(took, ms);
         EXPECT_EQ(reason, text);
+    }
+
+    // The user holds ESC, `ms` into the search, and the search ends as soon as a step of it can.
+    void ExpectCancelledAt(std::int64_t ms, std::int64_t step = Pause) {
+        const std::int64_t now = platform::TickCount();
+        simulated::UserHoldsEscapeFrom(now + ms, now + ms + 100);
+        EXPECT_EQ(Find(), TargetCanceled);
+        EXPECT_GE(took, ms);
+        EXPECT_LE(took, ms + step);
+        EXPECT_EQ(reason, "as before");
+        simulated::RunFor(Pause);  // until the key is up again
+    }
+
+    void ExpectHungUntilTheWaitIsOver() {
+        EXPECT_EQ(Find(), TargetWindowMissing);
+        EXPECT_EQ(reason, "Cannot find window: 'a.txt - Editor'");
+        EXPECT_GT(took, request.waitSeconds * 1000);
+        EXPECT_LE(took, request.waitSeconds * 1000 + HungStep);
     }
 
     WindowChain& Chain() { return windowArrays.chains.at(static_cast<std::size_t>(request.chainIndex)); }
@@ -266,22 +285,13 @@ TEST_F(TargetSearch, EscapeEndsEveryWait) {
     EXPECT_EQ(Find(), TargetCanceled) << "a tap before the search";
     EXPECT_EQ(took, 0);
     request.waitSeconds = 60;
-    const auto cancelledAt = [this](std::int64_t moment) {
-        const std::int64_t now = platform::TickCount();
-        simulated::UserHoldsEscapeFrom(now + moment, now + moment + 50);
-        EXPECT_EQ(Find(), TargetCanceled);
-        EXPECT_LE(took, moment + Pause);
-        EXPECT_GE(took, moment);
-        EXPECT_EQ(reason, "as before");
-        simulated::RunFor(Pause);  // until the key is up again
-    };
     simulated::SetCaption(button, "Cancel");
-    cancelledAt(700);  // for the element
+    ExpectCancelledAt(700);  // for the element
     simulated::SetCaption(editor, "b.txt - Editor");
-    cancelledAt(700);  // for the window
+    ExpectCancelledAt(700);  // for the window
     RecordClick(AddWindow({.className = "#32770", .rect = {800, 100, 900, 200}}));
     simulated::Destroy(platform::ForegroundWindow());
-    cancelledAt(700);  // for the bare dialog
+    ExpectCancelledAt(700);  // for the bare dialog
 }
 
 TEST_F(TargetSearch, TheEscapeOfTheJobIsNotTheUsers) {
@@ -295,14 +305,14 @@ TEST_F(TargetSearch, TheEscapeOfTheJobIsNotTheUsers) {
 // --- windows that do not do as they are told ---
 
 TEST_F(TargetSearch, AHungWindowEndsWithTheWait) {
-    simulated::SetHung(editor);
-    simulated::Cover(editor);
     request.waitSeconds = 2;
-    EXPECT_EQ(Find(), TargetWindowMissing);
-    EXPECT_GT(took, 2000);
-    EXPECT_LE(took, 2000 + 2 * (simulated::HungMilliseconds + Pause));
+    simulated::SetHung(editor);
+    simulated::Resize(editor, {550, 450});  // it matches, but cannot be put in place
+    ExpectHungUntilTheWaitIsOver();
+    simulated::Cover(editor);
+    ExpectHungUntilTheWaitIsOver();
     request.useFocus = true;
-    EXPECT_EQ(Find(), TargetWindowMissing);
+    ExpectHungUntilTheWaitIsOver();
 }
 
 TEST_F(TargetSearch, AHungWindowIsFoundWhenItGoesOn) {
@@ -315,15 +325,6 @@ TEST_F(TargetSearch, AHungWindowIsFoundWhenItGoesOn) {
     EXPECT_EQ(platform::WindowAt(simulated::CentreOf(button)), button);
 }
 
-TEST_F(TargetSearch, AHungWindowThatMatchesButCannotBePutInPlaceIsNotReady) {
-    simulated::SetHung(editor);
-    simulated::Resize(editor, {550, 450});
-    request.waitSeconds = 1;
-    EXPECT_EQ(Find(), TargetWindowMissing);
-    EXPECT_EQ(reason, "Cannot find window: 'a.txt - Editor'");
-    EXPECT_LE(took, 1000 + 2 * (simulated::HungMilliseconds + Pause));
-}
-
 TEST_F(TargetSearch, EscapeEndsTheWaitForAHungWindow) {
     request.waitSeconds = 60;
     simulated::SetHung(editor);
@@ -333,13 +334,11 @@ TEST_F(TargetSearch, EscapeEndsTheWaitForAHungWindow) {
             Signature(0).Caption = "";
         }
         for (const bool useFocus : {false, true}) {
+            SCOPED_TRACE(testing::Message() << "bare " << bare << ", by focus " << useFocus);
             request.useFocus = useFocus;
             simulated::Activate(editor);
             simulated::Cover(editor);
-            const std::int64_t now = platform::TickCount();
-            simulated::UserHoldsEscapeFrom(now + 1000, now + 1100);
-            EXPECT_EQ(Find(), TargetCanceled) << bare << useFocus;
-            EXPECT_LE(took, 1000 + 2 * (simulated::HungMilliseconds + Pause)) << bare << useFocus;
+            ExpectCancelledAt(1000, HungStep);
         }
     }
 }
@@ -364,24 +363,24 @@ TEST_F(TargetSearch, AWindowThatIsGoneInTheMiddleOfTheSearchIsNotFound) {
 
 // --- several windows that look alike ---
 
-TEST_F(TargetSearch, OfTwinElementsTheNearestWins) {
+TEST_F(TargetSearch, OfTwinElementsTheNearestWinsAndElseTheFirst) {
+    const auto addTwinAt = [this](const platform::Rect& rect) {
+        WindowSpec twin = ButtonIn(panel);
+        twin.rect = rect;
+        const WindowHandle added = AddWindow(twin);
+        simulated::Raise(button);
+        return added;
+    };
     simulated::MoveWindow(button, {90, 20});
-    WindowSpec near = ButtonIn(panel);
-    near.rect = {50, 20, 70, 40};
-    const WindowHandle nearest = AddWindow(near);
-    simulated::Raise(button);
+    const WindowHandle nearest = addTwinAt({50, 20, 70, 40});
     ExpectReadyAfter(Pause + Placed);
     EXPECT_EQ(searchState.current, nearest);
     EXPECT_EQ(platform::PlacementOf(nearest).rcNormalPosition, ButtonIn(panel).rect);
-}
 
-TEST_F(TargetSearch, OfTwinElementsEquallyFarTheFirstWins) {
-    WindowSpec twin = ButtonIn(panel);
+    simulated::Destroy(nearest);
     simulated::MoveWindow(button, {60, 20});
-    twin.rect = {20, 60, 40, 80};
-    AddWindow(twin);
-    simulated::Raise(button);
-    ExpectReadyAfter(Pause + Placed);
+    addTwinAt({20, 60, 40, 80});  // as far away
+    ExpectReadyAfter(Pause);
     EXPECT_EQ(searchState.current, button);
 }
 
@@ -652,37 +651,24 @@ TEST_F(TargetSearch, SameChainComparesTheLevelsInUse) {
 // --- damaged jobs ---
 
 TEST_F(TargetSearch, IndexesThatPointNowhereAreRangeFailures) {
-    const auto fails = [this] {
-        try {
-            Find();
-            return false;
-        } catch (const RuntimeFailure& failure) {
-            return failure.Kind() == FailureKind::Range;
-        }
-    };
+    const auto find = [this] { Find(); };
     const WindowChain good = Chain();
-    for (const std::int32_t bad : {-1, 99, 2'147'483'647, NoWindowMarker}) {
-        Chain().LeafWindow = bad;
-        EXPECT_TRUE(fails()) << "leaf " << bad;
-        Chain() = good;
-        Chain().Path[1] = bad;
-        EXPECT_TRUE(fails()) << "parent " << bad;
-        Chain() = good;
-        Chain().Path[2] = bad;
-        EXPECT_TRUE(fails()) << "top " << bad;
-        Chain() = good;
+    const std::pair<const char*, std::int32_t*> indexes[] = {{"leaf", &Chain().LeafWindow},
+                                                             {"parent", &Chain().Path[1]},
+                                                             {"top", &Chain().Path[2]},
+                                                             {"depth", &Chain().Depth}};
+    for (const std::int32_t bad : {-1, 256, 2'147'483'647, NoWindowMarker}) {
+        for (const auto& [name, index] : indexes) {
+            *index = bad;
+            EXPECT_EQ(FailureOf(find), FailureKind::Range) << name << " " << bad;
+            Chain() = good;
+        }
     }
-    for (const std::int32_t bad : {-1, 256, 2'147'483'647}) {
-        Chain().Depth = bad;
-        EXPECT_TRUE(fails()) << "depth " << bad;
-        Chain() = good;
-    }
-    const std::int32_t index = request.chainIndex;
     for (const std::int32_t bad : {-1, 99, NoWindowMarker}) {
         request.chainIndex = bad;
-        EXPECT_TRUE(fails()) << "chain " << bad;
+        EXPECT_EQ(FailureOf(find), FailureKind::Range) << "chain " << bad;
     }
-    request.chainIndex = index;
+    request.chainIndex = 0;
     EXPECT_EQ(Find(), TargetReady);
 }
 

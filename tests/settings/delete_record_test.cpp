@@ -1,17 +1,14 @@
 #include <gmock/gmock.h>
 
 #include "base/runtime_failure.h"
-#include "platform/simulated/desktop.h"
 #include "settings/sample_settings.h"
+#include "support/boxes.h"
 
+using testing::EndsWith;
 using testing::IsEmpty;
 using testing::SizeIs;
 
 namespace {
-
-std::string LastBox() {
-    return simulated::ShownBoxes().empty() ? "" : simulated::ShownBoxes().back().text;
-}
 
 TEST(DeleteHotkey, MovesLaterRecordsDownAndSavesIfAsked) {
     PutJobs();
@@ -22,21 +19,17 @@ TEST(DeleteHotkey, MovesLaterRecordsDownAndSavesIfAsked) {
     EXPECT_FALSE(simulated::FileBytes(settingsPath));
     DeleteHotkey(0, false);
     EXPECT_TRUE(simulated::FileBytes(settingsPath));
-    EXPECT_THROW(
-        {
-            settings.Hotkeys.resize(2);
-            DeleteHotkey(2, true);
-        },
-        RuntimeFailure);
+    settings.Hotkeys.resize(2);
+    EXPECT_THROW(DeleteHotkey(2, true), RuntimeFailure);
 }
 
 TEST(DeleteHotkey, RefusesWhatIsNotThere) {
     PutJobs();
     DeleteHotkey(0, false);
-    EXPECT_EQ(LastBox(), "Error deleting hotkeys. There are no registered hotkeys to delete.");
+    EXPECT_THAT(LastBox(), EndsWith("|Error deleting hotkeys. There are no registered hotkeys to delete."));
     settings.Hotkeys.resize(1);
     DeleteHotkey(1, false);
-    EXPECT_EQ(LastBox(), "Error deleting hotkey!");
+    EXPECT_THAT(LastBox(), EndsWith("|Error deleting hotkey!"));
     EXPECT_THAT(settings.Hotkeys, SizeIs(1));
     EXPECT_FALSE(simulated::FileBytes(settingsPath));
     DeleteHotkey(0, true);
@@ -45,13 +38,13 @@ TEST(DeleteHotkey, RefusesWhatIsNotThere) {
 
 TEST(DeleteSchedule, RefusesWhatIsNotThere) {
     DeleteSchedule(0);
-    EXPECT_EQ(LastBox(), "Error deleting list element. There are no elements in list.");
+    EXPECT_THAT(LastBox(), EndsWith("|Error deleting list element. There are no elements in list."));
     settings.Schedules.resize(1);
     DeleteSchedule(-1);
-    EXPECT_EQ(LastBox(), "Error deleting hotkey!");
+    EXPECT_THAT(LastBox(), EndsWith("|Error deleting hotkey!"));
     DeleteSchedule(0);
     EXPECT_THAT(settings.Schedules, IsEmpty());
-    EXPECT_THAT(simulated::ShownBoxes(), SizeIs(2));
+    EXPECT_THAT(Boxes(), SizeIs(2));
 }
 
 }  // namespace

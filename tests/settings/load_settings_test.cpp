@@ -1,10 +1,11 @@
 #include <gmock/gmock.h>
 
-#include "platform/simulated/desktop.h"
 #include "platform/simulated/files.h"
 #include "settings/sample_settings.h"
 #include "support/allocation_meter.h"
+#include "support/boxes.h"
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -43,7 +44,7 @@ TEST_F(LoadingSettings, SampleIsReadFieldByField) {
     EXPECT_EQ(Load(SampleSettingsBytes()), Outcome::Loaded);
     EXPECT_EQ(Dump(settings), Dump(SampleSettings()));
     EXPECT_EQ(simulated::FileBytes(settingsPath), SampleSettingsBytes());
-    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+    EXPECT_THAT(Boxes(), IsEmpty());
     EXPECT_EQ(simulated::OpenFiles(), 0);
 }
 
@@ -53,7 +54,7 @@ TEST_F(LoadingSettings, MissingFileGivesDefaultsQuietly) {
     EXPECT_FALSE(settings.SettingsLoaded);
     EXPECT_TRUE(settings.NothingLoaded);
     ExpectDefaults();
-    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+    EXPECT_THAT(Boxes(), IsEmpty());
 }
 
 TEST_F(LoadingSettings, VersionAndLengthDecideWhetherItIsSpokenOf) {
@@ -63,26 +64,20 @@ TEST_F(LoadingSettings, VersionAndLengthDecideWhetherItIsSpokenOf) {
     EXPECT_EQ(Load(smallest.substr(0, 2641)), Outcome::Quiet);
     ExpectDefaults();
     EXPECT_EQ(Load(smallest + "tail"), Outcome::Loaded);
-    struct Case {
-        std::int64_t version;
-        Outcome good;
-        Outcome badPeriod;
-    };
-    const Case cases[] = {
+    const std::tuple<std::int64_t, Outcome, Outcome> cases[] = {
         {-1, Outcome::Quiet, Outcome::Quiet},   {99, Outcome::Quiet, Outcome::Quiet},
         {100, Outcome::Loaded, Outcome::Quiet}, {305, Outcome::Loaded, Outcome::Quiet},
         {306, Outcome::Loaded, Outcome::Box},   {307, Outcome::Quiet, Outcome::Quiet},
         {999, Outcome::Quiet, Outcome::Quiet},  {1000, Outcome::Quiet, Outcome::Quiet},
     };
-    for (const Case& one : cases) {
-        const std::string bytes = WithInt32(smallest, VersionAt, one.version);
-        EXPECT_EQ(Load(bytes), one.good) << one.version;
-        EXPECT_EQ(Load(WithInt32(bytes, CountdownPeriodAt, 11)), one.badPeriod) << one.version;
+    for (const auto& [version, good, badPeriod] : cases) {
+        const std::string bytes = WithInt32(smallest, VersionAt, version);
+        EXPECT_EQ(Load(bytes), good) << version;
+        EXPECT_EQ(Load(WithInt32(bytes, CountdownPeriodAt, 11)), badPeriod) << version;
     }
-    ASSERT_THAT(simulated::ShownBoxes(), SizeIs(1));
-    EXPECT_EQ(simulated::ShownBoxes()[0].text,
-              "File 'settings.binary' is corrupted. Press OK to reset your settings to default.");
-    EXPECT_EQ(simulated::ShownBoxes()[0].title, "Tessarine");
+    EXPECT_THAT(
+        Boxes(),
+        ElementsAre("Tessarine|File 'settings.binary' is corrupted. Press OK to reset your settings to default."));
 }
 
 TEST_F(LoadingSettings, EachCheckedFieldHasItsRange) {
@@ -144,7 +139,7 @@ TEST_F(LoadingSettings, WhatAnotherProgramHoldsIsNotMissing) {
     simulated::LockFileAgainstReaders(SampleSettings().Schedules.front().job_path);
     LoadSettings();
     EXPECT_EQ(Dump(settings), Dump(SampleSettings()));
-    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+    EXPECT_THAT(Boxes(), IsEmpty());
 }
 
 TEST_F(LoadingSettings, HotkeyWithoutItsJobVanishesSilently) {
@@ -158,23 +153,21 @@ TEST_F(LoadingSettings, HotkeyWithoutItsJobVanishesSilently) {
     ASSERT_THAT(settings.Hotkeys, SizeIs(1));
     EXPECT_EQ(settings.Hotkeys[0].job_path, hotkeyJob);
     EXPECT_EQ(simulated::FileBytes(settingsPath), file.All());
-    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+    EXPECT_THAT(Boxes(), IsEmpty());
 }
 
 TEST_F(LoadingSettings, SchedulesWithoutTheirJobAreToldAndTheFileIsWritten) {
     simulated::LosePath(scheduledJob);
     EXPECT_EQ(Load(SampleSettingsBytes()), Outcome::Loaded);
     EXPECT_THAT(settings.Schedules, IsEmpty());
-    ASSERT_THAT(simulated::ShownBoxes(), SizeIs(2));
-    EXPECT_EQ(simulated::ShownBoxes()[0].text,
-              "Schedule named 'At start' will be deleted because job 'C:\\data\\Backup.tsj' cannot be found");
-    EXPECT_EQ(simulated::ShownBoxes()[0].title, "File is missing");
-    EXPECT_THAT(simulated::ShownBoxes()[1].text, testing::HasSubstr("'Month's end'"));
+    EXPECT_THAT(Boxes(), ElementsAre("File is missing|Schedule named 'At start' will be deleted because job "
+                                     "'C:\\data\\Backup.tsj' cannot be found",
+                                     testing::HasSubstr("'Month's end'")));
     const std::string whole = SampleSettingsBytes();
     EXPECT_EQ(simulated::FileBytes(settingsPath), WithInt32(whole, ScheduleCountAt, 0))
         << "the old schedules stay as a tail";
     LoadSettings();
-    EXPECT_THAT(simulated::ShownBoxes(), SizeIs(2)) << "told once";
+    EXPECT_THAT(Boxes(), SizeIs(2)) << "told once";
 }
 
 TEST_F(LoadingSettings, StartsEvenWhenTheCleanedFileCannotBeWritten) {

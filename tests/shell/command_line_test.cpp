@@ -6,8 +6,8 @@
 #include "base/runtime_failure.h"
 #include "mainwindow/form_visible.h"
 #include "shell/copy_data.h"
-#include "simulated/desktop.h"
 #include "simulated/files.h"
+#include "support/boxes.h"
 #include "support/shell_stand_in.h"
 
 namespace {
@@ -60,14 +60,13 @@ TEST_F(CommandLine, TheFirstCharactersDecide) {
         shellStandIn = {};
         formVisibility = {};
         shellStandIn.runResult = 0;
-        const std::size_t boxesBefore = simulated::ShownBoxes().size();
+        const std::size_t boxesBefore = Boxes().size();
         const bool ends = one.firstCall == "EndProcess";
         EXPECT_EQ(Handle(one.commandLine, true), !ends);
         EXPECT_TRUE(one.firstCall.empty() ? shellStandIn.calls.empty() : WasCalled(one.firstCall));
-        ASSERT_EQ(simulated::ShownBoxes().size(), boxesBefore + (ends ? 1 : 0));
+        ASSERT_EQ(Boxes().size(), boxesBefore + (ends ? 1 : 0));
         if (!ends) continue;
-        EXPECT_EQ(simulated::ShownBoxes().back().text, "File does not exist:\r\n" + one.boxText);
-        EXPECT_EQ(simulated::ShownBoxes().back().title, "File access error");
+        EXPECT_EQ(LastBox(), "File access error|File does not exist:\r\n" + one.boxText);
         EXPECT_FALSE(WasCalled("Show"));
     }
 }

@@ -2,12 +2,12 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/boxes.h"
 #include "platform/files.h"
 #include "platform/registry.h"
 #include "platform/simulated/desktop.h"
 #include "platform/simulated/files.h"
 #include "settings/folders.h"
+#include "support/boxes.h"
 #include "support/job_list_view_stand_in.h"
 #include "support/options_view_stand_in.h"
 
@@ -81,8 +81,12 @@ protected:
         platform::WriteRegistry(key, "DataDir", oldFolder);
     }
 
-    void Choose(const std::string& folder) { simulated::AnswerNextFolder(folder); }
-    void Answer(bool yes) { simulated::AnswerNextBox({.yes = yes}); }
+    // Looks for another folder until one will do, and answers whether the files are to go there.
+    void Choose(const std::vector<std::string>& chosen, std::optional<bool> move = std::nullopt) {
+        for (const std::string& folder : chosen) simulated::AnswerNextFolder(folder);
+        if (move) simulated::AnswerNextBox({.yes = *move});
+        ChangeDataFolder();
+    }
 
     void ExpectInForce(const std::string& folder) {
         EXPECT_EQ(folders.DataFolder, folder);
@@ -93,28 +97,22 @@ protected:
 const auto moved = ElementsAre("c:\\docs\\tessarine\\a.log", "d:\\x\\a.tsj", "d:\\x\\b.tsj", "d:\\x\\settings.binary");
 
 TEST_F(MovingDataFolder, YesMovesJobsAndSettings) {
-    Choose(newFolder);
-    Answer(true);
-    ChangeDataFolder();
+    Choose({newFolder}, true);
     EXPECT_THAT(simulated::AllFiles(), moved);
     EXPECT_EQ(simulated::FileBytes("D:\\x\\A.tsj"), "job a");
     ExpectInForce(newFolder);
     EXPECT_EQ(optionsViewStandIn.shownFolder, newFolder);
     EXPECT_THAT(jobListViewStandIn.calls, ElementsAre("refresh"));
-    ASSERT_THAT(simulated::ShownBoxes(), SizeIs(1));
-    EXPECT_EQ(simulated::ShownBoxes()[0].title, "Move Files?");
-    EXPECT_EQ(simulated::ShownBoxes()[0].text,
-              "Would you like to move all of the jobs and settings to the new location?\r\n"
-              "Old location: C:\\Docs\\Tessarine\r\nNew location: D:\\x");
+    EXPECT_THAT(Boxes(),
+                ElementsAre("Move Files?|Would you like to move all of the jobs and settings to the new location?\r\n"
+                            "Old location: C:\\Docs\\Tessarine\r\nNew location: D:\\x"));
     EXPECT_THAT(simulated::BrowsedFolders(),
                 ElementsAre(std::pair<std::string, std::string>(
                     "Select new folder where your jobs and settings will be stored.", oldFolder)));
 }
 
 TEST_F(MovingDataFolder, NoChangesTheFolderOnly) {
-    Choose(newFolder);
-    Answer(false);
-    ChangeDataFolder();
+    Choose({newFolder}, false);
     EXPECT_THAT(simulated::AllFiles(), SizeIs(5));
     ExpectInForce(newFolder);
 }
@@ -123,51 +121,41 @@ TEST_F(MovingDataFolder, CancelChangesNothing) {
     simulated::AnswerNextFolder(std::nullopt);
     ChangeDataFolder();
     ExpectInForce(oldFolder);
-    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+    EXPECT_THAT(Boxes(), IsEmpty());
     EXPECT_THAT(jobListViewStandIn.calls, IsEmpty());
 }
 
 TEST_F(MovingDataFolder, RootsAndReadOnlyFoldersAreRefusedUntilOneWillDo) {
     simulated::PutFolder("C:\\locked");
     simulated::MakeReadOnly("C:\\locked");
-    Choose("D:\\");
-    Choose("C:\\locked");
-    Choose(newFolder);
-    ChangeDataFolder();  // the question gets No
-    ASSERT_THAT(simulated::ShownBoxes(), SizeIs(3));
-    EXPECT_EQ(simulated::ShownBoxes()[0].text, "Selecting root folder is not allowed. Please select another folder.");
-    EXPECT_EQ(simulated::ShownBoxes()[0].title, "Invalid folder selection");
+    Choose({"D:\\", "C:\\locked", newFolder});
+    EXPECT_THAT(
+        Boxes(),
+        ElementsAre("Invalid folder selection|Selecting root folder is not allowed. Please select another folder.",
+                    "Access denied|Writing data to folder 'C:\\locked' failed. Please select another folder",
+                    testing::StartsWith("Move Files?|")));
     EXPECT_EQ(simulated::ShownBoxes()[0].icon, platform::BoxIcon::Error);
-    EXPECT_EQ(simulated::ShownBoxes()[1].text,
-              "Writing data to folder 'C:\\locked' failed. Please select another folder");
-    EXPECT_EQ(simulated::ShownBoxes()[1].title, "Access denied");
-    EXPECT_TRUE(simulated::ShownBoxes()[2].question);
     ExpectInForce(newFolder);
 }
 
 TEST_F(MovingDataFolder, SameFolderInAnotherCaseIsRegisteredWithoutAQuestion) {
-    Choose("c:\\DOCS\\tessarine");
-    ChangeDataFolder();
-    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+    Choose({"c:\\DOCS\\tessarine"});
+    EXPECT_THAT(Boxes(), IsEmpty());
     ExpectInForce("c:\\DOCS\\tessarine");
     EXPECT_THAT(simulated::AllFiles(), SizeIs(5));
 }
 
 TEST_F(MovingDataFolder, FolderThatTheListRefusesIsTakenWithoutAQuestion) {
     optionsViewStandIn.refusesFolders = true;
-    Choose(newFolder);
-    ChangeDataFolder();
-    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+    Choose({newFolder});
+    EXPECT_THAT(Boxes(), IsEmpty());
     ExpectInForce(newFolder);
 }
 
 TEST_F(MovingDataFolder, FailedMoveKeepsTheOldFolderInForce) {
     simulated::LockFile(newFolder + "\\a.tsj");
-    Choose(newFolder);
-    Answer(true);
-    ChangeDataFolder();
-    EXPECT_EQ(simulated::ShownBoxes().back().text, "An error occured while trying to move files");
-    EXPECT_EQ(simulated::ShownBoxes().back().title, "Cannot change folder");
+    Choose({newFolder}, true);
+    EXPECT_EQ(LastBox(), "Cannot change folder|An error occured while trying to move files");
     ExpectInForce(oldFolder);
     EXPECT_THAT(jobListViewStandIn.calls, IsEmpty());
 }

@@ -1,7 +1,7 @@
 // A start of the program from the first question to the window on the screen, and its end.
 #include "shell/startup.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "base/runtime_failure.h"
 #include "mainwindow/form_visible.h"
@@ -10,14 +10,16 @@
 #include "platform/window_services.h"
 #include "replay/run_job.h"
 #include "replay/timing.h"
-#include "scheduler/date_text.h"
 #include "scheduler/schedule_list.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
 #include "shell/exit.h"
 #include "simulated/desktop.h"
 #include "simulated/files.h"
+#include "support/boxes.h"
 #include "support/shell_stand_in.h"
+
+using testing::ElementsAre;
 
 namespace {
 
@@ -39,11 +41,7 @@ protected:
     // The main window of the program's first instance.
     static platform::WindowHandle FirstInstance(const std::string& caption = MainCaption()) {
         simulated::LetAnotherInstanceRun();
-        simulated::WindowSpec window;
-        window.className = MainWindowClass;
-        window.caption = caption;
-        window.active = false;
-        return simulated::AddWindow(window);
+        return simulated::AddWindow({.className = MainWindowClass, .caption = caption, .active = false});
     }
 
     static void ExpectNothingPrepared() {
@@ -63,17 +61,12 @@ TEST_F(Start, OnACleanMachineMakesTheFolderAndShowsTheWindow) {
     EXPECT_TRUE(settings.SettingsLoaded);
     EXPECT_EQ(settings.countdown_period, 5);
     EXPECT_TRUE(MainWindowVisible());
+    EXPECT_THAT(shellStandIn.calls,
+                ElementsAre("CreateMainWindow", "PrepareMainWindow", "InstallProcedures", "RestoreWindowPosition",
+                            "ShowOptions", "Show", "PodesiRjecnik", "StaviFocus"));
     EXPECT_TRUE(scheduleDispatch.DispatchEnabled);
     EXPECT_EQ(folders.StartedAt, "");
     EXPECT_TRUE(simulated::ShownBoxes().empty());
-}
-
-TEST_F(Start, TakesItsStepsInOrder) {
-    EXPECT_TRUE(Main());
-    const std::vector<std::string> expected = {"CreateMainWindow",      "PrepareMainWindow", "InstallProcedures",
-                                               "RestoreWindowPosition", "ShowOptions",       "Show",
-                                               "PodesiRjecnik",         "StaviFocus"};
-    EXPECT_EQ(shellStandIn.calls, expected);
 }
 
 TEST_F(Start, WithAnUnknownCommandLineIsAStartLikeAnyOther) {
@@ -119,8 +112,7 @@ TEST_F(Start, GoesOnAfterAFailureThatItHasTold) {
     simulated::SetCommandLine(std::string("-run ") + JobPath);
     shellStandIn.duringRun = [] { throw RuntimeFailure(FailureKind::File, "The job is damaged."); };
     EXPECT_TRUE(Main());
-    ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
-    EXPECT_EQ(simulated::ShownBoxes()[0].text, "The job is damaged.");
+    EXPECT_THAT(Boxes(), ElementsAre("Tessarine|The job is damaged."));
     EXPECT_TRUE(WasCalled("PodesiRjecnik"));
 }
 
@@ -179,22 +171,21 @@ TEST_F(End, GivesBackWhatWasTakenInOrder) {
     Main();
     shellStandIn.calls.clear();
     EXPECT_THROW(QuitProgram(true), ProcessEnded);
-    const std::vector<std::string> expected = {"Hide",
-                                               "RestoreJobListProcedure",
-                                               "RestoreScheduleListProcedure",
-                                               "RestoreMainProcedure",
-                                               "RemoveTrayIcon",
-                                               "EndProcess"};
-    EXPECT_EQ(shellStandIn.calls, expected);
+    EXPECT_THAT(shellStandIn.calls, ElementsAre("Hide", "RestoreJobListProcedure", "RestoreScheduleListProcedure",
+                                                "RestoreMainProcedure", "RemoveTrayIcon", "EndProcess"));
     EXPECT_TRUE(simulated::FileBytes(std::string(DataFolder) + "\\settings.binary"));
 }
 
-TEST_F(End, ThatCannotSaveDoesNotCome) {
+TEST_F(End, ThatCannotSaveAsksFirst) {
     Main();
     simulated::MakeReadOnly(DataFolder);
-    EXPECT_THROW(QuitProgram(true), RuntimeFailure);
+    simulated::AnswerNextBox({.yes = false});
+    QuitProgram(true);
+    EXPECT_THAT(simulated::ShownBoxes().back().text, testing::EndsWith("\r\nDo you really want to exit Tessarine?"));
     EXPECT_FALSE(WasCalled("EndProcess"));
     EXPECT_TRUE(MainWindowVisible());
+    simulated::AnswerNextBox({.yes = true});
+    EXPECT_THROW(QuitProgram(true), ProcessEnded);
 }
 
 TEST_F(End, InTheMiddleOfARunLeavesNoKeyDown) {
@@ -267,11 +258,6 @@ TEST_F(MainWindowVisibility, IsLeftAloneByTheTrayWhileTheInterfaceIsHeld) {
     EXPECT_TRUE(shellStandIn.calls.empty());
     OnTrayMessage(TrayRightUp);
     EXPECT_TRUE(WasCalled("OpenTrayMenu"));
-}
-
-TEST(DateText, IsAlwaysOfOneWidth) {
-    EXPECT_EQ(StampText({2026, 11, 15, 14, 30, 0}), "2026-11-15@14:30:00");
-    EXPECT_EQ(StampText({2026, 1, 2, 3, 4, 5}), "2026-01-02@03:04:05");
 }
 
 }  // namespace

@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "base/runtime_failure.h"
 #include "platform/pump.h"
-#include "platform/timers.h"
+#include "platform/window_services.h"
 #include "simulated/desktop.h"
 
 using namespace simulated;
@@ -34,59 +33,13 @@ TEST(Clock, OthersActInsideASleepTheProgramInThePump) {
     EXPECT_EQ(platform::Microseconds(), 300'500);
 }
 
-TEST(Clock, NestedPumpsRunTheRestInside) {
-    std::string story;
-    After(10, [&story] {
-        story += "(";
-        Sleep(10);
-        Pump();
-        story += ")";
-    });
-    After(20, [&story] { story += "inner"; });
-    After(30, [&story] { story += "later"; });
-    Sleep(10);
-    Pump();
-    EXPECT_EQ(story, "(inner)");
-    RunFor(10);
-    EXPECT_EQ(story, "(inner)later");
-}
-
 TEST(Clock, ALatePumpGetsOneCallAndThePhaseStays) {
     std::vector<std::int64_t> calls;
-    platform::TimerId timer = 0;
-    timer = platform::StartTimer(100, [&] {
-        calls.push_back(TickCount());
-        if (calls.size() == 4) platform::StopTimer(timer);
-    });
+    Every(100, [&calls] { calls.push_back(TickCount()); });
     RunFor(250);
     Sleep(400);
-    RunFor(1000);
-    EXPECT_EQ(calls, (std::vector<std::int64_t>{100, 200, 650, 700}));
-}
-
-TEST(Clock, HappeningsCancelThemselvesAndOthers) {
-    int own = 0;
-    int others = 0;
-    const HappeningId never = MeanwhileAfter(5, [&others] { others = 100; });
-    HappeningId each = 0;
-    each = MeanwhileEvery(10, [&] {
-        if (++others == 3) Cancel(each);
-    });
-    Every(10, [&own] { ++own; });
-    Cancel(never);
     RunFor(100);
-    EXPECT_EQ(others, 3);
-    EXPECT_EQ(own, 10);
-}
-
-TEST(Clock, AFailureOfAHandlerIsShownAndTheRestGoesOn) {
-    bool reached = false;
-    platform::StartTimer(10, [] { throw RuntimeFailure(FailureKind::File, "The file x is gone."); });
-    After(11, [&reached] { reached = true; });
-    RunFor(15);
-    ASSERT_EQ(ShownBoxes().size(), 1u);
-    EXPECT_EQ(ShownBoxes()[0].text, "The file x is gone.");
-    EXPECT_TRUE(reached);
+    EXPECT_EQ(calls, (std::vector<std::int64_t>{100, 200, 650, 700}));
 }
 
 TEST(Clock, RunUntilStopsAtTheLimit) {
@@ -107,4 +60,16 @@ TEST(Clock, TheWallClockCrossesALeapDay) {
     EXPECT_EQ(now.day, 1);
     EXPECT_EQ(now.hour * 3600 + now.minute * 60 + now.second, 0);
     EXPECT_EQ(platform::ShortDateText(), "3/1/2004");
+}
+
+TEST(Boxes, PumpWhileTheyAreOpen) {
+    const WindowHandle editor = AddWindow({.caption = "editor"});
+    std::string story;
+    After(400, [&story] { story += "handler "; });
+    AnswerNextBox(
+        {.afterMs = 500, .whileOpen = [&story] { story += platform::CaptionOf(platform::ForegroundWindow()) + " "; }});
+    EXPECT_TRUE(platform::AskYesNo("Stop?", "Tessarine"));
+    EXPECT_EQ(story, "Tessarine handler ");
+    EXPECT_EQ(platform::TickCount(), 500);
+    EXPECT_EQ(platform::ForegroundWindow(), editor);
 }

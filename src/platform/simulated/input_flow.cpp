@@ -392,6 +392,8 @@ Size ScreenSize() {
     return {screen.right, screen.bottom};
 }
 
+void PassKeyOn() {}  // nobody else has a hook on this desktop
+
 bool InstallKeyboardHook(KeyboardHook procedure) {
     if (State().refusesHooks) return false;
     State().keyboardHook = procedure;

@@ -1,16 +1,26 @@
 #include "platform/hooks.h"
 
+#include <utility>
+
 #include "win32/failure_guard.h"
 #include "win32/handles.h"
 
 namespace platform {
 namespace {
 
+// A call of the keyboard hook, as the next hook in the chain is told of it.
+struct KeyCall {
+    int code;
+    WPARAM message;
+    LPARAM data;
+};
+
 struct Hooks {
     HHOOK keyboard = nullptr;
     HHOOK mouse = nullptr;
     KeyboardHook onKey = nullptr;
     MouseHook onMouse = nullptr;
+    const KeyCall* keyCall = nullptr;  // the innermost that is under way
 } hooks;
 
 KeyboardHookRecord ToRecord(WPARAM message, const KBDLLHOOKSTRUCT& key) {
@@ -24,20 +34,22 @@ MouseHookRecord ToRecord(WPARAM message, const MSLLHOOKSTRUCT& mouse) {
 }
 
 // A box inside a hook would hold up the input of the whole desktop, so failures are shown from the next pump.
+// Calls nest, since what a procedure does can pump.
 LRESULT CALLBACK KeyboardThunk(int code, WPARAM message, LPARAM data) noexcept {
-    if (code == HC_ACTION && hooks.onKey != nullptr) {
-        const auto record = ToRecord(message, *reinterpret_cast<const KBDLLHOOKSTRUCT*>(data));
-        GuardedCall([&] { hooks.onKey(record); }, ShowFailureLater);
-    }
-    return CallNextHookEx(nullptr, code, message, data);
+    if (code != HC_ACTION || hooks.onKey == nullptr) return CallNextHookEx(nullptr, code, message, data);
+    const auto record = ToRecord(message, *reinterpret_cast<const KBDLLHOOKSTRUCT*>(data));
+    const KeyCall call{code, message, data};
+    const KeyCall* const outer = std::exchange(hooks.keyCall, &call);
+    GuardedCall([&] { hooks.onKey(record); }, ShowFailureLater);
+    hooks.keyCall = outer;
+    return 0;
 }
 
 LRESULT CALLBACK MouseThunk(int code, WPARAM message, LPARAM data) noexcept {
-    if (code == HC_ACTION && hooks.onMouse != nullptr) {
-        const auto record = ToRecord(message, *reinterpret_cast<const MSLLHOOKSTRUCT*>(data));
-        GuardedCall([&] { hooks.onMouse(record); }, ShowFailureLater);
-    }
-    return CallNextHookEx(nullptr, code, message, data);
+    if (code != HC_ACTION || hooks.onMouse == nullptr) return CallNextHookEx(nullptr, code, message, data);
+    const auto record = ToRecord(message, *reinterpret_cast<const MSLLHOOKSTRUCT*>(data));
+    GuardedCall([&] { hooks.onMouse(record); }, ShowFailureLater);
+    return 0;
 }
 
 bool Install(HHOOK& hook, int kind, HOOKPROC thunk) {
@@ -63,6 +75,11 @@ bool InstallMouseHook(MouseHook procedure) {
     RemoveMouseHook();
     hooks.onMouse = procedure;
     return Install(hooks.mouse, WH_MOUSE_LL, MouseThunk);
+}
+
+void PassKeyOn() {
+    const KeyCall* const call = hooks.keyCall;
+    if (call != nullptr) CallNextHookEx(nullptr, call->code, call->message, call->data);
 }
 
 void RemoveKeyboardHook() {

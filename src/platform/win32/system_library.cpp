@@ -6,6 +6,8 @@ namespace platform {
 
 void HardenProcess() {
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    // The countdown sleeps for longer than Windows has patience, which would put a dead picture in a window's place.
+    DisableProcessWindowsGhosting();
     SetDllDirectoryA("");                         // the current folder, for code that asks in the old way
     constexpr int TimerExceptionSuppression = 7;  // UOI_TIMERPROC_EXCEPTION_SUPPRESSION
     BOOL suppress = FALSE;

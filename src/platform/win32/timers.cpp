@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 
+#include "base/runtime_failure.h"
 #include "platform/pump.h"
 #include "win32/failure_guard.h"
 #include "win32/handles.h"
@@ -48,6 +49,7 @@ void CallFromPump(std::function<void()> call) {
         StopTimer(*timer);
         once();
     });
+    if (*timer == 0) throw RuntimeFailure(FailureKind::Memory, "Windows has no timer left.");
 }
 
 }  // namespace platform

@@ -82,6 +82,14 @@ RECT NormalPosition(HWND window, const WINDOWPLACEMENT& placement) {
     return rect;
 }
 
+// Windows gives the foreground to a process that has just been given input, or gave it. An input that does nothing is
+// enough.
+void BeNewestToGiveInput() {
+    INPUT nothing{};
+    nothing.type = INPUT_MOUSE;
+    ::SendInput(1, &nothing, sizeof nothing);
+}
+
 }  // namespace
 
 WindowHandle WindowAt(Point point) {
@@ -100,7 +108,7 @@ bool BringToForeground(WindowHandle window) {
     const HWND top = GetAncestor(ToHwnd(window), GA_ROOT);
     if (top == nullptr) return false;
     const auto activate = [top] { return SetForegroundWindow(top) != FALSE; };
-    if (IsOfThisThread(top)) return activate();
+    if (IsOfThisThread(top)) return activate() || (BeNewestToGiveInput(), activate());
 
     const std::int64_t deadline = DeadlineFromNow();
     if (!Answers(top, deadline)) return false;
