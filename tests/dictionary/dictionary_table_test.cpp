@@ -13,14 +13,7 @@
 
 namespace {
 
-struct FixedRow {
-    std::string english;
-    std::string german;
-    std::string french;
-    std::string spanish;
-};
-
-const std::vector<FixedRow> fixedRows = {
+const DictionaryRow fixedRows[] = {
     {"Starting in", "Beginnend in", "Démarre dans", "Iniciaando en"},
     {"seconds", "Sekunden", "seconde", "segundos"},
     {"Run", "Starten", "Lancer", "Inicia"},
@@ -37,8 +30,7 @@ const std::vector<FixedRow> fixedRows = {
 };
 
 bool IsFixed(const DictionaryRow& row) {
-    return std::any_of(fixedRows.begin(), fixedRows.end(),
-                       [&](const auto& fixed) { return fixed.english == row.english; });
+    return std::ranges::any_of(fixedRows, [&](const auto& fixed) { return std::string(fixed.english) == row.english; });
 }
 
 std::vector<std::string> Translations(const DictionaryRow& row) {
@@ -60,15 +52,14 @@ bool HasStrayBlanks(const std::string& text) {
 }
 
 TEST(DictionaryTable, HoldsTheFixedRowsToTheLetter) {
-    for (const FixedRow& fixed : fixedRows) {
-        SCOPED_TRACE(fixed.english);
+    for (const DictionaryRow& fixed : fixedRows) {
         const auto rows = DictionaryRows();
         const auto row =
-            std::find_if(rows.begin(), rows.end(), [&](const auto& one) { return fixed.english == one.english; });
-        ASSERT_NE(row, rows.end());
-        EXPECT_EQ(row->german, fixed.german);
-        EXPECT_EQ(row->french, fixed.french);
-        EXPECT_EQ(row->spanish, fixed.spanish);
+            std::ranges::find_if(rows, [&](const auto& one) { return std::string(fixed.english) == one.english; });
+        ASSERT_NE(row, rows.end()) << fixed.english;
+        for (const auto text : {&DictionaryRow::german, &DictionaryRow::french, &DictionaryRow::spanish}) {
+            EXPECT_STREQ((*row).*text, fixed.*text) << fixed.english;
+        }
     }
 }
 

@@ -35,23 +35,17 @@ TEST(Language, IsEnglishWithoutRegistryValue) {
 }
 
 TEST(SetLanguage, StoresTheTextAndTakesEffectAtOnce) {
-    struct Case {
-        int number;
-        int language;
-        std::string stored;
-        std::string never;
-    };
-    const std::vector<Case> cases = {
+    const std::tuple<int, int, std::string, std::string> cases[] = {
         {2, 2, "de", "Nie"},   {3, 3, "sp", "Nunca"},  {4, 4, "fr", "Jamais"}, {1, 1, "en", "Never"},
         {0, 1, "en", "Never"}, {-2, 1, "en", "Never"}, {5, 1, "en", "Never"},  {65538, 1, "en", "Never"},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.number);
+    for (const auto& [number, language, stored, never] : cases) {
+        SCOPED_TRACE(number);
         SetLanguage(2);
-        SetLanguage(one.number);
-        EXPECT_EQ(GetLanguage(), one.language);
-        EXPECT_EQ(platform::ReadRegistry(registryKey, "Language"), one.stored);
-        EXPECT_EQ(Translate("Never"), one.never);
+        SetLanguage(number);
+        EXPECT_EQ(GetLanguage(), language);
+        EXPECT_EQ(platform::ReadRegistry(registryKey, "Language"), stored);
+        EXPECT_EQ(Translate("Never"), never);
     }
 }
 
@@ -62,12 +56,7 @@ TEST(SetLanguage, HoldsWhereTheRegistryRefuses) {
 }
 
 TEST(Translate, FindsKeysInAnyCaseAndMarksMissingOnes) {
-    struct Case {
-        int language;
-        std::string key;
-        std::string text;  // UTF-8
-    };
-    const std::vector<Case> cases = {
+    const std::tuple<int, std::string, std::string> cases[] = {
         {1, "Starting in", "Starting in"},
         {1, "STARTING in", "STARTING in"},
         {2, "STARTING in", "Beginnend in"},
@@ -79,10 +68,10 @@ TEST(Translate, FindsKeysInAnyCaseAndMarksMissingOnes) {
         {2, " seconds", "< seconds>"},
         {2, "FAILED", "fehlgeschlagen"},  // the first of two rows that differ in case alone
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.key);
-        SetLanguage(one.language);
-        EXPECT_EQ(Translate(one.key), platform::FromUtf8(one.text));
+    for (const auto& [language, key, text] : cases) {
+        SCOPED_TRACE(key);
+        SetLanguage(language);
+        EXPECT_EQ(Translate(key), platform::FromUtf8(text));
     }
 }
 

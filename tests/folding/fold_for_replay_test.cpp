@@ -37,13 +37,6 @@ TEST(FoldForReplay, RowsHaveTextInFullFormAndNameOfTopWindow) {
                     "keys 8-8 {WHEEL UP} @ Untitled", "double click 9-9 @ Desktop", "right down 10-11", "wheel 12-12"));
 }
 
-TEST(FoldForReplay, LeavesTheJobAlone) {
-    const Job job = Session().Built();
-    const std::vector<JobEvent> before = job.Events;
-    FoldForReplay(job);
-    for (std::size_t i = 0; i < before.size(); ++i) EXPECT_EQ(job.Events[i].word, before[i].word) << i;
-}
-
 TEST(FoldForReplay, ReadsTheFile) {
     const std::string path = "C:\\jobs\\session.tsj";
     simulated::PutFolder("C:\\jobs");

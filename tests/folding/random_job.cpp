@@ -29,33 +29,20 @@ private:
         return buttons[Below(std::size(buttons))];
     }
     JobBuilder& AnyKeyEvent(int vk) {
-        switch (Below(6)) {
-            case 0:
-                return job.ExtendedKeyDown(vk);
-            case 1:
-                return job.ExtendedKeyUp(vk);
-            case 2:
-                return job.KeyUp(vk);
-            default:
-                return job.KeyDown(vk);
-        }
+        using Event = JobBuilder& (JobBuilder::*)(int);
+        static constexpr Event events[] = {&JobBuilder::ExtendedKeyDown, &JobBuilder::ExtendedKeyUp,
+                                           &JobBuilder::KeyUp,           &JobBuilder::KeyDown,
+                                           &JobBuilder::KeyDown,         &JobBuilder::KeyDown};
+        return (job.*events[Below(std::size(events))])(vk);
     }
     void ChangeWindow() {
         static const JobBuilder::Level top{"Notepad", "Untitled"};
-        switch (Below(4)) {
-            case 0:
-                job.InNoWindow();
-                break;
-            case 1:
-                job.InWindow({"Edit", "", 15}, top);
-                break;
-            case 2:
-                job.InWindow({"Edit", "", 15, {44, 0, 1, {}, {}, {Place(), 0, 9, 9}}}, top);
-                break;
-            default:
-                job.InWindow({"Progman", "Program Manager"});
-                break;
-        }
+        const std::vector<JobBuilder::Level> paths[] = {{},
+                                                        {{"Edit", "", 15}, top},
+                                                        {{"Edit", "", 15, {44, 0, 1, {}, {}, {Place(), 0, 9, 9}}}, top},
+                                                        {{"Progman", "Program Manager"}}};
+        const auto& path = paths[Below(std::size(paths))];
+        path.empty() ? job.InNoWindow() : job.InWindowPath(path);
     }
     void StoredRow() {
         static const char* const texts[] = {"", "abc", "{L_CTRL DOWN}", "{L_CTRL DOWN}a{l_ctrl up}", "a{b", "{ALT}"};
@@ -64,42 +51,23 @@ private:
     }
 
     void Next() {
-        switch (Below(20)) {
-            case 0:
-            case 1:
-                ChangeWindow();
-                break;
-            case 2:
-            case 3:
-            case 4:
-                job.Move(Place(), Place());
-                break;
-            case 5:
-            case 6:
-                job.Click(AnyButton(), Place(), Place());
-                break;
-            case 7:
-                job.Press(AnyButton(), Place(), Place());
-                break;
-            case 8:
-                job.Release(AnyButton(), Place(), Place());
-                break;
-            case 9:
-                job.DoubleClick(Place(), Place());
-                break;
-            case 10:
-            case 11:
-                job.Wheel(120 * (Below(2) * 2 - 1));
-                break;
-            case 12:
-                job.Wheel(40);
-                break;
-            case 13:
-                StoredRow();
-                break;
-            default:
-                AnyKeyEvent(AnyKey());
-                break;
+        const std::pair<int, std::function<void()>> gestures[] = {
+            // of twenty
+            {2, [this] { ChangeWindow(); }},
+            {3, [this] { job.Move(Place(), Place()); }},
+            {2, [this] { job.Click(AnyButton(), Place(), Place()); }},
+            {1, [this] { job.Press(AnyButton(), Place(), Place()); }},
+            {1, [this] { job.Release(AnyButton(), Place(), Place()); }},
+            {1, [this] { job.DoubleClick(Place(), Place()); }},
+            {2, [this] { job.Wheel(120 * (Below(2) * 2 - 1)); }},
+            {1, [this] { job.Wheel(40); }},
+            {1, [this] { StoredRow(); }},
+            {6, [this] { AnyKeyEvent(AnyKey()); }},
+        };
+        int left = Below(20);
+        for (const auto& [weight, act] : gestures) {
+            if (left >= 0 && left < weight) act();
+            left -= weight;
         }
     }
 

@@ -27,15 +27,9 @@ TEST(RowTexts, TimesAreWrittenInFull) {
     EXPECT_EQ(TimeString(60 * 3600), "00:00:00");
 }
 
-struct ActionCase {
-    std::int32_t flags;
-    const char* oneEvent;
-    const char* twoEvents;
-    const char* moreEvents;  // nullptr: a type failure
-};
-
 TEST(RowTexts, ActionsAreNamedByFlagsAndWidth) {
-    const ActionCase cases[] = {
+    // Rows of one event, of two, and of more; none: a type failure.
+    const std::tuple<std::int32_t, const char*, const char*, const char*> cases[] = {
         {0x8001, "MOVE", "MOVE", "MOVE"},
         {0x8002, "Left Down", "Left Click", nullptr},
         {0x8004, "Left Up", "Left Up", "Left Up"},
@@ -54,17 +48,17 @@ TEST(RowTexts, ActionsAreNamedByFlagsAndWidth) {
     editState.EditEvents = {event};
     editState.MouseRows = {MouseRow{}};
     MouseRow& row = editState.MouseRows[0];
-    for (const ActionCase& action : cases) {
-        row.Flags = action.flags;
+    for (const auto& [flags, oneEvent, twoEvents, moreEvents] : cases) {
+        row.Flags = flags;
         row.LastEvent = 0;
-        EXPECT_EQ(GetInputStr(0), action.oneEvent) << action.flags;
+        EXPECT_EQ(GetInputStr(0), oneEvent) << flags;
         row.LastEvent = 1;
-        EXPECT_EQ(GetInputStr(0), action.twoEvents) << action.flags;
+        EXPECT_EQ(GetInputStr(0), twoEvents) << flags;
         row.LastEvent = 2;
-        if (action.moreEvents != nullptr) {
-            EXPECT_EQ(GetInputStr(0), action.moreEvents) << action.flags;
+        if (moreEvents != nullptr) {
+            EXPECT_EQ(GetInputStr(0), moreEvents) << flags;
         } else {
-            EXPECT_THROW(GetInputStr(0), RuntimeFailure) << action.flags;
+            EXPECT_THROW(GetInputStr(0), RuntimeFailure) << flags;
         }
     }
 }

@@ -27,13 +27,7 @@ TEST_F(JobHotkey, ShowsWhatTheTableHolds) {
 }
 
 TEST_F(JobHotkey, IsRefusedWithTheReasonAndTheControlToMend) {
-    struct Case {
-        HotkeyControls controls;
-        std::string text;
-        std::string title;
-        HotkeyFocus focus;
-    };
-    const Case cases[] = {
+    const std::tuple<HotkeyControls, std::string, std::string, HotkeyFocus> cases[] = {
         {{.assign_hotkey = true, .hot_slovo = 3},
          "Invalid hotkey selection for job. You must select CTRL, SHIFT or ALT key.",
          "Invalid HotKey",
@@ -46,12 +40,12 @@ TEST_F(JobHotkey, IsRefusedWithTheReasonAndTheControlToMend) {
          "Please select another key combination because this key combination is already associated with job \"one\"",
          "Tessarine", HotkeyFocus::lista_jobs},
     };
-    for (const Case& one : cases) {
-        const auto refusal = SaveHotkeyOfJob(PathOf("four"), one.controls);
-        ASSERT_TRUE(refusal) << one.text;
-        EXPECT_EQ(refusal->text, one.text);
-        EXPECT_EQ(refusal->title, one.title);
-        EXPECT_EQ(refusal->focus, one.focus);
+    for (const auto& [controls, text, title, focus] : cases) {
+        const auto refusal = SaveHotkeyOfJob(PathOf("four"), controls);
+        ASSERT_TRUE(refusal) << text;
+        EXPECT_EQ(refusal->text, text);
+        EXPECT_EQ(refusal->title, title);
+        EXPECT_EQ(refusal->focus, focus);
     }
     EXPECT_EQ(settings.Hotkeys.size(), 3U);
     EXPECT_FALSE(simulated::FileBytes(settingsFile));

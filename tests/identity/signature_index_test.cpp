@@ -1,7 +1,7 @@
 // Captures find their signatures through an index; what they store must be what a plain walk over the array stores.
 #include <gtest/gtest.h>
 
-#include <optional>
+#include <functional>
 #include <random>
 #include <string>
 #include <vector>
@@ -70,26 +70,19 @@ public:
     void Change() {
         const WindowHandle window = Any();
         platform::WindowPlacement placement = platform::PlacementOf(window);
-        switch (Below(6)) {
-            case 0:
-                simulated::SetCaption(window, AnyCaption());
-                break;
-            case 1:
-                placement.rcNormalPosition = AnyRect();
-                break;
-            case 2:
+        const std::function<void()> changes[] = {
+            [&] { simulated::SetCaption(window, AnyCaption()); },
+            [&] { placement.rcNormalPosition = AnyRect(); },
+            [&] {
                 placement.ptMaxPosition = {AnyEdge(), AnyEdge()};
-                break;
-            case 3:
-                placement.flags = 1;
-                placement.ptMinPosition = {AnyEdge(), AnyEdge()};
-                break;
-            case 4:
-                placement.showCmd = 1 + static_cast<std::uint32_t>(Below(3));
-                break;
-            default:
-                AddOne();
-        }
+            },
+            [&] {
+                placement.flags = 1, placement.ptMinPosition = {AnyEdge(), AnyEdge()};
+            },
+            [&] { placement.showCmd = 1 + static_cast<std::uint32_t>(Below(3)); },
+            [&] { AddOne(); },
+        };
+        changes[Below(std::size(changes))]();
         platform::SetPlacement(window, placement);
     }
 

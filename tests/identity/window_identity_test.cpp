@@ -18,14 +18,8 @@ WindowPlacement SomePlacement() {
     return {44, 0, platform::ShowNormal, {-1, -1}, {-1, -1}, {10, 20, 300, 200}};
 }
 
-struct PlacementCase {
-    std::string change;
-    std::function<void(WindowPlacement&)> apply;
-    bool equal;
-};
-
 TEST(WindowPlacementsEqual, LooksAtSomeMembersOnly) {
-    const std::vector<PlacementCase> cases = {
+    const std::tuple<std::string, std::function<void(WindowPlacement&)>, bool> cases[] = {
         {"nothing", [](auto&) {}, true},
         {"length", [](auto& p) { p.length = 0; }, true},
         {"showCmd", [](auto& p) { p.showCmd = platform::ShowMinimized; }, true},
@@ -38,10 +32,10 @@ TEST(WindowPlacementsEqual, LooksAtSomeMembersOnly) {
         {"right", [](auto& p) { p.rcNormalPosition.right = 9; }, false},
         {"bottom", [](auto& p) { p.rcNormalPosition.bottom = 9; }, false},
     };
-    for (const PlacementCase& each : cases) {
+    for (const auto& [change, apply, equal] : cases) {
         WindowPlacement current = SomePlacement();
-        each.apply(current);
-        EXPECT_EQ(WindowPlacementsEqual(SomePlacement(), current), each.equal) << each.change;
+        apply(current);
+        EXPECT_EQ(WindowPlacementsEqual(SomePlacement(), current), equal) << change;
     }
 }
 

@@ -28,12 +28,7 @@ TEST(CheckJobHeader, GivesTheOptionsOfAGoodFile) {
 
 TEST(CheckJobHeader, JudgesEachOption) {
     constexpr std::size_t speed = 2110, skipMoves = 2114, capsLock = 2118, repeat = 2122, safety = 2126, similar = 2130;
-    struct Case {
-        std::size_t offset;
-        std::int64_t value;
-        bool good;
-    };
-    const Case cases[] = {
+    const std::tuple<std::size_t, std::int64_t, bool> cases[] = {
         {0, 299, false},      {0, 300, true},           {0, 306, true},       {0, 901, false},
         {0, -1, false},       {speed, 0, false},        {speed, 1, true},     {speed, 1001, true},
         {speed, 1002, false}, {skipMoves, 2, false},    {skipMoves, 0, true}, {capsLock, -127, false},
@@ -41,10 +36,10 @@ TEST(CheckJobHeader, JudgesEachOption) {
         {safety, 3, false},   {similar, 2, false},      {similar, 0, true},   {2106, -5, true},
         {2134, -1, true},     {2138, 0x7FFFFFFF, true},
     };
-    for (const Case& one : cases) {
-        const JobHeaderCheck check = Check(WithInt32(SampleBytes(), one.offset, one.value));
-        EXPECT_EQ(check.result, one.good ? 1 : -2) << one.value << " at " << one.offset;
-        EXPECT_EQ(check.message, one.good ? "" : corrupted) << one.value << " at " << one.offset;
+    for (const auto& [offset, value, good] : cases) {
+        const JobHeaderCheck check = Check(WithInt32(SampleBytes(), offset, value));
+        EXPECT_EQ(check.result, good ? 1 : -2) << value << " at " << offset;
+        EXPECT_EQ(check.message, good ? "" : corrupted) << value << " at " << offset;
     }
     for (const int style : {-1, 0, 3, 4}) {
         const std::string bytes = SampleBytes().replace(1104, 2, FileBytes().Int16(style).All());

@@ -50,11 +50,7 @@ TEST(CompileKeystrokes, LetterCaseIsNoKey) {
 }
 
 TEST(CompileKeystrokes, MarksExtendedKeysWhileAShiftIsHeld) {
-    struct Case {
-        std::string text;
-        std::vector<bool> extended;
-    };
-    const std::vector<Case> cases = {
+    const std::pair<std::string, std::vector<bool>> cases[] = {
         {"{LEFT_ARROW}{HOME}", {false, false}},
         {"{L_SHIFT DOWN}{LEFT_ARROW}{L_SHIFT UP}{LEFT_ARROW}", {false, true, false, false}},
         {"{R_SHIFT DOWN}{PAGE_UP}{R_SHIFT UP}{PAGE_UP}", {true, true, true, false}},
@@ -62,16 +58,11 @@ TEST(CompileKeystrokes, MarksExtendedKeysWhileAShiftIsHeld) {
         {"{L_SHIFT DOWN}{R_SHIFT DOWN}{R_SHIFT UP}{END}", {false, true, true, true}},
         {"{L_SHIFT}{END}{L_SHIFT UP}{END}", {false, true, false, false}},  // a pressed shift counts as held
     };
-    for (const Case& each : cases) EXPECT_EQ(Compile(each.text).extended, each.extended) << each.text;
+    for (const auto& [text, extended] : cases) EXPECT_EQ(Compile(text).extended, extended) << text;
 }
 
 TEST(CompileKeystrokes, FailuresTellTheTokenAndLeaveNothing) {
-    struct Case {
-        std::string text;
-        int result;
-        std::string message;
-    };
-    const std::vector<Case> cases = {
+    const std::tuple<std::string, int, std::string> cases[] = {
         {"", 0, "There is no keystrokes to send"},
         {"{NO_KEY}a", 0, "Invalid keystroke:\"{NO_KEY}\""},
         {"ab{no_key down}c", -2, "Invalid keystroke:\"{no_key down}\""},
@@ -79,11 +70,11 @@ TEST(CompileKeystrokes, FailuresTellTheTokenAndLeaveNothing) {
         {"a{0}", -1, "Invalid scancode for keystroke \"{0}\""},
         {"{1 DOWN}", 0, "Invalid scancode for keystroke \"{1 DOWN}\""},
     };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.text);
-        const Compiled compiled = Compile(each.text);
-        EXPECT_EQ(compiled.result, each.result);
-        EXPECT_EQ(compiled.message, each.message);
+    for (const auto& [text, result, message] : cases) {
+        SCOPED_TRACE(text);
+        const Compiled compiled = Compile(text);
+        EXPECT_EQ(compiled.result, result);
+        EXPECT_EQ(compiled.message, message);
         EXPECT_TRUE(compiled.records.empty());
         EXPECT_TRUE(compiled.extended.empty());
     }

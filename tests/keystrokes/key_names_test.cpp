@@ -10,11 +10,7 @@
 namespace {
 
 TEST(KeyNameFromCode, TakesTableThenCharacterThenNumber) {
-    struct Case {
-        int vk;
-        std::string name;
-    };
-    const std::vector<Case> cases = {
+    const std::pair<int, std::string> cases[] = {
         {8, "{BACKSPACE}"},
         {27, "{ESC}"},
         {37, "{LEFT_ARROW}"},
@@ -36,17 +32,13 @@ TEST(KeyNameFromCode, TakesTableThenCharacterThenNumber) {
         {256, "{256}"},
         {299, "{299}"},
     };
-    for (const Case& each : cases) EXPECT_EQ(KeyNameFromCode(each.vk), each.name);
+    for (const auto& [vk, name] : cases) EXPECT_EQ(KeyNameFromCode(vk), name);
     EXPECT_THROW(KeyNameFromCode(301), RuntimeFailure);
     EXPECT_THROW(KeyNameFromCode(-1), RuntimeFailure);
 }
 
 TEST(KeyCodeFromName, KnowsNamesCharactersNumbersAndTheWheel) {
-    struct Case {
-        std::string token;
-        int vk;
-    };
-    const std::vector<Case> cases = {
+    const std::pair<std::string, int> cases[] = {
         {"{ENTER}", 13}, {"{enter}", 13},  {"{Enter}", -1},  {"ENTER", 13},  {"F12", 123},     {"f12", 123},
         {"F5", -1},  // too short to be taken for a name without its braces
         {"{F5}", 116},   {"{WHEEL}", 300}, {"{WhEeL}", 300}, {"WHEEL", -1},  {"{SHIFT}", 161}, {"{CTRL}", 163},
@@ -54,7 +46,7 @@ TEST(KeyCodeFromName, KnowsNamesCharactersNumbersAndTheWheel) {
         {"{a}", 65},     {"{A}", 65},      {"{ALT}", 164},   {"{alt}", 165}, {"", -1},         {"{}", -1},
         {"{{}", -1},     {"c", 67},        {"d", 68},        {"\x7F", -1},   {"{999}", -1},    {"{1}", 1},
     };
-    for (const Case& each : cases) EXPECT_EQ(KeyCodeFromName(each.token), each.vk) << each.token;
+    for (const auto& [token, vk] : cases) EXPECT_EQ(KeyCodeFromName(token), vk) << token;
 }
 
 // The digits stand on the numeric pad too, above the main row in number; signs take the pad's key.

@@ -12,11 +12,7 @@
 namespace {
 
 TEST(ReduceKeystrokes, FoldsPairsAndNothingElse) {
-    struct Case {
-        std::string text;
-        std::string reduced;
-    };
-    const std::vector<Case> cases = {
+    const std::pair<std::string, std::string> cases[] = {
         {"", ""},
         {"aB", "ab"},
         {"{F5 DOWN}{F5 UP}", "{F5}"},
@@ -33,7 +29,7 @@ TEST(ReduceKeystrokes, FoldsPairsAndNothingElse) {
         {"{NO_KEY}{NO_KEY DOWN}{NO_KEY UP}", "{NO_KEY}{NO_KEY DOWN}{NO_KEY UP}"},
         {"a{open", "a{open"},
     };
-    for (const Case& each : cases) EXPECT_EQ(ReduceKeystrokes(each.text), each.reduced) << each.text;
+    for (const auto& [text, reduced] : cases) EXPECT_EQ(ReduceKeystrokes(text), reduced) << text;
     EXPECT_TRUE(simulated::ShownBoxes().empty());
 }
 

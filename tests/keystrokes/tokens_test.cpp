@@ -11,11 +11,7 @@ namespace {
 using namespace std::string_literals;
 
 TEST(Tokens, TextIsCutAtCharactersAndClosedBraces) {
-    struct Case {
-        std::string text;
-        std::vector<std::string> tokens;
-    };
-    const std::vector<Case> cases = {
+    const std::pair<std::string, std::vector<std::string>> cases[] = {
         {"", {}},
         {"aB", {"a", "B"}},
         {"{a}", {"{a}"}},
@@ -24,21 +20,21 @@ TEST(Tokens, TextIsCutAtCharactersAndClosedBraces) {
         {"{}{{}}", {"{}", "{{}", "}"}},
         {"{F5}{f5}", {"{F5}", "{f5}"}},
     };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.text);
-        const int count = static_cast<int>(each.tokens.size());
-        ASSERT_EQ(TokenCount(each.text), count);
+    for (const auto& [text, tokens] : cases) {
+        SCOPED_TRACE(text);
+        const int count = static_cast<int>(tokens.size());
+        ASSERT_EQ(TokenCount(text), count);
         int start = 0;
         for (int i = 0; i < count; ++i) {
-            const Token token = TokenAt(each.text, i);
-            EXPECT_EQ(token.text, each.tokens[static_cast<std::size_t>(i)]);
+            const Token token = TokenAt(text, i);
+            EXPECT_EQ(token.text, tokens[static_cast<std::size_t>(i)]);
             EXPECT_EQ(token.index, i);
             EXPECT_EQ(token.start, start);
             EXPECT_EQ(token.length, static_cast<int>(token.text.size()));
             start += token.length;
         }
         for (const int outside : {-1, count}) {
-            const Token nothing = TokenAt(each.text, outside);
+            const Token nothing = TokenAt(text, outside);
             EXPECT_EQ(nothing.text, "");
             EXPECT_EQ(nothing.start, -1);
             EXPECT_EQ(nothing.length, -1);
@@ -70,12 +66,7 @@ TEST(TokenUnder, FindsTheTokenThatCoversThePosition) {
 }
 
 TEST(ParseToken, TellsKeyAndAction) {
-    struct Case {
-        std::string token;
-        int vk;
-        int action;
-    };
-    const std::vector<Case> cases = {
+    const std::tuple<std::string, int, int> cases[] = {
         {"", -1, -1},
         {"\0"s, -1, -1},
         {"a", 65, ActionPress},
@@ -98,13 +89,12 @@ TEST(ParseToken, TellsKeyAndAction) {
         {"{NO_SUCH_KEY DOWN}", -1, ActionDown},
         {"{}", -1, ActionPress},
     };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.token);
+    for (const auto& [token, expectedKey, expectedAction] : cases) {
         int vk = 77;
         int action = 77;
-        ParseToken(each.token, vk, action);
-        EXPECT_EQ(vk, each.vk);
-        EXPECT_EQ(action, each.action);
+        ParseToken(token, vk, action);
+        EXPECT_EQ(vk, expectedKey) << token;
+        EXPECT_EQ(action, expectedAction) << token;
     }
     EXPECT_TRUE(simulated::ShownBoxes().empty());
 }
@@ -124,12 +114,7 @@ TEST(ParseToken, AnotherWordShowsABoxAndKeepsTheAction) {
 }
 
 TEST(EventToToken, ShowsNamedKeysTwiceAndCharactersOnce) {
-    struct Case {
-        int vk;
-        int keyState;
-        std::string token;
-    };
-    const std::vector<Case> cases = {
+    const std::tuple<int, int, std::string> cases[] = {
         {13, 0, "{ENTER DOWN}"},
         {13, 1, "{ENTER DOWN}"},
         {13, 2, "{ENTER UP}"},
@@ -147,17 +132,11 @@ TEST(EventToToken, ShowsNamedKeysTwiceAndCharactersOnce) {
         {WheelKey, 0, "{WHEEL DOWN}"},
         {WheelKey, 2, "{WHEEL UP}"},
     };
-    for (const Case& each : cases) EXPECT_EQ(EventToToken(each.vk, each.keyState), each.token) << each.vk;
+    for (const auto& [vk, keyState, token] : cases) EXPECT_EQ(EventToToken(vk, keyState), token) << vk;
 }
 
 TEST(KeyIsHeld, LooksBackForTheLastTokenOfTheKey) {
-    struct Case {
-        std::string text;
-        int from;
-        int vk;
-        bool held;
-    };
-    const std::vector<Case> cases = {
+    const std::tuple<std::string, int, int, bool> cases[] = {
         {"{L_SHIFT DOWN}ab", 2, 160, true},
         {"{L_SHIFT DOWN}ab", 2, 161, false},
         {"{L_SHIFT DOWN}a{L_SHIFT UP}", 2, 160, false},
@@ -171,7 +150,7 @@ TEST(KeyIsHeld, LooksBackForTheLastTokenOfTheKey) {
         {"{ALT DOWN}", 0, 164, true},
         {"{ALT DOWN}", 0, 165, false},  // the name leads to the lowest of its keys alone
     };
-    for (const Case& each : cases) EXPECT_EQ(KeyIsHeld(each.text, each.from, each.vk), each.held) << each.text;
+    for (const auto& [text, from, vk, held] : cases) EXPECT_EQ(KeyIsHeld(text, from, vk), held) << text;
 }
 
 }  // namespace

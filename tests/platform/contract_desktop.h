@@ -9,7 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/clock.h"
 #include "platform/types.h"
+#include "platform/window_services.h"
 
 namespace contract {
 
@@ -61,6 +63,16 @@ std::vector<int> HotkeysAt(WindowHandle ownWindow);
 
 // Pumps and lets time pass until `condition` holds; false when it does not within `ms`.
 bool Within(int ms, const std::function<bool()>& condition);
+
+// What a call takes, and the bound of those that are bounded, with room for a machine that is busy with other work.
+inline constexpr int BoundMs = platform::BoundedMilliseconds + 500;
+
+template <class Call>
+std::int64_t TimeOf(const Call& call) {
+    const std::int64_t start = platform::TickCount();
+    call();
+    return platform::TickCount() - start;
+}
 
 // The user's hands. Where nobody can act for the user (HasUser is false), tests of it are skipped.
 bool HasUser();

@@ -63,7 +63,7 @@ TEST(Files, PositionsAndLengths) {
     EXPECT_EQ(Get(folder / "gap"), std::string("Abc\0\0f", 6));
 }
 
-TEST(Files, WhatIsNotThereFailsWithWords) {
+TEST(Files, WhatIsNoFileFailsWithWords) {
     const TestFolder folder;
     EXPECT_FALSE(File::OpenForReading(folder / "none").IsOpen());
     EXPECT_FALSE(platform::LastFileError().empty());
@@ -79,6 +79,13 @@ TEST(Files, WhatIsNotThereFailsWithWords) {
     EXPECT_FALSE(platform::CopyFileOver(folder / "none", folder / "copy"));
     EXPECT_EQ(platform::MoveFileOver(folder / "none", folder / "moved"), MoveResult::Failed);
     EXPECT_FALSE(platform::FilesIn(folder / "missing", ".tsj").has_value());
+
+    Put(folder / "from", "new");  // and a folder is no place for a file
+    EXPECT_EQ(platform::MoveFileOver(folder / "from", folder.Path()), MoveResult::Failed);
+    EXPECT_FALSE(platform::CopyFileOver(folder / "from", folder.Path()));
+    EXPECT_FALSE(platform::RemoveFile(folder.Path()));
+    EXPECT_FALSE(File::Create(folder.Path()).IsOpen());
+    EXPECT_EQ(Get(folder / "from"), "new");
 }
 
 TEST(Files, FoldersAreMadeOneLevelAtATime) {
@@ -130,16 +137,6 @@ TEST(Files, AHeldTargetIsBusyAndStaysWhole) {
     }
     EXPECT_EQ(platform::MoveFileOver(folder / "from", folder / "to"), MoveResult::Done);
     EXPECT_EQ(Get(folder / "to"), "new");
-}
-
-TEST(Files, AFolderIsNoPlaceForAFile) {
-    const TestFolder folder;
-    Put(folder / "from", "new");
-    EXPECT_EQ(platform::MoveFileOver(folder / "from", folder.Path()), MoveResult::Failed);
-    EXPECT_FALSE(platform::CopyFileOver(folder / "from", folder.Path()));
-    EXPECT_FALSE(platform::RemoveFile(folder.Path()));
-    EXPECT_FALSE(File::Create(folder.Path()).IsOpen());
-    EXPECT_EQ(Get(folder / "from"), "new");
 }
 
 TEST(Files, OneWriterAtATime) {

@@ -14,17 +14,15 @@ std::map<WindowHandle, int> clicks;
 std::map<WindowHandle, std::vector<int>> hotkeys;
 
 WindowHandle AddTo(std::uint32_t thread, const NewWindow& window) {
-    simulated::WindowSpec spec;
-    spec.className = window.className;
-    spec.caption = window.caption;
-    spec.rect = window.rect;
-    spec.thread = thread;
-    spec.parent = window.parent;
-    spec.owner = window.owner;
-    spec.controlId = window.controlId;
-    spec.visible = window.visible;
-    spec.enabled = window.enabled;
-    const WindowHandle handle = simulated::AddWindow(spec);
+    const WindowHandle handle = simulated::AddWindow({.className = window.className,
+                                                      .caption = window.caption,
+                                                      .rect = window.rect,
+                                                      .thread = thread,
+                                                      .parent = window.parent,
+                                                      .owner = window.owner,
+                                                      .controlId = window.controlId,
+                                                      .visible = window.visible,
+                                                      .enabled = window.enabled});
     simulated::OnClick(handle, [handle] { ++clicks[handle]; });
     return handle;
 }

@@ -25,8 +25,10 @@
 #include "win32/message_loop.h"
 #include "win32/system_library.h"
 
+using contract::BoundMs;
 using contract::OtherProgram;
 using contract::TestFolder;
+using contract::TimeOf;
 using contract::Within;
 using platform::ToHwnd;
 using platform::WindowHandle;
@@ -34,7 +36,6 @@ using platform::WindowHandle;
 namespace {
 
 constexpr int PatienceMs = 10'000;
-constexpr int BoundMs = platform::BoundedMilliseconds + 500;
 
 int ThreadsOfThisProcess() {
     const platform::OwnedHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
@@ -45,13 +46,6 @@ int ThreadsOfThisProcess() {
         if (thread.th32OwnerProcessID == GetCurrentProcessId()) ++count;
     }
     return count;
-}
-
-template <class Call>
-std::int64_t TimeOf(const Call& call) {
-    const std::int64_t start = platform::TickCount();
-    call();
-    return platform::TickCount() - start;
 }
 
 TEST(HungWindows, CostNoThreads) {

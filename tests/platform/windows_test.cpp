@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "contract_desktop.h"
-#include "platform/clock.h"
 #include "platform/window_services.h"
 
-using contract::NewWindow;
+using contract::BoundMs;
 using contract::OtherProgram;
+using contract::TimeOf;
 using platform::WindowHandle;
 
 namespace {
@@ -284,16 +284,6 @@ TEST(Windows, TheFocusOfAnotherThreadIsSeen) {
     const WindowHandle other = second.Add({.caption = "Other"});
     second.Focus(other);
     EXPECT_EQ(platform::FocusOf(platform::ThreadOf(other)).window, other);
-}
-
-// The bound, and room for a machine that is busy with other work.
-constexpr int BoundMs = platform::BoundedMilliseconds + 500;
-
-template <class Call>
-std::int64_t TimeOf(const Call& call) {
-    const std::int64_t start = platform::TickCount();
-    call();
-    return platform::TickCount() - start;
 }
 
 TEST(Windows, AHungOneHoldsNobodyUp) {

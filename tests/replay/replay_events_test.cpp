@@ -25,21 +25,18 @@ class ReplayEventsTest : public ReplayStage {};
 // --- time ---
 
 TEST_F(ReplayEventsTest, EveryEventComesAtItsMomentAtEverySpeed) {
-    struct Case {
-        std::int32_t speed;
-        std::vector<std::int64_t> downs;
-    };
     // Halves of a millisecond round to the even neighbour: 1005 ms at 200 percent is 502.
-    const Case cases[] = {{100, {0, 401, 1005}}, {50, {0, 802, 2010}}, {200, {0, 200, 502}}, {1000, {0, 40, 100}}};
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.speed);
+    const std::pair<std::int32_t, std::vector<std::int64_t>> cases[] = {
+        {100, {0, 401, 1005}}, {50, {0, 802, 2010}}, {200, {0, 200, 502}}, {1000, {0, 40, 100}}};
+    for (const auto& [speed, downs] : cases) {
+        SCOPED_TRACE(speed);
         job = JobBuilder();
-        job.Header().SpeedPercent = one.speed;
+        job.Header().SpeedPercent = speed;
         job.Header().SafetyLevel = SafetyLow;
         InEdit().At(0).KeyDown(KeyA).At(401).KeyDown(KeyA).At(1005).KeyDown(KeyA);
         const std::int64_t began = platform::TickCount();
         EXPECT_EQ(Replay(), 1);
-        EXPECT_EQ(TimesSince(began, Keys()), one.downs);
+        EXPECT_EQ(TimesSince(began, Keys()), downs);
         simulated::ClearJournals();
     }
 }
@@ -174,26 +171,21 @@ TEST_F(ReplayEventsTest, BeforeTheFirstSuccessNothingIsSent) {
 }
 
 TEST_F(ReplayEventsTest, AMissingWindowStopsSkipsOrIsIgnored) {
-    struct Case {
-        IfNoWindowChoice choice;
-        std::int32_t result;
-        std::size_t presses;
-        std::string text;
-    };
-    for (const Case& one :
-         {Case{StopExecuting, -4, 0, ""}, Case{SkipAction, 1, 0, "b"}, Case{ExecuteAnyway, 1, 1, "ab"}}) {
-        SCOPED_TRACE(one.choice);
+    using Case = std::tuple<IfNoWindowChoice, std::int32_t, std::size_t, std::string>;
+    for (const auto& [choice, result, presses, text] :
+         {Case{StopExecuting, -4, 0, ""}, Case{SkipAction, 1, 1, "b"}, Case{ExecuteAnyway, 1, 2, "ab"}}) {
+        SCOPED_TRACE(choice);
         reason.clear();
         simulated::ClearJournals();
         simulated::SetText(edit, "");
         job = JobBuilder();
         InEdit();
-        InLostWindow().IfNoWindow(one.choice, 0).Click(Left, 300, 300).Wait(2000).Key(KeyA);
+        InLostWindow().IfNoWindow(choice, 0).Click(Left, 300, 300).Wait(2000).Key(KeyA);
         InEdit().Wait(2000).Click(Left, 300, 300).Key('B');
-        EXPECT_EQ(Replay(), one.result);
+        EXPECT_EQ(Replay(), result);
         EXPECT_EQ(reason, "Cannot find window: 'Nowhere'");
-        EXPECT_EQ(Actions(platform::MouseLeftDown).size(), one.presses + (one.result == 1 ? 1 : 0));
-        EXPECT_EQ(TextOf(edit), one.text);
+        EXPECT_EQ(Actions(platform::MouseLeftDown).size(), presses);
+        EXPECT_EQ(TextOf(edit), text);
     }
 }
 
@@ -250,12 +242,14 @@ TEST_F(ReplayEventsTest, EscapeNeverCancelsTheFirstEventAndAlwaysTheSecond) {
     EXPECT_EQ(Actions(platform::MouseMove).size(), 1U) << "event 0 alone";
 }
 
-TEST_F(ReplayEventsTest, ATapBetweenTwoPollsIsSeen) {
+TEST_F(ReplayEventsTest, ATapBetweenTwoPollsCancelsAndLeavesTheCursorWhereItIs) {
+    simulated::PlaceCursor({700, 700});
     job.At(0).Move(1, 1).At(5000).Move(2, 2);
     simulated::MeanwhileAt(1010, [] { simulated::UserTaps(27); });
     EXPECT_EQ(Replay(), -2);
     EXPECT_EQ(platform::TickCount(), 1050);
     EXPECT_EQ(reason, "") << "seen in a wait, it gives no reason";
+    EXPECT_EQ(platform::CursorPosition(), (platform::Point{1, 1}));
 }
 
 // A search that the user ends counts as one that found nothing.
@@ -290,14 +284,6 @@ TEST_F(ReplayEventsTest, AnEndlessJobOfOneEventCanBeStopped) {
     EXPECT_EQ(Replay(), -2);
 }
 
-TEST_F(ReplayEventsTest, ACanceledRunLeavesTheCursorWhereItIs) {
-    simulated::PlaceCursor({700, 700});
-    job.Move(1, 1).Wait(5000).Move(2, 2);
-    simulated::UserHoldsEscapeFrom(1000, 1500);
-    EXPECT_EQ(Replay(), -2);
-    EXPECT_EQ(platform::CursorPosition(), (platform::Point{1, 1}));
-}
-
 // --- text rows ---
 
 TEST_F(ReplayEventsTest, ATextRowSpreadsItsKeysOverItsTime) {
@@ -324,22 +310,19 @@ TEST_F(ReplayEventsTest, ATextRowSpreadsItsKeysOverItsTime) {
 }
 
 TEST_F(ReplayEventsTest, ATextRowWithoutItsWindowStopsIsSkippedOrTypedAnyway) {
-    struct Case {
-        IfNoWindowChoice choice;
-        std::int32_t result;
-        std::string text;
-    };
-    for (const Case& one : {Case{StopExecuting, -4, ""}, Case{SkipAction, 1, ""}, Case{ExecuteAnyway, 1, "ab"}}) {
-        SCOPED_TRACE(one.choice);
+    using Case = std::tuple<IfNoWindowChoice, std::int32_t, std::string>;
+    for (const auto& [choice, result, text] :
+         {Case{StopExecuting, -4, ""}, Case{SkipAction, 1, ""}, Case{ExecuteAnyway, 1, "ab"}}) {
+        SCOPED_TRACE(choice);
         simulated::SetText(edit, "");
         simulated::ClearJournals();
         job = JobBuilder();
         InEdit();
-        InLostWindow().IfNoWindow(one.choice, 0).At(100).TextRow("ab").At(3000).Move(1, 1);
+        InLostWindow().IfNoWindow(choice, 0).At(100).TextRow("ab").At(3000).Move(1, 1);
         const std::int64_t began = platform::TickCount();
-        EXPECT_EQ(Replay(), one.result);
-        EXPECT_EQ(TextOf(edit), one.text);
-        if (one.result < 1) continue;
+        EXPECT_EQ(Replay(), result);
+        EXPECT_EQ(TextOf(edit), text);
+        if (result < 1) continue;
         // The row's own time counts from its moment, so the 200 ms of the search come on top.
         EXPECT_EQ(Actions(platform::MouseMove).front().time - began, 3200);
     }
@@ -383,12 +366,6 @@ TEST_F(ReplayEventsTest, ALongListScrollsAlong) {
     for (int i = 0; i < 10; ++i) InEdit().Click(Left, 300 + i, 300);
     EXPECT_EQ(Replay(), 1);
     EXPECT_EQ(statusViewStandIn.topIndex, 4) << "at rows 7, 8, 9 and past the last";
-}
-
-TEST_F(ReplayEventsTest, AnEmptyJobDoesNothing) {
-    EXPECT_EQ(Replay(), -200);
-    EXPECT_EQ(reason, "There is no commands to execute!");
-    EXPECT_TRUE(simulated::Journal().empty());
 }
 
 TEST_F(ReplayEventsTest, CapsLockIsAsItWasRecorded) {

@@ -234,6 +234,7 @@ TEST_F(RunJobTest, AFailureIsToldInTheListOrInABox) {
 TEST_F(RunJobTest, AnEmptyJobFails) {
     EXPECT_EQ(Run(), -200);
     EXPECT_THAT(Boxes(), ElementsAre(Failed + "There is no commands to execute!"));
+    EXPECT_THAT(simulated::Journal(), IsEmpty());
 }
 
 TEST_F(RunJobTest, ARunWithALogWritesExactlyThis) {

@@ -116,20 +116,14 @@ TEST_F(Typing, KeysLeftDownStayKnown) {
 }
 
 TEST_F(Typing, EscapeCancelsBetweenTokensAndInPauses) {
-    struct Case {
-        std::int64_t pressedAt;
-        std::int32_t budget;
-        std::size_t sent;  // events
-        std::int64_t endsAt;
-    };
     // Four tokens. A pause of 25 ms does not look at the key, one of 200 ms does every 50 ms.
-    for (const Case& each : {Case{30, 100, 4, 50}, Case{210, 800, 4, 250}, Case{399, 800, 4, 400}}) {
+    for (const auto& [pressedAt, budget, endsAt] : {std::tuple{30, 100, 50}, {210, 800, 250}, {399, 800, 400}}) {
         const std::int64_t begin = platform::TickCount();
         simulated::ClearJournals();
-        simulated::MeanwhileAt(begin + each.pressedAt, [] { simulated::UserTaps(Escape); });
-        EXPECT_EQ(Send("{L_SHIFT}bcd", each.budget), -2);
-        EXPECT_EQ(simulated::Journal().size(), each.sent);
-        EXPECT_EQ(platform::TickCount() - begin, each.endsAt);
+        simulated::MeanwhileAt(begin + pressedAt, [] { simulated::UserTaps(Escape); });
+        EXPECT_EQ(Send("{L_SHIFT}bcd", budget), -2);
+        EXPECT_EQ(simulated::Journal().size(), 4U);
+        EXPECT_EQ(platform::TickCount() - begin, endsAt);
     }
     Send("{L_SHIFT DOWN}");
     simulated::UserTaps(Escape);

@@ -11,16 +11,10 @@ namespace {
 
 using platform::WindowHandle;
 
-struct Case {
-    std::string why;
-    std::vector<std::string> captions;  // of windows of one class, from the front to the back
-    std::string wanted;
-    int expected;  // index; -1 for none
-};
-
-// A window of another class stands last in the enumeration.
+// The captions of windows of one class, from the front to the back, and the index of the one that is taken, -1 for
+// none. A window of another class stands last in the enumeration.
 TEST(FindSimilarWindow, TakesTheMostWordsInCommon) {
-    const std::vector<Case> cases = {
+    const std::tuple<std::string, std::vector<std::string>, std::string, int> cases[] = {
         {"most words", {"b.txt - Text Editor", "Editor", "x"}, "a.txt - Text Editor", 0},
         {"two words", {"My Editor", "My Text Editor", "Text"}, "text editor", 1},
         {"a tie goes to the later", {"b - Editor", "c - Editor", "d"}, "a - Editor", 1},
@@ -34,15 +28,15 @@ TEST(FindSimilarWindow, TakesTheMostWordsInCommon) {
         {"nothing of the class", {}, "Editor", -1},
     };
     std::vector<WindowHandle> old;
-    for (const Case& each : cases) {
+    for (const auto& [why, captions, wanted, index] : cases) {
         for (const WindowHandle window : old) simulated::Destroy(window);
-        old.assign(1, simulated::AddWindow({.className = "Last", .caption = each.wanted}));
-        std::vector<WindowHandle> windows(each.captions.size());
+        old.assign(1, simulated::AddWindow({.className = "Last", .caption = wanted}));
+        std::vector<WindowHandle> windows(captions.size());
         for (std::size_t i = windows.size(); i-- > 0;) {
-            windows[i] = simulated::AddWindow({.className = "Editor", .caption = each.captions[i]});
+            windows[i] = simulated::AddWindow({.className = "Editor", .caption = captions[i]});
         }
-        const WindowHandle expected = each.expected < 0 ? 0 : windows[static_cast<std::size_t>(each.expected)];
-        EXPECT_EQ(FindSimilarWindow("Editor", each.wanted).window, expected) << each.why;
+        const WindowHandle expected = index < 0 ? 0 : windows[static_cast<std::size_t>(index)];
+        EXPECT_EQ(FindSimilarWindow("Editor", wanted).window, expected) << why;
         old.insert(old.end(), windows.begin(), windows.end());
     }
 }

@@ -17,12 +17,7 @@ namespace {
 constexpr const char* LogPath = "C:\\Data\\Every day.log";
 
 TEST(SetStatus, WritesTheLabelInTheLanguageInForce) {
-    struct Case {
-        int code;
-        std::string text;
-        std::string label;
-    };
-    const std::vector<Case> cases = {
+    const std::tuple<int, std::string, std::string> cases[] = {
         {StatusRunning, "", "executing job..."},
         {StatusWebPage, "", "Waiting for web page to load..."},
         {StatusFinished, "", "Finished"},
@@ -30,9 +25,9 @@ TEST(SetStatus, WritesTheLabelInTheLanguageInForce) {
         {StatusWaitingForWindow, "Untitled", "Waiting for window:\r\nUntitled"},
     };
     Translate("Finished");
-    for (const Case& each : cases) {
-        setStatus(each.code, each.text);
-        EXPECT_EQ(statusViewStandIn.statusLabel, each.label);
+    for (const auto& [code, text, label] : cases) {
+        setStatus(code, text);
+        EXPECT_EQ(statusViewStandIn.statusLabel, label);
     }
     SetLanguage(LanguageSpanish);
     Translate("Finished");
@@ -66,17 +61,17 @@ TEST(Premjesti, GoesToTheOtherSideAndTakesTheListAlong) {
 }
 
 TEST(Premjesti, LeftSideEndsAtAThousandTwips) {
-    struct Case {
-        int pixelsPerInch;
-        std::int32_t left;
-        bool goesLeft;
-    };
-    for (const Case& each : {Case{1440, 999, false}, Case{1440, 1000, true}, Case{96, 66, false}, Case{96, 67, true},
-                             Case{144, 99, false}, Case{144, 100, true}, Case{96, -500, false}}) {
-        statusViewStandIn.pixelsPerInch = each.pixelsPerInch;
-        statusViewStandIn.executing2.rectangle = {each.left, 0, each.left + 300, 140};
+    for (const auto& [pixelsPerInch, left, goesLeft] : {std::tuple{1440, 999, false},
+                                                        {1440, 1000, true},
+                                                        {96, 66, false},
+                                                        {96, 67, true},
+                                                        {144, 99, false},
+                                                        {144, 100, true},
+                                                        {96, -500, false}}) {
+        statusViewStandIn.pixelsPerInch = pixelsPerInch;
+        statusViewStandIn.executing2.rectangle = {left, 0, left + 300, 140};
         Premjesti(false);
-        EXPECT_EQ(statusViewStandIn.executing2.rectangle.left == 20, each.goesLeft) << each.left;
+        EXPECT_EQ(statusViewStandIn.executing2.rectangle.left == 20, goesLeft) << left;
     }
 }
 
@@ -102,19 +97,15 @@ TEST_F(Logging, FirstLineBringsTheDateAndSetsItsOwnGap) {
 }
 
 TEST_F(Logging, OldTextIsTakenOverLineByLine) {
-    struct Case {
-        std::string old;
-        std::string tail;
-    };
-    const std::vector<Case> cases = {
+    const std::pair<std::string, std::string> cases[] = {
         {"", ""},         {"no line end", "no line end\r\n"}, {"a\nb\n", "a\r\nb\r\n"},
         {"\r\n", "\r\n"}, {"a\r\n\r\nb", "a\r\n\r\nb\r\n"},
     };
-    for (const Case& each : cases) {
-        simulated::PutFile(LogPath, each.old);
+    for (const auto& [old, tail] : cases) {
+        simulated::PutFile(LogPath, old);
         replayLog.LogBuffer = "new";
         WriteLogFile(LogPath);
-        EXPECT_EQ(Written(), "new\r\n\r\n\r\n" + each.tail + "\r\n");
+        EXPECT_EQ(Written(), "new\r\n\r\n\r\n" + tail + "\r\n");
     }
 }
 

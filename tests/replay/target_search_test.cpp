@@ -603,13 +603,7 @@ TEST_F(TargetSearch, MatchWindowTellsWhatDiffers) {
 
 // The tails of these classes change from start to start. Upper and lower case matter for the leaf alone.
 TEST_F(TargetSearch, GeneratedClassesMatchByTheirBeginning) {
-    struct Case {
-        std::string recorded;
-        std::string live;
-        bool asLeaf;
-        bool asParent;
-    };
-    for (const Case& each : std::vector<Case>{
+    for (const auto& [recorded, live, asLeaf, asParent] : std::vector<std::tuple<std::string, std::string, bool, bool>>{
              {"Afx:400000:8:10011:0:0", "Afx:400000:8:10013:0:0", true, true},
              {"afx:1", "afx:2", false, true},
              {"Afx:1", "AFX:2", false, true},
@@ -617,7 +611,7 @@ TEST_F(TargetSearch, GeneratedClassesMatchByTheirBeginning) {
              {"Afx:1", "Editor", false, false},
              {"afx:1", "afx:1", true, true},
          }) {
-        const WindowHandle parent = AddWindow({.className = each.live, .rect = {700, 10, 900, 90}});
+        const WindowHandle parent = AddWindow({.className = live, .rect = {700, 10, 900, 90}});
         const WindowHandle child = AddWindow({.className = "Child", .rect = {0, 0, 50, 50}, .parent = parent});
         const auto matches = [this](WindowHandle window) {
             return MatchWindow(window, request.chainIndex, windowArrays.windows, windowArrays.chains, false) ==
@@ -625,11 +619,11 @@ TEST_F(TargetSearch, GeneratedClassesMatchByTheirBeginning) {
         };
         ResetWindowArrays();
         RecordClick(child);
-        Signature(1).ClassName = each.recorded;
-        EXPECT_EQ(matches(child), each.asParent) << each.recorded << " " << each.live;
+        Signature(1).ClassName = recorded;
+        EXPECT_EQ(matches(child), asParent) << recorded << " " << live;
         RecordClick(parent);
-        Signature(0).ClassName = each.recorded;
-        EXPECT_EQ(matches(parent), each.asLeaf) << each.recorded << " " << each.live;
+        Signature(0).ClassName = recorded;
+        EXPECT_EQ(matches(parent), asLeaf) << recorded << " " << live;
     }
 }
 

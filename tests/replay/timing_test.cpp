@@ -110,12 +110,7 @@ TEST_F(TimedWaiting, SlowPumpDoesNotMakeTheWaitLate) {
 }
 
 TEST_F(TimedWaiting, BarGrowsByEqualStepsAndShowsWholeOnes) {
-    struct Case {
-        double share;
-        int from;
-        std::vector<int> shown;
-    };
-    const std::vector<Case> cases = {
+    const std::tuple<double, int, std::vector<int>> cases[] = {
         {11, 0, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}},
         {5.5, 20, {20, 21, 22, 23, 24}},
         {110, 55, {55, 65, 75, 85, 95, 100}},
@@ -123,11 +118,11 @@ TEST_F(TimedWaiting, BarGrowsByEqualStepsAndShowsWholeOnes) {
         {0, 7, {7}},
         {-11, 50, {50}},
     };
-    for (const Case& each : cases) {
-        statusViewStandIn.barValue = each.from;
-        statusViewStandIn.barHistory = {each.from};
-        TimedWait(500, false, each.share);
-        EXPECT_EQ(statusViewStandIn.barHistory, each.shown) << each.share;
+    for (const auto& [share, from, shown] : cases) {
+        statusViewStandIn.barValue = from;
+        statusViewStandIn.barHistory = {from};
+        TimedWait(500, false, share);
+        EXPECT_EQ(statusViewStandIn.barHistory, shown) << share;
     }
 }
 

@@ -11,12 +11,7 @@ namespace {
 using Jobs = std::array<std::string, 5>;
 
 TEST(AddRecentJob, PutsTheJobFirst) {
-    struct Case {
-        Jobs before;
-        std::string added;
-        Jobs after;
-    };
-    const Case cases[] = {
+    const std::tuple<Jobs, std::string, Jobs> cases[] = {
         {{}, "a", {"a"}},
         {{"a", "b"}, "a", {"a", "b"}},
         {{"a", "b", "c", "d", "e"}, "c", {"c", "a", "b", "d", "e"}},
@@ -24,10 +19,10 @@ TEST(AddRecentJob, PutsTheJobFirst) {
         {{"a", "b", "c", "d", "e"}, "f", {"f", "a", "b", "c", "d"}},
         {{"a", "b"}, "A", {"A", "a", "b"}},
     };
-    for (const Case& one : cases) {
-        settings.RecentJobs = one.before;
-        AddRecentJob(one.added);
-        EXPECT_EQ(settings.RecentJobs, one.after) << one.added;
+    for (const auto& [before, added, after] : cases) {
+        settings.RecentJobs = before;
+        AddRecentJob(added);
+        EXPECT_EQ(settings.RecentJobs, after) << added;
     }
 }
 

@@ -31,12 +31,8 @@ protected:
 
 TEST_F(CommandLine, TheFirstCharactersDecide) {
     const std::string run = "RunJob " + JobPath;
-    struct Case {
-        std::string commandLine;
-        std::string firstCall;  // "" for nothing at all
-        std::string boxText;
-    };
-    const Case cases[] = {
+    // The command line, the call that it leads to (none: nothing at all), and what the box says is missing.
+    const std::tuple<std::string, std::string, std::string> cases[] = {
         {"", "Show", ""},
         {"   ", "Show", ""},
         {"-run " + JobPath, run, ""},
@@ -55,18 +51,18 @@ TEST_F(CommandLine, TheFirstCharactersDecide) {
         {"-run", "EndProcess", ""},
         {"-run C:\\Jobs", "EndProcess", "C:\\Jobs"},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE("command line: '" + one.commandLine + "'");
+    for (const auto& [commandLine, firstCall, boxText] : cases) {
+        SCOPED_TRACE("command line: '" + commandLine + "'");
         shellStandIn = {};
         formVisibility = {};
         shellStandIn.runResult = 0;
         const std::size_t boxesBefore = Boxes().size();
-        const bool ends = one.firstCall == "EndProcess";
-        EXPECT_EQ(Handle(one.commandLine, true), !ends);
-        EXPECT_TRUE(one.firstCall.empty() ? shellStandIn.calls.empty() : WasCalled(one.firstCall));
+        const bool ends = firstCall == "EndProcess";
+        EXPECT_EQ(Handle(commandLine, true), !ends);
+        EXPECT_TRUE(firstCall.empty() ? shellStandIn.calls.empty() : WasCalled(firstCall));
         ASSERT_EQ(Boxes().size(), boxesBefore + (ends ? 1 : 0));
         if (!ends) continue;
-        EXPECT_EQ(LastBox(), "File access error|File does not exist:\r\n" + one.boxText);
+        EXPECT_EQ(LastBox(), "File access error|File does not exist:\r\n" + boxText);
         EXPECT_FALSE(WasCalled("Show"));
     }
 }

@@ -92,20 +92,15 @@ TEST(Keys, OfAPairAreHeldTogether) {
 }
 
 TEST(Keys, HaveScanCodesAndCharacters) {
-    struct Case {
-        int key;
-        int scanCode;
-        int character;
-    };
-    const Case cases[] = {
+    const std::tuple<int, int, int> cases[] = {
         {'A', 30, 'A'}, {'0', 11, '0'}, {187, 13, '='}, {220, 43, '\\'}, {105, 73, '9'}, {107, 78, '+'}, {111, 53, '/'},
         {32, 57, ' '},  {27, 1, 27},    {13, 28, 13},   {8, 14, 8},      {9, 15, 9},     {160, 42, 0},   {161, 54, 0},
         {163, 29, 0},   {165, 56, 0},   {37, 75, 0},    {46, 83, 0},     {123, 88, 0},   {91, 0x5B, 0},  {93, 0x5D, 0},
         {44, 0x54, 0},  {144, 0x45, 0}, {20, 0x3A, 0},  {3, 0x46, 3},    {1, 0, 0},      {6, 0, 0},      {0, 0, 0},
         {255, 0, 0},    {-1, 0, 0},     {300, 0, 0}};
-    for (const Case& each : cases) {
-        EXPECT_EQ(platform::ScanCodeOf(each.key), each.scanCode) << each.key;
-        EXPECT_EQ(platform::CharacterOf(each.key), each.character) << each.key;
+    for (const auto& [key, scanCode, character] : cases) {
+        EXPECT_EQ(platform::ScanCodeOf(key), scanCode) << key;
+        EXPECT_EQ(platform::CharacterOf(key), character) << key;
     }
 }
 
@@ -163,13 +158,7 @@ TEST(Hooks, TheUsersInputWaitsForTheHook) {
 }
 
 TEST(Hooks, KeyMessagesAndFlags) {
-    struct Case {
-        int key;
-        bool up;
-        std::uint32_t message;
-        std::uint32_t flags;
-    };
-    const Case cases[] = {
+    const std::tuple<int, bool, std::uint32_t, std::uint32_t> cases[] = {
         {39, false, 0x100, 1},
         {39, true, 0x101, 129},  // an arrow: extended
         {121, false, 0x104, 0},
@@ -185,11 +174,11 @@ TEST(Hooks, KeyMessagesAndFlags) {
         {18, true, 0x105, 128},  // and here it was not: it opens the menu
     };
     platform::InstallKeyboardHook(HearKey);
-    for (const Case& each : cases) {
-        (each.up ? UserReleasesKey : UserPressesKey)(each.key);
+    for (const auto& [key, up, message, flags] : cases) {
+        (up ? UserReleasesKey : UserPressesKey)(key);
         Pump();
-        EXPECT_EQ(keysHeard.back().message, each.message) << each.key;
-        EXPECT_EQ(keysHeard.back().flags, each.flags) << each.key;
+        EXPECT_EQ(keysHeard.back().message, message) << key;
+        EXPECT_EQ(keysHeard.back().flags, flags) << key;
     }
     platform::SendInput(KeyDownRecord(Shift));
     EXPECT_EQ(keysHeard.back().vkCode, 160u) << "a plain modifier becomes the left one";

@@ -93,25 +93,21 @@ TEST(Windows, MinimisedAndMaximisedOnesRememberTheirPlaceAndFocus) {
     EXPECT_EQ(platform::FocusOf(7).window, child);
 }
 
+// The state that a window in the background, minimised, is in after each command, and whether it is the foreground.
 TEST(Windows, ShowCommands) {
-    struct Case {
-        std::uint32_t command;
-        std::uint32_t showCmd;
-        bool visible;
-        bool foreground;  // afterwards, started minimised in the background
-    };
-    const Case cases[] = {{0, 2, false, false}, {1, 1, true, true},  {2, 2, true, false}, {3, 3, true, true},
-                          {4, 1, true, false},  {5, 2, true, false}, {6, 2, true, false}, {7, 2, true, false},
-                          {8, 2, true, false},  {9, 1, true, true},  {99, 2, true, false}};
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.command);
+    const std::tuple<std::uint32_t, std::uint32_t, bool, bool> cases[] = {
+        {0, 2, false, false}, {1, 1, true, true},  {2, 2, true, false}, {3, 3, true, true},
+        {4, 1, true, false},  {5, 2, true, false}, {6, 2, true, false}, {7, 2, true, false},
+        {8, 2, true, false},  {9, 1, true, true},  {99, 2, true, false}};
+    for (const auto& [command, showCmd, visible, foreground] : cases) {
+        SCOPED_TRACE(command);
         const WindowHandle window = AddWindow({.caption = "window"});
         Minimise(window);
         const WindowHandle other = AddWindow({.caption = "other", .thread = 9});
-        EXPECT_TRUE(Place(window, each.command));
-        EXPECT_EQ(PlacementOf(window).showCmd, each.showCmd);
-        EXPECT_EQ(IsVisible(window), each.visible);
-        EXPECT_EQ(ForegroundWindow(), each.foreground ? window : other);
+        EXPECT_TRUE(Place(window, command));
+        EXPECT_EQ(PlacementOf(window).showCmd, showCmd);
+        EXPECT_EQ(IsVisible(window), visible);
+        EXPECT_EQ(ForegroundWindow(), foreground ? window : other);
     }
 }
 
@@ -142,18 +138,4 @@ TEST(Windows, AHungOneFollowsLater) {
     SetHung(window, false);
     EXPECT_EQ(PlacementOf(window).showCmd, platform::ShowMaximized);
     EXPECT_EQ(TextOf(window), "x");
-}
-
-TEST(Windows, OnesThatVanishDuringAWalkAreLeftOut) {
-    const WindowHandle owner = AddWindow({.caption = "owner"});
-    const WindowHandle dialog = AddWindow({.caption = "dialog", .owner = owner});
-    const WindowHandle last = AddWindow({.caption = "last"});
-    std::vector<WindowHandle> seen;
-    platform::ForEachTopWindow([&](WindowHandle window) {
-        seen.push_back(window);
-        Destroy(owner);
-        return true;
-    });
-    EXPECT_THAT(seen, ElementsAre(last));
-    EXPECT_FALSE(platform::WindowExists(dialog));
 }
