@@ -123,10 +123,6 @@ void CallProgram(const std::function<void()>& action) {
     }
 }
 
-void StartClockAt(std::int64_t ms) {
-    State().now = ms * 1000;
-}
-
 void SetLocalTime(const platform::LocalTime& time) {
     using namespace std::chrono;
     const local_days date{year(time.year) / time.month / time.day};
@@ -172,15 +168,6 @@ HappeningId MeanwhileAt(std::int64_t moment, Action action) {
 
 HappeningId MeanwhileAfter(std::int64_t ms, Action action) {
     return Arrange(State().meanwhile, State().now + ms * 1000, 0, std::move(action));
-}
-
-HappeningId MeanwhileEvery(std::int64_t ms, Action action) {
-    const std::int64_t interval = std::max<std::int64_t>(ms, 1) * 1000;
-    return Arrange(State().meanwhile, State().now + interval, interval, std::move(action));
-}
-
-void Cancel(HappeningId id) {
-    if (!RemoveFrom(State().own, id)) RemoveFrom(State().meanwhile, id);
 }
 
 }  // namespace simulated

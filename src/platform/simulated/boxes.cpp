@@ -36,7 +36,6 @@ Answer TakeAnswer(std::deque<Answer>& answers, Answer otherwise) {
 // While a box is open, it is a window like any other and pumps.
 bool RunBox(ShownBox box) {
     BoxState& state = State();
-    box.scripted = !state.answers.empty();
     box.time = NowMs();
     const BoxAnswer answer = TakeAnswer(state.answers, BoxAnswer{.yes = false});
     box.yes = box.question && answer.yes;
@@ -59,12 +58,6 @@ void AnswerNextBox(const BoxAnswer& answer) {
 
 const std::vector<ShownBox>& ShownBoxes() {
     return State().shown;
-}
-
-int UnansweredQuestions() {
-    const auto& shown = State().shown;
-    return static_cast<int>(
-        std::ranges::count_if(shown, [](const ShownBox& box) { return box.question && !box.scripted; }));
 }
 
 void AnswerNextFolder(const std::optional<std::string>& path) {

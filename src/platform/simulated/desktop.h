@@ -35,9 +35,6 @@ using platform::WindowHandle;
 
 // --- Time ---
 
-// The tick count to start with; only before anything else happens. For tests of a count that wraps.
-void StartClockAt(std::int64_t ms);
-
 // The wall clock. It goes on from here as the clock moves. At first 2004-06-15 10:00:00, a Tuesday.
 void SetLocalTime(const platform::LocalTime& time);
 
@@ -57,10 +54,6 @@ HappeningId Every(std::int64_t ms, Action action);
 // Run when the clock passes their moment. They must not sleep.
 HappeningId MeanwhileAt(std::int64_t moment, Action action);
 HappeningId MeanwhileAfter(std::int64_t ms, Action action);
-HappeningId MeanwhileEvery(std::int64_t ms, Action action);
-
-// A happening may cancel itself. An id that is done is ignored.
-void Cancel(HappeningId id);
 
 // --- Windows ---
 
@@ -150,10 +143,9 @@ void SetScreenSize(Size size);            // 1280 x 1024 at first
 void PlaceCursor(Point point);            // by nobody: no hook, no journal
 void SetToggle(int virtualKey, bool on);  // Caps, Num and Scroll Lock; all off at first
 bool InputBlocked();                      // by platform::BlockInput
-void RefuseBlockInput(bool refuse = true);
 
-// What becomes of injected input: platform::SendInput returns 0, or returns 1 and nothing happens.
-enum class Injection { Works, Refused, Discarded };
+// Whether platform::SendInput works; refused, it returns 0.
+enum class Injection { Works, Refused };
 void SetInjection(Injection fate);
 
 // One input as it arrived.
@@ -206,12 +198,10 @@ struct ShownBox {
     std::string title;
     platform::BoxIcon icon = platform::BoxIcon::None;
     bool question = false;
-    bool scripted = false;  // an AnswerNextBox was waiting for it
     bool yes = false;       // the answer to a question
     std::int64_t time = 0;
 };
 const std::vector<ShownBox>& ShownBoxes();
-int UnansweredQuestions();
 
 // --- The rest of the system ---
 
@@ -225,7 +215,6 @@ struct TrayIcon {
     std::string tip;
 };
 const TrayIcon& Tray();
-void RefuseTray(bool refuse = true);     // as with no taskbar
 void UserOnTray(unsigned mouseMessage);  // WM_MOUSEMOVE 0x200, WM_LBUTTONUP 0x202, ...
 
 // Hotkeys. Modifiers: 1 Alt, 2 Ctrl, 4 Shift.

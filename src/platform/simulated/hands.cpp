@@ -12,7 +12,6 @@ constexpr int LeftShift = 160;
 
 struct HandState {
     bool blocked = false;
-    bool refusesBlocking = false;
     int waiting = 0;  // inputs that wait for the pump
 };
 
@@ -158,16 +157,12 @@ bool InputBlocked() {
     return hand.blocked;
 }
 
-void RefuseBlockInput(bool refuse) {
-    hand.refusesBlocking = refuse;
-}
-
 }  // namespace simulated
 
 namespace platform {
 
 void BlockInput(bool block) {
-    if (!simulated::hand.refusesBlocking) simulated::hand.blocked = block;
+    simulated::hand.blocked = block;
 }
 
 }  // namespace platform

@@ -64,7 +64,6 @@ namespace platform {
 int SendInput(const InputRecord& record) {
     const bool known = record.dwType() == InputMouse || record.dwType() == InputKeyboard;
     if (!known || simulated::fate == simulated::Injection::Refused) return 0;
-    if (simulated::fate == simulated::Injection::Discarded) return 1;
     simulated::NoteInput();
     simulated::WriteDown(true, simulated::NowMs(), record);
     if (record.dwType() == InputMouse) {

@@ -39,7 +39,6 @@ struct Surroundings {
     bool refusesRegistry = false;
 
     TrayIcon tray;
-    bool refusesTray = false;
 
     std::vector<Hotkey> hotkeys;
 
@@ -107,10 +106,6 @@ void RefuseRegistry(bool refuse) {
 
 const TrayIcon& Tray() {
     return State().tray;
-}
-
-void RefuseTray(bool refuse) {
-    State().refusesTray = refuse;
 }
 
 void UserOnTray(unsigned mouseMessage) {
@@ -198,13 +193,13 @@ bool DeleteRegistryValue(const std::string& key, const std::string& value) {
 }
 
 bool AddTrayIcon(WindowHandle window, const std::string& tip) {
-    if (State().refusesTray || State().tray.present) return false;
+    if (State().tray.present) return false;
     State().tray = {true, window, tip.substr(0, simulated::LongestTip)};
     return true;
 }
 
 bool ChangeTrayTip(const std::string& tip) {
-    if (State().refusesTray || !State().tray.present) return false;
+    if (!State().tray.present) return false;
     State().tray.tip = tip.substr(0, simulated::LongestTip);
     return true;
 }
