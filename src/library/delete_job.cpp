@@ -29,13 +29,13 @@ bool IsScheduled(const std::string& jobPath) {
 // These questions are asked in English in all languages.
 bool UserIsSure(const std::string& jobPath, const std::string& name) {
     if (IsScheduled(jobPath)) {
-        return platform::AskYesNo(
+        return platform::AskBeforeLoss(
             "This is scheduled job. Deleting this job will also delete all schedules containing this job. Are you sure "
             "you want to delete this job?",
             "Delete scheduled  job?", platform::BoxIcon::Error);
     }
-    return platform::AskYesNo("Are you sure you want to delete job '" + name + "'?", Translate("Delete job") + "?",
-                              platform::BoxIcon::Question);
+    return platform::AskBeforeLoss("Are you sure you want to delete job '" + name + "'?", Translate("Delete job") + "?",
+                                   platform::BoxIcon::Question);
 }
 
 bool DeleteFileOf(const std::string& jobPath) {

@@ -35,7 +35,7 @@ bool PointsAt(const std::string& link, const std::string& jobPath) {
 // A shortcut of the user's own may have the job's name.
 bool MayBeWritten(const std::string& link, const std::string& jobPath) {
     if (!platform::FileExists(link) || PointsAt(link, jobPath)) return true;
-    return platform::AskYesNo(
+    return platform::AskBeforeLoss(
         Translate("File") + " \"" + link + "\" " + Translate("already exists") + ". " + Translate("Overwrite") + "?",
         Translate("Overwrite") + "?");
 }

@@ -14,7 +14,7 @@
 namespace {
 
 bool WantsToOverwrite(const std::string& name) {
-    return platform::AskYesNo(
+    return platform::AskBeforeLoss(
         Translate("Job") + " \"" + name + "\" " + Translate("already exists") + ". " + Translate("Overwrite") + "?",
         Translate("Overwrite") + "?");
 }

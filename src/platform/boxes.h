@@ -13,4 +13,7 @@ void ShowBox(const std::string& text, const std::string& title, BoxIcon icon = B
 // A box with Yes and No; true for Yes.
 bool AskYesNo(const std::string& text, const std::string& title, BoxIcon icon = BoxIcon::Question);
 
+// The same for what cannot be undone: a stray Enter is a No.
+bool AskBeforeLoss(const std::string& text, const std::string& title, BoxIcon icon = BoxIcon::Question);
+
 }  // namespace platform

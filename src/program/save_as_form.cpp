@@ -125,10 +125,7 @@ void SaveAsForm::OnCommand1() {
 // what it does, and does it at once.
 void SaveAsForm::OnLeave() {
     if (recordingSession.eventCount == 0) return Close(IDCANCEL);
-    const std::string name = TextOf(window, Save_As_Form_name);
-    const std::string question = Translate1("Do you want to save changes you made to job '%1'?",
-                                            name.empty() ? Translate("Record New Job") : name);
-    if (!platform::AskYesNo(question, Translate("Save Job As"))) return Close(IDCANCEL);
+    if (!platform::AskYesNo(Translate("Save") + "?", Translate("Save Job As"))) return Close(IDCANCEL);
     OnCommand1();
 }
 

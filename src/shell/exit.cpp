@@ -19,7 +19,7 @@ bool SettingsDealtWith() {
         SaveSettings();
         return true;
     } catch (const RuntimeFailure& failure) {
-        return platform::AskYesNo(
+        return platform::AskBeforeLoss(
             failure.what() + std::string(LineBreak) + Translate("Do you really want to exit Tessarine") + "?",
             ProductName, platform::BoxIcon::Warning);
     }

@@ -80,6 +80,10 @@ bool AskYesNo(const std::string& text, const std::string& title, BoxIcon icon) {
     return simulated::RunBox({.text = text, .title = title, .icon = icon, .question = true});
 }
 
+bool AskBeforeLoss(const std::string& text, const std::string& title, BoxIcon icon) {
+    return AskYesNo(text, title, icon);
+}
+
 std::optional<std::string> BrowseForFolder(const std::string& prompt, const std::string& start) {
     simulated::State().browsed.emplace_back(prompt, start);
     Pump();

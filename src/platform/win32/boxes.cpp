@@ -36,4 +36,8 @@ bool AskYesNo(const std::string& text, const std::string& title, BoxIcon icon) {
     return Show(text, title, MB_YESNO | IconFlag(icon)) == IDYES;
 }
 
+bool AskBeforeLoss(const std::string& text, const std::string& title, BoxIcon icon) {
+    return Show(text, title, MB_YESNO | MB_DEFBUTTON2 | IconFlag(icon)) == IDYES;
+}
+
 }  // namespace platform
