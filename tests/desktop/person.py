@@ -9,7 +9,7 @@ import pytest
 from wine_desktop import ROOT, wait_for
 
 # The controls' numbers, by the names that the forms' headers give them.
-IDS = {name: int(number) for header in (ROOT / "src" / "program").glob("*_ids.h")
+IDS = {name: int(number) for header in (ROOT / "src" / "program").rglob("*_ids.h")
        for name, number in re.findall(r"#define (\w+?(?<!_FIRST)(?<!_LAST)(?<!_dialog)) (\d+)", header.read_text())}
 
 TRAY_ICON = (1269, 1014)

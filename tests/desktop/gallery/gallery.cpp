@@ -4,10 +4,10 @@
 #include <windows.h>
 
 #include "gallery_ids.h"
-#include "program/list_control.h"
-#include "program/number_picker.h"
-#include "program/time_picker.h"
-#include "program/window_tools.h"
+#include "controls/list_control.h"
+#include "controls/number_picker.h"
+#include "controls/time_picker.h"
+#include "toolkit/window_tools.h"
 
 namespace {
 

@@ -1,0 +1,99 @@
+#include "toolkit/control_row.h"
+
+#include <commctrl.h>
+
+#include <utility>
+
+#include "dictionary/dictionary.h"
+#include "toolkit/window_tools.h"
+
+FormText::FormText(const char* dictionaryKey) : say([dictionaryKey] { return Translate(dictionaryKey); }) {}
+
+FormText LabelOf(const char* dictionaryKey) {
+    return [dictionaryKey] { return Translate(dictionaryKey) + ":"; };
+}
+
+namespace {
+
+void ShowTick(HWND control, bool ticked) {
+    SendMessageA(control, BM_SETCHECK, ticked ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+bool TickOf(HWND control) {
+    return SendMessageA(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+// What is typed by the user keeps its caret when it stays as it was.
+void ShowTyped(HWND control, const std::string& text) {
+    if (WindowText(control) == text) return;
+    SetWindowTextA(control, text.c_str());
+    SendMessageA(control, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
+}
+
+std::int32_t SliderPlace(HWND slider) {
+    return static_cast<std::int32_t>(SendMessageA(slider, TBM_GETPOS, 0, 0));
+}
+
+}  // namespace
+
+Member Tick(bool& value, std::function<void(bool)> changed) {
+    if (!changed) changed = [&value](bool ticked) { value = ticked; };
+    return {.show = [&value](HWND control) { ShowTick(control, value); },
+            .take = [changed](HWND control) { changed(TickOf(control)); },
+            .leave = nullptr};
+}
+
+Member Tick(std::int32_t& option) {
+    return {.show = [&option](HWND control) { ShowTick(control, option == 1); },
+            .take = [&option](HWND control) { option = TickOf(control) ? 1 : 0; },
+            .leave = nullptr};
+}
+
+Member Option(std::function<bool()> chosen, std::function<void()> choose) {
+    return {.show = [chosen](HWND control) { ShowTick(control, chosen()); },
+            .take =
+                [chosen, choose = std::move(choose)](HWND) {
+                    if (!chosen()) choose();
+                },
+            .leave = nullptr};
+}
+
+// A text that stays as it is must not flicker.
+Member Shown(FormText text) {
+    return {.show =
+                [text = std::move(text)](HWND control) {
+                    const std::string shown = text();
+                    if (WindowText(control) != shown) SetWindowTextA(control, shown.c_str());
+                },
+            .take = nullptr,
+            .leave = nullptr};
+}
+
+Member Typed(std::string& value, std::function<void(const std::string&)> changed) {
+    if (!changed) changed = [&value](const std::string& typed) { value = typed; };
+    return {.show = [&value](HWND control) { ShowTyped(control, value); },
+            .take = [changed](HWND control) { changed(WindowText(control)); },
+            .leave = nullptr};
+}
+
+Member Slider(std::int32_t& value, std::function<void(std::int32_t)> changed) {
+    return {.show =
+                [&value](HWND control) {
+                    if (SliderPlace(control) != value) SendMessageA(control, TBM_SETPOS, TRUE, value);
+                },
+            .take =
+                [&value, changed = std::move(changed)](HWND control) {
+                    if (SliderPlace(control) != value) changed(SliderPlace(control));
+                },
+            .leave = nullptr};
+}
+
+Member Choice(int& place, std::function<void()> changed) {
+    return {.show = [&place](HWND control) { SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(place), 0); },
+            .take =
+                [&place, changed = std::move(changed)](HWND control) {
+                    place = static_cast<int>(SendMessageA(control, CB_GETCURSEL, 0, 0));
+                    if (changed) changed();
+                },
+            .leave = nullptr};
+}

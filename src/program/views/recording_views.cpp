@@ -1,0 +1,68 @@
+// What a recording asks of the main window and the hotkeys; its forms implement the rest. The editor, from which pieces
+// are recorded, does not exist yet.
+#include "forms/save_as_form.h"
+#include "hotkeys/hotkey_table.h"
+#include "hotkeys/hotkey_view.h"
+#include "main/main_form.h"
+#include "mainwindow/form_visible.h"
+#include "mainwindow/job_page.h"
+#include "platform/pump.h"
+#include "recording/session_view.h"
+#include "replay/run_job.h"
+
+void hotkey_view::ClickCommand3() {
+    record_new();
+}
+
+namespace session_view {
+
+bool RunUnderWay() {
+    return runState.ReplayRunning;
+}
+
+void GiveHotkeys() {
+    RegisterAllHotkeys();
+}
+
+void TakeHotkeys() {
+    UnregisterAllHotkeys();
+}
+
+bool AskToStart(const std::string& text, const std::string& title) {
+    const UINT flags = MB_OKCANCEL | MB_ICONINFORMATION | MB_TASKMODAL | MB_SETFOREGROUND;
+    return MessageBoxA(mainForm.Window(), text.c_str(), title.c_str(), flags) == IDOK;
+}
+
+bool MainWindowIsVisible() {
+    return MainWindowVisible();
+}
+
+void MinimiseMainWindow() {
+    ShowWindow(mainForm.Window(), SW_MINIMIZE);
+}
+
+void HideMainWindow() {
+    FormVisible(false, false);
+}
+
+void ShowMainWindow() {
+    FormVisible(true, false);
+}
+
+void PutEditorAside() {}
+void ZavrsiUmetanjeSnimanjem() {}
+
+// The save itself has filled the list of jobs and selected the new one.
+void ShowSaveAs() {
+    const bool saved = SaveAsForm().ShowModal();
+    platform::Pump();
+    if (!saved) return;
+    mainForm.ShowPage(MainPage::Jobs);
+    mainForm.StaviFocus();
+}
+
+std::int32_t DoubleClickTime() {
+    return static_cast<std::int32_t>(GetDoubleClickTime());
+}
+
+}  // namespace session_view
