@@ -1,8 +1,11 @@
 #include "dictionary/dictionary.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "base/product.h"
 #include "base/text.h"
@@ -28,15 +31,21 @@ constexpr std::array<std::string ActionWords::*, ActionWordCount> actionWordMemb
     &ActionWords::textField};
 
 // Four parallel columns in the system code page. A row without a key is empty in all of them.
-struct Dictionary {
-    using Column = std::array<std::string, DictionaryCapacity>;
+struct Table {
+    using Column = std::vector<std::string>;
 
-    std::int16_t CurrentLanguage = 0;  // zero or below: not read yet
-    bool built = false;
+    explicit Table(std::size_t places) : english(places), german(places), french(places), spanish(places) {}
+
     Column english;  // in lower case, as it is only ever compared
     Column german;
     Column french;
     Column spanish;
+};
+
+struct Dictionary {
+    std::int16_t CurrentLanguage = 0;  // zero or below: not read yet
+    bool built = false;
+    std::array<Table, 2> tables = {Table(DictionaryCapacity), Table(OwnRows().size())};  // in the order of the search
     std::array<ActionWords, languageTexts.size()> words;
 };
 
@@ -49,13 +58,13 @@ std::int16_t NumberOfLanguage(std::string_view text) {
     return LanguageEnglish;
 }
 
-void BuildRows() {
+void BuildRows(Table& table, std::span<const DictionaryRow> sources) {
     std::size_t row = 0;
-    for (const DictionaryRow& source : DictionaryRows()) {
-        dictionary.english[row] = platform::LowerCase(platform::FromUtf8(source.english));
-        dictionary.german[row] = platform::FromUtf8(source.german);
-        dictionary.french[row] = platform::FromUtf8(source.french);
-        dictionary.spanish[row] = platform::FromUtf8(source.spanish);
+    for (const DictionaryRow& source : sources) {
+        table.english[row] = platform::LowerCase(platform::FromUtf8(source.english));
+        table.german[row] = platform::FromUtf8(source.german);
+        table.french[row] = platform::FromUtf8(source.french);
+        table.spanish[row] = platform::FromUtf8(source.spanish);
         ++row;
     }
 }
@@ -69,31 +78,34 @@ void BuildActionWords() {
 }
 
 void BuildDictionary() {
-    BuildRows();
+    BuildRows(dictionary.tables[0], DictionaryRows());
+    BuildRows(dictionary.tables[1], OwnRows());
     BuildActionWords();
     dictionary.built = true;
 }
 
-// The first of two equal keys wins; the second can never be reached.
-std::optional<std::size_t> FindRow(const std::string& key) {
-    const std::string wanted = platform::LowerCase(key);
-    for (std::size_t row = 0; row < DictionaryCapacity; ++row) {
-        if (dictionary.english[row] == wanted) return row;
-    }
-    return std::nullopt;
-}
-
-std::string TextOfRow(std::size_t row, const std::string& key) {
+std::string TextOfRow(const Table& table, std::size_t row, const std::string& key) {
     switch (dictionary.CurrentLanguage) {
         case LanguageGerman:
-            return dictionary.german[row];
+            return table.german[row];
         case LanguageSpanish:
-            return dictionary.spanish[row];
+            return table.spanish[row];
         case LanguageFrench:
-            return dictionary.french[row];
+            return table.french[row];
         default:
             return key;
     }
+}
+
+// Empty without a text. The first of two equal keys wins; the second can never be reached.
+std::string TextFor(const std::string& key) {
+    const std::string wanted = platform::LowerCase(key);
+    for (const Table& table : dictionary.tables) {
+        const auto found = std::find(table.english.begin(), table.english.end(), wanted);
+        if (found == table.english.end()) continue;
+        return TextOfRow(table, static_cast<std::size_t>(found - table.english.begin()), key);
+    }
+    return {};
 }
 
 // No value when the marker is missing.
@@ -124,10 +136,8 @@ void SetLanguage(int language) {
 std::string Translate(const std::string& key) {
     if (!dictionary.built) BuildDictionary();
     actionWords = dictionary.words[static_cast<std::size_t>(GetLanguage() - 1)];
-    if (const auto row = FindRow(key)) {
-        if (const std::string text = TextOfRow(*row, key); !text.empty()) return text;
-    }
-    return "<" + key + ">";
+    const std::string text = TextFor(key);
+    return text.empty() ? "<" + key + ">" : text;
 }
 
 std::string Translate1(std::string& text, const std::string& argument) {

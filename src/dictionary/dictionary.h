@@ -1,7 +1,8 @@
 // The dictionary: every text on its way to the screen goes through here. The English sentence is the key, so the
 // code reads in English, and a sentence that the table lacks shows up in angle brackets instead of vanishing.
-// Owns the language of the user interface (cached from HKCU\Software\Tessarine, value "Language") and the table,
-// which is built at the first lookup. Texts are in the system code page. No lookup fails, and nothing here pumps.
+// Owns the language of the user interface (cached from HKCU\Software\Tessarine, value "Language") and the tables,
+// which are built at the first lookup. Texts are in the system code page. No lookup fails, and nothing here pumps.
+// What is composed of several texts, or ends in a mark, goes through sentences.h.
 #pragma once
 
 #include <cstdint>

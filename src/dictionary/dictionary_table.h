@@ -1,5 +1,5 @@
 // The sentences of the user interface as they stand in the source, in UTF-8. Only the dictionary converts and
-// searches them; tests read them whole. The rows have no order of their own.
+// searches them; tests read them whole. There are two tables of one kind, with rows in no order of their own.
 #pragma once
 
 #include <array>
@@ -20,7 +20,11 @@ using ActionWordRow = std::array<const char*, 4>;
 inline constexpr std::size_t DictionaryCapacity = 330;
 inline constexpr std::size_t ActionWordCount = 17;
 
+// The table, which is searched first.
 std::span<const DictionaryRow> DictionaryRows();
+
+// What the program has come to need beyond it, in any number.
+std::span<const DictionaryRow> OwnRows();
 
 // In the order of the members of ActionWords.
 const std::array<ActionWordRow, ActionWordCount>& ActionWordRows();

@@ -34,8 +34,7 @@ HotkeyRefusal NoModifier() {
 }
 
 HotkeyRefusal NoLetter() {
-    return {Translate("Invalid hotkey selection") + ". " + Translate("You must select a key from") + " 'A' " +
-                Translate("to") + " 'Z'",
+    return {Translate("Invalid hotkey selection") + ". " + Translate("You must select a key from 'A' to 'Z'"),
             Translate("Invalid HotKey"), platform::BoxIcon::None, HotkeyFocus::hot_slovo};
 }
 

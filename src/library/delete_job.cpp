@@ -4,6 +4,7 @@
 #include "base/runtime_failure.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "hotkeys/hotkey_table.h"
 #include "library/job_library.h"
 #include "library/job_shortcut.h"
@@ -34,13 +35,13 @@ bool UserIsSure(const std::string& jobPath, const std::string& name) {
             "you want to delete this job?",
             "Delete scheduled  job?", platform::BoxIcon::Error);
     }
-    return platform::AskBeforeLoss("Are you sure you want to delete job '" + name + "'?", Translate("Delete job") + "?",
+    return platform::AskBeforeLoss("Are you sure you want to delete job '" + name + "'?", Question("Delete job"),
                                    platform::BoxIcon::Question);
 }
 
 bool DeleteFileOf(const std::string& jobPath) {
     if (platform::RemoveFile(jobPath)) return true;
-    platform::ShowBox(Translate("Cannot delete file") + ":" + LineBreak + jobPath, Translate("Access denied"),
+    platform::ShowBox(Label("Cannot delete file") + LineBreak + jobPath, Translate("Access denied"),
                       platform::BoxIcon::Error);
     return false;
 }

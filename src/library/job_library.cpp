@@ -1,12 +1,12 @@
 #include "library/job_library.h"
 
-#include <cstdlib>
 #include <optional>
 #include <vector>
 
 #include "base/product.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "jobs/job_file.h"
 #include "jobs/job_name.h"
 #include "library/library_view.h"
@@ -70,15 +70,12 @@ void SelectJob(const std::string& path) {
 }
 
 DurationWords TranslatedDurationWords() {
-    return {Translate("Duration"), Translate("seconds")};
+    return {Label("Duration"), Translate("seconds")};
 }
 
 std::string SecondLine(const DurationWords& words, const std::string& description, std::int32_t durationMs) {
     if (!description.empty()) return description;
-    const int tenths = std::abs(durationMs / 100);
-    const std::string sign = durationMs <= -100 ? "-" : "";
-    return words.Duration + ": " + sign + std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " " +
-           words.seconds;
+    return words.label + " " + DecimalNumber(durationMs / 100, 1) + " " + words.seconds;
 }
 
 std::string StartWithWindowsCommand() {

@@ -28,7 +28,7 @@ void SelectJob(const std::string& path);
 
 // The second line of a row: the description, or how long the job takes. The words are looked up once for all rows.
 struct DurationWords {
-    std::string Duration;
+    std::string label;
     std::string seconds;
 };
 DurationWords TranslatedDurationWords();

@@ -1,6 +1,7 @@
 #include "library/job_shortcut.h"
 
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "jobs/job_file.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
@@ -35,9 +36,8 @@ bool PointsAt(const std::string& link, const std::string& jobPath) {
 // A shortcut of the user's own may have the job's name.
 bool MayBeWritten(const std::string& link, const std::string& jobPath) {
     if (!platform::FileExists(link) || PointsAt(link, jobPath)) return true;
-    return platform::AskBeforeLoss(
-        Translate("File") + " \"" + link + "\" " + Translate("already exists") + ". " + Translate("Overwrite") + "?",
-        Translate("Overwrite") + "?");
+    return platform::AskBeforeLoss(Translate1("File \"%1\" already exists", link) + ". " + Question("Overwrite"),
+                                   Question("Overwrite"));
 }
 
 }  // namespace

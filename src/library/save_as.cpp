@@ -3,6 +3,7 @@
 #include "base/product.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "jobs/job_file.h"
 #include "jobs/job_name.h"
 #include "library/job_shortcut.h"
@@ -14,9 +15,8 @@
 namespace {
 
 bool WantsToOverwrite(const std::string& name) {
-    return platform::AskBeforeLoss(
-        Translate("Job") + " \"" + name + "\" " + Translate("already exists") + ". " + Translate("Overwrite") + "?",
-        Translate("Overwrite") + "?");
+    return platform::AskBeforeLoss(Translate1("Job \"%1\" already exists", name) + ". " + Question("Overwrite"),
+                                   Question("Overwrite"));
 }
 
 // An empty name and a forbidden character explain themselves.

@@ -1,6 +1,5 @@
 #include "mainwindow/form_visible.h"
 
-#include "base/product.h"
 #include "dictionary/dictionary.h"
 #include "mainwindow/form_view.h"
 
@@ -26,5 +25,5 @@ void FormResized() {
 }
 
 void WordTrayEntry() {
-    form_view::SetTrayOpenCaption(Translate(MainWindowVisible() ? "&Hide" : "&Show") + " " + ProductName);
+    form_view::SetTrayOpenCaption(Translate(MainWindowVisible() ? "&Hide Tessarine" : "&Show Tessarine"));
 }

@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "editor/edit_job.h"
 #include "library/job_library.h"
 #include "library/job_shortcut.h"
@@ -63,7 +64,7 @@ void edit_job() {
         editJob(job->path);
         return;
     }
-    platform::ShowBox(Translate("File does not exist") + ":" + LineBreak + job->path, Translate("File access error"),
+    platform::ShowBox(Label("File does not exist") + LineBreak + job->path, Translate("File access error"),
                       platform::BoxIcon::Error);
 }
 

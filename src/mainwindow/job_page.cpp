@@ -5,6 +5,7 @@
 #include "base/arithmetic.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "jobs/job_file.h"
 #include "library/job_library.h"
 #include "mainwindow/job_page_view.h"
@@ -24,20 +25,7 @@ void NoteChange() {
     job_page_view::Show();
 }
 
-std::string Quoted(const std::string& text, const std::string& name) {
-    return text + " '" + name + "'";
-}
-
 // --- speed ---
-
-// A number of hundredths without needless zeros: 3.03, 1.5, 2.
-std::string HundredthsText(std::int32_t hundredths) {
-    std::string text = std::to_string(hundredths / 100);
-    const std::int32_t rest = hundredths % 100;
-    if (rest == 0) return text;
-    text += "." + std::to_string(rest / 10);
-    return rest % 10 == 0 ? text : text + std::to_string(rest % 10);
-}
 
 std::string SpeedText(std::int32_t percent) {
     return percent == MaximumSpeed ? "max" : std::to_string(percent);
@@ -58,10 +46,10 @@ std::int32_t NumberWithin(const std::string& typed, std::int32_t largest, std::i
 // --- the selected job ---
 
 void NameJob(const std::string& name) {
-    jobPage.frameCaption = Quoted(Translate("Edit properties for job"), name);
-    jobPage.run_job_tip = Quoted(Translate("Click  to start executing job"), name);
-    jobPage.edit_job_tip = Quoted(Translate("Click  to edit job using job editor"), name);
-    jobPage.schedule_job_tip = Quoted(Translate("Click to schedule job"), name);
+    jobPage.frameCaption = Translate("Edit properties for job") + " '" + name + "'";
+    jobPage.run_job_tip = Translate1("Click  to start executing job '%1'", name);
+    jobPage.edit_job_tip = Translate1("Click  to edit job using job editor '%1'", name);
+    jobPage.schedule_job_tip = Translate1("Click to schedule job '%1'", name);
     jobPage.make_exe_tip = Translate("Compile job into standalone .exe file");
 }
 
@@ -161,9 +149,9 @@ JobPageEnabled EnabledOnJobPage() {
 std::string SpeedTip(std::int32_t percent) {
     if (percent == MaximumSpeed) return Translate("Maximum speed");
     if (percent == NormalSpeed) return Translate("Normal speed");
-    if (percent > NormalSpeed) return Translate1("%1 times faster than original", HundredthsText(percent));
-    const std::int32_t factor = RoundHalfEven(10'000.0 / percent);
-    return Translate1("%1 times slower than original", HundredthsText(factor));
+    if (percent > NormalSpeed) return Translate1("%1 times faster than original", ShortDecimalNumber(percent, 2));
+    const std::int32_t hundredths = RoundHalfEven(10'000.0 / percent);
+    return Translate1("%1 times slower than original", ShortDecimalNumber(hundredths, 2));
 }
 
 // Moved to its end, the slider ticks Check6, which remembers the value of that moment: clearing it gives the normal
@@ -227,9 +215,9 @@ std::string SafetyCaption(std::int32_t level) {
 
 std::vector<std::string> SafetyPanel(std::int32_t level) {
     if (level == SafetyLow) {
-        return {Translate("Warning") + ": " +
-                    Translate("If this level of accuracy is selected there is a chance that something might go wrong "
-                              "and unexpected results can occur") +
+        return {Labelled("Warning",
+                         Translate("If this level of accuracy is selected there is a chance that something might go "
+                                   "wrong and unexpected results can occur")) +
                     ".",
                 "- " + Translate("Don't check anything. Just execute mouse and keyboard actions as recorded") + "."};
     }

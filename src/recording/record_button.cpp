@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "jobs/job_file.h"
 #include "platform/hooks.h"
 #include "platform/pump.h"
@@ -26,13 +27,11 @@ bool ChooseProgram() {
     return true;
 }
 
-// Without the status form, nothing else tells how a recording is stopped. No blank stands before the name of the key;
-// the text has always come out so.
+// Without the status form, nothing else tells how a recording is stopped.
 bool UserIsReady() {
     if (settings.Display_Recording_Window == 1) return true;
     const std::string text = Translate("Click OK when you are ready to start recording") + LineBreak +
-                             Translate("To stop recording press") + Translate("Pause") + "/" + Translate("Break") +
-                             " " + Translate("key");
+                             Translate1("To stop recording press%1 key", PauseBreakKey());
     return session_view::AskToStart(text, Translate("Start recording"));
 }
 

@@ -7,6 +7,7 @@
 #include "base/runtime_failure.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "identity/window_identity.h"
 #include "jobs/job_file.h"
 #include "platform/boxes.h"
@@ -120,7 +121,7 @@ void StartChosenProgram() {
     const std::string path = Trim(program.ProgramPath);
     if (path.empty()) return;
     if (platform::StartProgram(path + " " + Trim(program.CommandLine), program.WindowStyle)) return;
-    throw RuntimeFailure(FailureKind::File, Translate("Cannot start program") + ":" + LineBreak + path);
+    throw RuntimeFailure(FailureKind::File, Label("Cannot start program") + LineBreak + path);
 }
 
 void Begin() {

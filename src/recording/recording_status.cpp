@@ -2,6 +2,7 @@
 
 #include "base/arithmetic.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "folding/row_texts.h"
 #include "identity/window_identity.h"
 #include "platform/clock.h"
@@ -32,9 +33,9 @@ void ShowElapsed(std::int64_t ms) {
 
 std::string InfoText(bool oddTurn) {
     if (hookWatch.told) return HookNotice();
-    if (!recordingSession.paused) return Translate("Pause") + "/" + Translate("Break") + " " + Translate("to stop");
+    if (!recordingSession.paused) return Translate1("%1 to stop", PauseBreakKey());
     if (oddTurn) return Translate("Recording paused");
-    return Translate("Resume") + " " + Translate("to resume");
+    return Translate1("%1 to resume", Translate("Resume"));
 }
 
 void Blink() {

@@ -8,6 +8,7 @@
 #include "base/runtime_failure.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "platform/clock.h"
 #include "platform/pump.h"
 #include "replay/replay_log.h"
@@ -258,7 +259,7 @@ void Replay::FinishPass() {
         rowIndex = rows.size() - 1;
         CloseRow();
         if (settings.Display_Executing_Status == 1) {
-            status_view::AddLine(Translate("Job completed successfully") + "!");
+            status_view::AddLine(Exclamation("Job completed successfully"));
             status_view::SelectLine(static_cast<int>(rows.size()));
         }
     }

@@ -7,6 +7,7 @@
 #include "base/runtime_failure.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "folding/puni_listu.h"
 #include "jobs/job_file.h"
 #include "platform/boxes.h"
@@ -44,7 +45,7 @@ void EndInputBlock() {
     platform::BlockInput(false);
     platform::StopTimer(inputBlock.unblock_input);
     inputBlock.unblock_input = 0;
-    status_view::SetSecondLabel(Translate("Press ESC to stop") + "...");
+    status_view::SetSecondLabel(Ellipsis("Press ESC to stop"));
 }
 
 void StartInputBlock() {
@@ -152,9 +153,8 @@ bool JobRun::StartsProgram() const {
     const std::string path = Trim(job.StartProgram.ProgramPath);
     if (path.empty()) return true;
     if (!platform::FileExists(path)) {
-        platform::ShowBox(
-            Translate("Cannot start program") + ":" + LineBreak + path + LineBreak + Translate("File not found"),
-            Translate("File not found"), platform::BoxIcon::Error);
+        platform::ShowBox(Label("Cannot start program") + LineBreak + path + LineBreak + Translate("File not found"),
+                          Translate("File not found"), platform::BoxIcon::Error);
         return false;
     }
     platform::StartProgram(path + " " + Trim(job.StartProgram.CommandLine), job.StartProgram.WindowStyle);
@@ -201,14 +201,13 @@ void JobRun::TellCanceled(int row) const {
 }
 
 void JobRun::TellFailed(int row) const {
-    const std::string failedForReason = Translate("failed") + ". " + Translate("Reason") + ":";
     if (DisplaysStatus()) {
-        status_view::InsertLine(row, Translate("Execution of job") + " " + failedForReason + " ");
+        status_view::InsertLine(row, Translate("Execution of job failed") + ". " + Label("Reason") + " ");
         status_view::InsertLine(row + 1, reason);
         setStatus(StatusFailed);
     } else if (logPath.empty()) {
         platform::ShowBox(
-            Translate("Execution of job") + " '" + BaseName(jobPath) + "' " + failedForReason + LineBreak + reason,
+            Translate1("Execution of job '%1' failed", BaseName(jobPath)) + ". " + Label("Reason") + LineBreak + reason,
             ProductName, platform::BoxIcon::Error);
     }
     if (!logPath.empty()) {
@@ -247,7 +246,7 @@ void JobRun::LogFailure(const std::exception& failure) const {
 
 bool IsMissing(const std::string& jobPath) {
     if (platform::FileExists(jobPath)) return false;
-    platform::ShowBox(Translate("File does not exist") + ":" + LineBreak + jobPath, Translate("File access error"),
+    platform::ShowBox(Label("File does not exist") + LineBreak + jobPath, Translate("File access error"),
                       platform::BoxIcon::Error);
     return true;
 }

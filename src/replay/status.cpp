@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "platform/input.h"
 #include "platform/types.h"
 #include "replay/status_view.h"
@@ -37,7 +38,7 @@ void setStatus(int code, const std::string& text) {
             status_view::SetStatusLabel(Translate("Canceled"));
             break;
         case StatusWaitingForWindow:
-            status_view::SetStatusLabel(actionWords.waitingForWindow + ":" + LineBreak + text);
+            status_view::SetStatusLabel(LabelOf(actionWords.waitingForWindow) + LineBreak + text);
             break;
         default:  // StatusFailed too: the list tells of a failure, the label keeps what it said
             break;

@@ -5,6 +5,7 @@
 
 #include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "identity/live_chain.h"
 #include "identity/window_identity.h"
 #include "platform/clock.h"
@@ -389,7 +390,7 @@ Search::Step Search::NotReady() {
     if (StatusShown()) setStatus(StatusWaitingForWindow, caption);
     ++tries;
     if (TimeIsUp()) {
-        reason = Translate("Cannot find window") + ": '" + caption + "'";
+        reason = Labelled("Cannot find window", "'" + caption + "'");
         return End(TargetWindowMissing);
     }
     waited = true;

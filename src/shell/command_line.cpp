@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "editor/edit_job.h"
 #include "mainwindow/form_visible.h"
 #include "platform/boxes.h"
@@ -22,7 +23,7 @@ bool BeginsWith(const std::string& command, std::string_view word) {
 }
 
 void RefuseMissingFile(const std::string& path) {
-    platform::ShowBox(Translate("File does not exist") + ":" + LineBreak + path, Translate("File access error"));
+    platform::ShowBox(Label("File does not exist") + LineBreak + path, Translate("File access error"));
     if (!RecordingActive()) QuitProgram(false);  // what is being recorded, or waits to be saved, must not go along
 }
 

@@ -7,6 +7,7 @@
 #include "base/runtime_failure.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "jobs/job_list_view.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
@@ -80,10 +81,10 @@ bool IsSameFolder(const std::string& first, const std::string& second) {
 }
 
 bool WantsToMove(const std::string& oldFolder, const std::string& newFolder) {
-    return platform::AskYesNo(Translate("Would you like to move all of the jobs and settings to the new location") +
-                                  "?" + LineBreak + Translate("Old location") + ": " + oldFolder + LineBreak +
-                                  Translate("New location") + ": " + newFolder,
-                              Translate("Move Files") + "?");
+    return platform::AskYesNo(Question("Would you like to move all of the jobs and settings to the new location") +
+                                  LineBreak + Labelled("Old location", oldFolder) + LineBreak +
+                                  Labelled("New location", newFolder),
+                              Question("Move Files"));
 }
 
 }  // namespace

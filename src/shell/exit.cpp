@@ -3,7 +3,7 @@
 #include "base/product.h"
 #include "base/runtime_failure.h"
 #include "base/text.h"
-#include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "mainwindow/form_visible.h"
 #include "platform/boxes.h"
 #include "replay/timing.h"
@@ -20,8 +20,8 @@ bool SettingsDealtWith() {
         return true;
     } catch (const RuntimeFailure& failure) {
         return platform::AskBeforeLoss(
-            failure.what() + std::string(LineBreak) + Translate("Do you really want to exit Tessarine") + "?",
-            ProductName, platform::BoxIcon::Warning);
+            failure.what() + std::string(LineBreak) + Question("Do you really want to exit Tessarine"), ProductName,
+            platform::BoxIcon::Warning);
     }
 }
 

@@ -1,12 +1,14 @@
-// Holds the places where the sources look a text up in the dictionary against its table. A place whose keys are not
-// plain literals fails as well: nobody could tell whether the table has them.
+// Holds the places where the sources look a text up in the dictionary against its tables. A place whose keys are not
+// plain literals fails as well: nobody could tell whether the tables have them.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <regex>
 #include <set>
+#include <utility>
 
 #include "dictionary/dictionary.h"
 
@@ -16,7 +18,7 @@ using testing::IsEmpty;
 
 struct Lookup {
     std::string place;     // for messages: file, line, call
-    std::string function;  // Translate, Translate1 or Translate2
+    std::string function;  // Translate, Label and their like
     std::vector<std::string> keys;
 };
 
@@ -55,16 +57,31 @@ std::vector<std::string> KeysOf(const std::string& call) {
     return keys;
 }
 
+// The key in the row of a form's table, which stands right before the function that words it.
+std::vector<std::string> KeyBefore(const std::string& row) {
+    static const std::regex key("(" + literals + R"()\s*,\s*$)");
+    std::smatch found;
+    if (!std::regex_search(row, found, key)) return {};
+    return {Unquoted(found.str(1))};
+}
+
 std::vector<Lookup> LookupsIn(const std::string& text, const std::string& file) {
     constexpr std::size_t longestCall = 500;
-    static const std::regex name(R"(\bTranslate[12]?\b)");
+    static const std::regex name(R"(\b(Translate[12]?|Label|Labelled|Question|Exclamation|Ellipsis)\b)");
     const std::string source = WithoutComments(text);
     std::vector<Lookup> lookups;
     for (Matches match(source.begin(), source.end(), name); match != Matches(); ++match) {
+        const auto place = static_cast<std::size_t>(match->position());
+        const std::string call = source.substr(place, longestCall);
+        const std::string arguments = call.substr(static_cast<std::size_t>(match->length()));
+        const std::size_t before = std::min(place, longestCall);
+        const bool called = arguments.starts_with('(');
+        std::vector<std::string> keys = called ? KeysOf(arguments) : KeyBefore(source.substr(place - before, before));
+        // The other names are words of their own as well, as in BoxIcon::Question.
+        if (keys.empty() && !called && !match->str().starts_with("Translate")) continue;
         const auto line = 1 + std::count(source.begin(), (*match)[0].first, '\n');
-        const std::string call = source.substr(static_cast<std::size_t>(match->position()), longestCall);
-        lookups.push_back({file + ":" + std::to_string(line) + " " + call.substr(0, call.find('\n')), match->str(),
-                           KeysOf(call.substr(static_cast<std::size_t>(match->length())))});
+        lookups.push_back(
+            {file + ":" + std::to_string(line) + " " + call.substr(0, call.find('\n')), match->str(), std::move(keys)});
     }
     return lookups;
 }
@@ -108,6 +125,10 @@ TEST(SourceScan, TellsKeysFromOtherArguments) {
         {R"(Translate("a" + name))", {}},
         {R"(Translate(Lower("a")))", {}},
         {R"(std::transform(a, b, c, Translate); TranslateMessage("c"); x = '"';)", {}},
+        {R"(Box("b", Label("a"), BoxIcon::Question))", {"a"}},
+        {R"(Labelled("a", name) + title.Label1 + "b")", {"a"}},
+        {R"(Row rows[] = {{1, "a" "b", Label, &Model::member}};)", {"ab"}},
+        {R"(Question(name))", {}},
     };
     for (const auto& [source, keys] : cases) {
         const auto lookups = LookupsIn(source, "file.cpp");
@@ -116,7 +137,7 @@ TEST(SourceScan, TellsKeysFromOtherArguments) {
     }
 }
 
-TEST(Sources, LookUpOnlyWhatTheTableHolds) {
+TEST(Sources, LookUpOnlyWhatTheTablesHold) {
     std::set<std::string> keys;
     for (const Lookup& lookup : LookupsUnder(SOURCE_FOLDER)) {
         SCOPED_TRACE(lookup.place);

@@ -1,0 +1,110 @@
+// What the program itself needs beyond the 330 places of the table. New texts come here, whole sentences with markers
+// rather than pieces: each language has an order of its own.
+#include "dictionary/dictionary_table.h"
+
+namespace {
+
+constexpr DictionaryRow rows[] = {
+    // keys: by the names that stand on the keyboards of the countries
+    {"Shift", "Umschalt", "Maj", "Mayús"},
+    {"Alt", "Alt", "Alt", "Alt"},
+
+    // boxes
+    {"OK", "OK", "OK", "Aceptar"},
+    {"Job \"%1\" already exists", "Die Aufgabe \"%1\" ist bereits vorhanden", "La tâche \"%1\" existe déjà",
+     "La tarea \"%1\" ya existe"},
+    {"File \"%1\" already exists", "Die Datei \"%1\" ist bereits vorhanden", "Le fichier \"%1\" existe déjà",
+     "El archivo \"%1\" ya existe"},
+    {"A name cannot contain tabs, line breaks or any of these characters:",
+     "Ein Name darf keine Tabulatoren, Zeilenumbrüche und keines dieser Zeichen enthalten:",
+     "Un nom ne peut contenir ni tabulation, ni saut de ligne, ni aucun de ces caractères\u00A0:",
+     "Un nombre no puede contener tabulaciones, saltos de línea ni ninguno de estos caracteres:"},
+    {"Windows keeps the name '%1' for one of its devices.",
+     "Windows hat den Namen '%1' für eines seiner Geräte reserviert.",
+     "Windows réserve le nom '%1' à l'un de ses périphériques.",
+     "Windows reserva el nombre '%1' para uno de sus dispositivos."},
+    {"A name cannot end with a dot or a blank.", "Ein Name darf nicht mit einem Punkt oder Leerzeichen enden.",
+     "Un nom ne peut pas se terminer par un point ou une espace.",
+     "Un nombre no puede terminar en punto ni en espacio."},
+    {"The name is too long for a file in this folder.", "Der Name ist zu lang für eine Datei in diesem Ordner.",
+     "Le nom est trop long pour un fichier dans ce dossier.",
+     "El nombre es demasiado largo para un archivo de esta carpeta."},
+    {"The recording is not saved yet. Do you want to save it?",
+     "Die Aufnahme ist noch nicht gespeichert. Möchten Sie sie speichern?",
+     "L'enregistrement n'est pas encore sauvegardé. Voulez-vous le sauvegarder\u00A0?",
+     "La grabación aún no está guardada. ¿Desea guardarla?"},
+    {"Scheduled items deleted", "Geplante Aufgaben gelöscht", "Tâches planifiées supprimées",
+     "Tareas programadas eliminadas"},
+    {"Select job on the list of jobs first.", "Wählen Sie zuerst eine Aufgabe in der Aufgabenliste aus.",
+     "Choisissez d'abord une tâche dans la liste des tâches.", "Seleccione primero una tarea en la lista de tareas."},
+    {"Select job first", "Zuerst eine Aufgabe auswählen", "Choisir d'abord une tâche", "Seleccionar primero una tarea"},
+    {"You must select a key from 'A' to 'Z'", "Bitte wählen Sie eine Taste von 'A' bis 'Z'",
+     "Vous devez choisir une touche de 'A' à 'Z'", "Debe seleccionar una tecla de la 'A' a la 'Z'"},
+
+    // job page
+    {"Click  to start executing job '%1'", "Klicken Sie, um die Aufgabe '%1' zu starten",
+     "Cliquez pour lancer la tâche '%1'", "Haga clic para iniciar la tarea '%1'"},
+    {"Click  to edit job using job editor '%1'", "Klicken Sie, um die Aufgabe '%1' im Aufgabeneditor zu bearbeiten",
+     "Cliquez pour modifier la tâche '%1' dans l'éditeur de tâches",
+     "Haga clic para editar la tarea '%1' en el editor de tareas"},
+    {"Click to schedule job '%1'", "Klicken Sie, um die Aufgabe '%1' zu planen", "Cliquez pour planifier la tâche '%1'",
+     "Haga clic para programar la tarea '%1'"},
+    {"&Run", "&Starten", "&Lancer", "&Iniciar"},
+    {"&Edit", "&Bearbeiten", "&Modifier", "&Editar"},
+    {"&Schedule", "&Planen", "&Planifier", "&Programar"},
+    {"&Convert job to .exe file", "Aufgabe in &EXE-Datei umwandeln", "&Convertir la tâche en fichier .exe",
+     "&Convertir la tarea en archivo .exe"},
+    {"Create S&hortcut on Desktop", "&Verknüpfung auf dem Desktop erstellen", "Créer un &raccourci sur le Bureau",
+     "Crear &acceso directo en el escritorio"},
+    {"&Delete job", "Aufgabe &löschen", "&Supprimer la tâche", "Eli&minar tarea"},
+    {"Scheduled Jobs", "Geplante Aufgaben", "Tâches planifiées", "Tareas programadas"},
+
+    // notification area
+    {"&Hide Tessarine", "Tessarine &ausblenden", "&Masquer Tessarine", "&Ocultar Tessarine"},
+    {"&Show Tessarine", "Tessarine &einblenden", "&Afficher Tessarine", "&Mostrar Tessarine"},
+    {"Record &New (Ctrl+Shift+N)", "&Neue Aufnahme (Strg+Umschalt+N)", "&Nouvel enregistrement (Ctrl+Maj+N)",
+     "&Nueva grabación (Ctrl+Mayús+N)"},
+    {"Tessarine goes on running in the notification area. Double-click its icon to open it again.",
+     "Tessarine läuft im Infobereich weiter. Doppelklicken Sie auf das Symbol, um das Fenster wieder zu öffnen.",
+     "Tessarine continue de fonctionner dans la zone de notification. Double-cliquez sur son icône pour rouvrir la "
+     "fenêtre.",
+     "Tessarine sigue funcionando en el área de notificación. Haga doble clic en su icono para volver a abrirlo."},
+
+    // recording
+    {"Select application to run", "Auszuführendes Programm wählen", "Choisir le programme à lancer",
+     "Seleccionar el programa que se ejecutará"},
+    // Before the name of the key no blank stands in English: the box has always come out so.
+    {"To stop recording press%1 key", "Zum Beenden der Aufnahme drücken Sie die Taste %1",
+     "Pour arrêter l'enregistrement, appuyez sur la touche %1", "Para detener la grabación, pulse la tecla %1"},
+    {"To stop recording press %1", "Zum Beenden der Aufnahme drücken Sie %1",
+     "Pour arrêter l'enregistrement, appuyez sur %1", "Para detener la grabación, pulse %1"},
+    {"To stop recording press", "Zum Beenden der Aufnahme drücken Sie", "Pour arrêter l'enregistrement, appuyez sur",
+     "Para detener la grabación, pulse"},
+    {"%1 to stop", "%1 zum Beenden", "%1 pour arrêter", "%1 para detener"},
+    {"%1 to resume", "\"%1\" klicken", "\"%1\" pour continuer", "\"%1\" para continuar"},
+    {"Some actions may be missing. Please check the recording.",
+     "Einige Aktionen fehlen möglicherweise. Bitte prüfen Sie die Aufnahme.",
+     "Des actions manquent peut-être. Veuillez vérifier l'enregistrement.",
+     "Puede que falten acciones. Compruebe la grabación."},
+
+    // a run
+    {"Execution of job '%1' failed", "Die Ausführung der Aufgabe '%1' ist fehlgeschlagen",
+     "L'exécution de la tâche '%1' a échoué", "La ejecución de la tarea '%1' ha fallado"},
+    {"Execution of job failed", "Die Ausführung der Aufgabe ist fehlgeschlagen", "L'exécution de la tâche a échoué",
+     "La ejecución de la tarea ha fallado"},
+
+    // what a screen reader says of controls without a caption
+    {"Replay speed in percent", "Wiedergabegeschwindigkeit in Prozent", "Vitesse d'exécution en pourcentage",
+     "Velocidad de reproducción en porcentaje"},
+    {"Number of repetitions", "Anzahl der Wiederholungen", "Nombre de répétitions", "Número de repeticiones"},
+    {"Hotkey letter", "Buchstabe des Tastenkürzels", "Lettre du raccourci clavier", "Letra del atajo de teclado"},
+    {"Safety level", "Sicherheitsstufe", "Niveau de sécurité", "Nivel de seguridad"},
+    {"Job name", "Name der Aufgabe", "Nom de la tâche", "Nombre de la tarea"},
+    {"Countdown period", "Dauer des Countdowns", "Durée du compte à rebours", "Duración de la cuenta atrás"},
+};
+
+}  // namespace
+
+std::span<const DictionaryRow> OwnRows() {
+    return rows;
+}
