@@ -88,6 +88,13 @@ Point CursorPosition();
 // SM_CXSCREEN and SM_CYSCREEN: the primary screen in pixels.
 Size ScreenSize();
 
+// What the system makes a double click of: two presses of one button in one window, at most DoubleClickTime ms apart
+// (GetDoubleClickTime; 1..5000, the user's choice), the second within a rectangle of DoubleClickSize round the first
+// (SM_CXDOUBLECLK and SM_CYDOUBLECLK). A press of another button between them makes them single clicks. Presses are
+// stamped with the system's coarse tick, so they may be taken for up to 16 ms closer than they were.
+int DoubleClickTime();
+Size DoubleClickSize();
+
 // When the last input came, from the user or injected, on the scale of TickCount (GetLastInputInfo). As coarse as the
 // system's tick, 16 ms. Hooks have no part in it. A moment long past where the system does not tell; injected input
 // that brought a time of its own can stand there with that time.

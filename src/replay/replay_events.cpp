@@ -11,6 +11,9 @@
 #include "dictionary/sentences.h"
 #include "platform/clock.h"
 #include "platform/pump.h"
+#include "platform/window_services.h"
+#include "replay/click_spacing.h"
+#include "replay/focus_watch.h"
 #include "replay/replay_log.h"
 #include "replay/row_descriptions.h"
 #include "replay/send_keystrokes.h"
@@ -62,6 +65,8 @@ bool HasTarget(std::int32_t flags) {
     }
 }
 
+ClickSpacing clickSpacing;  // of all runs: one can follow the other within the double-click time
+
 // One call of ReplayEvents. A step that ends the run returns its result, one that lets it go on returns nothing.
 class Replay {
 public:
@@ -94,11 +99,14 @@ private:
     std::int32_t RecordedLength(const JobEvent& event, const JobEvent& next) const;
     Ending CheckTextWindow(const JobEvent& event);
     Ending TypeText(const JobEvent& event, std::int32_t budget);
+    Ending TypeWatched(const JobEvent& event, const std::string& text, const KeystrokePacing& pacing);
+    int BackToTheWindow(const JobEvent& event, FocusWatch& watch);
 
     Ending PlayMouse(std::int32_t index);
     void NoteButtons(std::int32_t flags, bool waited);
     bool SkippedMove(std::int32_t index) const;
     void KeepStatusWindowsAway(const JobEvent& event) const;
+    Ending Aim(const JobEvent& event);
     Ending CheckMouseWindow(const JobEvent& event);
     void SendMouse(JobEvent& event);
     void SendDoubleClick();
@@ -114,6 +122,8 @@ private:
     const WindowChain& ChainOf(const JobEvent& event) const;
     const WindowSignature& LeafOf(const JobEvent& event) const;
     int Search(const JobEvent& event, bool useFocus, std::int32_t waitSeconds);
+    int SearchForKeys(const JobEvent& event, std::int32_t waitSeconds);
+    bool KeysStillGoTo(const WindowChain& chain) const;
     void RememberGoodChain(const WindowChain& chain);
     bool ChecksWindows() const { return job.SafetyLevel == SafetyHigh || job.SafetyLevel == SafetyMedium; }
     bool MaySend(const JobEvent& event) const { return lastResult > 0 || event.IfNoWindow == ExecuteAnyway; }
@@ -126,7 +136,8 @@ private:
 
     std::vector<std::string> rowTexts;
     std::int32_t lastResult = 0;  // of the last search or sending; above 0 is good; never reset between events
-    WindowChain lastGoodChain;    // all zero at first, which is also the chain of signature 0 alone
+    WindowChain lastGoodChain;
+    platform::WindowHandle keyForeground = 0;  // that the last search for keys ended with; 0 when it failed
     std::int32_t lastFailedChain = -1;
     std::size_t rowIndex = 0;
     std::int32_t passCount = 0;
@@ -183,6 +194,7 @@ void Replay::FinishRun() {
 
 Replay::Ending Replay::Pass() {
     rowIndex = 0;
+    clickSpacing.BeginPass();
     AnnouncePass();
     DropMoveRows(rows);
     rowTexts = RowDescriptions(rows, job.Events);
@@ -340,6 +352,17 @@ int Replay::Search(const JobEvent& event, bool useFocus, std::int32_t waitSecond
     return FindTarget(request, job.Windows, job.Chains, reason);
 }
 
+int Replay::SearchForKeys(const JobEvent& event, std::int32_t waitSeconds) {
+    const int found = Search(event, true, waitSeconds);
+    keyForeground = found > 0 ? platform::ForegroundWindow() : 0;
+    return found;
+}
+
+// Another key into the same window needs no search, unless another window has taken the foreground since the last one.
+bool Replay::KeysStillGoTo(const WindowChain& chain) const {
+    return keyForeground != 0 && SameChain(chain, lastGoodChain) && platform::ForegroundWindow() == keyForeground;
+}
+
 void Replay::RememberGoodChain(const WindowChain& chain) {
     if (!SameChain(chain, lastGoodChain)) lastGoodChain = chain;
 }
@@ -384,17 +407,18 @@ Replay::Ending Replay::CheckKeyWindow(const JobEvent& event) {
 
 void Replay::SearchForKey(const JobEvent& event) {
     const WindowChain& chain = ChainOf(event);
-    if (!ChecksWindows() || SameChain(chain, lastGoodChain)) {
-        lastResult = 1;  // another key into the same window needs no search
+    if (!ChecksWindows() || KeysStillGoTo(chain)) {
+        lastResult = 1;
     } else if (lastFailedChain < 0) {
-        lastResult = Search(event, true, event.WaitForWindow);
+        lastResult = SearchForKeys(event, event.WaitForWindow);
     } else if (!SameChain(chain, CheckedAt(job.Chains, lastFailedChain, "Window chain"))) {
         // A deliberate economy: after one window was not found, the result (a failure, unless something was sent
         // since) stands for the next window too, without a search that would wait once more.
+        keyForeground = 0;
     } else if (event.IfNoWindow == StopExecuting) {
         lastResult = -1;
     } else {
-        lastResult = Search(event, true, 0);
+        lastResult = SearchForKeys(event, 0);
     }
 }
 
@@ -458,12 +482,10 @@ std::int32_t Replay::RecordedLength(const JobEvent& event, const JobEvent& next)
 }
 
 Replay::Ending Replay::CheckTextWindow(const JobEvent& event) {
-    if (!ChecksWindows() || event.WindowChainIndex < 0) {
-        lastResult = 1;
-    } else if (SameChain(ChainOf(event), lastGoodChain)) {
+    if (!ChecksWindows() || event.WindowChainIndex < 0 || KeysStillGoTo(ChainOf(event))) {
         lastResult = 1;
     } else {
-        lastResult = Search(event, true, event.WaitForWindow);
+        lastResult = SearchForKeys(event, event.WaitForWindow);
     }
     if (lastResult > 0) {
         if (event.WindowChainIndex >= 0) RememberGoodChain(ChainOf(event));
@@ -486,9 +508,36 @@ Replay::Ending Replay::TypeText(const JobEvent& event, std::int32_t budget) {
     pacing.speedPercent = job.SpeedPercent;
     pacing.budgetMs = budget;
     pacing.soundsOn = settings.play_sounds_for_keystrokes == 1;
-    lastResult = SendKeystrokes(text, pacing, escHeld);
+    return TypeWatched(event, text, pacing);
+}
+
+// A window that takes the foreground in the middle of the row is dealt with like one that is there at its beginning.
+Replay::Ending Replay::TypeWatched(const JobEvent& event, const std::string& text, const KeystrokePacing& pacing) {
+    int found = 1;
+    FocusWatch watch(keyForeground);
+    KeystrokeGuard guard;
+    if (ChecksWindows() && event.WindowChainIndex >= 0 && lastResult > 0) {
+        guard.beforePress = [&] {
+            if (found > 0 && watch.Stolen()) found = BackToTheWindow(event, watch);
+            if (found > 0 || event.IfNoWindow == ExecuteAnyway) return TextStep::GoOn;
+            return event.IfNoWindow == StopExecuting ? TextStep::Stop : TextStep::LeaveOut;
+        };
+        guard.afterToken = [&](std::int32_t virtualKey, std::int32_t action) { watch.Sent(virtualKey, action); };
+    }
+    lastResult = SendKeystrokes(text, pacing, escHeld, guard);
+    if (found < 1 && event.IfNoWindow == StopExecuting) lastResult = found;
     if (lastResult < 0) return lastResult;
     return std::nullopt;
+}
+
+int Replay::BackToTheWindow(const JobEvent& event, FocusWatch& watch) {
+    if (watch.HasLeftItsWindow()) {
+        reason = Translate("Cannot find window") + ": '" + watch.ExpectedCaption() + "'";
+        return TargetWindowMissing;
+    }
+    const int found = SearchForKeys(event, event.WaitForWindow);
+    if (found > 0) watch.GoOnHere();
+    return found;
 }
 
 // --- mouse ---
@@ -508,7 +557,7 @@ Replay::Ending Replay::PlayMouse(std::int32_t index) {
     KeepStatusWindowsAway(event);
     MoveCursor(event.dx(), event.dy());
     if (HasTarget(event.dwFlags())) {
-        if (const Ending ending = CheckMouseWindow(event)) return ending;
+        if (const Ending ending = Aim(event)) return ending;
     }
     const platform::Point pixels{event.dx(), event.dy()};
     event.dx() = ToAbsolute(pixels.x, scaleX);
@@ -554,6 +603,22 @@ void Replay::KeepStatusWindowsAway(const JobEvent& event) const {
     }
 }
 
+// Has the right window under the cursor at a moment when the press means what it meant in the recording. What has
+// changed while the press was held back makes another check necessary.
+Replay::Ending Replay::Aim(const JobEvent& event) {
+    if (const Ending ending = CheckMouseWindow(event)) return ending;
+    if (event.dwFlags() == WheelFlags) return std::nullopt;
+    while (MaySend(event)) {
+        const std::int32_t hold = clickSpacing.HoldBack(event);
+        if (hold == 0) break;
+        if (const int waited = TimedWait(hold, escHeld, 0); waited < 1) return waited;
+        if (clickSpacing.NothingMoved()) break;
+        MoveCursor(event.dx(), event.dy());
+        if (const Ending ending = CheckMouseWindow(event)) return ending;
+    }
+    return std::nullopt;
+}
+
 Replay::Ending Replay::CheckMouseWindow(const JobEvent& event) {
     if (event.WindowChainIndex < 0) {
         lastResult = 1;
@@ -583,6 +648,7 @@ void Replay::SendMouse(JobEvent& event) {
     event.mouseTime() = 0;  // the system stamps what it injects
     lastResult = platform::SendInput(event);
     event.mouseTime() = progressTime;
+    if (lastResult > 0 && HasTarget(event.dwFlags()) && event.dwFlags() != WheelFlags) clickSpacing.Sent();
     if (event.dwFlags() == LeftDownFlags) DebugTrace("Left Down retval");
 }
 
@@ -591,6 +657,7 @@ void Replay::SendDoubleClick() {
     DebugTrace("Saljem DOUBLECLICK!");
     for (const platform::InputRecord& record : doubleClick) {
         lastResult = platform::SendInput(record);
+        if (record.dwFlags() == LeftDownFlags && lastResult > 0) clickSpacing.Sent();
         platform::Sleep(ShortPause);
     }
 }

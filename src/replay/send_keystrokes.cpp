@@ -98,23 +98,43 @@ void NoteEscape(const platform::InputRecord& record, bool& escHeld) {
     EscapePressed(true);
 }
 
+bool Presses(const platform::InputRecord& record) {
+    return record.KeyState() != ActionUp || record.KeyCode() % 65536 == WheelKey;
+}
+
+// Of a text that is left out, only the release of a key that is down.
+bool IsOwed(const platform::InputRecord& record) {
+    return !Presses(record) && KeyDownFlag(record.KeyCode() % 65536);
+}
+
 }  // namespace
 
-std::int32_t SendKeystrokes(const std::string& text, const KeystrokePacing& pacing, bool& escHeld) {
+std::int32_t SendKeystrokes(const std::string& text, const KeystrokePacing& pacing, bool& escHeld,
+                            const KeystrokeGuard& guard) {
     CompiledText compiled;
     const int count = CompileOrTell(text, compiled);
     if (count < 1) return count;
     const std::int32_t pause = PausePerToken(pacing.budgetMs, count);
     std::int32_t sum = 0;
+    bool leftOut = false;
     for (std::size_t i = 0; i < compiled.records.size(); ++i) {
         if (EscapePressed(escHeld)) return WaitCanceled;
-        sum += SendToken(compiled.records[i], compiled.extended[i], pacing.soundsOn);
-        NoteEscape(compiled.records[i], escHeld);
+        const platform::InputRecord& record = compiled.records[i];
+        if (!leftOut && guard.beforePress && Presses(record)) {
+            const TextStep step = guard.beforePress();
+            if (step == TextStep::Stop) return 0;
+            leftOut = step == TextStep::LeaveOut;
+        }
+        if (!leftOut || IsOwed(record)) {
+            sum += SendToken(record, compiled.extended[i], pacing.soundsOn);
+            NoteEscape(record, escHeld);
+            if (guard.afterToken) guard.afterToken(record.KeyCode() % 65536, record.KeyState());
+        }
         if (i % TokensBetweenPumps == TokensBetweenPumps - 1) platform::Pump();
         if (pause == 0) continue;
         if (const int waited = TimedWait(pause, escHeld, ShareOf(pause, pacing)); waited < 0) return waited;
     }
-    return sum;
+    return leftOut ? 0 : sum;
 }
 
 std::int32_t SendWheel(std::int32_t delta) {

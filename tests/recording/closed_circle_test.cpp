@@ -236,6 +236,22 @@ std::optional<std::string> TextDifference(const Texts& typed, const Texts& repla
     return told;
 }
 
+void TellJournal(const char* what, const std::vector<simulated::InputEntry>& journal, std::int64_t start) {
+    std::printf("%s\n", what);
+    int place = 0;
+    for (const simulated::InputEntry& entry : journal) {
+        const bool mouse = IsMouse(entry.record);
+        std::printf("%5d %7lld %-5s %6d %3d  at %4d,%4d%s  %s\n", place++, static_cast<long long>(entry.time - start),
+                    mouse ? "mouse" : "key", mouse ? ActionOf(entry.record) : entry.record.KeyCode() & 0xFFFF,
+                    mouse ? entry.record.mouseData() : entry.record.KeyState(), entry.position.x, entry.position.y,
+                    entry.doubleClick ? " double" : "", NameOf(entry.window).c_str());
+    }
+}
+
+bool TellsAll() {
+    return std::getenv("TESSARINE_TELL") != nullptr;
+}
+
 // Nothing when the circle closes.
 std::optional<std::string> Circle(std::uint32_t seed) {
     settings.Display_Recording_Window = 0;
@@ -243,9 +259,11 @@ std::optional<std::string> Circle(std::uint32_t seed) {
     settings.Capture_Mouse_Moves = seed % WithoutMovesEach == 0 ? 0 : 1;
     platform::MakeFolder("C:\\Data");
     const Recorded recorded = Record(seed);
+    if (TellsAll()) TellJournal("the user:", simulated::HandJournal(), 0);
     BuildDesktop();
     simulated::ClearJournals();
     const std::int64_t start = platform::TickCount();
+    if (TellsAll()) std::atexit([] { TellJournal("the replay:", simulated::Journal(), 0); });
     if (const std::int32_t passes = RunJob(JobPath, 0, "", true); passes != 1) {
         const auto& boxes = simulated::ShownBoxes();
         return "RunJob gave " + std::to_string(passes) + (boxes.empty() ? "" : ": " + boxes.back().text);

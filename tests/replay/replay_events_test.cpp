@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -11,6 +12,7 @@
 #include "replay_stage.h"
 #include "support/boxes.h"
 
+using platform::WindowHandle;
 using simulated::TextOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -126,6 +128,95 @@ TEST_F(ReplayEventsTest, ADoubleClickIsFourLeftRecordsWithPauses) {
     }
 }
 
+// What the system would make of the presses: "1" a single one, "2" the second half of a double click.
+std::string Pairing() {
+    std::string told;
+    for (const simulated::InputEntry& entry : simulated::Journal()) {
+        constexpr std::int32_t Downs = platform::MouseLeftDown | platform::MouseRightDown | platform::MouseXDown;
+        if (entry.record.dwType() == platform::InputMouse && (entry.record.dwFlags() & Downs) != 0) {
+            told += entry.doubleClick ? '2' : '1';
+        }
+    }
+    return told;
+}
+
+// The first press of a run is late by the 500 ms that a window met for the first time gets, and the others are not.
+TEST_F(ReplayEventsTest, ClicksThatWereRecordedApartAreNeverADoubleClick) {
+    for (const std::int32_t speed : {50, 100, 400, 1000, MaximumSpeed}) {
+        for (const std::int32_t level : {SafetyHigh, SafetyMedium, SafetyLow}) {
+            for (const std::int32_t apart : {501, 550, 700, 950, 5000}) {
+                SCOPED_TRACE(testing::Message() << speed << " percent, level " << level << ", " << apart << " ms");
+                simulated::ClearJournals();
+                job = JobBuilder();
+                job.Header().SpeedPercent = speed;
+                job.Header().SafetyLevel = level;
+                job.Header().RepeatCount = 2;
+                InEdit().At(100).Click(Left, 300, 300).At(100 + apart).Click(Left, 301, 299).TextRow("ab");
+                job.At(100 + 2 * apart).DoubleClick(300, 300).At(100 + 3 * apart).Click(Left, 300, 300);
+                EXPECT_EQ(Replay(), 2);
+                EXPECT_EQ(Pairing(), "1112111121");
+                const auto downs = Actions(platform::MouseLeftDown);
+                for (std::size_t i = 1; i < downs.size(); ++i) {
+                    if (downs[i].doubleClick) continue;
+                    EXPECT_GT(downs[i].time - downs[i - 1].time, 500) << "press " << i;
+                }
+                platform::Sleep(1000);
+            }
+        }
+    }
+}
+
+TEST_F(ReplayEventsTest, OnlyAPressThatWouldBecomeADoubleClickIsHeldBack) {
+    const auto other = simulated::AddWindow({.className = "Other", .rect = {800, 100, 1200, 500}, .active = false});
+    struct Case {
+        const char* what;
+        std::function<void()> second;
+        std::string pairing;
+    };
+    const Case cases[] = {
+        {"recorded close", [&] { job.At(500).Click(Left, 300, 300); }, "12"},
+        {"another place", [&] { job.At(900).Click(Left, 304, 300); }, "11"},
+        {"another button", [&] { job.At(900).Click(Right, 300, 300); }, "11"},
+        {"another X button", [&] { job.At(900).Click(XButton1, 300, 300).Click(XButton2, 300, 300); }, "111"},
+        {"a button between", [&] { job.At(900).Click(Right, 300, 300).At(2000).Click(Left, 300, 300); }, "111"},
+        {"another window", [&] { job.InWindow(LevelOf(other)).At(900).Click(Left, 900, 300); }, "11"},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.what);
+        simulated::ClearJournals();
+        job = JobBuilder();
+        job.Header().SpeedPercent = MaximumSpeed;
+        job.Header().SafetyLevel = SafetyLow;
+        InEdit().At(0).Click(Left, 300, 300);
+        one.second();
+        const std::int64_t began = platform::TickCount();
+        EXPECT_EQ(Replay(), 1);
+        EXPECT_EQ(Pairing(), one.pairing);
+        EXPECT_LT(platform::TickCount() - began, 100) << "nothing was held back";
+        platform::Sleep(1000);
+    }
+}
+
+TEST_F(ReplayEventsTest, TheDoubleClickTimeIsThatOfThisSystem) {
+    simulated::SetDoubleClick(900, {40, 40});
+    job.Header().SpeedPercent = 1000;
+    InEdit().At(0).Click(Left, 300, 300).At(1000).Click(Left, 310, 300).At(1800).Click(Left, 310, 310);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(Pairing(), "112") << "900 ms apart is close here";
+}
+
+TEST_F(ReplayEventsTest, APressThatIsHeldBackIsCheckedAgainAndCanBeCanceled) {
+    job.Header().SpeedPercent = MaximumSpeed;
+    InEdit().At(0).Click(Left, 300, 300).At(2000).Click(Left, 300, 300);
+    simulated::MeanwhileAt(800, [&] { simulated::Cover(notepad); });
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(Actions(platform::MouseLeftDown).back().window, edit) << "not what came to lie over it meanwhile";
+    simulated::ClearJournals();
+    simulated::UserHoldsEscapeFrom(platform::TickCount() + 700, platform::TickCount() + 720);
+    EXPECT_EQ(Replay(), ReplayCanceled);
+    EXPECT_EQ(Pairing(), "1") << "and it does not pair with the run before";
+}
+
 TEST_F(ReplayEventsTest, TheWheelGoesToTheFocusAndAClickToTheCursor) {
     simulated::AddWindow({.className = "Other", .rect = {800, 100, 1200, 500}});
     simulated::SetFocus(edit);
@@ -203,6 +294,85 @@ TEST_F(ReplayEventsTest, KeysIntoTheWindowOfTheLastKeyAreNotSearchedFor) {
     simulated::MeanwhileAt(500, [&] { simulated::SetCaption(notepad, "changed"); });
     EXPECT_EQ(Replay(), 1);
     EXPECT_EQ(TextOf(edit), "ab");
+}
+
+TEST_F(ReplayEventsTest, KeysNeverFollowAStolenFocus) {
+    for (const std::int32_t level : {SafetyHigh, SafetyMedium}) {
+        SCOPED_TRACE(level);
+        simulated::SetFocus(edit);
+        simulated::SetText(edit, "");
+        job = JobBuilder();
+        job.Header().SafetyLevel = level;
+        InEdit().At(0).Key(KeyA).At(2000).Key('B').At(4000).TextRow("cd").At(6000).TextRow("ef").At(8000).Move(1, 1);
+        for (const std::int64_t moment : {1500, 3500, 7200}) {
+            simulated::MeanwhileAfter(moment, [] {
+                simulated::AddWindow({.className = "Edit", .caption = "Thief", .rect = {800, 100, 1200, 500}});
+            });
+        }
+        EXPECT_EQ(Replay(), 1);
+        EXPECT_EQ(TextOf(edit), "abcdef");
+    }
+}
+
+TEST_F(ReplayEventsTest, KeysWhoseFocusCannotBeWonBackFail) {
+    using Case = std::tuple<IfNoWindowChoice, std::int32_t, std::string, std::string>;
+    for (const auto& [choice, result, text, stolen] :
+         {Case{StopExecuting, -4, "a", ""}, {SkipAction, 1, "a", ""}, {ExecuteAnyway, 1, "a", "bc"}}) {
+        for (const bool asText : {false, true}) {
+            SCOPED_TRACE(testing::Message() << choice << (asText ? " text" : " keys"));
+            simulated::Destroy(notepad);
+            OpenNotepad();
+            job = JobBuilder();
+            job.Header().SafetyLevel = SafetyHigh;
+            InEdit().IfNoWindow(choice, 0);
+            if (asText) {
+                job.At(0).TextRow("a{L_SHIFT DOWN}{L_SHIFT UP}bc").At(3000).Move(1, 1);
+            } else {
+                job.At(0).Key(KeyA).At(1500).Key('B').Key('C');
+            }
+            WindowHandle thief = 0;
+            simulated::MeanwhileAfter(1200, [&] {
+                thief = simulated::AddWindow({.className = "Edit", .caption = "Thief", .rect = {800, 100, 1200, 500}});
+                simulated::SetCaption(notepad, "gone");
+            });
+            EXPECT_EQ(Replay(), result);
+            EXPECT_EQ(TextOf(edit), text);
+            EXPECT_EQ(TextOf(thief), stolen);
+            simulated::Destroy(thief);
+        }
+    }
+}
+
+TEST_F(ReplayEventsTest, ATextThatIsBrokenOffReleasesItsShift) {
+    InEdit().IfNoWindow(SkipAction, 0).At(0).TextRow("{L_SHIFT DOWN}ab{L_SHIFT UP}").At(2000).Move(1, 1);
+    simulated::MeanwhileAt(700, [&] { simulated::Destroy(notepad); });
+    simulated::MeanwhileAt(700, [&] { simulated::AddWindow({.className = "Other", .rect = {800, 100, 1200, 500}}); });
+    EXPECT_EQ(Replay(), 1);
+    ASSERT_FALSE(Keys().empty());
+    EXPECT_EQ(Keys().back().record.KeyCode() & 0xFFFF, 160);
+    EXPECT_EQ(Keys().back().record.KeyState(), platform::KeyUp);
+}
+
+// A text that a person wrote may open a window and type into it.
+TEST_F(ReplayEventsTest, ATextGoesOnInTheWindowThatItsOwnKeysOpened) {
+    WindowHandle opened = 0;
+    simulated::OnKey(edit, 'F', [&] {
+        opened = simulated::AddWindow(
+            {.className = "Edit", .caption = "Find", .rect = {300, 300, 500, 400}, .owner = notepad});
+    });
+    InEdit().At(0).TextRow("{L_CTRL DOWN}f{L_CTRL UP}abcdef").At(2000).Move(1, 1);
+    EXPECT_EQ(Replay(), 1);
+    EXPECT_EQ(TextOf(opened), "abcdef");
+    EXPECT_EQ(TextOf(edit), "");
+
+    // Another program's window is not of its making, and a search for Notepad would not lead back to the dialog.
+    simulated::Destroy(opened);
+    simulated::MeanwhileAfter(1600, [&] {
+        simulated::AddWindow({.className = "Edit", .caption = "Thief", .rect = {0, 0, 99, 99}, .thread = 9});
+    });
+    EXPECT_EQ(Replay(), -4);
+    EXPECT_EQ(reason, "Cannot find window: 'Find'");
+    EXPECT_EQ(TextOf(edit), "");
 }
 
 // After a window was not found, keys for another one are not searched for: the failure stands for them too. Only

@@ -140,6 +140,7 @@ void PostTo(WindowHandle window, const Message& message);  // runs its procedure
 // --- Screen, keyboard and mouse ---
 
 void SetScreenSize(Size size);            // 1280 x 1024 at first
+void SetDoubleClick(int ms, Size size);   // 500 ms, 4 x 4 at first
 void PlaceCursor(Point point);            // by nobody: no hook, no journal
 void SetToggle(int virtualKey, bool on);  // Caps, Num and Scroll Lock; all off at first
 bool InputBlocked();                      // by platform::BlockInput
@@ -153,7 +154,8 @@ struct InputEntry {
     std::int64_t time = 0;    // ms, when it was made
     WindowHandle window = 0;  // mouse: under the cursor; keys and wheel: with the focus, else in the foreground
     platform::InputRecord record;
-    Point position;  // of the cursor, after it
+    Point position;            // of the cursor, after it
+    bool doubleClick = false;  // of a press: the system makes a double click of it and the press before it
 };
 const std::vector<InputEntry>& Journal();      // injected
 const std::vector<InputEntry>& HandJournal();  // by the user's hands, in the form in which it would be injected
@@ -198,7 +200,7 @@ struct ShownBox {
     std::string title;
     platform::BoxIcon icon = platform::BoxIcon::None;
     bool question = false;
-    bool yes = false;       // the answer to a question
+    bool yes = false;  // the answer to a question
     std::int64_t time = 0;
 };
 const std::vector<ShownBox>& ShownBoxes();

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 #include "platform/hooks.h"
 #include "simulated/activation.h"
@@ -25,10 +26,21 @@ constexpr char Backspace = 8;
 constexpr char Enter = 13;
 constexpr char FirstPrintable = 32;
 
+constexpr std::int32_t Downs =
+    platform::MouseLeftDown | platform::MouseRightDown | platform::MouseMiddleDown | platform::MouseXDown;
+
 struct KeyCell {
     bool down = false;
     bool toggled = false;
     bool wentDown = false;
+};
+
+// The press that the next one may make a double click with.
+struct Press {
+    std::int32_t button = 0;  // the key behind it; 0 for none
+    WindowHandle window = 0;
+    Point position;
+    std::int64_t time = 0;  // ms
 };
 
 struct FlowState {
@@ -36,6 +48,9 @@ struct FlowState {
     Point cursor;
     bool altWasUsed = false;       // another key went down since ALT did
     WindowHandle leftPressed = 0;  // where the left button went down
+    int doubleClickMs = 500;
+    Size doubleClickSize = {4, 4};
+    Press lastPress;
     platform::KeyboardHook keyboardHook = nullptr;
     platform::MouseHook mouseHook = nullptr;
     bool keyboardHookDropped = false;
@@ -233,8 +248,6 @@ void TakeEffect(const KeyInput& input) {
 }
 
 void TakeEffect(const MouseInput& input) {
-    constexpr std::int32_t Downs =
-        platform::MouseLeftDown | platform::MouseRightDown | platform::MouseMiddleDown | platform::MouseXDown;
     constexpr std::int32_t Ups = Downs << 1;  // every release flag follows its press flag
     if (input.action == platform::MouseMove) {
         State().cursor = OnScreen(input.point);
@@ -243,6 +256,21 @@ void TakeEffect(const MouseInput& input) {
     } else if ((input.action & Ups) != 0) {
         PressButton(input.action >> 1, input.data, false);
     }
+}
+
+bool IsSecond(const Press& press, const Press& first) {
+    const Size size = State().doubleClickSize;
+    return press.button == first.button && press.window == first.window &&
+           press.time - first.time <= State().doubleClickMs &&
+           2 * std::abs(press.position.x - first.position.x) <= size.width &&
+           2 * std::abs(press.position.y - first.position.y) <= size.height;
+}
+
+// A press that completes a double click begins no other one.
+bool CompletesDoubleClick(const Press& press) {
+    const bool completes = IsSecond(press, State().lastPress);
+    State().lastPress = completes ? Press() : press;
+    return completes;
 }
 
 Point PositionAfter(const platform::InputRecord& record) {
@@ -276,7 +304,10 @@ void WriteDown(bool injected, std::int64_t time, const platform::InputRecord& re
     const bool atCursor = record.dwType() == platform::InputMouse && (record.dwFlags() & platform::MouseWheel) == 0;
     const Point position = PositionAfter(record);
     const WindowHandle window = atCursor ? HitTest(position) : KeyTarget();
-    (injected ? state.injected : state.byHand).push_back({time, window, record, position});
+    const std::int32_t button = atCursor ? record.dwFlags() & Downs : 0;
+    const bool doubleClick =
+        button != 0 && CompletesDoubleClick({KeyOfButton(button, record.mouseData()), window, position, time});
+    (injected ? state.injected : state.byHand).push_back({time, window, record, position, doubleClick});
 }
 
 void NoteInput() {
@@ -318,6 +349,11 @@ bool IsKeyDown(int virtualKey) {
 
 bool IsToggled(int virtualKey) {
     return CellOf(virtualKey).toggled;
+}
+
+void SetDoubleClick(int ms, Size size) {
+    State().doubleClickMs = ms;
+    State().doubleClickSize = size;
 }
 
 void PlaceCursor(Point point) {
@@ -377,6 +413,14 @@ std::int16_t KeyState(int virtualKey) {
     if (!simulated::IsKey(virtualKey)) return 0;
     const simulated::KeyCell& cell = simulated::CellOf(virtualKey);
     return static_cast<std::int16_t>((cell.down ? -0x80 : 0) | (cell.toggled ? 1 : 0));
+}
+
+int DoubleClickTime() {
+    return State().doubleClickMs;
+}
+
+Size DoubleClickSize() {
+    return State().doubleClickSize;
 }
 
 std::int64_t LastInputTick() {

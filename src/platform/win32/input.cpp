@@ -166,6 +166,14 @@ Size ScreenSize() {
 }
 
 // The age is taken with the system's own count, which wraps after 49 days, and then laid on ours.
+int DoubleClickTime() {
+    return static_cast<int>(GetDoubleClickTime());
+}
+
+Size DoubleClickSize() {
+    return {GetSystemMetrics(SM_CXDOUBLECLK), GetSystemMetrics(SM_CYDOUBLECLK)};
+}
+
 std::int64_t LastInputTick() {
     LASTINPUTINFO info{};
     info.cbSize = sizeof info;
