@@ -7,7 +7,6 @@
 
 #include "bench/ratio.h"
 #include "folding/puni_listu.h"
-#include "jobs/job_list_view.h"
 #include "tests/support/job_builder.h"
 #include "tests/support/open_in_editor.h"
 
@@ -74,8 +73,6 @@ void MeasureBoth(const char* replayTitle, const char* editorTitle, Job (*make)(i
 }  // namespace
 
 // No list of jobs is on show here.
-void RefreshJobList() {}
-void SelectJobInList(const std::string&) {}
 
 int main() {
     MeasureBoth("run, mixed", "editor, mixed", MixedJob);

@@ -12,7 +12,6 @@
 #include "bench/posix_files.h"
 #include "bench/ratio.h"
 #include "jobs/job_file.h"
-#include "jobs/job_list_view.h"
 #include "platform/files.h"
 
 // The peak of the memory in use, counted at the source.
@@ -51,8 +50,6 @@ void operator delete(void* memoryBlock, std::size_t) noexcept {
 }
 
 // The program's main window, which is not there.
-void RefreshJobList() {}
-void SelectJobInList(const std::string&) {}
 
 namespace {
 

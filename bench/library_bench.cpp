@@ -10,15 +10,12 @@
 #include "bench/posix_files.h"
 #include "bench/ratio.h"
 #include "jobs/job_file.h"
-#include "jobs/job_list_view.h"
 #include "library/job_library.h"
 #include "library/library_view.h"
 #include "platform/files.h"
 #include "settings/folders.h"
 
 // The program's main window, which is not there.
-void RefreshJobList() {}
-void SelectJobInList(const std::string&) {}
 
 namespace library_view {
 

@@ -9,11 +9,8 @@
 #include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "jobs/job_fields.h"
-#include "jobs/job_list_view.h"
 #include "storage/input_file.h"
 #include "storage/output_file.h"
-
-StartProgramRecord startProgram;
 
 namespace {
 
@@ -67,7 +64,6 @@ JobHeader HeaderToWrite(const Job& job) {
     }
     JobHeader header = job;
     header.Version = WrittenVersion;
-    header.StartProgram = startProgram;
     header.DurationMs = DurationAtSpeed(job);
     return header;
 }
@@ -170,7 +166,6 @@ void ReadJob(const std::string& path, Job& job) {
     HandOver(fresh.Windows, job.Windows);
     HandOver(fresh.Chains, job.Chains);
     static_cast<JobHeader&>(job) = std::move(static_cast<JobHeader&>(fresh));
-    startProgram = job.StartProgram;
 }
 
 void WriteJob(const std::string& path, const Job& job) {
@@ -179,8 +174,6 @@ void WriteJob(const std::string& path, const Job& job) {
     file.Write(header);
     WriteArrays(file, job);
     file.Commit();
-    RefreshJobList();
-    SelectJobInList(path);
 }
 
 void RewriteJobOptions(const std::string& path, const JobOptions& options) {

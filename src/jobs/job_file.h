@@ -1,6 +1,6 @@
 // Job files: a whole job read and written, and the quick check of the front of a file that fills the job list.
-// docs/job_format.md tells the bytes. Nothing here pumps, except that a save refreshes the job list, and that a
-// save retries for up to two seconds when another program holds the file.
+// docs/job_format.md tells the bytes. Nothing here pumps; a save sleeps for up to two seconds while another program holds
+// the file. Who shows the jobs is told by whoever saves one.
 #pragma once
 
 #include <cstdint>
@@ -8,18 +8,13 @@
 
 #include "jobs/job_records.h"
 
-// The program to start of the job that was read last, or that is about to be written: ReadJob fills it, the Save
-// dialog's caller fills it after a recording, and WriteJob takes it from here and not from the job.
-extern StartProgramRecord startProgram;
-
 // Reads the whole file; values are not judged. An array whose count in the file is zero or negative is left as the
 // caller had it, so a fresh `job` is what a reader of one file wants. A missing or cut file, and a count that the
-// file cannot hold, are file failures; `job` and `startProgram` are then as they were.
+// file cannot hold, are file failures; `job` is then as it was.
 void ReadJob(const std::string& path, Job& job);
 
-// Writes `job` over `path` in one step and shows it in the job list. Version and DurationMs are the writer's own, and
-// the program to start is `startProgram`. When a longer file stood there, its tail stays behind the new bytes. Paths,
-// captions and the like that are too long for their field are cut. A description of more than 1000 characters or a
+// Writes `job` over `path` in one step. Version and DurationMs are the writer's own. When a longer file stood there, its
+// tail stays behind the new bytes. Paths, captions and the like that are too long for their field are cut. A description of more than 1000 characters or a
 // string of more than 65535 is a range failure, and a duration beyond 32 bits an overflow failure; the old file stays
 // as it was, as it does after a file failure.
 void WriteJob(const std::string& path, const Job& job);

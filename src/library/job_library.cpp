@@ -69,6 +69,11 @@ void SelectJob(const std::string& path) {
     }
 }
 
+void ShowSavedJob(const std::string& path) {
+    FillJobList();
+    SelectJob(path);
+}
+
 DurationWords TranslatedDurationWords() {
     return {Label("Duration"), Translate("seconds")};
 }

@@ -26,6 +26,9 @@ std::string JobPathOfRow(int row);
 // Selects the first row of this path (letter case ignored). Without such a row nothing changes.
 void SelectJob(const std::string& path);
 
+// A job has been written: fills the list anew and selects its row.
+void ShowSavedJob(const std::string& path);
+
 // The second line of a row: the description, or how long the job takes. The words are looked up once for all rows.
 struct DurationWords {
     std::string label;

@@ -6,6 +6,7 @@
 #include "dictionary/sentences.h"
 #include "jobs/job_file.h"
 #include "jobs/job_name.h"
+#include "library/job_library.h"
 #include "library/job_shortcut.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
@@ -34,6 +35,7 @@ SaveAsOutcome RefuseName(const std::string& why) {
 Job NewJob(const Job& recorded, const std::string& description) {
     Job job = recorded;
     static_cast<JobHeader&>(job) = {};
+    job.StartProgram = recorded.StartProgram;
     job.Description = description;
     job.CapsLockState = recorded.CapsLockState;
     job.Strings.clear();
@@ -60,6 +62,7 @@ SaveAsOutcome SaveJobAs(const std::string& name, const std::string& description,
     if (platform::FileExists(path) && !WantsToOverwrite(name)) return SaveAsOutcome::KeptOpen;
     if (plainlyWrong) return RefuseName("");
     WriteJob(path, NewJob(recorded, description));
+    job_library::ShowSavedJob(path);
     if (settings.create_shortcut_on_desktop == 1) CreateJobShortcut(path, folders.DesktopFolder, name);
     return SaveAsOutcome::Saved;
 }

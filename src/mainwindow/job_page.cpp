@@ -115,7 +115,8 @@ void TellRefusal(const HotkeyRefusal& refusal) {
 void WriteOptions(const std::string& path, const JobOptions& options) {
     ListModel& list = jobLibrary.lista_jobs;
     const int scroll = list.ScrollValue();
-    RewriteJobOptions(path, options);  // fills the list anew and selects the job
+    RewriteJobOptions(path, options);
+    job_library::ShowSavedJob(path);
     list.ScrollTo(scroll);
     jobPage.button_save_changes = false;
     job_page_view::Show();

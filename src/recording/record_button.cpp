@@ -3,7 +3,6 @@
 #include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "dictionary/sentences.h"
-#include "jobs/job_file.h"
 #include "platform/hooks.h"
 #include "platform/pump.h"
 #include "recording/countdown.h"

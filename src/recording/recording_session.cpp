@@ -9,7 +9,6 @@
 #include "dictionary/dictionary.h"
 #include "dictionary/sentences.h"
 #include "identity/window_identity.h"
-#include "jobs/job_file.h"
 #include "platform/boxes.h"
 #include "platform/clock.h"
 #include "platform/hooks.h"
@@ -24,6 +23,7 @@
 #include "recording/recording_status.h"
 #include "recording/recording_view.h"
 #include "recording/session_view.h"
+#include "recording/start_app.h"
 #include "settings/settings.h"
 
 namespace {
@@ -253,10 +253,9 @@ std::int32_t RecordedTime() {
                                      recordingSession.pausedTotalMs);
 }
 
-// The program is put back because whoever read a job file since has overwritten it.
 Job RecordedJob() {
     Job job;
-    job.StartProgram = startProgram = recordingSession.program;
+    job.StartProgram = recordingSession.program;
     job.CapsLockState = recordingSession.capsLockAtStart;
     job.Events = recordingSession.recordingEvents.First(recordingSession.eventCount);
     job.Windows = windowArrays.windows;

@@ -72,5 +72,5 @@ void AbandonRecording();
 // The time of an event that happens now, ms.
 std::int32_t RecordedTime();
 
-// The finished recording as a job with the options of a new one, and `startProgram` set for WriteJob.
+// The finished recording as a job with the options of a new one.
 Job RecordedJob();

@@ -2,11 +2,12 @@
 
 #include "base/text.h"
 #include "dictionary/dictionary.h"
-#include "jobs/job_file.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "platform/types.h"
+
+StartProgramRecord startProgram;
 
 namespace {
 

@@ -1,8 +1,13 @@
-// `start_app`, less its window: a program to start as the recording begins. The result is `startProgram`.
+// `start_app`, less its window: a program to start as the recording begins.
 #pragma once
 
 #include <cstdint>
 #include <string>
+
+#include "jobs/job_records.h"
+
+// What was chosen, for the recording that begins next.
+extern StartProgramRecord startProgram;
 
 // What the controls hold. Check1: run a program; Check2: with parameters; Combo1: "Normal", "Maximized", "Minimized".
 struct StartAppControls {

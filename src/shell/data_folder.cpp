@@ -8,7 +8,7 @@
 #include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "dictionary/sentences.h"
-#include "jobs/job_list_view.h"
+#include "mainwindow/job_list.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
 #include "platform/registry.h"
@@ -128,5 +128,5 @@ void ChangeDataFolder() {
     folders.DataFolder = *chosen;
     options_view::ShowDataFolder(folders.DataFolder);
     platform::WriteRegistry(registryKey, registryValue, folders.DataFolder);
-    RefreshJobList();
+    FillJobList();
 }

@@ -23,7 +23,6 @@ const std::string path = "C:\\jobs\\My job.tsj";
 
 void Save(const Job& job) {
     simulated::PutFolder("C:\\jobs");
-    startProgram = job.StartProgram;
     WriteJob(path, job);
 }
 

@@ -6,10 +6,7 @@
 #include "platform/simulated/files.h"
 #include "support/disk_faults.h"
 #include "support/failures.h"
-#include "support/job_list_view_stand_in.h"
 
-using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 namespace {
@@ -19,7 +16,6 @@ std::string Written() {
 }
 
 void WriteSample() {
-    startProgram = SampleJob().StartProgram;
     WriteJob(jobPath, SampleJob());
 }
 
@@ -40,7 +36,6 @@ protected:
 TEST_F(JobFile, SampleIsWrittenByteForByte) {
     WriteSample();
     EXPECT_EQ(Written(), SampleBytes());
-    EXPECT_THAT(jobListViewStandIn.calls, ElementsAre("refresh", "select " + jobPath));
 }
 
 TEST_F(JobFile, SampleIsReadFieldByField) {
@@ -48,8 +43,6 @@ TEST_F(JobFile, SampleIsReadFieldByField) {
     Job job;
     ReadJob(jobPath, job);
     EXPECT_EQ(Dump(job), Dump(SampleJob()));
-    EXPECT_EQ(startProgram.CommandLine, "/p \"a b\"");
-    EXPECT_THAT(jobListViewStandIn.calls, IsEmpty());
 }
 
 TEST_F(JobFile, EmptyJobEndsBehindItsCounts) {
@@ -107,7 +100,7 @@ TEST_F(JobFile, FixedFieldsOfFullWidth) {
     Job job = SampleJob();
     job.Description = std::string(1000, 'd');
     job.Windows[0].Caption = std::string(1025, 'c');
-    startProgram.ProgramPath = std::string(801, 'p');
+    job.StartProgram.ProgramPath = std::string(801, 'p');
     WriteJob(jobPath, job);
     Job read;
     ReadJob(jobPath, read);
@@ -141,7 +134,6 @@ TEST_F(JobFile, WhatDoesNotFitIsAFailureThatLeavesTheOldFile) {
     EXPECT_EQ(FailureOf(write(JobLasting(1, 0))), FailureKind::Overflow);
     EXPECT_EQ(Written(), "old");
     EXPECT_EQ(simulated::AllFiles().size(), 1U);
-    EXPECT_THAT(jobListViewStandIn.calls, IsEmpty());
 }
 
 TEST_F(JobFile, DurationIsTheLastTimeAtTheJobsSpeed) {
@@ -172,7 +164,6 @@ TEST_F(JobFile, RewriteJobOptionsChangesTheOptionsOnly) {
 }
 
 TEST_F(JobFile, SaveSurvivesEveryFault) {
-    startProgram = SampleJob().StartProgram;
     const std::string oldBytes(9000, 'o');  // longer, so that there is a tail
     SurvivesEveryFault({jobPath, oldBytes, SampleBytes() + oldBytes.substr(SampleBytes().size()), WriteSample});
     SurvivesEveryFault({jobPath, "old", SampleBytes(), WriteSample});

@@ -31,6 +31,7 @@ protected:
         job.Events.resize(1);
         job.Events[0].time() = durationMs;
         WriteJob(PathOf(name), job);
+        job_library::ShowSavedJob(PathOf(name));
     }
 
     // "name: second line" of every row.

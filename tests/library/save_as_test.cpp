@@ -16,6 +16,7 @@ protected:
         recorded.SpeedPercent = 7;
         recorded.CapsLockState = 1;
         recorded.Strings = {"left over"};
+        recorded.StartProgram = {"C:\\paint.exe", "a.bmp", 1};
         recorded.Events.resize(3);
         OpenSaveAs(false);
         ChooseShortcutOnDesktop(false);
@@ -32,6 +33,7 @@ TEST_F(SaveAs, WritesANewJobWithTheOptionsOfANewJob) {
     EXPECT_EQ(saved.SpeedPercent, 100);
     EXPECT_EQ(saved.RepeatCount, 1);
     EXPECT_EQ(saved.CapsLockState, 1);
+    EXPECT_EQ(saved.StartProgram.ProgramPath, "C:\\paint.exe");
     EXPECT_EQ(saved.Events.size(), 3U);
     EXPECT_THAT(saved.Strings, IsEmpty());
     EXPECT_EQ(Rows().size(), 1U);

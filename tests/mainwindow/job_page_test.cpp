@@ -45,6 +45,7 @@ protected:
         job.SafetyLevel = options.SafetyLevel;
         job.SimilarWindowNames = options.SimilarWindowNames;
         WriteJob(PathOf(name), job);
+        job_library::ShowSavedJob(PathOf(name));
     }
 
     static void Select(const std::string& name) { job_library::SelectJob(PathOf(name)); }

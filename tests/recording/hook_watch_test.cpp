@@ -1,6 +1,6 @@
 #include "recording/hook_watch.h"
 
-#include "jobs/job_file.h"
+#include "recording/start_app.h"
 #include "recording_stage.h"
 
 using testing::ElementsAre;

@@ -1,7 +1,6 @@
 #include "recording/record_button.h"
 
 #include "dictionary/dictionary.h"
-#include "jobs/job_file.h"
 #include "platform/files.h"
 #include "recording/countdown.h"
 #include "recording/start_app.h"

@@ -1,7 +1,7 @@
 #include "recording/recording_session.h"
 
 #include "base/runtime_failure.h"
-#include "jobs/job_file.h"
+#include "recording/start_app.h"
 #include "recording_stage.h"
 
 using testing::ElementsAre;
@@ -74,9 +74,9 @@ TEST_F(RecordingSessionTest, TheProgramIsUpBeforeTheFirstEventAndTheUserKeepsThe
     EXPECT_EQ(simulated::StartedPrograms()[0].windowStyle, 3);
     EXPECT_EQ(simulated::Tray().tip, "Recording... Click here to stop recording.");
     EXPECT_EQ(recordingViewStandIn.command2Caption, "Pause");
-    startProgram = {};  // as when a job is read meanwhile
+    startProgram = {};
     const Job job = Stop();
-    EXPECT_EQ(startProgram.ProgramPath, "C:\\paint.exe ");
+    EXPECT_EQ(job.StartProgram.ProgramPath, "C:\\paint.exe ");
     EXPECT_EQ(job.CapsLockState, 1);
     EXPECT_EQ(simulated::Tray().tip, "Tessarine 3.0.6");
     EXPECT_FALSE(recordingViewStandIn.loaded);

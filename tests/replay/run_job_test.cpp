@@ -32,13 +32,12 @@ class RunJobTest : public ReplayStage {
 protected:
     RunJobTest() {
         simulated::PutFolder("C:\\Data");
-        startProgram = {};
     }
 
     std::int32_t Run(const std::string& logPath = "", bool noInputBlock = true) {
-        startProgram = program;
-        WriteJob(JobPath, job.Built());
-        startProgram = {};
+        Job built = job.Built();
+        built.StartProgram = program;
+        WriteJob(JobPath, built);
         return RunJob(JobPath, 0, logPath, noInputBlock);
     }
 

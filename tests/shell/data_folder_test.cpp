@@ -8,7 +8,7 @@
 #include "platform/simulated/files.h"
 #include "settings/folders.h"
 #include "support/boxes.h"
-#include "support/job_list_view_stand_in.h"
+#include "support/library_view_stand_in.h"
 #include "support/options_view_stand_in.h"
 
 using testing::ElementsAre;
@@ -102,7 +102,7 @@ TEST_F(MovingDataFolder, YesMovesJobsAndSettings) {
     EXPECT_EQ(simulated::FileBytes("D:\\x\\A.tsj"), "job a");
     ExpectInForce(newFolder);
     EXPECT_EQ(optionsViewStandIn.shownFolder, newFolder);
-    EXPECT_THAT(jobListViewStandIn.calls, ElementsAre("refresh"));
+    EXPECT_EQ(libraryViewStandIn.dataFolder, newFolder) << "the list is filled anew";
     EXPECT_THAT(Boxes(),
                 ElementsAre("Move Files?|Would you like to move all of the jobs and settings to the new location?\r\n"
                             "Old location: C:\\Docs\\Tessarine\r\nNew location: D:\\x"));
@@ -122,7 +122,7 @@ TEST_F(MovingDataFolder, CancelChangesNothing) {
     ChangeDataFolder();
     ExpectInForce(oldFolder);
     EXPECT_THAT(Boxes(), IsEmpty());
-    EXPECT_THAT(jobListViewStandIn.calls, IsEmpty());
+    EXPECT_EQ(libraryViewStandIn.dataFolder, "");
 }
 
 TEST_F(MovingDataFolder, RootsAndReadOnlyFoldersAreRefusedUntilOneWillDo) {
@@ -157,7 +157,7 @@ TEST_F(MovingDataFolder, FailedMoveKeepsTheOldFolderInForce) {
     Choose({newFolder}, true);
     EXPECT_EQ(LastBox(), "Cannot change folder|An error occured while trying to move files");
     ExpectInForce(oldFolder);
-    EXPECT_THAT(jobListViewStandIn.calls, IsEmpty());
+    EXPECT_EQ(libraryViewStandIn.dataFolder, "");
 }
 
 // Whatever fails, and wherever: no job is on neither side.

@@ -1,7 +1,5 @@
 #include "support/job_page_view_stand_in.h"
 
-#include "jobs/job_list_view.h"
-#include "library/job_library.h"
 #include "library/library_view.h"
 #include "mainwindow/job_page.h"
 #include "mainwindow/job_page_view.h"
@@ -57,11 +55,3 @@ void Jobs_Edit_Enabled(bool enable) {
 }
 
 }  // namespace library_view
-
-void RefreshJobList() {
-    job_library::FillJobList();
-}
-
-void SelectJobInList(const std::string& path) {
-    job_library::SelectJob(path);
-}

@@ -1,7 +1,5 @@
 #include "support/library_view_stand_in.h"
 
-#include "jobs/job_list_view.h"
-#include "library/job_library.h"
 #include "library/library_view.h"
 
 LibraryViewStandIn libraryViewStandIn;
@@ -29,11 +27,3 @@ void ShowDataFolder(const std::string& folder) {
 }
 
 }  // namespace library_view
-
-void RefreshJobList() {
-    job_library::FillJobList();
-}
-
-void SelectJobInList(const std::string& path) {
-    job_library::SelectJob(path);
-}

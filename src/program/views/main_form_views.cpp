@@ -1,7 +1,6 @@
 // form1 as the rest of the program speaks to it.
 
 #include "dictionary/dictionary.h"
-#include "jobs/job_list_view.h"
 #include "library/job_library.h"
 #include "library/library_view.h"
 #include "main/main_form.h"
@@ -204,14 +203,6 @@ void ShowStartsWithWindows(bool) {}
 void ShowDataFolder(const std::string&) {}
 
 }  // namespace library_view
-
-void RefreshJobList() {
-    FillJobList();
-}
-
-void SelectJobInList(const std::string& path) {
-    job_library::SelectJob(path);
-}
 
 // A minimised window stands nowhere, and its place is kept.
 void CopyControlsToSettings() {
