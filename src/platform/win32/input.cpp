@@ -1,11 +1,10 @@
 #include "platform/input.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "platform/clock.h"
 #include "win32/handles.h"
-#include "win32/system_library.h"
+#include "win32/wine.h"
 
 namespace platform {
 namespace {
@@ -40,82 +39,6 @@ MOUSEINPUT ToMouseInput(const InputRecord& record) {
     return mouse;
 }
 
-POINT RawCursorPosition() {
-    POINT point{};
-    GetCursorPos(&point);  // refused while the desktop is locked: the origin then
-    return point;
-}
-
-// Wine, and Wine alone, takes some injected moves back: its display driver answers them with an event of a position
-// that the display's pointer had before, and a press would land there. So for a while after a move of ours the
-// position is watched, put right when it is asked for, and sent along with every press. As soon as the cursor is
-// anywhere else, the user has the mouse, and it is left alone. On Windows none of this happens.
-class SteadyCursor {
-public:
-    SteadyCursor() { passed.fill({-1, -1}); }
-
-    void Moved(const MOUSEINPUT& sent) {
-        if (!IsFresh()) Remember(RawCursorPosition());
-        Remember(target);
-        move = sent;
-        target = {sent.dx * GetSystemMetrics(SM_CXSCREEN) / 65536, sent.dy * GetSystemMetrics(SM_CYSCREEN) / 65536};
-        time = TickCount();
-    }
-
-    void SendAlong(MOUSEINPUT& press) const {
-        if (!IsFresh() || IsWithTheUser()) return;
-        press.dx = move.dx;
-        press.dy = move.dy;
-        press.dwFlags |= MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-    }
-
-    void PutRight() const {
-        if (!IsFresh() || Same(RawCursorPosition(), target) || IsWithTheUser()) return;
-        INPUT again{};
-        again.type = INPUT_MOUSE;
-        again.mi = move;
-        ::SendInput(1, &again, sizeof again);
-    }
-
-private:
-    static constexpr std::int64_t FreshMs = 2000;
-
-    static bool Same(POINT a, POINT b) { return a.x == b.x && a.y == b.y; }
-    bool IsFresh() const { return time != 0 && TickCount() - time <= FreshMs; }
-
-    void Remember(POINT position) {
-        passed[next] = position;
-        next = (next + 1) % passed.size();
-    }
-
-    bool IsWithTheUser() const {
-        const POINT now = RawCursorPosition();
-        return !Same(now, target) &&
-               std::none_of(passed.begin(), passed.end(), [now](POINT position) { return Same(now, position); });
-    }
-
-    MOUSEINPUT move{};
-    POINT target{-1, -1};
-    std::array<POINT, 8> passed{};  // where the cursor was before
-    std::size_t next = 0;
-    std::int64_t time = 0;
-} steadyCursor;
-
-bool NeedsSteadyCursor() {
-    static const bool isWine = FindSystemFunction("ntdll.dll", "wine_get_version") != nullptr;
-    return isWine;
-}
-
-void Steady(MOUSEINPUT& mouse) {
-    constexpr DWORD absoluteMove = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-    if (!NeedsSteadyCursor()) return;
-    if ((mouse.dwFlags & absoluteMove) == absoluteMove) {
-        steadyCursor.Moved(mouse);
-    } else if ((mouse.dwFlags & MOUSEEVENTF_MOVE) == 0) {
-        steadyCursor.SendAlong(mouse);
-    }
-}
-
 KEYBDINPUT ToKeyboardInput(const InputRecord& record) {
     KEYBDINPUT keyboard{};
     keyboard.wVk = LOWORD(Word(record.KeyCode()));
@@ -133,7 +56,7 @@ int SendInput(const InputRecord& record) {
     input.type = Word(record.dwType());
     if (record.dwType() == InputMouse) {
         input.mi = ToMouseInput(record);
-        Steady(input.mi);
+        SteadyWineCursor(input.mi);
     } else {
         input.ki = ToKeyboardInput(record);
     }
@@ -157,8 +80,10 @@ int CharacterOf(int virtualKey) {
 }
 
 Point CursorPosition() {
-    if (NeedsSteadyCursor()) steadyCursor.PutRight();
-    return FromPoint(RawCursorPosition());
+    PutWineCursorRight();
+    POINT point{};
+    GetCursorPos(&point);  // refused while the desktop is locked: the origin then
+    return FromPoint(point);
 }
 
 Size ScreenSize() {

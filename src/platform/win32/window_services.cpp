@@ -5,6 +5,7 @@
 #include "platform/clock.h"
 #include "win32/bounded_call.h"
 #include "win32/handles.h"
+#include "win32/wine.h"
 
 namespace platform {
 namespace {
@@ -55,31 +56,8 @@ WINDOWPLACEMENT ToSystem(const WindowPlacement& placement) {
     return system;
 }
 
-// Wine places only windows of our own process; for others the parts of a placement have to do. What they cannot do
-// is to give a minimised window its place for later without showing it there first.
-bool PlaceInParts(HWND window, const WINDOWPLACEMENT& placement) {
-    const RECT& place = placement.rcNormalPosition;
-    if (IsIconic(window) || IsZoomed(window)) ShowWindow(window, SW_RESTORE);
-    if (!SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                      SWP_NOZORDER | SWP_NOACTIVATE)) {
-        return false;
-    }
-    ShowWindow(window, static_cast<int>(placement.showCmd));
-    return true;
-}
-
 bool Place(HWND window, const WINDOWPLACEMENT& placement) {
     return SetWindowPlacement(window, &placement) || PlaceInParts(window, placement);
-}
-
-// For a child of another process Wine tells screen pixels; the parent's client pixels are right everywhere.
-RECT NormalPosition(HWND window, const WINDOWPLACEMENT& placement) {
-    const bool isChild = (GetWindowLongA(window, GWL_STYLE) & WS_CHILD) != 0;
-    RECT rect = placement.rcNormalPosition;
-    if (isChild && placement.showCmd == SW_SHOWNORMAL && GetWindowRect(window, &rect)) {
-        MapWindowPoints(nullptr, GetAncestor(window, GA_PARENT), reinterpret_cast<POINT*>(&rect), 2);
-    }
-    return rect;
 }
 
 // Windows gives the foreground to a process that has just been given input, or gave it. An input that does nothing is
@@ -168,7 +146,7 @@ std::string ClassOf(WindowHandle window) {
 std::string CaptionOf(WindowHandle window) {
     char text[1024];
     const int length = GetWindowTextA(ToHwnd(window), text, sizeof text);
-    if (!WindowExists(window)) return "";  // Wine makes up a text for a window that is gone
+    if (CaptionIsMadeUp(ToHwnd(window))) return "";
     return {text, static_cast<std::size_t>(length)};
 }
 

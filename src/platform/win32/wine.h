@@ -1,0 +1,29 @@
+// What is there for Wine alone. The program is written to the documented behaviour of Windows; where Wine's differs so
+// much that a job would go wrong, the mend stands here and is called from the one place that needs it. On Windows each
+// of these does nothing, or what it asks about never comes up.
+#pragma once
+
+#include "win32/handles.h"
+
+namespace platform {
+
+bool RunsOnWine();
+
+// Some injected moves of the mouse are taken back: Wine's display driver answers them with an event of a position that
+// the pointer had before, and a press would land there. For two seconds after a move of ours its position is watched;
+// as soon as the cursor is anywhere else, the user has the mouse, and it is left alone.
+void SteadyWineCursor(MOUSEINPUT& next);  // an input that is about to be sent; a press takes the position along
+void PutWineCursorRight();                // the position of the cursor is about to be asked for
+
+// SetWindowPlacement is refused for windows of other processes. The parts of a placement have to do; what they cannot
+// do is to give a minimised window its place for later without showing it there first.
+bool PlaceInParts(HWND window, const WINDOWPLACEMENT& placement);
+
+// GetWindowPlacement tells screen pixels for a child of another process: the parent's client pixels, read in another
+// way that is right everywhere.
+RECT NormalPosition(HWND window, const WINDOWPLACEMENT& placement);
+
+// GetWindowText makes up a text for a window that vanishes in that moment. Asked after the text was read.
+bool CaptionIsMadeUp(HWND window);
+
+}  // namespace platform
