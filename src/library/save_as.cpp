@@ -66,3 +66,11 @@ SaveAsOutcome SaveJobAs(const std::string& name, const std::string& description,
     if (settings.create_shortcut_on_desktop == 1) CreateJobShortcut(path, folders.DesktopFolder, name);
     return SaveAsOutcome::Saved;
 }
+
+SaveAsLeave LeaveSaveAs(bool anythingRecorded) {
+    if (!anythingRecorded) return SaveAsLeave::Close;
+    const auto answer = platform::AskToSave(Translate("The recording is not saved yet. Do you want to save it?"),
+                                            Translate("Save Job As"));
+    if (answer == platform::BoxChoice::Yes) return SaveAsLeave::Save;
+    return answer == platform::BoxChoice::No ? SaveAsLeave::Close : SaveAsLeave::Stay;
+}

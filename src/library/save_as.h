@@ -25,3 +25,8 @@ enum class SaveAsOutcome {
 // Command1. Writes what was recorded as the job `name` of the data folder, with the options of a new job, and shows it
 // in the job list. The recording is untouched, so that after a file failure the user can try another name.
 SaveAsOutcome SaveJobAs(const std::string& name, const std::string& description, const Job& recorded);
+
+// The form is being left without its buttons: by Esc, or by the corner of the window. It may have come up while the user
+// was still typing, so a recording with anything in it is asked about (pumps).
+enum class SaveAsLeave { Close, Save, Stay };
+SaveAsLeave LeaveSaveAs(bool anythingRecorded);

@@ -39,6 +39,7 @@ bool RunBox(ShownBox box) {
     box.time = NowMs();
     const BoxAnswer answer = TakeAnswer(state.answers, BoxAnswer{.yes = false});
     box.yes = box.question && answer.yes;
+    box.cancel = box.question && answer.cancel;
     state.shown.push_back(box);
 
     const WindowHandle window =
@@ -82,6 +83,12 @@ bool AskYesNo(const std::string& text, const std::string& title, BoxIcon icon) {
 
 bool AskBeforeLoss(const std::string& text, const std::string& title, BoxIcon icon) {
     return AskYesNo(text, title, icon);
+}
+
+BoxChoice AskToSave(const std::string& text, const std::string& title, BoxIcon icon) {
+    const bool yes = AskYesNo(text, title, icon);
+    if (yes) return BoxChoice::Yes;
+    return simulated::ShownBoxes().back().cancel ? BoxChoice::Cancel : BoxChoice::No;
 }
 
 std::optional<std::string> BrowseForFolder(const std::string& prompt, const std::string& start) {

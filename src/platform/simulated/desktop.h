@@ -191,6 +191,7 @@ struct BoxAnswer {
     bool yes = true;
     std::int64_t afterMs = 0;
     Action whileOpen = {};
+    bool cancel = false;  // Esc, where a question has a Cancel; with `yes` off
 };
 void AnswerNextBox(const BoxAnswer& answer);  // of either kind; several answers queue up
 
@@ -201,6 +202,7 @@ struct ShownBox {
     platform::BoxIcon icon = platform::BoxIcon::None;
     bool question = false;
     bool yes = false;  // the answer to a question
+    bool cancel = false;
     std::int64_t time = 0;
 };
 const std::vector<ShownBox>& ShownBoxes();

@@ -40,4 +40,10 @@ bool AskBeforeLoss(const std::string& text, const std::string& title, BoxIcon ic
     return Show(text, title, MB_YESNO | MB_DEFBUTTON2 | IconFlag(icon)) == IDYES;
 }
 
+BoxChoice AskToSave(const std::string& text, const std::string& title, BoxIcon icon) {
+    const int answer = Show(text, title, MB_YESNOCANCEL | IconFlag(icon));
+    if (answer == IDYES) return BoxChoice::Yes;
+    return answer == IDNO ? BoxChoice::No : BoxChoice::Cancel;
+}
+
 }  // namespace platform

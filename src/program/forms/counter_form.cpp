@@ -4,33 +4,14 @@
 #include <cstddef>
 #include <string>
 
-#include "base/product.h"
-#include "dictionary/dictionary.h"
 #include "forms/counter_ids.h"
-#include "forms/form_place.h"
 #include "recording/counter_view.h"
 #include "settings/settings.h"
-#include "toolkit/frame.h"
 #include "toolkit/window_tools.h"
 
 CounterForm counter;
 
 namespace {
-
-constexpr const char* WindowClass = "TessarineCounter";
-constexpr BYTE Alpha = 255;
-constexpr int CaptionPercent = 250;  // of the dialog's font
-constexpr int NumberPercent = 900;
-
-// Smoothed letters would mix with the colour that is left out, and stand in a blue seam.
-HFONT PlainFont(HWND form, int percent) {
-    const HFONT smooth = FontLike(form, percent, FW_BOLD);
-    LOGFONTA font{};
-    GetObjectA(smooth, sizeof font, &font);
-    DeleteObject(smooth);
-    font.lfQuality = NONANTIALIASED_QUALITY;
-    return CreateFontIndirectA(&font);
-}
 
 // The part of the screens in which the points lie; empty without any.
 platform::Rect AreaOf(const std::vector<platform::Point>& points) {
@@ -94,68 +75,27 @@ private:
 
 }  // namespace
 
-// --- life ---
+// --- what it is ---
 
-void CounterForm::Load() {
-    if (window != nullptr) return;
-    nothing = CreateSolidBrush(FormFrame::LeftOut);
-    RegisterDialogClass(WindowClass, nullptr);
-    CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(counter_dialog), nullptr, DialogThunk, 0);
+CounterForm::CounterForm() : FloatingForm(counter_dialog, "TessarineCounter", 255) {}
+
+// Smoothed letters would mix with the colour that is left out, and stand in a blue seam.
+std::vector<ControlRow> CounterForm::Rows() {
+    return {
+        {.id = counter_caption, .caption = "Starting in", .font = {250, FW_BOLD, false}},
+        {.id = counter_number, .font = {900, FW_BOLD, false}},
+    };
 }
 
-void CounterForm::OnInitDialog(HWND form) {
-    window = form;
-    captionFont = PlainFont(form, CaptionPercent);
-    numberFont = PlainFont(form, NumberPercent);
-    SendDlgItemMessageA(form, counter_caption, WM_SETFONT, reinterpret_cast<WPARAM>(captionFont), FALSE);
-    SendDlgItemMessageA(form, counter_number, WM_SETFONT, reinterpret_cast<WPARAM>(numberFont), FALSE);
-    SetWindowTextA(form, ProductName);
-    PodesiRjecnik();
-    if (settings.countdown_period >= 1) SetText(form, counter_number, std::to_string(settings.countdown_period));
-    SetLayeredWindowAttributes(form, FormFrame::LeftOut, Alpha, LWA_COLORKEY | LWA_ALPHA);
-    PutInMiddle(form);
+bool CounterForm::OnLoad() {
+    if (settings.countdown_period >= 1) ShowNumber(settings.countdown_period);
+    PutInMiddle(Window());
+    return false;
 }
 
-void CounterForm::PodesiRjecnik() {
-    SetText(window, counter_caption, Translate("Starting in"));
-}
-
-void CounterForm::Show() {
-    Load();
-    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-}
-
-void CounterForm::Unload() {
-    if (window == nullptr) return;
-    DestroyWindow(window);
-    window = nullptr;
-    DeleteObject(captionFont);
-    DeleteObject(numberFont);
-    DeleteObject(nothing);
-}
-
-// --- messages ---
-
-INT_PTR CALLBACK CounterForm::DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM) noexcept {
-    return Guarded<INT_PTR>(FALSE, [&]() -> INT_PTR {
-        if (message == WM_INITDIALOG) {
-            counter.OnInitDialog(form);
-            return FALSE;  // the focus stays where it is
-        }
-        return counter.window == form ? counter.OnDialogMessage(message, wParam) : FALSE;
-    });
-}
-
-INT_PTR CounterForm::OnDialogMessage(UINT message, WPARAM wParam) {
-    if (message == WM_CTLCOLORDLG) return reinterpret_cast<INT_PTR>(nothing);
-    if (message == WM_CTLCOLORSTATIC) return reinterpret_cast<INT_PTR>(BrushOf(reinterpret_cast<HDC>(wParam)));
-    return FALSE;
-}
-
-HBRUSH CounterForm::BrushOf(HDC paper) const {
-    SetBkColor(paper, FormFrame::LeftOut);
-    SetTextColor(paper, digitsBlack ? RGB(0, 0, 0) : RGB(255, 255, 255));
-    return nothing;
+// What lies below decides it, in high contrast too.
+COLORREF CounterForm::TextColour(int) const {
+    return digitsBlack ? RGB(0, 0, 0) : RGB(255, 255, 255);
 }
 
 // --- what it shows ---
@@ -163,12 +103,12 @@ HBRUSH CounterForm::BrushOf(HDC paper) const {
 void CounterForm::SetDigitsBlack(bool black) {
     Load();
     digitsBlack = black;
-    for (const int label : {counter_caption, counter_number}) ShowWindow(GetDlgItem(window, label), SW_SHOWNA);
+    for (const int label : {counter_caption, counter_number}) ShowWindow(Control(label), SW_SHOWNA);
 }
 
 void CounterForm::ShowNumber(int number) const {
-    SetText(window, counter_number, std::to_string(number));
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    SetText(Window(), counter_number, std::to_string(number));
+    RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     GdiFlush();
 }
 

@@ -2,29 +2,22 @@
 // desktop, and what is clicked on it goes to what is below. It implements counter_view; nothing here pumps.
 #pragma once
 
-#include <windows.h>
+#include "toolkit/floating_form.h"
 
-class CounterForm {
+class CounterForm : public FloatingForm {
 public:
-    void Load();  // not visible yet; nothing when it is loaded
-    void Show();
-    void Unload();
-    HWND Window() const { return window; }
+    CounterForm();
 
     void SetDigitsBlack(bool black);
     void ShowNumber(int number) const;
 
 private:
-    static INT_PTR CALLBACK DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    INT_PTR OnDialogMessage(UINT message, WPARAM wParam);
-    void OnInitDialog(HWND form);
-    void PodesiRjecnik();
-    HBRUSH BrushOf(HDC paper) const;
+    std::vector<ControlRow> Rows() override;
+    bool OnLoad() override;
+    bool OnMessage(UINT, WPARAM, LPARAM, LRESULT&) override { return false; }  // no frame
+    std::optional<COLORREF> BackColour() const override { return FormFrame::LeftOut; }
+    COLORREF TextColour(int id) const override;
 
-    HWND window = nullptr;
-    HBRUSH nothing = nullptr;
-    HFONT captionFont = nullptr;
-    HFONT numberFont = nullptr;
     bool digitsBlack = false;
 };
 

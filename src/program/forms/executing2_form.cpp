@@ -1,7 +1,6 @@
 #include "forms/executing2_form.h"
 
-#include "base/product.h"
-#include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "forms/executing2_ids.h"
 #include "forms/executing_form.h"
 #include "replay/status_view.h"
@@ -11,98 +10,38 @@ Executing2Form executing2;
 
 namespace {
 
-constexpr const char* WindowClass = "TessarineExecuting2";
 constexpr BYTE Alpha = 215;
 constexpr int TopOnScreen = 20;  // pixels
 constexpr int GapBelow = 10;     // pixels, to executing
 
-constexpr COLORREF HeadingColour = RGB(0x4c, 0x60, 0x68);
-constexpr COLORREF NameColour = RGB(0x17, 0x33, 0x3d);
-constexpr COLORREF HintColour = RGB(0xa8, 0x3f, 0x10);
-
 }  // namespace
 
-// --- life ---
+Executing2Form::Executing2Form() : FloatingForm(executing2_dialog, "TessarineExecuting2", Alpha) {}
 
-void Executing2Form::Load() {
-    if (window != nullptr) return;
-    RegisterDialogClass(WindowClass, nullptr);
-    CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(executing2_dialog), nullptr, DialogThunk, 0);
+std::vector<ControlRow> Executing2Form::Rows() {
+    return {
+        {.id = executing2_Label1, .caption = {"Executing job", Label}, .colour = RGB(0x4c, 0x60, 0x68)},
+        {.id = executing2_Label2, .font = {122, FW_SEMIBOLD}, .colour = RGB(0x17, 0x33, 0x3d)},
+        {.id = executing2_Label3, .colour = RGB(0xa8, 0x3f, 0x10)},
+    };
 }
 
-void Executing2Form::OnInitDialog(HWND form) {
-    window = form;
-    frame.Load(form);
-    nameFont = FontLike(form, 122, FW_SEMIBOLD);
-    SendDlgItemMessageA(form, executing2_Label2, WM_SETFONT, reinterpret_cast<WPARAM>(nameFont), FALSE);
-    SetWindowTextA(form, ProductName);
-    PodesiRjecnik();
-    SetLayeredWindowAttributes(form, FormFrame::LeftOut, Alpha, LWA_COLORKEY | LWA_ALPHA);
-    SetWindowPos(form, HWND_TOPMOST, 0, TopOnScreen, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
+bool Executing2Form::OnLoad() {
+    MoveWindowTo(Window(), 0, TopOnScreen);
+    return false;
 }
 
-void Executing2Form::PodesiRjecnik() {
-    SetText(window, executing2_Label1, Translate("Executing job") + ":");
-}
-
-void Executing2Form::Show(const std::string& jobName) {
+void Executing2Form::ShowJob(const std::string& jobName) {
     Load();
-    SetText(window, executing2_Label2, jobName);
-    SetText(window, executing2_Label3, "");
-    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    SetText(Window(), executing2_Label2, jobName);
+    SetText(Window(), executing2_Label3, "");
+    Show();
 }
 
-void Executing2Form::Unload() {
-    if (window == nullptr) return;
-    DestroyWindow(window);
-    window = nullptr;
-    DeleteObject(nameFont);
-    frame.Free();
-}
-
-// --- messages ---
-
-INT_PTR CALLBACK Executing2Form::DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    return Guarded<INT_PTR>(FALSE, [&]() -> INT_PTR {
-        if (message == WM_INITDIALOG) {
-            executing2.OnInitDialog(form);
-            return FALSE;  // the focus stays where it is
-        }
-        return executing2.window == form ? executing2.OnDialogMessage(message, wParam, lParam) : FALSE;
-    });
-}
-
-INT_PTR Executing2Form::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_MOUSEACTIVATE:
-            SetWindowLongPtrA(window, DWLP_MSGRESULT, MA_NOACTIVATE);
-            return TRUE;
-        case WM_ERASEBKGND:
-            PaintFrame(reinterpret_cast<HDC>(wParam));
-            SetWindowLongPtrA(window, DWLP_MSGRESULT, TRUE);
-            return TRUE;
-        case WM_CTLCOLORSTATIC:
-            return reinterpret_cast<INT_PTR>(BrushOf(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)));
-        default:
-            return FALSE;
-    }
-}
-
-// --- looks ---
-
-void Executing2Form::PaintFrame(HDC paper) const {
-    RECT area{};
-    GetClientRect(window, &area);
-    frame.Paint(paper, area);
-}
-
-HBRUSH Executing2Form::BrushOf(HDC paper, HWND label) const {
-    const int control = GetDlgCtrlID(label);
-    SetBkColor(paper, FormFrame::BodyColour);
-    SetTextColor(paper, control == executing2_Label1   ? HeadingColour
-                        : control == executing2_Label2 ? NameColour
-                                                       : HintColour);
-    return frame.Body();
+bool Executing2Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (message != WM_MOUSEACTIVATE) return FloatingForm::OnMessage(message, wParam, lParam, result);
+    result = MA_NOACTIVATE;
+    return true;
 }
 
 // --- the view ---
@@ -112,11 +51,11 @@ namespace status_view {
 // executing stands below executing2, which is therefore made first, if need be.
 void ShowExecuting() {
     executing2.Load();
-    executing.Show(RectangleOf(executing2.Window()).bottom + GapBelow);
+    executing.ShowAt(RectangleOf(executing2.Window()).bottom + GapBelow);
 }
 
 void ShowExecuting2(const std::string& jobName) {
-    executing2.Show(jobName);
+    executing2.ShowJob(jobName);
 }
 
 void UnloadExecuting2() {

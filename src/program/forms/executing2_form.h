@@ -2,31 +2,19 @@
 // what is below shine through, and never takes the activation. Nothing here pumps.
 #pragma once
 
-#include <windows.h>
-
 #include <string>
 
-#include "toolkit/frame.h"
+#include "toolkit/floating_form.h"
 
-class Executing2Form {
+class Executing2Form : public FloatingForm {
 public:
-    void Load();  // not visible yet; nothing when it is loaded
-    void Show(const std::string& jobName);
-    void Unload();
-    bool Visible() const { return window != nullptr && IsWindowVisible(window); }
-    HWND Window() const { return window; }
+    Executing2Form();
+    void ShowJob(const std::string& jobName);
 
 private:
-    static INT_PTR CALLBACK DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    void OnInitDialog(HWND form);
-    void PodesiRjecnik();
-    void PaintFrame(HDC paper) const;
-    HBRUSH BrushOf(HDC paper, HWND label) const;
-
-    HWND window = nullptr;
-    HFONT nameFont = nullptr;
-    FormFrame frame;
+    std::vector<ControlRow> Rows() override;
+    bool OnLoad() override;
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 };
 
 extern Executing2Form executing2;

@@ -3,20 +3,17 @@
 #include <commctrl.h>
 
 #include "base/product.h"
-#include "dictionary/dictionary.h"
-#include "forms/executing_ids.h"
+#include "dictionary/sentences.h"
 #include "identity/window_identity.h"
 #include "replay/status.h"
 #include "replay/status_view.h"
 #include "toolkit/window_tools.h"
-#include "win32/message_loop.h"
 
 ExecutingForm executing;
 
 namespace {
 
 constexpr const char* WindowClass = "TessarineExecuting";
-constexpr COLORREF StatusColour = RGB(0, 0, 255);
 
 // Fine enough for the share of a single wait to show.
 constexpr int BarRange = 10000;
@@ -54,17 +51,6 @@ int LineCount() {
     return static_cast<int>(SendMessageA(List(), LB_GETCOUNT, 0, 0));
 }
 
-// Whole lines, whatever the font: what the template says is only the place.
-void FitList() {
-    RECT inside{};
-    GetClientRect(List(), &inside);
-    const platform::Rect outside = RectangleOf(List());
-    const int frame = outside.bottom - outside.top - inside.bottom;
-    const int line = static_cast<int>(SendMessageA(List(), LB_GETITEMHEIGHT, 0, 0));
-    SetWindowPos(List(), nullptr, 0, 0, outside.right - outside.left, LinesShown * line + frame,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 void SelectLineAt(int index) {
     SendMessageA(List(), LB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
@@ -75,86 +61,68 @@ int SelectedLineOfList() {
 
 }  // namespace
 
-// --- life ---
+// --- what it is ---
 
-void ExecutingForm::Show(int top) {
-    if (window == nullptr) {
+std::vector<ControlRow> ExecutingForm::Rows() {
+    return {
+        {.id = executing_Label1, .caption = {"Status", Label}},
+        {.id = executing_status, .colour = RGB(0, 0, 255)},
+        {.id = executing_List1, .name = "Executing job", .tip = [] { return LineOf(SelectedLineOfList()); }},
+        {.id = executing_Pbar, .name = "Executing job"},
+        {.id = executing_closebutton, .caption = "Close this window", .clicked = [this] { OnClicked(IDCANCEL); }},
+    };
+}
+
+void ExecutingForm::ShowAt(int top) {
+    if (Window() == nullptr) {
         RegisterDialogClass(WindowClass, GetSysColorBrush(COLOR_WINDOW));
-        CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(executing_dialog), nullptr, DialogThunk, 0);
-        MoveWindowTo(window, 0, top);
+        if (!Create()) return;
+        MoveWindowTo(Window(), 0, top);
     }
     SetDodging(true);
-    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    SetWindowPos(Window(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 
-void ExecutingForm::OnInitDialog(HWND form) {
-    window = form;
-    ownWindows.replayStatus = platform::FromHwnd(form);
-    platform::AddModelessForm(form);
-    SetWindowTextA(form, ProductName);
-    PodesiRjecnik();
-    const platform::Rect picture = RectangleOf(GetDlgItem(form, executing_Picture1));
-    SendDlgItemMessageA(form, executing_Picture1, STM_SETICON,
-                        reinterpret_cast<WPARAM>(ProgramIcon(picture.right - picture.left)), 0);
+void ExecutingForm::OnInit() {
+    ownWindows.replayStatus = platform::FromHwnd(Window());
+    SetWindowTextA(Window(), ProductName);
     SendMessageA(Bar(), PBM_SETRANGE32, 0, BarRange);
-    SendMessageA(Bar(), PBM_SETBKCOLOR, 0, RGB(255, 255, 255));
     ShowWindow(Bar(), SW_SHOWNA);
-    FitList();
     for (const int control : {executing_Picture1, executing_Pbar, executing_List1}) {
-        SetWindowSubclass(GetDlgItem(form, control), ControlThunk, static_cast<UINT_PTR>(control), 0);
+        SetWindowSubclass(Control(control), ControlThunk, static_cast<UINT_PTR>(control), 0);
     }
-    MakeListTip();
 }
 
-void ExecutingForm::Close() {
-    if (window == nullptr) return;
-    platform::RemoveModelessForm(window);
-    DestroyWindow(window);  // the tool tip belongs to it and goes along
-    window = nullptr;
-    listTip = nullptr;
-    listTipText.clear();
+void ExecutingForm::OnUnload() {
     ownWindows.replayStatus = 0;
+}
+
+void ExecutingForm::OnLooks() {
+    SetPicture(Window(), executing_Picture1);
+    SendMessageA(Bar(), PBM_SETBKCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));
+    FitList();
+}
+
+// Whole lines, whatever the font: what the template says is only the place.
+void ExecutingForm::FitList() const {
+    RECT inside{};
+    GetClientRect(List(), &inside);
+    const platform::Rect outside = RectangleOf(List());
+    const int frame = outside.bottom - outside.top - inside.bottom;
+    const int line = static_cast<int>(SendMessageA(List(), LB_GETITEMHEIGHT, 0, 0));
+    SetWindowPos(List(), nullptr, 0, 0, outside.right - outside.left, LinesShown * line + frame,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // A window that no click activates cannot be reached by the keyboard either, so the style goes with the flag.
 void ExecutingForm::SetDodging(bool flag) {
     dodging = flag;
-    if (window == nullptr) return;
-    const LONG_PTR style = GetWindowLongPtrA(window, GWL_EXSTYLE);
-    SetWindowLongPtrA(window, GWL_EXSTYLE, flag ? style | WS_EX_NOACTIVATE : style & ~LONG_PTR{WS_EX_NOACTIVATE});
-}
-
-void ExecutingForm::PodesiRjecnik() {
-    SetText(window, executing_Label1, Translate("Status") + ":");
-    SetText(window, executing_closebutton, Translate("Close this window"));
-}
-
-void ExecutingForm::MakeListTip() {
-    listTip = CreateWindowExA(WS_EX_TOPMOST | WS_EX_NOACTIVATE, TOOLTIPS_CLASSA, nullptr,
-                              WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
-                              CW_USEDEFAULT, window, nullptr, ProgramInstance(), nullptr);
-    char none[] = "";
-    TOOLINFOA tool{};
-    tool.cbSize = sizeof tool;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = window;
-    tool.uId = reinterpret_cast<UINT_PTR>(List());
-    tool.lpszText = none;
-    SendMessageA(listTip, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
-    SendMessageA(listTip, TTM_SETMAXTIPWIDTH, 0, MulDiv(480, DpiOf(window), USER_DEFAULT_SCREEN_DPI));
+    if (Window() == nullptr) return;
+    const LONG_PTR style = GetWindowLongPtrA(Window(), GWL_EXSTYLE);
+    SetWindowLongPtrA(Window(), GWL_EXSTYLE, flag ? style | WS_EX_NOACTIVATE : style & ~LONG_PTR{WS_EX_NOACTIVATE});
 }
 
 // --- messages ---
-
-INT_PTR CALLBACK ExecutingForm::DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    return Guarded<INT_PTR>(FALSE, [&]() -> INT_PTR {
-        if (message == WM_INITDIALOG) {
-            executing.OnInitDialog(form);
-            return FALSE;  // the focus stays where it is
-        }
-        return executing.window == form ? executing.OnDialogMessage(message, wParam, lParam) : FALSE;
-    });
-}
 
 LRESULT CALLBACK ExecutingForm::ControlThunk(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                              DWORD_PTR) noexcept {
@@ -167,36 +135,17 @@ LRESULT CALLBACK ExecutingForm::ControlThunk(HWND control, UINT message, WPARAM 
     return handled ? 0 : DefSubclassProc(control, message, wParam, lParam);
 }
 
-INT_PTR ExecutingForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_MOUSEMOVE:
-        case WM_NCMOUSEMOVE:
-            OnMouseMove();
-            return FALSE;
-        case WM_MOUSEACTIVATE:
-            if (!dodging) return FALSE;
-            SetWindowLongPtrA(window, DWLP_MSGRESULT, MA_NOACTIVATE);
-            return TRUE;
-        case WM_COMMAND:
-            return OnCommand(LOWORD(wParam));
-        case WM_CTLCOLORDLG:
-        case WM_CTLCOLORSTATIC: {
-            const bool isStatus = GetDlgCtrlID(reinterpret_cast<HWND>(lParam)) == executing_status;
-            const auto paper = reinterpret_cast<HDC>(wParam);
-            SetTextColor(paper, isStatus ? StatusColour : GetSysColor(COLOR_WINDOWTEXT));
-            SetBkColor(paper, GetSysColor(COLOR_WINDOW));
-            return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_WINDOW));
-        }
-        default:
-            return FALSE;
-    }
+bool ExecutingForm::OnMessage(UINT message, WPARAM, LPARAM, LRESULT& result) {
+    if (message == WM_MOUSEMOVE || message == WM_NCMOUSEMOVE) OnMouseMove();
+    if (message != WM_MOUSEACTIVATE || !dodging) return false;
+    result = MA_NOACTIVATE;
+    return true;
 }
 
 // The close button, or ESC once the run is over.
-INT_PTR ExecutingForm::OnCommand(int control) {
-    if (control != executing_closebutton && control != IDCANCEL) return FALSE;
-    if (!dodging) Close();
-    return TRUE;
+bool ExecutingForm::OnClicked(int id) {
+    if (id == IDCANCEL && !dodging) Close();
+    return id == IDCANCEL;
 }
 
 void ExecutingForm::OnMouseMove() {
@@ -204,24 +153,12 @@ void ExecutingForm::OnMouseMove() {
 }
 
 // True when the list itself is not to see the message. During a run a click would take the focus away from the target,
-// and the selection away from the row that the run has come to.
+// and the selection away from the row that the run has come to. Lines are longer than the list is wide: the tip shows
+// the selected one whole.
 bool ExecutingForm::OnListMessage(UINT message) {
     const bool click = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
-    if (click || message == WM_MOUSEMOVE) OnListMouse();
+    if (click || message == WM_MOUSEMOVE) tips.Set(executing_List1, LineOf(SelectedLineOfList()));
     return click && dodging;
-}
-
-// Lines are longer than the list is wide: the tip shows the selected one whole.
-void ExecutingForm::OnListMouse() {
-    std::string text = LineOf(SelectedLineOfList());
-    if (text == listTipText) return;
-    listTipText = text;
-    TOOLINFOA tool{};
-    tool.cbSize = sizeof tool;
-    tool.hwnd = window;
-    tool.uId = reinterpret_cast<UINT_PTR>(List());
-    tool.lpszText = text.data();
-    SendMessageA(listTip, TTM_UPDATETIPTEXTA, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 // --- the view ---

@@ -6,35 +6,31 @@
 // window like any other, for the keyboard too. Nothing here pumps.
 #pragma once
 
-#include <windows.h>
+#include "forms/executing_ids.h"
+#include "toolkit/form.h"
 
-#include <string>
-
-class ExecutingForm {
+class ExecutingForm : public Form {
 public:
-    void Show(int top);  // with its upper edge at `top` when it is new
-    void Close();
-    bool Visible() const { return window != nullptr && IsWindowVisible(window); }
-    HWND Window() const { return window; }
+    ExecutingForm() : Form(executing_dialog) {}
+
+    void ShowAt(int top);  // with its upper edge at `top` when it is new
     void SetDodging(bool flag);
-    void PodesiRjecnik();
 
 private:
-    static INT_PTR CALLBACK DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static LRESULT CALLBACK ControlThunk(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                          DWORD_PTR) noexcept;
-    INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR OnCommand(int control);
+    std::vector<ControlRow> Rows() override;
+    void OnInit() override;
+    void OnUnload() override;
+    void OnLooks() override;
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool OnClicked(int id) override;
+    std::optional<COLORREF> BackColour() const override { return GetSysColor(COLOR_WINDOW); }
+
     bool OnListMessage(UINT message);
-
-    void OnInitDialog(HWND form);
     void OnMouseMove();
-    void OnListMouse();
-    void MakeListTip();
+    void FitList() const;
 
-    HWND window = nullptr;
-    HWND listTip = nullptr;
-    std::string listTipText;
     bool dodging = false;
 };
 

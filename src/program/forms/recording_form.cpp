@@ -2,11 +2,10 @@
 
 #include <commctrl.h>
 
-#include <utility>
-
 #include "base/product.h"
 #include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "forms/recording_ids.h"
 #include "identity/window_identity.h"
 #include "platform/input.h"
@@ -14,20 +13,19 @@
 #include "recording/recording_session.h"
 #include "recording/recording_status.h"
 #include "recording/recording_view.h"
+#include "toolkit/system_look.h"
 #include "toolkit/window_tools.h"
 #include "widgets/mnemonics.h"
-#include "win32/message_loop.h"
 
 RecordingForm recording;
 
 namespace {
 
-constexpr const char* WindowClass = "TessarineRecording";
-constexpr BYTE Alpha = 255;
 constexpr int PlaceOnScreen = 10;  // pixels, from the left and the top
 
 constexpr COLORREF HeadingColour = RGB(0x17, 0x33, 0x3d);
 constexpr COLORREF InfoColour = RGB(0x4c, 0x60, 0x68);
+constexpr FontStyle HeadingFont = {108, FW_SEMIBOLD};
 constexpr COLORREF RecordingColour = RGB(0xd6, 0x1f, 0x1f);
 constexpr COLORREF PausedColour = RGB(0x9a, 0xa8, 0xad);
 
@@ -38,13 +36,20 @@ struct ButtonColours {
     COLORREF edge;
     COLORREF text;
 };
-constexpr ButtonColours StopColours = {RGB(0xc2, 0x45, 0x10), RGB(0x99, 0x34, 0x0a), RGB(0x99, 0x34, 0x0a),
+const ButtonColours StopColours = {RGB(0xc2, 0x45, 0x10), RGB(0x99, 0x34, 0x0a), RGB(0x99, 0x34, 0x0a),
                                        RGB(0xff, 0xff, 0xff)};
-constexpr ButtonColours PauseColours = {RGB(0xe6, 0xed, 0xef), RGB(0xc4, 0xd2, 0xd6), RGB(0x8a, 0xa4, 0xad),
+const ButtonColours PauseColours = {RGB(0xe6, 0xed, 0xef), RGB(0xc4, 0xd2, 0xd6), RGB(0x8a, 0xa4, 0xad),
                                         RGB(0x17, 0x33, 0x3d)};
 
-int Scaled(HWND window, int pixelsAt100) {
-    return MulDiv(pixelsAt100, DpiOf(window), USER_DEFAULT_SCREEN_DPI);
+// In high contrast the system's.
+ButtonColours ColoursOf(UINT button) {
+    if (!HighContrast()) return button == recording_Command1 ? StopColours : PauseColours;
+    const COLORREF text = GetSysColor(COLOR_BTNTEXT);
+    return {GetSysColor(COLOR_BTNFACE), GetSysColor(COLOR_BTNFACE), text, text};
+}
+
+int Scaled(HWND form, int pixelsAt100) {
+    return MulDiv(pixelsAt100, DpiOf(form), USER_DEFAULT_SCREEN_DPI);
 }
 
 // A paper with a pen and a brush of these colours, until it goes.
@@ -82,50 +87,50 @@ void DrawCaption(const DRAWITEMSTRUCT& item, const std::string& caption, COLORRE
 
 }  // namespace
 
-// --- life ---
+// --- what it is ---
 
-void RecordingForm::Load() {
-    if (window != nullptr) return;
-    RegisterDialogClass(WindowClass, nullptr);
-    CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(recording_dialog), nullptr, DialogThunk, 0);
-    if (window == nullptr) throw RuntimeFailure(FailureKind::Memory, "The status form of a recording cannot be shown.");
+RecordingForm::RecordingForm() : FloatingForm(recording_dialog, "TessarineRecording", 255) {}
+
+std::vector<ControlRow> RecordingForm::Rows() {
+    return {
+        {.id = recording_Picture1, .name = "Recording"},
+        {.id = recording_Label1, .caption = "Recording", .font = HeadingFont, .colour = HeadingColour},
+        {.id = recording_label_vrijeme, .font = HeadingFont, .colour = HeadingColour},
+        {.id = recording_label_info, .colour = InfoColour},
+    };
 }
 
-void RecordingForm::OnInitDialog(HWND form) {
-    window = form;
-    foregroundBefore = nullptr;
-    ownWindows.recordingStatus = platform::FromHwnd(form);
-    platform::AddModelessForm(form);
-    SetWindowTextA(form, ProductName);
-    SetLooks();
-    PodesiRjecnik();
-    for (const int id : {recording_Command1, recording_Command2}) {
-        SetWindowSubclass(GetDlgItem(form, id), ButtonThunk, static_cast<UINT_PTR>(id), 0);
+void RecordingForm::LoadOrFail() {
+    Load();
+    if (Window() == nullptr) {
+        throw RuntimeFailure(FailureKind::Memory, "The status form of a recording cannot be shown.");
     }
-    SetLayeredWindowAttributes(form, FormFrame::LeftOut, Alpha, LWA_COLORKEY | LWA_ALPHA);
-    SetWindowPos(form, HWND_TOPMOST, PlaceOnScreen, PlaceOnScreen, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void RecordingForm::OnInit() {
+    FloatingForm::OnInit();
+    foregroundBefore = nullptr;
+    ownWindows.recordingStatus = platform::FromHwnd(Window());
+    SetLabel(recording_label_vrijeme, "00:00:00");
+    for (const int id : {recording_Command1, recording_Command2}) {
+        SetWindowSubclass(Control(id), ButtonThunk, static_cast<UINT_PTR>(id), 0);
+    }
+}
+
+bool RecordingForm::OnLoad() {
+    MoveWindowTo(Window(), PlaceOnScreen, PlaceOnScreen);
+    return false;
+}
+
+void RecordingForm::OnUnload() {
+    ownWindows.recordingStatus = 0;
+    FloatingForm::OnUnload();
 }
 
 void RecordingForm::PodesiRjecnik() {
-    SetLabel(recording_Label1, Translate("Recording"));
-    SetLabel(recording_label_info, Translate("Pause") + "/" + Translate("Break") + " " + Translate("to stop"));
-    SetLabel(recording_label_vrijeme, "00:00:00");
+    FloatingForm::PodesiRjecnik();
+    SetLabel(recording_label_info, Translate1("%1 to stop", PauseBreakKey()));
     SetCaptions(Translate("Stop"), Translate("Pause"));
-}
-
-void RecordingForm::Show() {
-    Load();
-    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-}
-
-// Also called from within a message of one of the form's own buttons.
-void RecordingForm::Unload() {
-    if (window == nullptr) return;
-    const HWND form = std::exchange(window, nullptr);
-    ownWindows.recordingStatus = 0;
-    platform::RemoveModelessForm(form);
-    DestroyWindow(form);
-    FreeLooks();
 }
 
 // --- what it shows ---
@@ -134,29 +139,19 @@ void RecordingForm::SetCaptions(const std::string& stop, const std::string& paus
     command1Caption = stop;
     command2Caption = pause;
     Mnemonics letters;
-    SetText(window, recording_Command1, letters.Mark(stop));
-    SetText(window, recording_Command2, letters.Mark(pause));
+    SetText(Window(), recording_Command1, letters.Mark(stop));
+    SetText(Window(), recording_Command2, letters.Mark(pause));
 }
 
 void RecordingForm::SetLabel(int control, const std::string& text) const {
-    SetText(window, control, text);
+    SetText(Window(), control, text);
 }
 
 void RecordingForm::ShowIndicator(bool visible) const {
-    ShowWindow(GetDlgItem(window, recording_Picture1), visible ? SW_SHOWNA : SW_HIDE);
+    ShowWindow(Control(recording_Picture1), visible ? SW_SHOWNA : SW_HIDE);
 }
 
 // --- messages ---
-
-INT_PTR CALLBACK RecordingForm::DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    return Guarded<INT_PTR>(FALSE, [&]() -> INT_PTR {
-        if (message == WM_INITDIALOG) {
-            recording.OnInitDialog(form);
-            return FALSE;  // the focus stays where it is
-        }
-        return recording.window == form ? recording.OnDialogMessage(message, wParam, lParam) : FALSE;
-    });
-}
 
 // A press on the Stop button returns when the window is long gone, and so does one that failed: the button's own
 // procedure must not see it.
@@ -168,37 +163,25 @@ LRESULT CALLBACK RecordingForm::ButtonThunk(HWND button, UINT message, WPARAM wP
     return handled ? 0 : DefSubclassProc(button, message, wParam, lParam);
 }
 
-INT_PTR RecordingForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+bool RecordingForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     switch (message) {
         case WM_MOUSEMOVE:  // over the labels too, which let it through
             OnMouseMove();
-            return TRUE;
+            return true;
         case WM_MOUSEACTIVATE:
             OnMouseActivate();
-            return FALSE;
-        case WM_COMMAND:
-            if (HIWORD(wParam) == BN_CLICKED) OnKeyPress(LOWORD(wParam));
-            return TRUE;
-        case WM_ERASEBKGND:
-            PaintBackground(reinterpret_cast<HDC>(wParam));
-            SetWindowLongPtrA(window, DWLP_MSGRESULT, TRUE);
-            return TRUE;
-        case WM_CTLCOLORSTATIC:
-            return reinterpret_cast<INT_PTR>(BrushOf(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)));
-        case WM_DRAWITEM: {
-            const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-            item.CtlID == recording_Picture1 ? DrawIndicator(item) : DrawButton(item);
-            return TRUE;
-        }
-        case WM_DPICHANGED:
-            PostMessageA(window, WM_APP, 0, 0);  // the dialog gives its controls new fonts behind this message
-            return FALSE;
-        case WM_APP:
-            OnDpiChanged();
-            return TRUE;
+            return false;
+        case WM_DRAWITEM:
+            Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+            return true;
         default:
-            return FALSE;
+            return FloatingForm::OnMessage(message, wParam, lParam, result);
     }
+}
+
+bool RecordingForm::OnClicked(int id) {
+    OnKeyPress(id);
+    return true;
 }
 
 // The mouse never reaches the buttons' own procedure, so what that reports as a click came from the keyboard.
@@ -227,13 +210,13 @@ bool RecordingForm::OnButtonMessage(HWND button, int id, UINT message) {
 }
 
 void RecordingForm::OnMouseMove() const {
-    const platform::Rect place = RectangleOf(window);
-    MoveWindowTo(window, DodgeTo(place, platform::ScreenSize(), DpiOf(window)), place.top);
+    const platform::Rect place = RectangleOf(Window());
+    MoveWindowTo(Window(), DodgeTo(place, platform::ScreenSize(), DpiOf(Window())), place.top);
 }
 
 void RecordingForm::OnMouseActivate() {
     const HWND foreground = GetForegroundWindow();
-    if (foreground != window) foregroundBefore = foreground;
+    if (foreground != Window()) foregroundBefore = foreground;
 }
 
 void RecordingForm::OnMouseDown(HWND button, int id) {
@@ -266,88 +249,57 @@ void RecordingForm::OnRelease() const {
     const bool wasPaused = recordingSession.paused;
     Command2_MouseUp();
     const bool givenBack = wasPaused && recordingStatus.returnTo > 0;
-    if (recordingSession.paused || givenBack || GetForegroundWindow() != window) return;
+    if (recordingSession.paused || givenBack || GetForegroundWindow() != Window()) return;
     if (foregroundBefore != nullptr) platform::BringToForeground(platform::FromHwnd(foregroundBefore));
 }
 
 // --- looks ---
 
-void RecordingForm::OnDpiChanged() {
-    SetLooks();
-    InvalidateRect(window, nullptr, TRUE);
-}
-
-void RecordingForm::SetLooks() {
-    const HFONT old = labelFont;
-    frame.Load(window);
-    labelFont = FontLike(window, 108, FW_SEMIBOLD);
-    for (const int label : {recording_Label1, recording_label_vrijeme}) {
-        SendDlgItemMessageA(window, label, WM_SETFONT, reinterpret_cast<WPARAM>(labelFont), TRUE);
-    }
-    if (old != nullptr) DeleteObject(old);
-}
-
-void RecordingForm::FreeLooks() {
-    frame.Free();
-    DeleteObject(labelFont);
-    labelFont = nullptr;
-}
-
 // All but the lower half of the buttons.
 RECT RecordingForm::FrameArea() const {
-    RECT area{};
-    GetClientRect(window, &area);
+    RECT area = FloatingForm::FrameArea();
     RECT button{};
-    GetClientRect(GetDlgItem(window, recording_Command1), &button);
+    GetClientRect(Control(recording_Command1), &button);
     area.bottom -= button.bottom / 2;
     return area;
 }
 
-void RecordingForm::PaintBackground(HDC paper) const {
-    RECT area{};
-    GetClientRect(window, &area);
-    const HBRUSH nothing = CreateSolidBrush(FormFrame::LeftOut);
-    FillRect(paper, &area, nothing);
-    DeleteObject(nothing);
-    frame.Paint(paper, FrameArea());
+void RecordingForm::Draw(const DRAWITEMSTRUCT& item) const {
+    item.CtlID == recording_Picture1 ? DrawIndicator(item) : DrawPushButton(item);
 }
 
 void RecordingForm::DrawIndicator(const DRAWITEMSTRUCT& item) const {
-    FillRect(item.hDC, &item.rcItem, frame.Body());
+    const HBRUSH body = CreateSolidBrush(FormFrame::BodyColour());
+    FillRect(item.hDC, &item.rcItem, body);
+    DeleteObject(body);
     const COLORREF colour = recordingSession.paused ? PausedColour : RecordingColour;
     const PenAndBrush tools(item.hDC, colour, colour);
     Ellipse(item.hDC, item.rcItem.left, item.rcItem.top, item.rcItem.right, item.rcItem.bottom);
 }
 
-void RecordingForm::DrawButton(const DRAWITEMSTRUCT& item) const {
+void RecordingForm::DrawPushButton(const DRAWITEMSTRUCT& item) const {
     PaintBehind(item);
-    const ButtonColours& colours = item.CtlID == recording_Command1 ? StopColours : PauseColours;
+    const ButtonColours colours = ColoursOf(item.CtlID);
     const bool pressed = (item.itemState & ODS_SELECTED) != 0;
     RECT face = item.rcItem;
     {
-        const int round = Scaled(window, 8);
+        const int round = Scaled(Window(), 8);
         const PenAndBrush tools(item.hDC, colours.edge, pressed ? colours.pressed : colours.face);
         RoundRect(item.hDC, face.left, face.top, face.right, face.bottom, round, round);
     }
-    DrawCaption(item, TextOf(window, static_cast<int>(item.CtlID)), colours.text);
+    DrawCaption(item, TextOf(Window(), static_cast<int>(item.CtlID)), colours.text);
     if ((item.itemState & ODS_FOCUS) == 0 || (item.itemState & ODS_NOFOCUSRECT) != 0) return;
-    InflateRect(&face, -Scaled(window, 3), -Scaled(window, 3));
+    InflateRect(&face, -Scaled(Window(), 3), -Scaled(Window(), 3));
     DrawFocusRect(item.hDC, &face);
 }
 
 // A button stands on the edge of the frame: what is left free by its round corners is partly frame, partly nothing.
 void RecordingForm::PaintBehind(const DRAWITEMSTRUCT& item) const {
     POINT corner{};
-    MapWindowPoints(item.hwndItem, window, &corner, 1);
+    MapWindowPoints(item.hwndItem, Window(), &corner, 1);
     SetViewportOrgEx(item.hDC, -corner.x, -corner.y, nullptr);
     PaintBackground(item.hDC);
     SetViewportOrgEx(item.hDC, 0, 0, nullptr);
-}
-
-HBRUSH RecordingForm::BrushOf(HDC paper, HWND label) const {
-    SetBkColor(paper, FormFrame::BodyColour);
-    SetTextColor(paper, GetDlgCtrlID(label) == recording_label_info ? InfoColour : HeadingColour);
-    return frame.Body();
 }
 
 // --- the view ---
@@ -355,7 +307,7 @@ HBRUSH RecordingForm::BrushOf(HDC paper, HWND label) const {
 namespace recording_view {
 
 void Load() {
-    recording.Load();
+    recording.LoadOrFail();
 }
 
 void Show() {

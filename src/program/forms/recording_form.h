@@ -7,35 +7,36 @@
 // is closed; nothing else pumps.
 #pragma once
 
-#include <windows.h>
-
 #include <string>
 
-#include "toolkit/frame.h"
+#include "toolkit/floating_form.h"
 
-class RecordingForm {
+class RecordingForm : public FloatingForm {
 public:
-    void Load();  // not visible yet; nothing when it is loaded
-    void Show();
-    void Unload();
+    RecordingForm();
+    void LoadOrFail();  // a memory failure when the form cannot be shown
 
     // For a form that is not loaded these do nothing.
-    void SetCaptions(const std::string& stop, const std::string& pause);
+    void SetCommand1(const std::string& caption) { SetCaptions(caption, command2Caption); }
+    void SetCommand2(const std::string& caption) { SetCaptions(command1Caption, caption); }
     void SetLabel(int control, const std::string& text) const;
     void ShowIndicator(bool visible) const;
 
-    void SetCommand1(const std::string& caption) { SetCaptions(caption, command2Caption); }
-    void SetCommand2(const std::string& caption) { SetCaptions(command1Caption, caption); }
+    void PodesiRjecnik() override;
 
 private:
-    static INT_PTR CALLBACK DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static LRESULT CALLBACK ButtonThunk(HWND button, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                         DWORD_PTR) noexcept;
-    INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    bool OnButtonMessage(HWND button, int id, UINT message);
+    std::vector<ControlRow> Rows() override;
+    void OnInit() override;
+    bool OnLoad() override;
+    void OnUnload() override;
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool OnClicked(int id) override;
+    RECT FrameArea() const override;
 
-    void OnInitDialog(HWND form);
-    void PodesiRjecnik();
+    void SetCaptions(const std::string& stop, const std::string& pause);
+    bool OnButtonMessage(HWND button, int id, UINT message);
     void OnMouseMove() const;
     void OnMouseActivate();
     void OnMouseDown(HWND button, int id);
@@ -43,20 +44,12 @@ private:
     void OnKeyPress(int id);
     void OnRelease() const;
 
-    void OnDpiChanged();
-    void SetLooks();
-    void FreeLooks();
-    RECT FrameArea() const;
-    void PaintBackground(HDC paper) const;
+    void Draw(const DRAWITEMSTRUCT& item) const;
     void DrawIndicator(const DRAWITEMSTRUCT& item) const;
-    void DrawButton(const DRAWITEMSTRUCT& item) const;
+    void DrawPushButton(const DRAWITEMSTRUCT& item) const;
     void PaintBehind(const DRAWITEMSTRUCT& item) const;
-    HBRUSH BrushOf(HDC paper, HWND label) const;
 
-    HWND window = nullptr;
     HWND foregroundBefore = nullptr;  // from which a click took the foreground
-    FormFrame frame;
-    HFONT labelFont = nullptr;
     std::string command1Caption;
     std::string command2Caption;
 };

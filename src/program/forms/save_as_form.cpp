@@ -3,17 +3,13 @@
 #include <algorithm>
 
 #include "base/runtime_failure.h"
-#include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "forms/form_place.h"
-#include "forms/save_as_ids.h"
 #include "identity/window_identity.h"
 #include "jobs/job_fields.h"
 #include "library/save_as.h"
-#include "platform/boxes.h"
 #include "recording/recording_session.h"
-#include "toolkit/form_thunk.h"
 #include "toolkit/window_tools.h"
-#include "widgets/mnemonics.h"
 
 namespace {
 
@@ -29,89 +25,73 @@ std::string InOneLine(std::string text) {
 
 }  // namespace
 
-// --- life ---
+// --- what it is ---
 
 bool SaveAsForm::ShowModal() {
-    const INT_PTR result = DialogBoxParamA(ProgramInstance(), MAKEINTRESOURCEA(Save_As_Form_dialog), OwnerOfDialog(),
-                                           FormThunk<SaveAsForm>, reinterpret_cast<LPARAM>(this));
-    if (result <= 0) throw RuntimeFailure(FailureKind::Memory, "The Save As form cannot be shown.");
+    const INT_PTR result = RunModal(OwnerOfDialog());
+    if (result == NotShown) throw RuntimeFailure(FailureKind::Memory, "The Save As form cannot be shown.");
     return result == IDOK;
 }
 
-bool SaveAsForm::OnInitDialog(HWND form) {
-    window = form;
+std::string SaveAsForm::Caption() const {
+    return Translate("Save Job As");
+}
+
+std::vector<ControlRow> SaveAsForm::Rows() {
+    return {
+        {.id = Save_As_Form_create_shortcut_on_desktop,
+         .caption = "&Create shortcut on Desktop for this job",
+         .member = Tick(shortcut),
+         .clicked = [this] { ChooseShortcutOnDesktop(shortcut); }},
+        {.id = Save_As_Form_Command1, .caption = "Save", .clicked = [this] { OnCommand1(); }},
+        {.id = Save_As_Form_name_label, .caption = {"Enter file name for this job", Label}},
+        {.id = Save_As_Form_name, .name = "Job name", .member = Typed(name)},
+        {.id = Save_As_Form_description_label, .caption = "Job Description: (Optional)"},
+        {.id = Save_As_Form_description, .member = Typed(description)},
+        {.id = Save_As_Form_Command2, .caption = "Cancel", .clicked = [this] { End(IDCANCEL); }},
+        {.id = Save_As_Form_please_wait, .caption = {"Please wait a few seconds", Ellipsis}},
+    };
+}
+
+void SaveAsForm::OnInit() {
     mainWindowWasDisabled = EnableWindow(platform::ToHwnd(ownWindows.main), FALSE);
-    PodesiRjecnik();
-    SendDlgItemMessageA(form, Save_As_Form_name, EM_SETLIMITTEXT, LongestName, 0);
-    SendDlgItemMessageA(form, Save_As_Form_description, EM_SETLIMITTEXT, DescriptionWidth, 0);
-    ShowStart();
-    PutInMiddle(form);
-    SetForegroundWindow(form);
+    SendMessageA(Control(Save_As_Form_name), EM_SETLIMITTEXT, LongestName, 0);
+    SendMessageA(Control(Save_As_Form_description), EM_SETLIMITTEXT, DescriptionWidth, 0);
+    const SaveAsStart start = OpenSaveAs(recordingSession.stoppedByPauseKey);
+    shortcut = start.create_shortcut_on_desktop;
+    ShowWindow(Control(Save_As_Form_please_wait), start.please_wait ? SW_SHOWNA : SW_HIDE);
+    if (start.please_wait) SetTimer(Window(), Save_As_Form_Timer1, PleaseWaitMs, nullptr);
+}
+
+bool SaveAsForm::OnLoad() {
+    PutInMiddle(Window());
+    SetForegroundWindow(Window());
     return true;
 }
 
-void SaveAsForm::PodesiRjecnik() {
-    Mnemonics letters;
-    const auto caption = [&](int control, const std::string& text) { SetText(window, control, letters.Mark(text)); };
-    SetWindowTextA(window, Translate("Save Job As").c_str());
-    caption(Save_As_Form_create_shortcut_on_desktop, Translate("&Create shortcut on Desktop for this job"));
-    caption(Save_As_Form_Command1, Translate("Save"));
-    caption(Save_As_Form_name_label, Translate("Enter file name for this job") + ":");
-    caption(Save_As_Form_description_label, Translate("Job Description: (Optional)"));
-    caption(Save_As_Form_Command2, Translate("Cancel"));
-    SetText(window, Save_As_Form_please_wait, Translate("Please wait a few seconds") + "...");
-}
-
-void SaveAsForm::ShowStart() {
-    const SaveAsStart start = OpenSaveAs(recordingSession.stoppedByPauseKey);
-    SetTick(window, Save_As_Form_create_shortcut_on_desktop, start.create_shortcut_on_desktop);
-    ShowWindow(GetDlgItem(window, Save_As_Form_please_wait), start.please_wait ? SW_SHOWNA : SW_HIDE);
-    if (start.please_wait) SetTimer(window, Save_As_Form_Timer1, PleaseWaitMs, nullptr);
-}
-
 // The main window first: as long as it is disabled, the foreground would go to another program.
-void SaveAsForm::Close(INT_PTR result) {
+void SaveAsForm::End(INT_PTR result) {
     EnableWindow(platform::ToHwnd(ownWindows.main), !mainWindowWasDisabled);  // a box that is open holds it
-    EndDialog(window, result);
+    Close(result);
 }
 
-// --- messages ---
+// --- what the user does ---
 
-INT_PTR SaveAsForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-        case WM_COMMAND:
-            return HIWORD(wParam) == BN_CLICKED ? OnCommand(LOWORD(wParam)) : FALSE;
-        case WM_TIMER:
-            OnTimer1();
-            return TRUE;
-        default:
-            return FALSE;
-    }
+bool SaveAsForm::OnMessage(UINT message, WPARAM, LPARAM, LRESULT&) {
+    if (message != WM_TIMER) return false;
+    OnTimer1();
+    return true;
 }
 
-INT_PTR SaveAsForm::OnCommand(int control) {
-    switch (control) {
-        case Save_As_Form_create_shortcut_on_desktop:
-            ChooseShortcutOnDesktop(IsTicked(window, control));
-            return TRUE;
-        case Save_As_Form_Command1:
-            OnCommand1();
-            return TRUE;
-        case Save_As_Form_Command2:
-            Close(IDCANCEL);
-            return TRUE;
-        case IDCANCEL:
-            OnLeave();
-            return TRUE;
-        default:
-            return FALSE;
-    }
+bool SaveAsForm::OnClicked(int id) {
+    if (id == IDCANCEL) Leave();
+    return id == IDCANCEL;
 }
 
 void SaveAsForm::OnCommand1() {
-    switch (SaveJobAs(TextOf(window, Save_As_Form_name), Description(), RecordedJob())) {
+    switch (SaveJobAs(name, InOneLine(description), RecordedJob())) {
         case SaveAsOutcome::Saved:
-            return Close(IDOK);
+            return End(IDOK);
         case SaveAsOutcome::NameWrong:
             return SelectName();
         case SaveAsOutcome::KeptOpen:
@@ -119,26 +99,24 @@ void SaveAsForm::OnCommand1() {
     }
 }
 
-// Esc, or the corner of the window: the form may have come up while the user was still typing. The Cancel button says
-// what it does, and does it at once.
-void SaveAsForm::OnLeave() {
-    if (recordingSession.eventCount == 0) return Close(IDCANCEL);
-    if (!platform::AskYesNo(Translate("Save") + "?", Translate("Save Job As"))) return Close(IDCANCEL);
-    OnCommand1();
+// Esc, or the corner of the window. The Cancel button says what it does, and does it at once.
+void SaveAsForm::Leave() {
+    switch (LeaveSaveAs(recordingSession.eventCount > 0)) {
+        case SaveAsLeave::Save:
+            return OnCommand1();
+        case SaveAsLeave::Close:
+            return End(IDCANCEL);
+        case SaveAsLeave::Stay:
+            return;
+    }
 }
 
 void SaveAsForm::OnTimer1() {
-    KillTimer(window, Save_As_Form_Timer1);
-    ShowWindow(GetDlgItem(window, Save_As_Form_please_wait), SW_HIDE);
-}
-
-// --- values ---
-
-std::string SaveAsForm::Description() const {
-    return InOneLine(TextOf(window, Save_As_Form_description));
+    KillTimer(Window(), Save_As_Form_Timer1);
+    ShowWindow(Control(Save_As_Form_please_wait), SW_HIDE);
 }
 
 void SaveAsForm::SelectName() {
-    SetFocus(GetDlgItem(window, Save_As_Form_name));
-    SendDlgItemMessageA(window, Save_As_Form_name, EM_SETSEL, 0, -1);
+    SetFocus(Control(Save_As_Form_name));
+    SendMessageA(Control(Save_As_Form_name), EM_SETSEL, 0, -1);
 }

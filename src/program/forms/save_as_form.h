@@ -5,31 +5,32 @@
 // disabled.
 #pragma once
 
-#include <windows.h>
-
 #include <string>
 
-class SaveAsForm {
+#include "forms/save_as_ids.h"
+#include "toolkit/form.h"
+
+class SaveAsForm : public Form {
 public:
+    SaveAsForm() : Form(Save_As_Form_dialog) {}
     bool ShowModal();  // pumps; true when the recording was saved
 
 private:
-    template <class Form>
-    friend INT_PTR CALLBACK FormThunk(HWND, UINT, WPARAM, LPARAM) noexcept;
-    INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR OnCommand(int control);
+    std::vector<ControlRow> Rows() override;
+    std::string Caption() const override;
+    void OnInit() override;
+    bool OnLoad() override;
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool OnClicked(int id) override;
 
-    bool OnInitDialog(HWND form);
-    void PodesiRjecnik();
-    void ShowStart();
     void OnCommand1();
-    void OnLeave();
     void OnTimer1();
-    void Close(INT_PTR result);
-
-    std::string Description() const;
+    void Leave();
+    void End(INT_PTR result);
     void SelectName();
 
-    HWND window = nullptr;
+    bool shortcut = false;
+    std::string name;
+    std::string description;
     bool mainWindowWasDisabled = false;
 };

@@ -5,13 +5,10 @@
 #include <algorithm>
 #include <array>
 
-#include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "forms/form_place.h"
-#include "forms/start_app_ids.h"
 #include "recording/start_app_view.h"
-#include "toolkit/form_thunk.h"
 #include "toolkit/window_tools.h"
-#include "widgets/mnemonics.h"
 
 namespace {
 
@@ -43,116 +40,86 @@ std::string ChooseProgram(HWND owner) {
 
 }  // namespace
 
-// --- life ---
+// --- what it is ---
 
 // A dialog that cannot be made is one that was canceled: the program of an earlier recording must not start.
 void StartAppForm::ShowModal() {
-    const INT_PTR result = DialogBoxParamA(ProgramInstance(), MAKEINTRESOURCEA(start_app_dialog), OwnerOfDialog(),
-                                           FormThunk<StartAppForm>, reinterpret_cast<LPARAM>(this));
-    if (result != IDOK) CancelStartApp();
+    if (RunModal(OwnerOfDialog()) != IDOK) CancelStartApp();
 }
 
-bool StartAppForm::OnInitDialog(HWND form) {
-    window = form;
-    tips.Create(form);
-    PodesiRjecnik();
-    FillCombo1();
-    SendDlgItemMessageA(form, start_app_text_program_path, EM_SETLIMITTEXT, LongestPath, 0);
-    SendDlgItemMessageA(form, start_app_text_command_line, EM_SETLIMITTEXT, LongestCommandLine, 0);
-    Enable();
-    PutInMiddle(form);
-    SetForegroundWindow(form);  // the main window may be hidden, and the way here a hotkey
-    return true;
+std::string StartAppForm::Caption() const {
+    return Translate("Start recording");
 }
 
-void StartAppForm::PodesiRjecnik() {
-    Mnemonics letters;
-    const auto caption = [&](int control, const std::string& text) { SetText(window, control, letters.Mark(text)); };
-    SetWindowTextA(window, Translate("Start recording").c_str());
-    caption(start_app_Command2, Translate("Start recording"));
-    caption(start_app_command3, Translate("Cancel"));
-    caption(start_app_Check1, Translate("Run the following program when recording starts"));
-    caption(start_app_path_label, Translate("Program path") + ":");
-    caption(start_app_Check2, Translate("Command line parameters"));
-    caption(start_app_style_label, Translate("Window style") + ":");
-    tips.Set(start_app_Command1, Translate("Select application to run"));
+std::vector<ControlRow> StartAppForm::Rows() {
+    return {
+        {.id = start_app_Command2, .caption = "Start recording", .clicked = [this] { OnCommand2(); }},
+        {.id = start_app_command3, .caption = "Cancel", .clicked = [this] { Close(); }},
+        {.id = start_app_Check1,
+         .caption = "Run the following program when recording starts",
+         .member = Tick(controls.Check1),
+         .clicked = [this] { OnCheck(start_app_text_program_path, controls.Check1); }},
+        {.id = start_app_path_label, .caption = {"Program path", Label}},
+        {.id = start_app_text_program_path,
+         .name = "Program path",
+         .member = Typed(controls.text_program_path),
+         .enabled = [this] { return controls.ProgramPathEnabled(); }},
+        {.id = start_app_Command1,
+         .name = "Select application to run",
+         .tip = "Select application to run",
+         .clicked = [this] { OnCommand1(); }},
+        {.id = start_app_Check2,
+         .caption = "Command line parameters",
+         .member = Tick(controls.Check2),
+         .clicked = [this] { OnCheck(start_app_text_command_line, controls.Check2); }},
+        {.id = start_app_text_command_line,
+         .name = "Command line parameters",
+         .member = Typed(controls.text_command_line),
+         .enabled = [this] { return controls.CommandLineEnabled(); }},
+        {.id = start_app_style_label, .caption = {"Window style", Label}},
+        {.id = start_app_Combo1, .name = "Window style", .member = Choice(controls.Combo1)},
+    };
 }
 
 // StartAppControls::Combo1 is the place in this list.
-void StartAppForm::FillCombo1() {
+void StartAppForm::OnInit() {
     for (const std::string& style : {Translate("Normal"), Translate("Maximized"), Translate("Minimized")}) {
-        SendDlgItemMessageA(window, start_app_Combo1, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(style.c_str()));
+        SendMessageA(Control(start_app_Combo1), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(style.c_str()));
     }
-    SendDlgItemMessageA(window, start_app_Combo1, CB_SETCURSEL, 0, 0);
+    SendMessageA(Control(start_app_text_program_path), EM_SETLIMITTEXT, LongestPath, 0);
+    SendMessageA(Control(start_app_text_command_line), EM_SETLIMITTEXT, LongestCommandLine, 0);
 }
 
-// --- messages ---
-
-INT_PTR StartAppForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM) {
-    return message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED ? OnCommand(LOWORD(wParam)) : FALSE;
+bool StartAppForm::OnLoad() {
+    PutInMiddle(Window());
+    SetForegroundWindow(Window());  // the main window may be hidden, and the way here a hotkey
+    return true;
 }
 
-INT_PTR StartAppForm::OnCommand(int control) {
-    switch (control) {
-        case start_app_Check1:
-            OnCheck(start_app_Check1, start_app_text_program_path);
-            return TRUE;
-        case start_app_Check2:
-            OnCheck(start_app_Check2, start_app_text_command_line);
-            return TRUE;
-        case start_app_Command1:
-            OnCommand1();
-            return TRUE;
-        case start_app_Command2:
-            OnCommand2();
-            return TRUE;
-        case start_app_command3:
-        case IDCANCEL:
-            EndDialog(window, IDCANCEL);
-            return TRUE;
-        default:
-            return FALSE;
-    }
+// --- what the user does ---
+
+bool StartAppForm::OnClicked(int id) {
+    if (id == IDCANCEL) Close();
+    return id == IDCANCEL;
 }
 
-void StartAppForm::OnCheck(int check, int text) {
-    Enable();
-    if (IsTicked(window, check)) SetFocus(GetDlgItem(window, text));
+void StartAppForm::OnCheck(int text, bool ticked) {
+    Refresh();
+    if (ticked) SetFocus(Control(text));
 }
 
+// A click on the button ticks the box, whatever comes of the dialog.
 void StartAppForm::OnCommand1() {
-    StartAppControls controls = Controls();
     TakeChosenProgram(controls, controls.text_program_path);
-    SetTick(window, start_app_Check1, controls.Check1);
-    Enable();
-    const std::string path = ChooseProgram(window);
-    if (!path.empty()) {
-        TakeChosenProgram(controls, path);
-        SetText(window, start_app_text_program_path, controls.text_program_path);
-    }
-    SetForegroundWindow(window);
+    Refresh();
+    const std::string path = ChooseProgram(Window());
+    if (!path.empty()) TakeChosenProgram(controls, path);
+    Refresh();
+    SetForegroundWindow(Window());
 }
 
 void StartAppForm::OnCommand2() {
-    if (AcceptStartApp(Controls())) EndDialog(window, IDOK);
-}
-
-// --- values ---
-
-StartAppControls StartAppForm::Controls() const {
-    StartAppControls controls;
-    controls.Check1 = IsTicked(window, start_app_Check1);
-    controls.text_program_path = TextOf(window, start_app_text_program_path);
-    controls.Check2 = IsTicked(window, start_app_Check2);
-    controls.text_command_line = TextOf(window, start_app_text_command_line);
-    controls.Combo1 = static_cast<int>(SendDlgItemMessageA(window, start_app_Combo1, CB_GETCURSEL, 0, 0));
-    return controls;
-}
-
-void StartAppForm::Enable() {
-    const StartAppControls controls = Controls();
-    EnableWindow(GetDlgItem(window, start_app_text_program_path), controls.ProgramPathEnabled());
-    EnableWindow(GetDlgItem(window, start_app_text_command_line), controls.CommandLineEnabled());
+    if (AcceptStartApp(controls)) Close(IDOK);
 }
 
 // --- the view ---

@@ -2,31 +2,25 @@
 // its closing; what it takes and refuses is in recording/start_app.h. It implements start_app_view.
 #pragma once
 
-#include <windows.h>
-
+#include "forms/start_app_ids.h"
 #include "recording/start_app.h"
-#include "toolkit/tool_tips.h"
+#include "toolkit/form.h"
 
-class StartAppForm {
+class StartAppForm : public Form {
 public:
+    StartAppForm() : Form(start_app_dialog) {}
     void ShowModal();  // pumps
 
 private:
-    template <class Form>
-    friend INT_PTR CALLBACK FormThunk(HWND, UINT, WPARAM, LPARAM) noexcept;
-    INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR OnCommand(int control);
+    std::vector<ControlRow> Rows() override;
+    std::string Caption() const override;
+    void OnInit() override;
+    bool OnLoad() override;
+    bool OnClicked(int id) override;
 
-    bool OnInitDialog(HWND form);
-    void PodesiRjecnik();
-    void FillCombo1();
-    void OnCheck(int check, int text);
+    void OnCheck(int text, bool ticked);
     void OnCommand1();
     void OnCommand2();
 
-    StartAppControls Controls() const;
-    void Enable();
-
-    HWND window = nullptr;
-    ToolTips tips;
+    StartAppControls controls;
 };

@@ -4,14 +4,7 @@
 
 #include <utility>
 
-#include "dictionary/dictionary.h"
 #include "toolkit/window_tools.h"
-
-FormText::FormText(const char* dictionaryKey) : say([dictionaryKey] { return Translate(dictionaryKey); }) {}
-
-FormText LabelOf(const char* dictionaryKey) {
-    return [dictionaryKey] { return Translate(dictionaryKey) + ":"; };
-}
 
 namespace {
 

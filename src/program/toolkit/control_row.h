@@ -9,15 +9,22 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <type_traits>
+#include <utility>
 
+#include "dictionary/dictionary.h"
 #include "widgets/mnemonics.h"
 
-// A text in the present language: a key of the dictionary, or whatever a function returns.
+// A text in the present language: a key of the dictionary, worded on its own or as a label, a question, ...
+// (dictionary/sentences.h), or whatever a function returns.
 class FormText {
 public:
+    using Wording = std::string (*)(const std::string& key);
+
     FormText() = default;
-    FormText(const char* dictionaryKey);
+    FormText(const char* key, Wording wording = Translate) : say([=] { return wording(key); }) {}
     template <class Function>
+        requires std::is_invocable_r_v<std::string, Function>
     FormText(Function function) : say(std::move(function)) {}
 
     explicit operator bool() const { return static_cast<bool>(say); }
@@ -26,9 +33,6 @@ public:
 private:
     std::function<std::string()> say;
 };
-
-// The text of a key as a label, with the colon of its language behind it.
-FormText LabelOf(const char* dictionaryKey);
 
 // How a control and a value of the form's model go together. `control` is the window.
 struct Member {
@@ -68,6 +72,7 @@ inline constexpr unsigned AllEdges = AcrossTop | AnchorBottom;
 struct FontStyle {
     int percent = 100;
     int weight = 0;  // FW_..., 0: the form's own font
+    bool smooth = true;
 };
 
 struct ControlRow {

@@ -68,7 +68,7 @@ INT_PTR Form::RunModal(HWND owner) {
     modal = true;
     const INT_PTR result =
         DialogBoxParamA(ProgramInstance(), MAKEINTRESOURCEA(resource), owner, Thunk, reinterpret_cast<LPARAM>(this));
-    return result <= 0 ? IDCANCEL : result;
+    return result <= 0 ? NotShown : result;
 }
 
 void Form::Close(INT_PTR result) {
@@ -235,6 +235,7 @@ const ControlRow* Form::RowOf(int id) const {
 
 void Form::PodesiRjecnik() {
     if (window == nullptr) return;
+    if (const std::string caption = Caption(); !caption.empty()) SetWindowTextA(window, caption.c_str());
     std::vector<MnemonicCaption> marked;
     for (const ControlRow& row : rows) {
         const HWND control = Control(row.id);
@@ -300,19 +301,23 @@ void Form::MakeFonts() {
     for (const ControlRow& row : rows) {
         if (row.font.weight == 0) continue;
         HFONT& font = fonts[row.id];
-        const HFONT old = std::exchange(font, FontLike(window, row.font.percent, row.font.weight));
+        const HFONT old = std::exchange(font, FontLike(window, row.font.percent, row.font.weight, row.font.smooth));
         SendMessageA(Control(row.id), WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
         if (old != nullptr) DeleteObject(old);
     }
 }
 
+COLORREF Form::TextColour(int id) const {
+    const ControlRow* const row = RowOf(id);
+    const bool own = row != nullptr && row->colour && !HighContrast();
+    return own ? *row->colour : GetSysColor(COLOR_WINDOWTEXT);
+}
+
 INT_PTR Form::BrushOf(HDC paper, HWND control) {
-    const ControlRow* const row = control == window ? nullptr : RowOf(GetDlgCtrlID(control));
-    const bool coloured = row != nullptr && row->colour && !HighContrast();
-    if (back == nullptr && !coloured) return FALSE;
-    SetTextColor(paper, coloured ? *row->colour : GetSysColor(COLOR_WINDOWTEXT));
-    SetBkColor(paper, BackColour().value_or(GetSysColor(COLOR_3DFACE)));
-    return reinterpret_cast<INT_PTR>(back == nullptr ? GetSysColorBrush(COLOR_3DFACE) : back);
+    if (back == nullptr) return FALSE;
+    SetTextColor(paper, TextColour(GetDlgCtrlID(control)));
+    SetBkColor(paper, *BackColour());
+    return reinterpret_cast<INT_PTR>(back);
 }
 
 // --- size ---

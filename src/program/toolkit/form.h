@@ -41,7 +41,8 @@ protected:
     // Makes the window, not visible unless the template says so. False when the system refuses.
     bool Create(HWND parent = nullptr);
 
-    // Shows it until it is closed, and returns what Close was given; IDCANCEL when the system refuses. Pumps.
+    // Shows it until it is closed, and returns what Close was given; NotShown when the system refuses. Pumps.
+    static constexpr INT_PTR NotShown = -1;
     INT_PTR RunModal(HWND owner);
 
     // The end of either kind; from within its own handlers too.
@@ -50,6 +51,7 @@ protected:
     // --- what a form is ---
 
     virtual std::vector<ControlRow> Rows() { return {}; }
+    virtual std::string Caption() const { return {}; }  // of the window; none when it is empty
 
     // Which of its panels is seen, as in ControlRow::panels.
     virtual unsigned VisiblePanels() const { return Mnemonics::AllPanels; }
@@ -76,6 +78,9 @@ protected:
 
     // The back of the form and its labels; the system's own when there is none.
     virtual std::optional<COLORREF> BackColour() const { return std::nullopt; }
+
+    // Of a label: its row's, and the system's in high contrast.
+    virtual COLORREF TextColour(int id) const;
 
     // Where the keyboard goes when its control is disabled; 0 is the next control.
     virtual int FocusInsteadOf(int) const { return 0; }

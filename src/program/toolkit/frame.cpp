@@ -1,6 +1,7 @@
 #include "toolkit/frame.h"
 
 #include "toolkit/resource_ids.h"
+#include "toolkit/system_look.h"
 #include "toolkit/window_tools.h"
 
 namespace {
@@ -13,6 +14,7 @@ struct FramePictures {
 constexpr FramePictures AllPictures[] = {
     {100, FRAME_100}, {125, FRAME_125}, {150, FRAME_150}, {200, FRAME_200}, {300, FRAME_300}};
 constexpr int SquareAt100 = 16;
+constexpr COLORREF PictureBody = RGB(0xfb, 0xfc, 0xfc);
 
 // The sharpest that is not larger than the screen's scale: the smaller ones are stretched.
 FramePictures PicturesFor(int dpi) {
@@ -39,21 +41,30 @@ Span PartOf(int part, int begin, int end, int corner) {
 
 void FormFrame::Load(HWND form) {
     Free();
+    if (HighContrast()) return;
     const int dpi = DpiOf(form);
     pictures = LoadBitmapA(ProgramInstance(), MAKEINTRESOURCEA(PicturesFor(dpi).resource));
-    body = CreateSolidBrush(BodyColour);
     corner = MulDiv(SquareAt100, dpi, USER_DEFAULT_SCREEN_DPI);
 }
 
 void FormFrame::Free() {
     if (pictures != nullptr) DeleteObject(pictures);
-    if (body != nullptr) DeleteObject(body);
     pictures = nullptr;
-    body = nullptr;
+}
+
+COLORREF FormFrame::BodyColour() {
+    return HighContrast() ? GetSysColor(COLOR_WINDOW) : PictureBody;
+}
+
+// Without pictures, a line around it.
+void FormFrame::Paint(HDC paper, const RECT& area) const {
+    if (pictures != nullptr) return PaintPictures(paper, area);
+    FillRect(paper, &area, GetSysColorBrush(COLOR_WINDOW));
+    FrameRect(paper, &area, GetSysColorBrush(COLOR_WINDOWTEXT));
 }
 
 // Colours are not mixed: a blue that is not quite pure would show.
-void FormFrame::Paint(HDC paper, const RECT& area) const {
+void FormFrame::PaintPictures(HDC paper, const RECT& area) const {
     BITMAP picture{};
     GetObjectA(pictures, sizeof picture, &picture);
     const int square = picture.bmWidth / 3;

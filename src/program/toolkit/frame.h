@@ -8,18 +8,19 @@
 
 class FormFrame {
 public:
-    static constexpr COLORREF LeftOut = RGB(0, 0, 255);            // what is of this colour is not there
-    static constexpr COLORREF BodyColour = RGB(0xfb, 0xfc, 0xfc);  // that of the pictures' middle
+    static constexpr COLORREF LeftOut = RGB(0, 0, 255);  // what is of this colour is not there
 
-    // Takes the pictures that fit the form's screen; again when that has changed.
+    static COLORREF BodyColour();  // that of the pictures' middle; in high contrast the system's
+
+    // Takes the pictures that fit the form's screen, none in high contrast; again when either has changed.
     void Load(HWND form);
     void Free();
 
     void Paint(HDC paper, const RECT& area) const;
-    HBRUSH Body() const { return body; }
 
 private:
+    void PaintPictures(HDC paper, const RECT& area) const;
+
     HBITMAP pictures = nullptr;
-    HBRUSH body = nullptr;
     int corner = 0;  // pixels
 };

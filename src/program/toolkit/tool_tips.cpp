@@ -12,16 +12,22 @@ constexpr int WidestTip = 480;  // pixels at 100 percent
 
 void ToolTips::Create(HWND form) {
     owner = form;
+    tips = nullptr;
     texts.clear();
-    tips =
-        CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, CW_USEDEFAULT,
-                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, form, nullptr, ProgramInstance(), nullptr);
-    SendMessageA(tips, TTM_SETMAXTIPWIDTH, 0, MulDiv(WidestTip, DpiOf(form), USER_DEFAULT_SCREEN_DPI));
+}
+
+// Nothing about a tip may take the activation away from the window that the user works in.
+void ToolTips::MakeWindow() {
+    tips = CreateWindowExA(WS_EX_TOPMOST | WS_EX_NOACTIVATE, TOOLTIPS_CLASSA, nullptr,
+                           WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                           CW_USEDEFAULT, owner, nullptr, ProgramInstance(), nullptr);
+    SendMessageA(tips, TTM_SETMAXTIPWIDTH, 0, MulDiv(WidestTip, DpiOf(owner), USER_DEFAULT_SCREEN_DPI));
 }
 
 void ToolTips::Set(int control, const std::string& text) {
     const auto known = texts.find(control);
-    if (known != texts.end() && known->second == text) return;
+    if (known == texts.end() ? text.empty() : known->second == text) return;
+    if (tips == nullptr) MakeWindow();
     std::string& kept = texts[control] = text;
     TOOLINFOA tool{};
     tool.cbSize = sizeof tool;

@@ -64,19 +64,25 @@ int DpiOf(HWND window) {
     return dpi == 0 ? USER_DEFAULT_SCREEN_DPI : static_cast<int>(dpi);
 }
 
-HFONT FontLike(HWND window, int percent, int weight) {
+HFONT FontLike(HWND window, int percent, int weight, bool smooth) {
     LOGFONTA font{};
     const auto own = reinterpret_cast<HFONT>(SendMessageA(window, WM_GETFONT, 0, 0));
     GetObjectA(own == nullptr ? GetStockObject(DEFAULT_GUI_FONT) : own, sizeof font, &font);
     font.lfHeight = MulDiv(font.lfHeight, percent, 100);
     font.lfWidth = 0;
     font.lfWeight = weight;
+    if (!smooth) font.lfQuality = NONANTIALIASED_QUALITY;
     return CreateFontIndirectA(&font);
 }
 
 HICON ProgramIcon(int size) {
     return static_cast<HICON>(
         LoadImageA(ProgramInstance(), MAKEINTRESOURCEA(ICON_TESSARINE), IMAGE_ICON, size, size, LR_SHARED));
+}
+
+void SetPicture(HWND form, int control) {
+    const platform::Rect place = RectangleOf(GetDlgItem(form, control));
+    SendDlgItemMessageA(form, control, STM_SETICON, reinterpret_cast<WPARAM>(ProgramIcon(place.right - place.left)), 0);
 }
 
 void RegisterDialogClass(const char* className, HBRUSH background) {

@@ -46,10 +46,13 @@ int TrackMenu(HMENU menu, HWND owner, POINT place);
 int DpiOf(HWND window);
 
 // A font like the window's own, `percent` as large. The caller deletes it.
-HFONT FontLike(HWND window, int percent, int weight);
+HFONT FontLike(HWND window, int percent, int weight, bool smooth = true);
 
 // The program's icon at `size` pixels, drawn from the nearest picture. Shared: nobody destroys it.
 HICON ProgramIcon(int size);
+
+// The icon in a static control with SS_ICON, as large as that.
+void SetPicture(HWND form, int control);
 
 // Registers a class for a dialog template that names it.
 void RegisterDialogClass(const char* className, HBRUSH background);
