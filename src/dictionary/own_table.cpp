@@ -94,7 +94,7 @@ constexpr DictionaryRow rows[] = {
      "La ejecución de la tarea ha fallado"},
 
     // what a screen reader says of controls without a caption
-    {"Replay speed in percent", "Wiedergabegeschwindigkeit in Prozent", "Vitesse d'exécution en pourcentage",
+    {"Replay speed in percent", "Wiedergabegeschwindigkeit in Prozent", "Vitesse de rejeu en pourcentage",
      "Velocidad de reproducción en porcentaje"},
     {"Number of repetitions", "Anzahl der Wiederholungen", "Nombre de répétitions", "Número de repeticiones"},
     {"Hotkey letter", "Buchstabe des Tastenkürzels", "Lettre du raccourci clavier", "Letra del atajo de teclado"},

@@ -109,6 +109,40 @@ TEST(DictionaryTable, IsWordedAsEachLanguageWantsIt) {
     }
 }
 
+// One word for one thing. French above all keeps what is recorded ("enregistrer") and what is saved apart.
+TEST(DictionaryTable, NamesThingsTheSameInEveryRow) {
+    struct Term {
+        const char* english;
+        const char* german;
+        const char* french;
+        const char* spanish;
+        const char* onlyFrench;  // no row without the English word says this
+    };
+    const Term terms[] = {
+        {"\\bjobs?\\b", "aufgabe", "tâche", "tarea", "tâche"},
+        {"\\bsaved?\\b", "gespeichert|speichern", "sauvegard", "guarda", "sauvegard"},
+        {"\\brecord", "aufn|aufgenommen", "enregistr", "graba|grabó", "enregistr"},
+        {"\\bschedul", "plan", "planifi", "program", "planifi"},
+        {"\\breplay", "wiedergabe|wiedergeben", "rej(eu|ouer)", "reprodu", "rejeu|rejouer"},
+        {"\\bhotkey", "tastenkürzel", "raccourci", "atajo", nullptr},
+        {"\\bkeystroke", "tasten", "frappe", "pulsaci|teclas", "frappes"},
+        {"\\bsettings\\b", "einstellungen", "paramètres", "configuración", nullptr},
+    };
+    const auto has = [](const std::string& text, const char* pattern) {
+        return std::regex_search(text, std::regex(pattern, std::regex::icase));
+    };
+    for (const DictionaryRow& row : AllRows()) {
+        if (IsFixed(row)) continue;
+        for (const Term& term : terms) {
+            const bool named = has(row.english, term.english);
+            EXPECT_TRUE(!named || has(row.german, term.german)) << row.german;
+            EXPECT_TRUE(!named || has(row.french, term.french)) << row.french;
+            EXPECT_TRUE(!named || has(row.spanish, term.spanish)) << row.spanish;
+            EXPECT_TRUE(named || term.onlyFrench == nullptr || !has(row.french, term.onlyFrench)) << row.french;
+        }
+    }
+}
+
 TEST(DictionaryTable, FitsWindowsCodePage1252) {
     std::vector<std::string> texts;
     for (const DictionaryRow& row : AllRows()) {

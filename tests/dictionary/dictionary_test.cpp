@@ -66,7 +66,7 @@ TEST(Translate, FindsKeysInAnyCaseAndMarksMissingOnes) {
         {1, "", "<>"},
         {2, "", "<>"},
         {2, " seconds", "< seconds>"},
-        {2, "FAILED", "fehlgeschlagen"},  // the first of two rows that differ in case alone
+        {2, "FAILED", "Fehlgeschlagen"},  // the first of two rows that differ in case alone
     };
     for (const auto& [language, key, text] : cases) {
         SCOPED_TRACE(key);

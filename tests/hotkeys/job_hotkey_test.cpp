@@ -2,6 +2,7 @@
 
 #include "base/runtime_failure.h"
 #include "hotkeys/hotkey_stage.h"
+#include "support/wording.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -46,6 +47,14 @@ TEST_F(JobHotkey, IsRefusedWithTheReasonAndTheControlToMend) {
         EXPECT_EQ(refusal->text, text);
         EXPECT_EQ(refusal->title, title);
         EXPECT_EQ(refusal->focus, focus);
+    }
+    for (const int language : AllLanguages) {
+        SetLanguage(language);
+        for (const auto& refused : cases) {
+            const auto refusal = SaveHotkeyOfJob(PathOf("four"), std::get<0>(refused));
+            EXPECT_THAT(FaultsOf(refusal->text), IsEmpty());
+            EXPECT_THAT(FaultsOf(refusal->title), IsEmpty());
+        }
     }
     EXPECT_EQ(settings.Hotkeys.size(), 3U);
     EXPECT_FALSE(simulated::FileBytes(settingsFile));

@@ -3,6 +3,7 @@
 #include "base/runtime_failure.h"
 #include "library/library_stage.h"
 #include "platform/registry.h"
+#include "support/wording.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -87,8 +88,17 @@ TEST(SecondLine, DropsWhatIsBelowATenth) {
     const std::pair<std::int32_t, const char*> cases[] = {
         {0, "0.0"}, {99, "0.0"}, {100, "0.1"}, {1999, "1.9"}, {-99, "0.0"}, {-150, "-0.1"}, {-12'345, "-12.3"}};
     for (const auto& [duration, text] : cases) {
-        EXPECT_EQ(job_library::SecondLine({"Dauer", "Sekunden"}, "", duration),
-                  "Dauer: " + std::string(text) + " Sekunden");
+        EXPECT_EQ(job_library::SecondLine({"Takes:", "s"}, "", duration), "Takes: " + std::string(text) + " s");
+    }
+}
+
+TEST(SecondLine, IsInTheLanguage) {
+    const std::pair<int, std::string> cases[] = {{LanguageGerman, "Dauer: 12,3 Sekunden"},
+                                                 {LanguageFrench, "Durée\u00A0: 12,3 seconde"},
+                                                 {LanguageSpanish, "Duración: 12,3 segundos"}};
+    for (const auto& [language, line] : cases) {
+        SetLanguage(language);
+        EXPECT_EQ(platform::ToUtf8(job_library::SecondLine(job_library::TranslatedDurationWords(), "", 12'345)), line);
     }
 }
 

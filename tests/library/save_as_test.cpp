@@ -4,6 +4,7 @@
 #include "jobs/job_name.h"
 #include "library/job_shortcut.h"
 #include "library/library_stage.h"
+#include "support/wording.h"
 
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -51,6 +52,29 @@ TEST_F(SaveAs, AsksBeforeItOverwrites) {
     simulated::AnswerNextBox({.yes = true});
     EXPECT_EQ(SaveJobAs("OLD", "", recorded), SaveAsOutcome::Saved);
     EXPECT_NE(simulated::FileBytes(PathOf("old")), before);
+}
+
+TEST_F(SaveAs, AsksAndRefusesInEveryLanguage) {
+    PutJob("old");
+    simulated::PutFile(LinkOf("old"), "a shortcut of the user's own");
+    const std::pair<int, std::string> cases[] = {
+        {LanguageEnglish, "Overwrite?|Job \"old\" already exists. Overwrite?"},
+        {LanguageGerman, "Überschreiben?|Die Aufgabe \"old\" ist bereits vorhanden. Überschreiben?"},
+        {LanguageFrench, "Remplacer\u00A0?|La tâche \"old\" existe déjà. Remplacer\u00A0?"},
+        {LanguageSpanish, "¿Sobrescribir?|La tarea \"old\" ya existe. ¿Sobrescribir?"},
+    };
+    for (const auto& [language, box] : cases) {
+        SetLanguage(language);
+        simulated::AnswerNextBox({.yes = false});
+        SaveJobAs("old", "", recorded);
+        EXPECT_EQ(platform::ToUtf8(LastBox()), box);
+        simulated::AnswerNextBox({.yes = false});
+        CreateJobShortcut(PathOf("old"), folders.DesktopFolder, "old");
+        EXPECT_THAT(LastBox(), HasSubstr(LinkOf("old")));
+        EXPECT_THAT(FaultsOfLastBox(), IsEmpty());
+        SaveJobAs("CON", "", recorded);
+        EXPECT_THAT(FaultsOfLastBox(), IsEmpty());
+    }
 }
 
 TEST_F(SaveAs, RefusesNamesThatNoFileCanHave) {

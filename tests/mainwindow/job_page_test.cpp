@@ -12,6 +12,7 @@
 #include "settings/settings.h"
 #include "support/job_page_view_stand_in.h"
 #include "support/shell_stand_in.h"
+#include "support/wording.h"
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -84,6 +85,38 @@ TEST_F(JobPageRules, TellTheSpeedInWords) {
         EXPECT_EQ(jobPage.Options_speed, one.text);
         EXPECT_EQ(jobPage.sliderTip, one.tip);
         EXPECT_EQ(jobPage.Check6, one.speed == 1001);
+    }
+}
+
+TEST_F(JobPageRules, SpeakTheLanguage) {
+    struct Case {
+        int language;
+        std::string slower;
+        std::string faster;
+        std::string frame;
+        std::string editTip;
+    };
+    const Case cases[] = {
+        {LanguageGerman, "3,03 Mal langsamer als Original", "1,5-mal schneller als das Original",
+         "Eigenschaften der Aufgabe 'b'", "Klicken Sie, um die Aufgabe 'b' im Aufgabeneditor zu bearbeiten"},
+        {LanguageFrench, "3,03 fois plus lent que la normale", "1,5 fois plus rapide que la normale",
+         "Propriétés de la tâche 'b'", "Cliquez pour modifier la tâche 'b' dans l'éditeur de tâches"},
+        {LanguageSpanish, "3,03 veces más lento que el original", "1,5 veces más rápido que el original",
+         "Propiedades de la tarea 'b'", "Haga clic para editar la tarea 'b' en el editor de tareas"},
+    };
+    for (const Case& one : cases) {
+        SetLanguage(one.language);
+        Select("a");
+        Select("b");
+        EXPECT_EQ(platform::ToUtf8(SpeedTip(33)), one.slower);
+        EXPECT_EQ(platform::ToUtf8(SpeedTip(150)), one.faster);
+        EXPECT_EQ(platform::ToUtf8(jobPage.frameCaption), one.frame);
+        EXPECT_EQ(platform::ToUtf8(jobPage.edit_job_tip), one.editTip);
+        std::vector<std::string> texts = {jobPage.run_job_tip, jobPage.schedule_job_tip, jobPage.make_exe_tip};
+        for (int level = 0; level <= 2; ++level) {
+            for (const std::string& line : SafetyPanel(level)) texts.push_back(line);
+        }
+        for (const std::string& text : texts) EXPECT_THAT(FaultsOf(text), IsEmpty());
     }
 }
 

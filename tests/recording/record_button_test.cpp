@@ -5,6 +5,7 @@
 #include "recording/countdown.h"
 #include "recording/start_app.h"
 #include "recording_stage.h"
+#include "support/wording.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -59,6 +60,23 @@ TEST_F(RecordButton, ACancelPutsEverythingBack) {
     EXPECT_EQ(recordingViewStandIn.question,
               "Click OK when you are ready to start recording\r\nTo stop recording pressPause/Break key");
     EXPECT_FALSE(RecordingActive());
+}
+
+// English alone leaves out the blank before the key.
+TEST_F(RecordButton, TellsInEveryLanguageHowARecordingEnds) {
+    settings.Display_Recording_Window = 0;
+    recordingViewStandIn.userIsReady = false;
+    const std::pair<int, std::string> cases[] = {
+        {LanguageGerman, "Zum Beenden der Aufnahme drücken Sie die Taste Pause/Untbr"},
+        {LanguageFrench, "Pour arrêter l'enregistrement, appuyez sur la touche Pause/Attn"},
+        {LanguageSpanish, "Para detener la grabación, pulse la tecla Pausa/Inter"},
+    };
+    for (const auto& [language, hint] : cases) {
+        SetLanguage(language);
+        RecordNewJob();
+        EXPECT_THAT(platform::ToUtf8(recordingViewStandIn.question), testing::EndsWith("\r\n" + hint));
+        EXPECT_THAT(FaultsOf(recordingViewStandIn.question), IsEmpty());
+    }
 }
 
 TEST_F(RecordButton, AFailedStartLeavesThePageUsable) {

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "base/runtime_failure.h"
+#include "base/text.h"
 #include "jobs/job_file.h"
 #include "platform/hooks.h"
 #include "platform/pump.h"
@@ -14,6 +15,7 @@
 #include "simulated/files.h"
 #include "support/boxes.h"
 #include "support/main_window_view_stand_in.h"
+#include "support/wording.h"
 
 using simulated::TextOf;
 using testing::ElementsAre;
@@ -228,6 +230,29 @@ TEST_F(RunJobTest, AFailureIsToldInTheListOrInABox) {
     EXPECT_THAT(Boxes(), SizeIs(1)) << "no second box";
     EXPECT_EQ(statusViewStandIn.list.at(0), "Execution of job failed. Reason: ");
     EXPECT_EQ(statusViewStandIn.list.at(1), "Cannot find window: 'Nowhere'");
+}
+
+TEST_F(RunJobTest, AFailureIsToldInTheLanguage) {
+    InLostWindow().IfNoWindow(StopExecuting, 0).Press(Left, 1, 1);
+    const std::pair<int, std::string> cases[] = {
+        {LanguageGerman,
+         "Die Ausführung der Aufgabe 'morning' ist fehlgeschlagen. Grund:\r\nFenster kann nicht gefunden werden: "
+         "'Nowhere'"},
+        {LanguageFrench,
+         "L'exécution de la tâche 'morning' a échoué. Motif\u00A0:\r\nImpossible de trouver la fenêtre\u00A0: "
+         "'Nowhere'"},
+        {LanguageSpanish,
+         "La ejecución de la tarea 'morning' ha fallado. Motivo:\r\nNo se encuentra la ventana: 'Nowhere'"},
+    };
+    for (const auto& [language, text] : cases) {
+        SetLanguage(language);
+        settings.Display_Executing_Status = 0;
+        EXPECT_EQ(Run(), -4);
+        EXPECT_EQ(platform::ToUtf8(simulated::ShownBoxes().back().text), text);
+        settings.Display_Executing_Status = 1;
+        EXPECT_EQ(Run(), -4);
+        for (const std::string& line : statusViewStandIn.list) EXPECT_THAT(FaultsOf(Trim(line)), IsEmpty());
+    }
 }
 
 TEST_F(RunJobTest, AnEmptyJobFails) {

@@ -5,6 +5,7 @@
 
 #include "dictionary/dictionary.h"
 #include "platform/clock.h"
+#include "platform/text.h"
 #include "replay/replay_log.h"
 #include "replay/status.h"
 #include "simulated/desktop.h"
@@ -34,6 +35,10 @@ TEST(SetStatus, WritesTheLabelInTheLanguageInForce) {
     setStatus(StatusRunning);
     EXPECT_EQ(statusViewStandIn.statusLabel, actionWords.executingJob + "...");
     EXPECT_NE(statusViewStandIn.statusLabel, "executing job...");
+    SetLanguage(LanguageFrench);
+    Translate("Finished");
+    setStatus(StatusWaitingForWindow, "x");
+    EXPECT_EQ(statusViewStandIn.statusLabel, platform::FromUtf8("De espera para la ventana\u00A0:\r\nx"));
 }
 
 TEST(SetStatus, FailureAndUnknownCodesLeaveTheLabel) {

@@ -10,11 +10,15 @@
 #include "support/boxes.h"
 #include "support/library_view_stand_in.h"
 #include "support/options_view_stand_in.h"
+#include "support/wording.h"
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::IsEmpty;
 using testing::Optional;
+using testing::ResultOf;
 using testing::SizeIs;
+using testing::StartsWith;
 
 namespace {
 
@@ -111,6 +115,20 @@ TEST_F(MovingDataFolder, YesMovesJobsAndSettings) {
                     "Select new folder where your jobs and settings will be stored.", oldFolder)));
 }
 
+TEST_F(MovingDataFolder, IsAskedAboutInEveryLanguage) {
+    for (const int language : AllLanguages) {
+        SetLanguage(language);
+        Choose({"D:\\", newFolder}, false);
+        EXPECT_THAT(FaultsOfLastBox(), IsEmpty());
+        EXPECT_THAT(simulated::BrowsedFolders().back().first, ResultOf(FaultsOf, IsEmpty()));
+        Choose({oldFolder}, false);
+    }
+    EXPECT_THAT(platform::ToUtf8(LastBox()), StartsWith("Déplacer les fichiers\u00A0?|Voulez-vous "));
+    EXPECT_THAT(platform::ToUtf8(LastBox()),
+                EndsWith("emplacement\u00A0?\r\nAncien emplacement\u00A0: D:\\x\r\nNouvel emplacement\u00A0: "
+                         "C:\\Docs\\Tessarine"));
+}
+
 TEST_F(MovingDataFolder, NoChangesTheFolderOnly) {
     Choose({newFolder}, false);
     EXPECT_THAT(simulated::AllFiles(), SizeIs(5));
@@ -133,7 +151,7 @@ TEST_F(MovingDataFolder, RootsAndReadOnlyFoldersAreRefusedUntilOneWillDo) {
         Boxes(),
         ElementsAre("Invalid folder selection|Selecting root folder is not allowed. Please select another folder.",
                     "Access denied|Writing data to folder 'C:\\locked' failed. Please select another folder",
-                    testing::StartsWith("Move Files?|")));
+                    StartsWith("Move Files?|")));
     EXPECT_EQ(simulated::ShownBoxes()[0].icon, platform::BoxIcon::Error);
     ExpectInForce(newFolder);
 }

@@ -10,6 +10,7 @@
 
 #include "dictionary/dictionary.h"
 #include "platform/text.h"
+#include "simulated/desktop.h"
 
 inline constexpr int AllLanguages[] = {LanguageEnglish, LanguageGerman, LanguageSpanish, LanguageFrench};
 
@@ -89,5 +90,14 @@ inline std::vector<std::string> FaultsOf(const std::string& text) {
         if (!std::regex_search(plain, rule.pattern)) continue;
         faults.push_back(std::string(rule.fault) + ": " + platform::ToUtf8(text));
     }
+    return faults;
+}
+
+// The faults of the last box, in its title and its text.
+inline std::vector<std::string> FaultsOfLastBox() {
+    const simulated::ShownBox& box = simulated::ShownBoxes().back();
+    std::vector<std::string> faults = FaultsOf(box.title);
+    const std::vector<std::string> more = FaultsOf(box.text);
+    faults.insert(faults.end(), more.begin(), more.end());
     return faults;
 }
