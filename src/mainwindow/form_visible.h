@@ -17,6 +17,9 @@ void FormVisible(bool show, bool keepState);
 
 bool MainWindowVisible();
 
+// The user closes the window: it is hidden, and the first time of all a balloon tells that the program goes on.
+void CloseToTray();
+
 // The window's size or state has changed: a minimised window leaves the task bar, and one that comes back is shown.
 void FormResized();
 

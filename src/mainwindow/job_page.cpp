@@ -231,8 +231,7 @@ std::vector<std::string> SafetyPanel(std::int32_t level) {
     return lines;
 }
 
-void ChangeHotkey(const HotkeyControls& controls) {
-    jobPage.hotkey = controls;
+void NoteHotkeyChange() {
     NoteChange();
 }
 

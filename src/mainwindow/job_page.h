@@ -81,7 +81,7 @@ std::string SafetyCaption(std::int32_t level);
 std::vector<std::string> SafetyPanel(std::int32_t level);  // its paragraphs
 
 // Hotkey.
-void ChangeHotkey(const HotkeyControls& controls);
+void NoteHotkeyChange();  // jobPage.hotkey is another
 
 // button_save_changes. False, after a box, when no job is selected or the hotkey is refused: nothing is written then. A
 // file failure when the job or the settings cannot be written; the changes stay on the page.

@@ -198,7 +198,7 @@ void ListModel::Click(const ListHit& hit) {
     if (hit.index >= ListCount()) return;  // the handler of the release has changed the list
     if (hit.part == ListPart::gumb) return Raise(events.SmallButton1Click, hit.index);
     if (hit.part == ListPart::gumb1) return Raise(events.SmallButton2Click, hit.index);
-    setlistindex(hit.index);
+    SelectItem(hit.index);  // one that is seen in part is scrolled in
 }
 
 void ListModel::DoubleClick(platform::Point point) {
@@ -237,12 +237,12 @@ int ListModel::Target(int virtualKey) const {
 bool ListModel::KeyDown(int virtualKey, std::int64_t now) {
     NoteKey(now);
     if (virtualKey < PageUp || virtualKey > ArrowDown) return false;
-    SelectByKey(Target(virtualKey));
+    ChooseRow(Target(virtualKey));
     return true;
 }
 
-void ListModel::SelectByKey(int index) {
-    if (index < 0 || index == selected) return;
+void ListModel::ChooseRow(int index) {
+    if (index < 0 || index >= ListCount() || index == selected) return;
     if (events.KeyLeaves && !events.KeyLeaves(index)) return;
     if (index < ListCount()) SelectItem(index);
 }
@@ -251,7 +251,7 @@ void ListModel::TypeCharacter(char character, std::int64_t now) {
     if (static_cast<unsigned char>(character) < ' ') return;
     NoteKey(now);
     typed_text += platform::UpperCase({&character, 1});
-    SelectByKey(FindTyped());
+    ChooseRow(FindTyped());
 }
 
 bool ListModel::BeginsAsTyped(int index) const {

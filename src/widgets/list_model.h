@@ -118,6 +118,9 @@ public:
     // `now` in ms. Arrows, Home, End, Page Up and Page Down; false for any other key.
     bool KeyDown(int virtualKey, std::int64_t now);
 
+    // Selects a row as a key does: KeyLeaves may forbid it. Ignored for one that does not exist.
+    void ChooseRow(int index);
+
     // Selects the next row that begins with what was typed without a pause, in any case. A control character is none.
     void TypeCharacter(char character, std::int64_t now);
 
@@ -127,7 +130,6 @@ private:
     bool ButtonShown(int index, ListPart button) const;
     void ScrollIn(int index);
     void Click(const ListHit& hit);
-    void SelectByKey(int index);
     void NoteKey(std::int64_t now);
     int FindTyped() const;
     bool BeginsAsTyped(int index) const;

@@ -64,7 +64,8 @@ protected:
 
     static void ChooseTakenHotkey() {
         settings.Hotkeys = {{HotkeyControl, 'A', PathOf("a")}};
-        ChangeHotkey({.assign_hotkey = true, .hot_ctrl = true, .hot_slovo = 0});
+        jobPage.hotkey = {.assign_hotkey = true, .hot_ctrl = true, .hot_slovo = 0};
+        NoteHotkeyChange();
     }
 };
 

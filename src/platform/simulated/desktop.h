@@ -217,6 +217,7 @@ struct TrayIcon {
     bool present = false;
     WindowHandle window = 0;
     std::string tip;
+    std::vector<std::string> balloons;  // "title: text"
 };
 const TrayIcon& Tray();
 void UserOnTray(unsigned mouseMessage);  // WM_MOUSEMOVE 0x200, WM_LBUTTONUP 0x202, ...

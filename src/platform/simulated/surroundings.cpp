@@ -194,7 +194,7 @@ bool DeleteRegistryValue(const std::string& key, const std::string& value) {
 
 bool AddTrayIcon(WindowHandle window, const std::string& tip) {
     if (State().tray.present) return false;
-    State().tray = {true, window, tip.substr(0, simulated::LongestTip)};
+    State().tray = {true, window, tip.substr(0, simulated::LongestTip), {}};
     return true;
 }
 
@@ -202,6 +202,11 @@ bool ChangeTrayTip(const std::string& tip) {
     if (!State().tray.present) return false;
     State().tray.tip = tip.substr(0, simulated::LongestTip);
     return true;
+}
+
+bool ShowTrayBalloon(const std::string& title, const std::string& text) {
+    if (State().tray.present) State().tray.balloons.push_back(title + ": " + text);
+    return State().tray.present;
 }
 
 void RemoveTrayIcon() {

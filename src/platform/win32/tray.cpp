@@ -10,7 +10,6 @@ namespace platform {
 namespace {
 
 constexpr UINT CallbackMessage = 512;
-constexpr std::size_t LongestTip = 127;
 
 NOTIFYICONDATAA icon{};
 
@@ -22,10 +21,12 @@ HICON SmallIconOf(HWND window) {
     return ofClass != 0 ? reinterpret_cast<HICON>(ofClass) : LoadIconA(nullptr, IDI_APPLICATION);
 }
 
-void SetTip(const std::string& tip) {
-    const std::size_t length = std::min(tip.size(), LongestTip);
-    std::copy_n(tip.data(), length, icon.szTip);
-    icon.szTip[length] = '\0';
+// What does not fit is left out.
+template <std::size_t Size>
+void Put(char (&field)[Size], const std::string& text) {
+    const std::size_t length = std::min(text.size(), Size - 1);
+    std::copy_n(text.data(), length, field);
+    field[length] = '\0';
 }
 
 }  // namespace
@@ -37,14 +38,25 @@ bool AddTrayIcon(WindowHandle window, const std::string& tip) {
     icon.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
     icon.uCallbackMessage = CallbackMessage;
     icon.hIcon = SmallIconOf(icon.hWnd);
-    SetTip(tip);
+    Put(icon.szTip, tip);
     return Shell_NotifyIconA(NIM_ADD, &icon) || Shell_NotifyIconA(NIM_MODIFY, &icon);
 }
 
 bool ChangeTrayTip(const std::string& tip) {
     if (icon.hWnd == nullptr) return false;
-    SetTip(tip);
+    Put(icon.szTip, tip);
     return Shell_NotifyIconA(NIM_MODIFY, &icon) != FALSE;
+}
+
+// Only this once: a later change of the icon must not show it again.
+bool ShowTrayBalloon(const std::string& title, const std::string& text) {
+    if (icon.hWnd == nullptr) return false;
+    NOTIFYICONDATAA balloon = icon;
+    balloon.uFlags |= NIF_INFO;
+    balloon.dwInfoFlags = NIIF_INFO;
+    Put(balloon.szInfoTitle, title);
+    Put(balloon.szInfo, text);
+    return Shell_NotifyIconA(NIM_MODIFY, &balloon) != FALSE;
 }
 
 void RemoveTrayIcon() {

@@ -1,5 +1,6 @@
 #include "controls/list_control.h"
 
+#include <oleacc.h>
 #include <windowsx.h>
 
 #include <algorithm>
@@ -395,6 +396,16 @@ void ListControl::UpdateScrollBar() {
 
 // --- what is shown ---
 
+void ListControl::FitWholeRows() const {
+    const int row = model == nullptr ? 0 : model->Measures().ItemHeight;
+    RECT inside{};
+    GetClientRect(Window(), &inside);
+    if (row == 0 || inside.bottom < row || inside.bottom % row == 0) return;
+    const platform::Rect outside = RectangleOf(Window());
+    SetWindowPos(Window(), nullptr, 0, 0, outside.right - outside.left,
+                 outside.bottom - outside.top - inside.bottom % row, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 ListMeasures ListControl::Measures() const {
     RECT area{};
     GetClientRect(Window(), &area);
@@ -422,9 +433,88 @@ void ListControl::Update() {
     UpdateScrollBar();
     if (hot.part != ListPart::None) SetHot(model->HitTest(MousePlace(Window())));
     Say(SelectedTexts());
-    if (model->listindex() == std::exchange(saidSelection, model->listindex())) return;
-    NotifyWinEvent(EVENT_OBJECT_SELECTION, Window(), OBJID_CLIENT, CHILDID_SELF);
+    TellOfRows();
 }
+
+// --- screen readers ---
+
+// A part is a row, counted from 1. To the list itself belongs part 0.
+const ListRow* ListControl::RowOfPart(int part) const {
+    return part >= 1 && part <= PartCount() ? &model->Row(part - 1) : nullptr;
+}
+
+void ListControl::TellOfRows() {
+    if (model->ListCount() != std::exchange(saidCount, model->ListCount())) {
+        NotifyWinEvent(EVENT_OBJECT_REORDER, Window(), OBJID_CLIENT, CHILDID_SELF);
+    }
+    if (model->listindex() == std::exchange(saidSelection, model->listindex())) return;
+    NotifyWinEvent(EVENT_OBJECT_SELECTION, Window(), OBJID_CLIENT, SelectedPart());
+    if (GetFocus() == Window()) NotifyWinEvent(EVENT_OBJECT_FOCUS, Window(), OBJID_CLIENT, SelectedPart());
+}
+
+int ListControl::PartCount() const {
+    return model->ListCount();
+}
+
+std::optional<std::string> ListControl::NameOf(int part) const {
+    const ListRow* const row = RowOfPart(part);
+    return row == nullptr ? OwnControl::NameOf(part) : row->Text;
+}
+
+std::optional<std::string> ListControl::DescriptionOf(int part) const {
+    const ListRow* const row = RowOfPart(part);
+    return row == nullptr ? std::string() : row->Text2;
+}
+
+std::optional<long> ListControl::RoleOf(int part) const {
+    return part == 0 ? ROLE_SYSTEM_LIST : ROLE_SYSTEM_LISTITEM;
+}
+
+std::optional<long> ListControl::StateOf(int part) const {
+    const bool enabled = IsWindowEnabled(Window()) != FALSE;
+    const bool focused = GetFocus() == Window() && part == SelectedPart();
+    const long state =
+        (enabled ? STATE_SYSTEM_FOCUSABLE : STATE_SYSTEM_UNAVAILABLE) | (focused ? STATE_SYSTEM_FOCUSED : 0L);
+    if (part == 0) return state;
+    const bool seen = model->on_screen(part - 1);
+    return state | STATE_SYSTEM_SELECTABLE | (part == SelectedPart() ? STATE_SYSTEM_SELECTED : 0L) |
+           (seen ? 0L : STATE_SYSTEM_OFFSCREEN);
+}
+
+RECT ListControl::PlaceOf(int part) const {
+    const platform::Rect row = model->RowRect(part - 1);
+    RECT place{row.left, row.top, row.right, row.bottom};
+    MapWindowPoints(Window(), nullptr, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+int ListControl::PartAt(POINT place) const {
+    ScreenToClient(Window(), &place);
+    return model->HitTest({place.x, place.y}).index + 1;
+}
+
+int ListControl::SelectedPart() const {
+    return model->listindex() + 1;
+}
+
+bool ListControl::Select(int part) {
+    model->ChooseRow(part - 1);
+    return SelectedPart() == part;
+}
+
+std::optional<std::string> ListControl::ActionOf(int part) const {
+    return part == 0 ? std::string() : action;
+}
+
+// As a double click: on a row that is selected.
+bool ListControl::DoAction(int part) {
+    if (RowOfPart(part) == nullptr || !IsWindowEnabled(Window()) || !Select(part)) return false;
+    const platform::Rect row = model->RowRect(part - 1);
+    model->DoubleClick({row.left, row.top});
+    return true;
+}
+
+// --- what is shown ---
 
 std::string ListControl::SelectedTexts() const {
     if (model->listindex() < 0) return {};

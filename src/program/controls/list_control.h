@@ -42,7 +42,27 @@ public:
 
     void StaviFocus();  // ("set the focus")
 
+    // What screen readers call a double click on a row.
+    void SetAction(const std::string& text) { action = text; }
+
+    // Makes the window lower, so that it shows whole rows only.
+    void FitWholeRows() const;
+
 private:
+    int PartCount() const override;
+    std::optional<std::string> NameOf(int part) const override;
+    std::optional<std::string> DescriptionOf(int part) const override;
+    std::optional<long> RoleOf(int part) const override;
+    std::optional<long> StateOf(int part) const override;
+    RECT PlaceOf(int part) const override;
+    int PartAt(POINT place) const override;
+    int SelectedPart() const override;
+    bool Select(int part) override;
+    std::optional<std::string> ActionOf(int part) const override;
+    bool DoAction(int part) override;
+    const ListRow* RowOfPart(int part) const;
+    void TellOfRows();
+
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool OnMouse(UINT message, WPARAM wParam, platform::Point point);
     bool OnKeyboard(UINT message, WPARAM wParam, LPARAM lParam);
@@ -82,5 +102,7 @@ private:
     ListHit lastPress;  // kept for the second click of a double click
     ListHit hot;        // under the mouse
     int saidSelection = -1;
+    int saidCount = 0;
+    std::string action;
     bool updatePosted = false;
 };

@@ -1,9 +1,11 @@
 #include "controls/number_picker.h"
 
 #include <commctrl.h>
+#include <oleacc.h>
 
 #include "controls/own_control.h"
 #include "controls/up_down.h"
+#include "toolkit/accessible_name.h"
 #include "toolkit/window_tools.h"
 #include "widgets/busy_mark.h"
 
@@ -98,6 +100,10 @@ void NumberPicker::OnDestroy() {
 
 void NumberPicker::SetValue(std::int32_t value) {
     model.SetValue(value);
+}
+
+void NumberPicker::SetName(const std::string& text) {
+    SetAccessibleName(window, text, ROLE_SYSTEM_TEXT);
 }
 
 // A disabled control keeps the focus, and with it the keyboard: it is passed on first.

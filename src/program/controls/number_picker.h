@@ -30,6 +30,8 @@ public:
 
     std::function<void()> Change;  // the box shows the new number already
 
+    void SetName(const std::string& text);  // what screen readers call it; after it is attached
+
     void Enable(bool enable);
     void StaviFocus();  // ("set the focus") the whole text is selected
 

@@ -39,6 +39,7 @@ OwnControl::~OwnControl() {
 
 void OwnControl::AttachTo(HWND control) {
     window = control;
+    accessible.Attach(control, *this);
     SetWindowLongPtrA(control, ObjectAt, reinterpret_cast<LONG_PTR>(this));
 }
 
@@ -60,10 +61,25 @@ void OwnControl::Say(const std::string& text) {
     }
 }
 
+void OwnControl::SetName(const std::string& text) {
+    name = text;
+    if (window != nullptr) NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, window, OBJID_CLIENT, CHILDID_SELF);
+}
+
+std::optional<std::string> OwnControl::NameOf(int part) const {
+    return part == 0 && !name.empty() ? std::optional(name) : std::nullopt;
+}
+
 LRESULT CALLBACK OwnControl::WindowThunk(HWND control, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     auto* const self = reinterpret_cast<OwnControl*>(GetWindowLongPtrA(control, ObjectAt));
     if (self == nullptr) return DefControlProc(control, message, wParam, lParam);
-    const LRESULT result = Guarded<LRESULT>(0, [&] { return self->OnMessage(message, wParam, lParam); });
-    if (message == WM_NCDESTROY) self->window = nullptr;
+    const LRESULT result = Guarded<LRESULT>(0, [&] {
+        const auto told = message == WM_GETOBJECT ? self->accessible.Answer(wParam, lParam) : std::nullopt;
+        return told ? *told : self->OnMessage(message, wParam, lParam);
+    });
+    if (message == WM_NCDESTROY) {
+        self->accessible.Detach();
+        self->window = nullptr;
+    }
     return result;
 }

@@ -6,7 +6,9 @@
 
 #include <string>
 
-class OwnControl {
+#include "toolkit/accessible.h"
+
+class OwnControl : public AccessibleView {
 public:
     OwnControl() = default;
     OwnControl(const OwnControl&) = delete;
@@ -14,11 +16,14 @@ public:
 
     HWND Window() const { return window; }  // nullptr before it is attached and after the window's end
 
+    // What screen readers call it.
+    void SetName(const std::string& text);
+
     // Once more does no harm.
     static void RegisterControlClass(const char* name);
 
 protected:
-    ~OwnControl();
+    ~OwnControl() override;
 
     void AttachTo(HWND control);
 
@@ -27,12 +32,16 @@ protected:
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam) const;
     HFONT Font() const;
 
-    // The window's text, which is what screen readers say; told to them when it is another than before.
+    std::optional<std::string> NameOf(int part) const override;
+
+    // The window's text; told to screen readers when it is another than before.
     void Say(const std::string& text);
 
 private:
     static LRESULT CALLBACK WindowThunk(HWND control, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
     HWND window = nullptr;
+    Accessible accessible;
+    std::string name;
     std::string said;
 };

@@ -1,6 +1,7 @@
 #include "controls/time_picker.h"
 
 #include <commctrl.h>
+#include <oleacc.h>
 
 #include "controls/up_down.h"
 #include "toolkit/system_look.h"
@@ -112,6 +113,15 @@ void TimePicker::Enable(bool enable) {
 
 void TimePicker::StaviFocus() {
     SetFocus(CurrentField());
+}
+
+// Its boxes are windows, and answer for themselves.
+std::optional<long> TimePicker::RoleOf(int) const {
+    return ROLE_SYSTEM_GROUPING;
+}
+
+std::optional<std::string> TimePicker::ValueOf(int) const {
+    return model.Time();
 }
 
 // --- messages of the picker ---

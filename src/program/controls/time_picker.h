@@ -33,6 +33,8 @@ private:
     static LRESULT CALLBACK EditThunk(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR field,
                                       DWORD_PTR picker) noexcept;
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::optional<long> RoleOf(int part) const override;
+    std::optional<std::string> ValueOf(int part) const override;
     LRESULT OnFieldMessage(HWND edit, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnCharacter(HWND edit, WPARAM character, LPARAM lParam);
     bool OnKey(WPARAM key);

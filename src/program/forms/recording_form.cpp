@@ -37,9 +37,9 @@ struct ButtonColours {
     COLORREF text;
 };
 const ButtonColours StopColours = {RGB(0xc2, 0x45, 0x10), RGB(0x99, 0x34, 0x0a), RGB(0x99, 0x34, 0x0a),
-                                       RGB(0xff, 0xff, 0xff)};
+                                   RGB(0xff, 0xff, 0xff)};
 const ButtonColours PauseColours = {RGB(0xe6, 0xed, 0xef), RGB(0xc4, 0xd2, 0xd6), RGB(0x8a, 0xa4, 0xad),
-                                        RGB(0x17, 0x33, 0x3d)};
+                                    RGB(0x17, 0x33, 0x3d)};
 
 // In high contrast the system's.
 ButtonColours ColoursOf(UINT button) {

@@ -4,7 +4,7 @@
 
 #include "base/runtime_failure.h"
 #include "dictionary/sentences.h"
-#include "forms/form_place.h"
+#include "forms/dialog_owner.h"
 #include "identity/window_identity.h"
 #include "jobs/job_fields.h"
 #include "library/save_as.h"

@@ -6,7 +6,7 @@
 #include <array>
 
 #include "dictionary/sentences.h"
-#include "forms/form_place.h"
+#include "forms/dialog_owner.h"
 #include "recording/start_app_view.h"
 #include "toolkit/window_tools.h"
 

@@ -2,15 +2,21 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "base/runtime_failure.h"
+#include "controls/list_control.h"
+#include "controls/number_picker.h"
 #include "dictionary/dictionary.h"
 #include "hotkeys/hotkey_messages.h"
 #include "identity/window_identity.h"
-#include "main/main_form_ids.h"
 #include "mainwindow/form_visible.h"
 #include "mainwindow/job_page.h"
 #include "mainwindow/recent_menu.h"
 #include "mainwindow/tray_events.h"
+#include "pages/job_page_form.h"
+#include "pages/record_page.h"
 #include "platform/tray.h"
 #include "recording/recording_state.h"
 #include "scheduler/exit_request.h"
@@ -20,9 +26,7 @@
 #include "shell/copy_data.h"
 #include "shell/exit.h"
 #include "shell/startup.h"
-#include "toolkit/system_look.h"
 #include "toolkit/window_tools.h"
-#include "win32/message_loop.h"
 
 MainForm mainForm;
 
@@ -31,11 +35,9 @@ namespace {
 constexpr UINT TrayMessage = 512;  // the icon's callback; also WM_MOUSEMOVE
 constexpr WPARAM TrayIconId = 1;
 
-constexpr int PageCount = 2;
-
-std::string CaptionOf(MainPage page) {
-    return page == MainPage::Record ? Translate("Record New Job") : Translate("My Jobs");
-}
+// In the order of the tabs.
+Page* const pages[] = {&recordPage, &jobPageForm};
+constexpr int PageCount = static_cast<int>(std::size(pages));
 
 // The shell forgets all icons when it is started anew, and tells everybody so.
 UINT TaskbarCreated() {
@@ -65,55 +67,54 @@ HMENU RecentJobsMenu() {
     return menu;
 }
 
+void SetTab(HWND tabs, UINT message, int place, std::string caption) {
+    TCITEMA tab{};
+    tab.mask = TCIF_TEXT;
+    tab.pszText = caption.data();
+    SendMessageA(tabs, message, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(&tab));
+}
+
 }  // namespace
 
 // --- life ---
 
-void MainForm::Create() {
+void MainForm::CreateMainWindow() {
     RegisterListControl();
     RegisterNumberPicker();
     LoadJobPage();
     RegisterDialogClass(MainWindowClass, GetSysColorBrush(COLOR_3DFACE));
-    CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(form1_dialog), nullptr, DialogThunk, 0);
+    Create();
 }
 
-void MainForm::OnInitDialog(HWND form) {
-    window = form;
-    ownWindows.main = platform::FromHwnd(form);
-    platform::AddModelessForm(form, OnKey);
-    InsertTabs();
-    recordPage.Create(form);
-    jobPageForm.Create(form);
-    for (const HWND each : {recordPage.Window(), jobPageForm.Window()}) UseTabBackground(each);
-    PlacePages();
-    ShowPage(page);
-    SetPictures();
-    platform::AddTrayIcon(platform::FromHwnd(form), MainCaption());
+std::vector<ControlRow> MainForm::Rows() {
+    return {
+        {.id = form1_Exit, .caption = "E&xit", .clicked = CloseToTray, .anchors = AtBottomRight},
+        {.id = form1_tabs, .anchors = AllEdges},
+    };
+}
+
+void MainForm::OnInit() {
+    ownWindows.main = platform::FromHwnd(Window());
+    for (int place = 0; place < PageCount; ++place) SetTab(Control(form1_tabs), TCM_INSERTITEMA, place, "");
+    for (Page* const page : pages) page->CreateIn(Window());
+    ShowPageAt(current);
+    OnLooks();  // the tray icon is the window's
+    platform::AddTrayIcon(ownWindows.main, MainCaption());
 }
 
 void MainForm::InstallProcedure() {
     if (previousProcedure != nullptr) return;
-    const LONG_PTR previous = SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ProcedureThunk));
+    const LONG_PTR previous = SetWindowLongPtrA(Window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ProcedureThunk));
     previousProcedure = reinterpret_cast<WNDPROC>(previous);
 }
 
 void MainForm::RestoreProcedure() {
     if (previousProcedure == nullptr) return;
-    SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previousProcedure));
+    SetWindowLongPtrA(Window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previousProcedure));
     previousProcedure = nullptr;
 }
 
 // --- messages ---
-
-INT_PTR CALLBACK MainForm::DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    return Guarded<INT_PTR>(FALSE, [&]() -> INT_PTR {
-        if (message == WM_INITDIALOG) {
-            mainForm.OnInitDialog(form);
-            return FALSE;  // the start says who gets the focus
-        }
-        return mainForm.window == form ? mainForm.OnDialogMessage(message, wParam, lParam) : FALSE;
-    });
-}
 
 LRESULT CALLBACK MainForm::ProcedureThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     const WNDPROC previous = mainForm.previousProcedure;
@@ -134,66 +135,49 @@ LRESULT CALLBACK MainForm::ProcedureThunk(HWND form, UINT message, WPARAM wParam
     });
 }
 
-INT_PTR MainForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+bool MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     if (message == TaskbarCreated()) return platform::RestoreTrayIcon();
     switch (message) {
         case TrayMessage:
             OnTrayMessageOf(wParam, lParam);
-            return FALSE;
-        case WM_COMMAND:
-            return OnCommand(LOWORD(wParam), HIWORD(wParam));
+            return false;
         case WM_NOTIFY:
-            if (reinterpret_cast<const NMHDR*>(lParam)->code != TCN_SELCHANGE) return FALSE;
-            ShowPage(static_cast<MainPage>(TabCtrl_GetCurSel(GetDlgItem(window, form1_tabs))));
-            return TRUE;
+            if (reinterpret_cast<const NMHDR*>(lParam)->code != static_cast<UINT>(TCN_SELCHANGE)) return false;
+            ShowPageAt(TabCtrl_GetCurSel(Control(form1_tabs)));
+            return true;
         case WM_CLOSE:
             OnClose();
-            return TRUE;
+            return true;
         case WM_QUERYENDSESSION:
-            SetWindowLongPtrA(window, DWLP_MSGRESULT, MayEndSession());
-            return TRUE;
+            result = MayEndSession();
+            return true;
         case WM_ENDSESSION:
             if (wParam) OnEndSession();
-            return TRUE;
+            return true;
         case WM_SIZE:
             FormResized();
-            return FALSE;
-        case WM_DPICHANGED:
-            PostMessageA(window, WM_APP, 0, 0);  // the dialog gives its controls new fonts behind this message
-            return FALSE;
-        case WM_APP:
-            OnDpiChanged();
-            return TRUE;
+            return false;
         default:
-            return FALSE;
+            return false;
     }
 }
 
 // Enter on a button of a page arrives here: the dialog manager speaks to the outermost dialog.
-INT_PTR MainForm::OnCommand(int control, int code) {
-    switch (control) {
-        case IDOK:
-            OnEnter();
-            return TRUE;
-        case form1_Exit:
-            FormVisible(false, false);
-            return TRUE;
-        default:
-            SendMessageA(PageWindow(page), WM_COMMAND, MAKEWPARAM(control, code),
-                         reinterpret_cast<LPARAM>(GetDlgItem(PageWindow(page), control)));
-            return TRUE;
+bool MainForm::OnClicked(int id) {
+    if (id == IDCANCEL) return false;
+    if (id == IDOK) {
+        CurrentPage().OnEnter();
+    } else {
+        SendMessageA(CurrentPage().Window(), WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(CurrentPage().Control(id)));
     }
-}
-
-void MainForm::OnEnter() {
-    if (page == MainPage::Record) recordPage.ClickCommand3();
-    if (page == MainPage::Jobs) jobPageForm.OnEnter();
+    return true;
 }
 
 void MainForm::OnClose() {
     EndRecording();
     if (MainWindowVisible()) CopyControlsToSettings();
-    FormVisible(false, false);
+    CloseToTray();
 }
 
 // Windows is being shut down, or the user logs off. What waits to be saved would be gone: Windows asks the user then,
@@ -205,7 +189,7 @@ BOOL MainForm::MayEndSession() const {
     if (reason.empty()) return TRUE;
     wchar_t text[MAX_STR_BLOCKREASON] = L"";
     MultiByteToWideChar(CP_ACP, 0, reason.c_str(), -1, text, MAX_STR_BLOCKREASON - 1);
-    ShutdownBlockReasonCreate(window, text);
+    ShutdownBlockReasonCreate(Window(), text);
     return FALSE;
 }
 
@@ -227,71 +211,55 @@ void MainForm::OnCopyData(const COPYDATASTRUCT* data) {
 // Keys that no single control knows: Ctrl+Tab and Ctrl+Page Up or Down go through the tabs, as in the system's own
 // property sheets, and what the page makes of the rest.
 bool MainForm::OnKey(const MSG& message) {
-    if (message.message != WM_KEYDOWN || !IsWindowEnabled(mainForm.window)) return false;
-    bool handled = true;
-    Guarded<bool>(true, [&] {
-        const int key = static_cast<int>(message.wParam);
-        if (IsDown(VK_CONTROL) && (key == VK_TAB || key == VK_NEXT || key == VK_PRIOR)) {
-            mainForm.StepPage((key == VK_TAB && IsDown(VK_SHIFT)) || key == VK_PRIOR ? -1 : 1);
-        } else {
-            handled = mainForm.page == MainPage::Jobs && mainForm.jobPageForm.OnKeyDown(key);
-        }
-        return true;
-    });
-    return handled;
+    if (message.message != WM_KEYDOWN || !IsWindowEnabled(Window())) return false;
+    const int key = static_cast<int>(message.wParam);
+    if (!IsDown(VK_CONTROL) || (key != VK_TAB && key != VK_NEXT && key != VK_PRIOR)) {
+        return CurrentPage().OnKeyDown(key);
+    }
+    const int step = (key == VK_TAB && IsDown(VK_SHIFT)) || key == VK_PRIOR ? PageCount - 1 : 1;
+    ShowPageAt((current + step) % PageCount);
+    StaviFocus();
+    return true;
 }
 
 // --- pages ---
 
-void MainForm::InsertTabs() const {
-    TCITEMA tab{};
-    tab.mask = TCIF_TEXT;
-    char none[] = "";
-    tab.pszText = none;
-    for (int place = 0; place < PageCount; ++place) {
-        SendDlgItemMessageA(window, form1_tabs, TCM_INSERTITEMA, static_cast<WPARAM>(place),
-                            reinterpret_cast<LPARAM>(&tab));
+Page& MainForm::CurrentPage() const {
+    return *pages[current];
+}
+
+void MainForm::ShowPage(const Page& page) {
+    ShowPageAt(static_cast<int>(std::find(std::begin(pages), std::end(pages), &page) - std::begin(pages)));
+}
+
+void MainForm::ShowPageAt(int place) {
+    current = std::clamp(place, 0, PageCount - 1);
+    SendMessageA(Control(form1_tabs), TCM_SETCURSEL, static_cast<WPARAM>(current), 0);
+    for (const Page* const page : pages) {
+        ShowWindow(page->Window(), page == &CurrentPage() ? SW_SHOWNA : SW_HIDE);
     }
 }
 
 // Into the tabs' frame, and above them, so that they do not paint over a page.
 void MainForm::PlacePages() const {
-    const HWND tabs = GetDlgItem(window, form1_tabs);
+    const HWND tabs = Control(form1_tabs);
     RECT area{};
     GetClientRect(tabs, &area);
     TabCtrl_AdjustRect(tabs, FALSE, &area);
-    MapWindowPoints(tabs, window, reinterpret_cast<POINT*>(&area), 2);
-    for (const HWND each : {jobPageForm.Window(), recordPage.Window()}) {
-        SetWindowPos(each, HWND_TOP, area.left, area.top, area.right - area.left, area.bottom - area.top,
+    MapWindowPoints(tabs, Window(), reinterpret_cast<POINT*>(&area), 2);
+    for (const Page* const page : pages) {
+        SetWindowPos(page->Window(), HWND_TOP, area.left, area.top, area.right - area.left, area.bottom - area.top,
                      SWP_NOACTIVATE);
     }
-}
-
-HWND MainForm::PageWindow(MainPage which) const {
-    return which == MainPage::Record ? recordPage.Window() : jobPageForm.Window();
-}
-
-void MainForm::ShowPage(MainPage which) {
-    page = which;
-    SendDlgItemMessageA(window, form1_tabs, TCM_SETCURSEL, static_cast<WPARAM>(which), 0);
-    for (int place = 0; place < PageCount; ++place) {
-        const auto each = static_cast<MainPage>(place);
-        ShowWindow(PageWindow(each), each == which ? SW_SHOWNA : SW_HIDE);
-    }
-}
-
-void MainForm::StepPage(int steps) {
-    ShowPage(static_cast<MainPage>((static_cast<int>(page) + steps + PageCount) % PageCount));
-    StaviFocus();
 }
 
 // --- tray ---
 
 void MainForm::OnTrayMessageOf(WPARAM wParam, LPARAM lParam) {
-    if (wParam != TrayIconId || IsMouseMoveOver(window, lParam)) return;
+    if (wParam != TrayIconId || IsMouseMoveOver(Window(), lParam)) return;
     const bool wasVisible = MainWindowVisible();
     OnTrayMessage(static_cast<unsigned>(lParam));
-    if (!wasVisible && MainWindowVisible() && IsWindowEnabled(window)) StaviFocus();
+    if (!wasVisible && MainWindowVisible() && IsWindowEnabled(Window())) StaviFocus();
 }
 
 void MainForm::OpenTrayMenu() {
@@ -307,7 +275,7 @@ void MainForm::OpenTrayMenu() {
     SetMenuDefaultItem(menu, form1_tray_open_tessarine, FALSE);
     POINT place{};
     GetCursorPos(&place);
-    RunTrayCommand(TrackMenu(menu, window, place));
+    RunTrayCommand(TrackMenu(menu, Window(), place));
 }
 
 void MainForm::RunTrayCommand(int command) {
@@ -319,43 +287,31 @@ void MainForm::RunTrayCommand(int command) {
 
 // --- what others ask for ---
 
+// No letter stands twice: a page's are seen together with those of the window.
 void MainForm::PodesiRjecnik() {
+    Form::PodesiRjecnik();
     Mnemonics letters;
-    SetText(window, form1_Exit, letters.Mark(Translate("E&xit")));
+    letters.Mark(Translate("E&xit"));
     for (int place = 0; place < PageCount; ++place) {
-        std::string caption = Unmarked(CaptionOf(static_cast<MainPage>(place)));
-        TCITEMA tab{};
-        tab.mask = TCIF_TEXT;
-        tab.pszText = caption.data();
-        SendDlgItemMessageA(window, form1_tabs, TCM_SETITEMA, static_cast<WPARAM>(place),
-                            reinterpret_cast<LPARAM>(&tab));
+        SetTab(Control(form1_tabs), TCM_SETITEMA, place, Unmarked(pages[place]->TabCaption()));
+        pages[place]->SetTakenLetters(letters);
+        pages[place]->PodesiRjecnik();
     }
-    recordPage.PodesiRjecnik(letters);
-    jobPageForm.PodesiRjecnik(letters);
     WordTrayEntry();
 }
 
 void MainForm::StaviFocus() {
-    SetForegroundWindow(window);
-    if (page == MainPage::Record) recordPage.Focus();
-    if (page == MainPage::Jobs) jobPageForm.Focus();
-}
-
-void MainForm::EnableExitButton(bool enable) {
-    EnableWindow(GetDlgItem(window, form1_Exit), enable);
+    SetForegroundWindow(Window());
+    CurrentPage().StaviFocus();
 }
 
 // --- looks ---
 
-void MainForm::OnDpiChanged() {
-    PlacePages();
-    SetPictures();
-    recordPage.OnDpiChanged();
-    jobPageForm.OnDpiChanged();
-    InvalidateRect(window, nullptr, TRUE);
+void MainForm::OnLooks() {
+    const auto small = ProgramIcon(GetSystemMetricsForDpi(SM_CXSMICON, static_cast<UINT>(DpiOf(Window()))));
+    SendMessageA(Window(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small));
 }
 
-void MainForm::SetPictures() {
-    const auto small = ProgramIcon(GetSystemMetricsForDpi(SM_CXSMICON, static_cast<UINT>(DpiOf(window))));
-    SendMessageA(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small));
+void MainForm::OnLayout() {
+    PlacePages();
 }

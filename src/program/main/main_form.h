@@ -1,66 +1,53 @@
 // form1, the main window: its pages under their tabs, the tray icon, and the messages of a second start. Closing and
-// minimising hide it; the tray menu's exit ends the program.
+// minimising hide it; the tray menu's exit ends the program. It can be resized, and keeps its size while the program
+// runs.
 //
-// It implements main_window_view, form_view, shell_view, options_view, job_page_view, library_view, the job list's view
-// and the settings' view. The tray menu, the pages' commands and every run pump.
+// The tray menu, the pages' commands and every run pump.
 #pragma once
-
-#include <windows.h>
 
 #include <string>
 
-#include "pages/job_page_form.h"
-#include "pages/record_page.h"
+#include "main/main_form_ids.h"
+#include "pages/page.h"
 
-// Places of the tabs.
-enum class MainPage { Record, Jobs };
-
-class MainForm {
+class MainForm : public Form {
 public:
-    void Create();  // not visible yet
-    HWND Window() const { return window; }
+    MainForm() : Form(form1_dialog) {}
+    void CreateMainWindow();  // not visible yet
 
     // The part of the window procedure that other programs and the system's own services speak to. It stands in front
     // of the dialog's, from the end of the load until the process ends.
     void InstallProcedure();
     void RestoreProcedure();
 
-    RecordPage recordPage;
-    JobPageForm jobPageForm;
-
-    void PodesiRjecnik();
-    void ShowPage(MainPage page);
+    void PodesiRjecnik() override;
+    void ShowPage(const Page& page);
     void StaviFocus();
-    void EnableExitButton(bool enable);
     void SetTrayOpenCaption(const std::string& caption) { trayOpenCaption = caption; }
     void OpenTrayMenu();
 
 private:
-    static bool OnKey(const MSG& message);
-    static INT_PTR CALLBACK DialogThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static LRESULT CALLBACK ProcedureThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR OnCommand(int control, int code);
+    std::vector<ControlRow> Rows() override;
+    void OnInit() override;
+    void OnLooks() override;
+    void OnLayout() override;
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+    bool OnClicked(int id) override;
+    bool OnKey(const MSG& message) override;
 
-    void OnInitDialog(HWND form);
+    Page& CurrentPage() const;
+    void ShowPageAt(int place);
     void OnClose();
-    void OnEnter();
     BOOL MayEndSession() const;
     void OnEndSession();
-    void StepPage(int steps);
     void OnTrayMessageOf(WPARAM wParam, LPARAM lParam);
     void OnCopyData(const COPYDATASTRUCT* data);
-    void OnDpiChanged();
-
-    void InsertTabs() const;
     void PlacePages() const;
-    HWND PageWindow(MainPage which) const;
-    void SetPictures();
     void RunTrayCommand(int command);
 
-    HWND window = nullptr;
     WNDPROC previousProcedure = nullptr;
-    MainPage page = MainPage::Record;
+    int current = 0;  // place of the page that is seen
     std::string trayOpenCaption;
 };
 

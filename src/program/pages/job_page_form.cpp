@@ -2,87 +2,315 @@
 
 #include <commctrl.h>
 
-#include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "editor/edit_job.h"
 #include "library/job_library.h"
 #include "mainwindow/job_page.h"
+#include "mainwindow/job_page_view.h"
 #include "makeexe/make_executable.h"
 #include "pages/drag_out.h"
-#include "pages/job_page_ids.h"
 #include "scheduler/schedule_list.h"
-#include "toolkit/form_thunk.h"
 #include "toolkit/window_tools.h"
-#include "widgets/busy_mark.h"
+
+JobPageForm jobPageForm;
 
 namespace {
 
 constexpr int LetterCount = 26;
 constexpr int SliderPage = 50;  // percent, by Page Up and Page Down
+constexpr UINT_PTR SubclassId = 1;
 
-struct Panel {
-    int first;
-    int last;
-};
-constexpr Panel Panels[] = {
-    {job_page_speed_FIRST, job_page_speed_LAST},
-    {job_page_repeat_FIRST, job_page_repeat_LAST},
-    {job_page_advanced_FIRST, job_page_advanced_LAST},
-    {job_page_hotkey_FIRST, job_page_hotkey_LAST},
-};
-
-// The panels, as the letters of their captions know them.
+// One for each sub-tab, of which one is seen.
 enum : unsigned { SpeedPanel = 1, RepeatPanel = 2, AdvancedPanel = 4, HotkeyPanel = 8 };
 
-// In English the letters are chosen: `marked` is the text with its mark. The dictionary knows it without.
-std::string Caption(const std::string& translated, const std::string& marked) {
-    std::string english = marked;
-    std::erase(english, '&');
-    return translated == english ? marked : translated;
+// --- what can be used ---
+
+bool WithJob() {
+    return EnabledOnJobPage().page;
 }
 
-void ShowText(HWND form, int control, const std::string& text) {
-    if (TextOf(form, control) != text) SetText(form, control, text);
+bool WithRepeat() {
+    return EnabledOnJobPage().options_repeat;
 }
 
-// What is typed by the user keeps its caret when it stays as it was.
-void ShowTyped(HWND form, int control, const std::string& text) {
-    if (TextOf(form, control) == text) return;
-    SetText(form, control, text);
-    SendDlgItemMessageA(form, control, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
+bool WithSimilarNames() {
+    return EnabledOnJobPage().similiar_window_names;
 }
 
-int SliderValue(HWND slider) {
-    return static_cast<int>(SendMessageA(slider, TBM_GETPOS, 0, 0));
+bool WithHotkey() {
+    return EnabledOnJobPage().hotkeyKeys;
 }
 
-void SetSlider(HWND slider, int value) {
-    if (SliderValue(slider) != value) SendMessageA(slider, TBM_SETPOS, TRUE, value);
+// --- what is shown ---
+
+std::string FrameCaption() {
+    return Unmarked(jobPage.frameCaption.empty() ? Translate("Edit properties for job") : jobPage.frameCaption);
 }
 
-std::string Joined(const std::vector<std::string>& lines) {
+std::string PercentSign() {
+    return jobPage.Slider1 == MaximumSpeed ? "" : "%";  // "max" is no number
+}
+
+std::string SafetyText() {
+    return SafetyCaption(jobPage.slider_safety_level);
+}
+
+std::string SafetyParagraphs() {
     std::string text;
-    for (const std::string& line : lines) text += (text.empty() ? "" : "\r\n") + line;
+    for (const std::string& line : SafetyPanel(jobPage.slider_safety_level)) {
+        text += (text.empty() ? "" : "\r\n") + line;
+    }
     return text;
 }
 
-// A control that is disabled while it has the focus would leave the keyboard nowhere.
-void Enable(HWND form, int control, bool enable) {
-    const HWND window = GetDlgItem(form, control);
-    if (!enable && GetFocus() == window) SetFocus(GetDlgItem(form, job_page_lista_jobs));
-    EnableWindow(window, enable);
+// What is typed by the user keeps its caret when it stays as it was.
+void ShowTyped(HWND box, const std::string& text) {
+    if (WindowText(box) == text) return;
+    SetWindowTextA(box, text.c_str());
+    SendMessageA(box, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
+}
+
+// The box of one key of the hotkey.
+Member KeyOfHotkey(bool& value) {
+    return Tick(value, [&value](bool ticked) {
+        value = ticked;
+        NoteHotkeyChange();
+    });
+}
+
+std::vector<ControlRow> Joined(std::initializer_list<std::vector<ControlRow>> parts) {
+    std::vector<ControlRow> rows;
+    for (const std::vector<ControlRow>& part : parts) rows.insert(rows.end(), part.begin(), part.end());
+    return rows;
 }
 
 }  // namespace
 
-// --- life ---
+// --- what it is ---
 
-void JobPageForm::Create(HWND mainWindow) {
-    CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(job_page_dialog), mainWindow, FormThunk<JobPageForm>,
-                       reinterpret_cast<LPARAM>(this));
+std::string JobPageForm::TabCaption() const {
+    return Translate("My Jobs");
 }
 
-bool JobPageForm::OnInitDialog(HWND page) {
-    window = page;
+std::vector<ControlRow> JobPageForm::Rows() {
+    return Joined({ActionRows(), TabRows(), SpeedRows(), RepeatRows(), AdvancedRows(), HotkeyRows()});
+}
+
+std::vector<ControlRow> JobPageForm::ActionRows() {
+    return {
+        {.id = job_page_saved_jobs, .caption = {"Saved Jobs", Label}, .anchors = AcrossTop},
+        {.id = job_page_lista_jobs, .anchors = AllEdges},
+        {.id = job_page_run_job_button,
+         .caption = "Run",
+         .tip = [] { return jobPage.run_job_tip; },
+         .enabled = WithJob,
+         .clicked = run_job,
+         .anchors = AtTopRight},
+        {.id = job_page_edit_job_button,
+         .caption = "Edit",
+         .tip = [] { return jobPage.edit_job_tip; },
+         .enabled = [] { return WithJob() && EditorExists; },
+         .clicked = edit_job,
+         .anchors = AtTopRight},
+        {.id = job_page_schedule_job_button,
+         .caption = "Schedule",
+         .letter = 'c',
+         .tip = [] { return jobPage.schedule_job_tip; },
+         .enabled = [] { return WithJob() && SchedulePageExists; },
+         .clicked = schedule_job,
+         .anchors = AtTopRight},
+        {.id = job_page_make_exe_button,
+         .caption = "Make exe",
+         .tip = [] { return jobPage.make_exe_tip; },
+         .enabled = [] { return WithJob() && MakeExeExists; },
+         .clicked = create_exe,
+         .anchors = AtTopRight},
+        {.id = job_page_frame, .member = Shown(FrameCaption), .anchors = AcrossBottom},
+        {.id = job_page_button_save_changes,
+         .caption = "Save Changes",
+         .letter = 'S',
+         .enabled = [] { return EnabledOnJobPage().button_save_changes; },
+         .clicked = [] { SaveChanges(); },
+         .anchors = AtBottomRight},
+    };
+}
+
+std::vector<ControlRow> JobPageForm::TabRows() {
+    const auto tab = [this](int number, const char* caption, char letter) {
+        return ControlRow{.id = job_page_other_option0 + number,
+                          .caption = caption,
+                          .letter = letter,
+                          .member = Option([number] { return jobPage.other_option == number; },
+                                           [this, number] {
+                                               jobPage.other_option = number;
+                                               Refresh();
+                                           }),
+                          .enabled = WithJob,
+                          .anchors = AtBottomLeft};
+    };
+    return {tab(0, "Speed", 'p'), tab(1, "Repeat", 'R'), tab(2, "Advanced", 'd'), tab(3, "Hotkey", 'H')};
+}
+
+std::vector<ControlRow> JobPageForm::SpeedRows() {
+    return {
+        {.id = job_page_speed_label,
+         .caption = {"Select replay speed", Label},
+         .panels = SpeedPanel,
+         .enabled = WithJob,
+         .anchors = AcrossBottom},
+        {.id = job_page_Slider1,
+         .panels = SpeedPanel,
+         .name = "Select replay speed",
+         .tip = [] { return jobPage.sliderTip; },
+         .member = Slider(jobPage.Slider1, SetSpeed),
+         .enabled = WithJob,
+         .anchors = AcrossBottom},
+        {.id = job_page_Options_speed,
+         .panels = SpeedPanel,
+         .name = "Replay speed in percent",
+         .member = SpeedBox(),
+         .enabled = WithJob,
+         .anchors = AtBottomRight},
+        {.id = job_page_updown2,
+         .panels = SpeedPanel,
+         .name = "Replay speed in percent",
+         .enabled = WithJob,
+         .anchors = AtBottomRight},
+        {.id = job_page_percent,
+         .panels = SpeedPanel,
+         .member = Shown(PercentSign),
+         .enabled = WithJob,
+         .anchors = AtBottomRight},
+        {.id = job_page_speed_tip,
+         .panels = SpeedPanel,
+         .member = Shown([] { return jobPage.sliderTip; }),
+         .enabled = WithJob,
+         .anchors = AcrossBottom},
+        {.id = job_page_Check6,
+         .caption = "Replay job at maximum possible speed",
+         .panels = SpeedPanel,
+         .member = Tick(jobPage.Check6, ClickMaximumSpeed),
+         .enabled = WithJob,
+         .anchors = AcrossBottom},
+        {.id = job_page_Check7,
+         .caption = "Skip mouse moves when replaying (increases speed)",
+         .panels = SpeedPanel,
+         .member = Tick(jobPage.Check7, ClickSkipMoves),
+         .enabled = WithJob,
+         .anchors = AcrossBottom},
+        {.id = job_page_Command5,
+         .caption = "Restore original speed",
+         .panels = SpeedPanel,
+         .enabled = WithJob,
+         .clicked = RestoreOriginalSpeed,
+         .anchors = AtBottomLeft},
+    };
+}
+
+std::vector<ControlRow> JobPageForm::RepeatRows() {
+    return {
+        {.id = job_page_Option1,
+         .caption = "Repeat this job",
+         .panels = RepeatPanel,
+         .member = Option([] { return jobPage.Option1; }, [] { ClickRepeat(true); }),
+         .enabled = WithJob,
+         .anchors = AtBottomLeft},
+        {.id = job_page_options_repeat,
+         .panels = RepeatPanel,
+         .name = "Number of repetitions",
+         .member = RepeatBox(),
+         .enabled = WithRepeat,
+         .anchors = AtBottomLeft},
+        {.id = job_page_times,
+         .caption = "times",
+         .panels = RepeatPanel,
+         .enabled = WithRepeat,
+         .anchors = AtBottomLeft},
+        {.id = job_page_Option2,
+         .caption = "Over and over again",
+         .panels = RepeatPanel,
+         .member = Option([] { return !jobPage.Option1; }, [] { ClickRepeat(false); }),
+         .enabled = WithJob,
+         .anchors = AtBottomLeft},
+    };
+}
+
+std::vector<ControlRow> JobPageForm::AdvancedRows() {
+    return {
+        {.id = job_page_safety_label,
+         .caption = {"Select safety level for job execution", Label},
+         .panels = AdvancedPanel,
+         .enabled = WithJob,
+         .anchors = AcrossBottom},
+        {.id = job_page_slider_safety_level,
+         .panels = AdvancedPanel,
+         .name = "Safety level",
+         .tip = SafetyText,
+         .member = Slider(jobPage.slider_safety_level, SetSafetyLevel),
+         .enabled = WithJob,
+         .anchors = AtBottomLeft},
+        {.id = job_page_Label25,
+         .panels = AdvancedPanel,
+         .member = Shown(SafetyText),
+         .enabled = WithJob,
+         .anchors = AcrossBottom,
+         .font = {100, FW_BOLD}},
+        {.id = job_page_advanced_panel,
+         .panels = AdvancedPanel,
+         .member = Shown(SafetyParagraphs),
+         .enabled = WithJob,
+         .anchors = AcrossBottom},
+        {.id = job_page_similiar_window_names,
+         .caption = "Allow keyboard and mouse actions on windows with similiar captions if exact cannot be found",
+         .panels = AdvancedPanel,
+         .member = Tick(jobPage.similiar_window_names, ClickSimilarNames),
+         .enabled = WithSimilarNames,
+         .anchors = AcrossBottom},
+    };
+}
+
+std::vector<ControlRow> JobPageForm::HotkeyRows() {
+    return {
+        {.id = job_page_assign_hotkey,
+         .caption = "Assign Hotkey for this job",
+         .letter = 'A',
+         .panels = HotkeyPanel,
+         .member = KeyOfHotkey(jobPage.hotkey.assign_hotkey),
+         .enabled = WithJob,
+         .anchors = AcrossBottom},
+        {.id = job_page_hot_ctrl,
+         .caption = "Ctrl",
+         .panels = HotkeyPanel,
+         .member = KeyOfHotkey(jobPage.hotkey.hot_ctrl),
+         .enabled = WithHotkey,
+         .anchors = AtBottomLeft},
+        {.id = job_page_hot_shift,
+         .caption = "Shift",
+         .panels = HotkeyPanel,
+         .member = KeyOfHotkey(jobPage.hotkey.hot_shift),
+         .enabled = WithHotkey,
+         .anchors = AtBottomLeft},
+        {.id = job_page_hot_alt,
+         .caption = "Alt",
+         .panels = HotkeyPanel,
+         .member = KeyOfHotkey(jobPage.hotkey.hot_alt),
+         .enabled = WithHotkey,
+         .anchors = AtBottomLeft},
+        {.id = job_page_plus, .panels = HotkeyPanel, .enabled = WithHotkey, .anchors = AtBottomLeft},
+        {.id = job_page_hot_slovo,
+         .panels = HotkeyPanel,
+         .name = "Hotkey letter",
+         .member = Choice(jobPage.hotkey.hot_slovo, NoteHotkeyChange),
+         .enabled = WithHotkey,
+         .anchors = AtBottomLeft},
+    };
+}
+
+unsigned JobPageForm::VisiblePanels() const {
+    return 1U << static_cast<unsigned>(jobPage.other_option);
+}
+
+void JobPageForm::OnInit() {
     SendMessageA(Control(job_page_Slider1), TBM_SETRANGE, FALSE, MAKELPARAM(1, MaximumSpeed));
     SendMessageA(Control(job_page_Slider1), TBM_SETPAGESIZE, 0, SliderPage);
     SendMessageA(Control(job_page_slider_safety_level), TBM_SETRANGE, FALSE, MAKELPARAM(0, SafetyLow));
@@ -95,129 +323,83 @@ bool JobPageForm::OnInitDialog(HWND page) {
         const std::string text(1, static_cast<char>('A' + letter));
         SendMessageA(Control(job_page_hot_slovo), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
     }
+    SetWindowSubclass(Control(job_page_Options_speed), SpeedThunk, SubclassId, reinterpret_cast<DWORD_PTR>(this));
     lista_jobs.Attach(Control(job_page_lista_jobs), jobLibrary.lista_jobs);
     lista_jobs.BeginDrag = [](int row) { DragFileOut(job_library::JobPathOfRow(row)); };
-    tips.Create(page);
-    SetFonts();
-    Show();
-    return false;  // the focus is the main window's affair
 }
 
-// --- messages ---
-
-INT_PTR JobPageForm::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_COMMAND:
-            return OnCommand(LOWORD(wParam), HIWORD(wParam));
-        case WM_HSCROLL:
-            OnSlider(reinterpret_cast<HWND>(lParam));
-            return TRUE;
-        case WM_NOTIFY: {
-            const auto* const notice = reinterpret_cast<const NMUPDOWN*>(lParam);
-            if (notice->hdr.idFrom != job_page_updown2 || notice->hdr.code != UDN_DELTAPOS) return FALSE;
-            CommitSpeed();
-            StepSpeed(notice->iDelta > 0 ? 1 : -1);
-            SetWindowLongPtrA(window, DWLP_MSGRESULT, TRUE);  // it has no number of its own
-            return TRUE;
-        }
-        default:
-            return FALSE;
-    }
+void JobPageForm::PodesiRjecnik() {
+    Page::PodesiRjecnik();
+    lista_jobs.SetName(Translate("Saved Jobs"));
+    lista_jobs.SetAction(Translate("Edit"));
 }
 
-INT_PTR JobPageForm::OnCommand(int control, int code) {
-    if (showing) return FALSE;
-    const bool isEdit = control == job_page_Options_speed || control == job_page_options_repeat;
-    if (isEdit && code == EN_CHANGE) {
-        OnEdited(control);
-    } else if (isEdit && code == EN_KILLFOCUS) {
-        OnLeft(control);
-    } else if (control == job_page_hot_slovo && code == CBN_SELCHANGE) {
-        OnHotkeyChanged();
-    } else if (!isEdit && code == BN_CLICKED) {
-        OnClicked(control);
-    }
-    return TRUE;
+// The list is cut to whole rows; a high one has a row more.
+void JobPageForm::OnLayout() {
+    lista_jobs.FitWholeRows();
 }
 
-void JobPageForm::OnClicked(int control) {
-    switch (control) {
-        case job_page_run_job_button:
-            return run_job();
-        case job_page_edit_job_button:
-            return edit_job();
-        case job_page_schedule_job_button:
-            return schedule_job();
-        case job_page_make_exe_button:
-            return create_exe();
-        case job_page_button_save_changes:
-            SaveChanges();
-            return;
-        case job_page_Check6:
-            return ClickMaximumSpeed(IsTicked(window, control));
-        case job_page_Check7:
-            return ClickSkipMoves(IsTicked(window, control));
-        case job_page_Command5:
-            return RestoreOriginalSpeed();
-        case job_page_Option1:
-        case job_page_Option2:
-            if (jobPage.Option1 != IsTicked(window, job_page_Option1)) ClickRepeat(!jobPage.Option1);
-            return;
-        case job_page_similiar_window_names:
-            return ClickSimilarNames(IsTicked(window, control));
-        case job_page_assign_hotkey:
-        case job_page_hot_ctrl:
-        case job_page_hot_shift:
-        case job_page_hot_alt:
-            return OnHotkeyChanged();
-        default:
-            break;
-    }
-    if (control >= job_page_other_option0 && control <= job_page_other_option3) {
-        jobPage.other_option = control - job_page_other_option0;
-        Show();
-    }
-}
+// --- the speed ---
 
-void JobPageForm::OnEdited(int control) {
-    if (control == job_page_Options_speed) {
-        speedEdited = true;
-        if (!jobPage.button_save_changes) {  // what is being typed counts when the box is left
-            jobPage.button_save_changes = true;
-            ShowEnabled();
-        }
-    } else {
-        EditRepeat(TextOf(window, control));
-    }
-}
-
-void JobPageForm::OnLeft(int control) {
-    if (control == job_page_Options_speed) return CommitSpeed();
-    if (jobPage.Option1 && TextOf(window, control) != jobPage.options_repeat) EditRepeat(TextOf(window, control));
+// What is typed counts when the box is left; until then it only says that there is something to save.
+Member JobPageForm::SpeedBox() {
+    return {.show =
+                [this](HWND box) {
+                    if (!jobPage.button_save_changes) speedEdited = false;  // another job, or what was saved
+                    if (!speedEdited) ShowTyped(box, jobPage.Options_speed);
+                },
+            .take =
+                [this](HWND) {
+                    speedEdited = true;
+                    jobPage.button_save_changes = true;
+                    Refresh();
+                },
+            .leave = [this](HWND) { CommitSpeed(); }};
 }
 
 void JobPageForm::CommitSpeed() {
     if (!speedEdited) return;
     speedEdited = false;
-    LeaveOptionsSpeed(TextOf(window, job_page_Options_speed));
+    LeaveOptionsSpeed(TextOf(Window(), job_page_Options_speed));
 }
 
-void JobPageForm::OnSlider(HWND slider) {
-    if (slider == Control(job_page_Slider1) && SliderValue(slider) != jobPage.Slider1) SetSpeed(SliderValue(slider));
-    if (slider == Control(job_page_slider_safety_level) && SliderValue(slider) != jobPage.slider_safety_level) {
-        SetSafetyLevel(SliderValue(slider));
-    }
+void JobPageForm::StepSpeedBox(int steps) {
+    CommitSpeed();
+    StepSpeed(steps);
 }
 
-void JobPageForm::OnHotkeyChanged() {
-    HotkeyControls controls;
-    controls.assign_hotkey = IsTicked(window, job_page_assign_hotkey);
-    controls.hot_ctrl = IsTicked(window, job_page_hot_ctrl);
-    controls.hot_shift = IsTicked(window, job_page_hot_shift);
-    controls.hot_alt = IsTicked(window, job_page_hot_alt);
-    controls.hot_slovo = static_cast<int>(SendMessageA(Control(job_page_hot_slovo), CB_GETCURSEL, 0, 0));
-    ChangeHotkey(controls);
+LRESULT CALLBACK JobPageForm::SpeedThunk(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                         DWORD_PTR page) noexcept {
+    const bool isArrow = message == WM_KEYDOWN && (wParam == VK_UP || wParam == VK_DOWN);
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(edit, SpeedThunk, id);
+    if (!isArrow) return DefSubclassProc(edit, message, wParam, lParam);
+    return Guarded<LRESULT>(0, [&]() -> LRESULT {
+        reinterpret_cast<JobPageForm*>(page)->StepSpeedBox(wParam == VK_UP ? 1 : -1);
+        return 0;
+    });
 }
+
+bool JobPageForm::OnMessage(UINT message, WPARAM, LPARAM lParam, LRESULT& result) {
+    if (message != WM_NOTIFY) return false;
+    const auto* const notice = reinterpret_cast<const NMUPDOWN*>(lParam);
+    if (notice->hdr.idFrom != job_page_updown2 || notice->hdr.code != static_cast<UINT>(UDN_DELTAPOS)) return false;
+    StepSpeedBox(notice->iDelta > 0 ? 1 : -1);
+    result = TRUE;  // it has no number of its own
+    return true;
+}
+
+// --- repeat ---
+
+Member JobPageForm::RepeatBox() {
+    return {.show = [](HWND box) { ShowTyped(box, jobPage.options_repeat); },
+            .take = [](HWND box) { EditRepeat(WindowText(box)); },
+            .leave =
+                [](HWND box) {
+                    if (jobPage.Option1 && WindowText(box) != jobPage.options_repeat) EditRepeat(WindowText(box));
+                }};
+}
+
+// --- the keyboard ---
 
 void JobPageForm::OnEnter() {
     CommitSpeed();
@@ -230,131 +412,7 @@ bool JobPageForm::OnKeyDown(int virtualKey) {
     return true;
 }
 
-// --- Menu_Jobs ---
-
-void JobPageForm::OpenMenuJobs() {
-    const HMENU menu = CreatePopupMenu();
-    const auto add = [&](int command, const std::string& caption, bool exists) {
-        AppendMenuA(menu, MF_STRING | (exists ? MF_ENABLED : MF_GRAYED), static_cast<UINT_PTR>(command),
-                    caption.c_str());
-    };
-    add(job_page_menu_run_job, Translate("&Run"), true);
-    add(job_page_menu_edit_job, Translate("&Edit"), EditorExists);
-    add(job_page_menu_schedule_job, Translate("&Schedule"), SchedulePageExists);
-    add(job_page_menu_create_exe, Translate("&Convert job to .exe file"), MakeExeExists);
-    AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
-    add(job_page_menu_create_desktop_shortcut, Translate("Create S&hortcut on Desktop"), true);
-    add(job_page_menu_delete_job, Translate("&Delete job"), true);
-    RunMenuCommand(TrackMenu(menu, GetParent(window), lista_jobs.MenuPlace()));
-}
-
-void JobPageForm::RunMenuCommand(int command) {
-    switch (command) {
-        case job_page_menu_run_job:
-            return run_job();
-        case job_page_menu_edit_job:
-            return edit_job();
-        case job_page_menu_schedule_job:
-            return schedule_job();
-        case job_page_menu_create_exe:
-            return create_exe();
-        case job_page_menu_create_desktop_shortcut:
-            return create_desktop_shortcut();
-        case job_page_menu_delete_job:
-            return delete_job();
-        default:
-            return;
-    }
-}
-
-// --- values ---
-
-void JobPageForm::Show() {
-    if (window == nullptr || showing) return;
-    const BusyMark mark(showing);
-    if (!jobPage.button_save_changes) speedEdited = false;  // the page shows another job, or what was saved
-    ShowText(window, job_page_frame,
-             Unmarked(jobPage.frameCaption.empty() ? Translate("Edit properties for job") : jobPage.frameCaption));
-    ShowTabs();
-    ShowSpeed();
-    ShowRepeat();
-    ShowAdvanced();
-    ShowHotkey();
-    ShowEnabled();
-    ShowTips();
-}
-
-void JobPageForm::ShowTabs() const {
-    for (int tab = 0; tab < static_cast<int>(std::size(Panels)); ++tab) {
-        const Panel& panel = Panels[tab];
-        SetTick(window, job_page_other_option0 + tab, tab == jobPage.other_option);
-        for (int control = panel.first; control <= panel.last; ++control) {
-            ShowWindow(Control(control), tab == jobPage.other_option ? SW_SHOWNA : SW_HIDE);
-        }
-    }
-}
-
-void JobPageForm::ShowSpeed() {
-    SetSlider(Control(job_page_Slider1), jobPage.Slider1);
-    if (!speedEdited) ShowTyped(window, job_page_Options_speed, jobPage.Options_speed);
-    SetTick(window, job_page_Check6, jobPage.Check6);
-    SetTick(window, job_page_Check7, jobPage.Check7);
-    ShowText(window, job_page_speed_tip, jobPage.sliderTip);
-}
-
-void JobPageForm::ShowRepeat() const {
-    SetTick(window, job_page_Option1, jobPage.Option1);
-    SetTick(window, job_page_Option2, !jobPage.Option1);
-    ShowTyped(window, job_page_options_repeat, jobPage.options_repeat);
-}
-
-void JobPageForm::ShowAdvanced() {
-    SetSlider(Control(job_page_slider_safety_level), jobPage.slider_safety_level);
-    ShowText(window, job_page_Label25, SafetyCaption(jobPage.slider_safety_level));
-    ShowText(window, job_page_advanced_panel, Joined(SafetyPanel(jobPage.slider_safety_level)));
-    SetTick(window, job_page_similiar_window_names, jobPage.similiar_window_names);
-}
-
-void JobPageForm::ShowHotkey() const {
-    SetTick(window, job_page_assign_hotkey, jobPage.hotkey.assign_hotkey);
-    SetTick(window, job_page_hot_ctrl, jobPage.hotkey.hot_ctrl);
-    SetTick(window, job_page_hot_shift, jobPage.hotkey.hot_shift);
-    SetTick(window, job_page_hot_alt, jobPage.hotkey.hot_alt);
-    SendMessageA(Control(job_page_hot_slovo), CB_SETCURSEL, static_cast<WPARAM>(jobPage.hotkey.hot_slovo), 0);
-}
-
-void JobPageForm::ShowEnabled() const {
-    const JobPageEnabled enabled = EnabledOnJobPage();
-    Enable(window, job_page_run_job_button, enabled.page);
-    Enable(window, job_page_edit_job_button, enabled.page && EditorExists);
-    Enable(window, job_page_schedule_job_button, enabled.page && SchedulePageExists);
-    Enable(window, job_page_make_exe_button, enabled.page && MakeExeExists);
-    for (int tab = job_page_other_option0; tab <= job_page_other_option3; ++tab) Enable(window, tab, enabled.page);
-    for (const Panel& panel : Panels) {
-        for (int control = panel.first; control <= panel.last; ++control) {
-            const bool repeat = control == job_page_options_repeat || control == job_page_times;
-            const bool keys = control > job_page_hotkey_FIRST && control <= job_page_hotkey_LAST;
-            const bool similar = control == job_page_similiar_window_names;
-            Enable(window, control,
-                   repeat    ? enabled.options_repeat
-                   : keys    ? enabled.hotkeyKeys
-                   : similar ? enabled.similiar_window_names
-                             : enabled.page);
-        }
-    }
-    Enable(window, job_page_button_save_changes, enabled.button_save_changes);
-}
-
-void JobPageForm::ShowTips() {
-    tips.Set(job_page_Slider1, jobPage.sliderTip);
-    tips.Set(job_page_slider_safety_level, SafetyCaption(jobPage.slider_safety_level));
-    tips.Set(job_page_run_job_button, jobPage.run_job_tip);
-    tips.Set(job_page_edit_job_button, jobPage.edit_job_tip);
-    tips.Set(job_page_schedule_job_button, jobPage.schedule_job_tip);
-    tips.Set(job_page_make_exe_button, jobPage.make_exe_tip);
-}
-
-void JobPageForm::Focus() const {
+void JobPageForm::StaviFocus() const {
     SetFocus(Control(job_page_lista_jobs));
 }
 
@@ -364,53 +422,60 @@ void JobPageForm::FocusOn(HotkeyFocus control) {
                                                          : job_page_lista_jobs));
 }
 
-void JobPageForm::PosiviSve(bool grey) const {
-    EnableWindow(window, !grey);
-}
+// --- Menu_Jobs ---
 
-// --- looks ---
-
-void JobPageForm::PodesiRjecnik(Mnemonics letters) {
-    std::vector<MnemonicCaption> captions = {
-        {job_page_button_save_changes, Caption(Translate("Save Changes"), "&Save Changes")},
-        {job_page_other_option0, Caption(Translate("Speed"), "S&peed")},
-        {job_page_other_option1, Caption(Translate("Repeat"), "&Repeat")},
-        {job_page_other_option2, Caption(Translate("Advanced"), "A&dvanced")},
-        {job_page_other_option3, Caption(Translate("Hotkey"), "&Hotkey")},
-        {job_page_run_job_button, Translate("Run")},
-        {job_page_edit_job_button, Translate("Edit")},
-        {job_page_schedule_job_button, Caption(Translate("Schedule"), "S&chedule")},
-        {job_page_make_exe_button, Translate("Make exe")},
-        {job_page_saved_jobs, Translate("Saved Jobs") + ":"},
-        {job_page_speed_label, Translate("Select replay speed") + ":", SpeedPanel},
-        {job_page_Check6, Translate("Replay job at maximum possible speed"), SpeedPanel},
-        {job_page_Check7, Translate("Skip mouse moves when replaying (increases speed)"), SpeedPanel},
-        {job_page_Command5, Translate("Restore original speed"), SpeedPanel},
-        {job_page_Option1, Translate("Repeat this job"), RepeatPanel},
-        {job_page_Option2, Translate("Over and over again"), RepeatPanel},
-        {job_page_safety_label, Translate("Select safety level for job execution") + ":", AdvancedPanel},
-        {job_page_similiar_window_names,
-         Translate("Allow keyboard and mouse actions on windows with similiar captions if exact cannot be found"),
-         AdvancedPanel},
-        {job_page_assign_hotkey, Caption(Translate("Assign Hotkey for this job"), "&Assign Hotkey for this job"),
-         HotkeyPanel},
-        {job_page_hot_ctrl, Translate("CTRL"), HotkeyPanel},
-        {job_page_hot_shift, "SHIFT", HotkeyPanel},  // the key says so itself
-        {job_page_hot_alt, "ALT", HotkeyPanel},
+void JobPageForm::OpenMenuJobs() {
+    struct Entry {
+        FormText caption;  // none is a line
+        bool exists = true;
+        void (*command)() = nullptr;
     };
-    MarkAll(captions, letters);
-    for (const MnemonicCaption& caption : captions) SetText(window, caption.control, caption.text);
-    SetText(window, job_page_times, Translate("times"));
-    Show();
+    const std::vector<Entry> entries = {
+        {"&Run", true, run_job},
+        {"&Edit", EditorExists, edit_job},
+        {"&Schedule", SchedulePageExists, schedule_job},
+        {"&Convert job to .exe file", MakeExeExists, create_exe},
+        {},
+        {"Create S&hortcut on Desktop", true, create_desktop_shortcut},
+        {"&Delete job", true, delete_job},
+    };
+    const HMENU menu = CreatePopupMenu();
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const UINT kind = entries[i].caption ? MF_STRING : MF_SEPARATOR;
+        AppendMenuA(menu, kind | (entries[i].exists ? MF_ENABLED : MF_GRAYED), i + 1, entries[i].caption().c_str());
+    }
+    const auto chosen = static_cast<std::size_t>(TrackMenu(menu, GetParent(Window()), lista_jobs.MenuPlace()));
+    if (chosen > 0) entries[chosen - 1].command();
 }
 
-void JobPageForm::OnDpiChanged() {
-    SetFonts();
+void JobPageForm::PosiviSve(bool grey) const {
+    EnableWindow(Window(), !grey);
 }
 
-void JobPageForm::SetFonts() {
-    const HFONT old = boldFont;
-    boldFont = FontLike(window, 100, FW_BOLD);
-    SendMessageA(Control(job_page_Label25), WM_SETFONT, reinterpret_cast<WPARAM>(boldFont), TRUE);
-    if (old != nullptr) DeleteObject(old);
+// --- the view ---
+
+namespace job_page_view {
+
+void Show() {
+    jobPageForm.Refresh();
 }
+
+void FocusOn(HotkeyFocus control) {
+    jobPageForm.FocusOn(control);
+}
+
+void PosiviSve(bool grey) {
+    jobPageForm.PosiviSve(grey);
+}
+
+void OpenMenuJobs() {
+    jobPageForm.OpenMenuJobs();
+}
+
+void MakeExe(const std::string& jobPath) {
+    MakeExecutable(jobPath);
+}
+
+void OpenScheduleOf(const std::string&) {}  // SchedulePageExists says so
+
+}  // namespace job_page_view

@@ -53,11 +53,3 @@
 #define job_page_plus 1384
 #define job_page_hot_slovo 1385
 #define job_page_hotkey_LAST 1385
-
-// Menu_Jobs
-#define job_page_menu_run_job 1390
-#define job_page_menu_edit_job 1391
-#define job_page_menu_schedule_job 1392
-#define job_page_menu_create_exe 1393
-#define job_page_menu_create_desktop_shortcut 1394
-#define job_page_menu_delete_job 1395

@@ -1,139 +1,96 @@
 #include "pages/record_page.h"
 
-#include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "mainwindow/job_page.h"
-#include "pages/record_page_ids.h"
 #include "settings/settings.h"
-#include "toolkit/form_thunk.h"
 #include "toolkit/window_tools.h"
+
+RecordPage recordPage;
 
 namespace {
 
-struct Option {
-    int control;
-    std::int32_t Settings::*field;
-};
-constexpr Option Options[] = {
-    {record_page_Capture_Mouse_Moves, &Settings::Capture_Mouse_Moves},
-    {record_page_Display_Recording_Window, &Settings::Display_Recording_Window},
-    {record_page_Display_Start_Program_Dialog, &Settings::Display_Start_Program_Dialog},
-    {record_page_display_countdown_check, &Settings::display_countdown_check},
-};
-
-bool IsOption(int control) {
-    for (const Option& option : Options) {
-        if (option.control == control) return true;
-    }
-    return false;
+std::string StopHint() {
+    return Translate1("To stop recording press %1", PauseBreakKey());
 }
 
-// "Record &New (Ctrl+Shift+N)", the entry of the tray menu, ends in the name of the keys.
-std::string KeysOfRecordNew() {
-    const std::string entry = Translate("Record &New (Ctrl+Shift+N)");
-    const std::size_t open = entry.find('(');
-    const std::size_t close = entry.find(')', open);
-    return close == std::string::npos ? std::string() : entry.substr(open + 1, close - open - 1);
+bool Counts() {
+    return settings.display_countdown_check == 1;
 }
 
 }  // namespace
 
-void RecordPage::Create(HWND mainWindow) {
-    CreateDialogParamA(ProgramInstance(), MAKEINTRESOURCEA(record_page_dialog), mainWindow, FormThunk<RecordPage>,
-                       reinterpret_cast<LPARAM>(this));
+std::vector<ControlRow> RecordPage::Rows() {
+    return {
+        {.id = record_page_heading, .caption = "Record New Job", .anchors = AcrossTop, .font = {170, FW_SEMIBOLD}},
+        {.id = record_page_explanation,
+         .caption = "Click this button to start recording a new job",
+         .anchors = AcrossTop},
+        {.id = record_page_command3,
+         .caption = "Start recording",
+         .tip = "Click this button to start recording a new job",
+         .clicked = record_new},
+        {.id = record_page_shortcut,
+         .caption = [] { return KeyCombination({.ctrl = true, .shift = true}, 'N'); },
+         .anchors = AcrossTop},
+        {.id = record_page_stop_hint, .caption = StopHint, .anchors = AcrossTop},
+        {.id = record_page_options, .caption = "Recording Options", .anchors = AcrossTop},
+        {.id = record_page_Capture_Mouse_Moves,
+         .caption = "Capture mouse moves also",
+         .member = Tick(settings.Capture_Mouse_Moves)},
+        {.id = record_page_Display_Recording_Window,
+         .caption = "Display recording status window while recording",
+         .member = Tick(settings.Display_Recording_Window)},
+        {.id = record_page_Display_Start_Program_Dialog,
+         .caption = "Display start program dialog before recording starts",
+         .member = Tick(settings.Display_Start_Program_Dialog)},
+        {.id = record_page_display_countdown_check,
+         .caption = "Display countdown before recording starts",
+         .member = Tick(settings.display_countdown_check)},
+        {.id = record_page_countdown_label, .caption = {"Countdown period (seconds)", Label}, .enabled = Counts},
+        {.id = record_page_countdown_period, .enabled = Counts},
+    };
 }
 
-bool RecordPage::OnInitDialog(HWND page) {
-    window = page;
-    countdown_period.Attach(GetDlgItem(page, record_page_countdown_period));
-    countdown_period.Change = [this] { OnOptionChanged(); };
-    tips.Create(page);
-    SetLooks();
-    return false;  // the focus is the main window's affair
+std::string RecordPage::TabCaption() const {
+    return Translate("Record New Job");
 }
 
-// --- messages ---
-
-INT_PTR RecordPage::OnDialogMessage(UINT message, WPARAM wParam, LPARAM) {
-    return message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED ? OnCommand(LOWORD(wParam)) : FALSE;
+void RecordPage::OnInit() {
+    countdown_period.Attach(Control(record_page_countdown_period));
+    countdown_period.Change = [this] { OnChanged(record_page_countdown_period); };
 }
 
-INT_PTR RecordPage::OnCommand(int control) {
-    if (control == record_page_command3) {
-        ClickCommand3();
-        return TRUE;
-    }
-    if (!IsOption(control)) return FALSE;
-    OnOptionChanged();
-    return TRUE;
+void RecordPage::PodesiRjecnik() {
+    Page::PodesiRjecnik();
+    countdown_period.SetName(Translate("Countdown period"));
 }
 
-void RecordPage::ClickCommand3() {
+void RecordPage::OnLooks() {
+    SetPicture(Window(), record_page_Picture1);
+}
+
+void RecordPage::StaviFocus() const {
+    SetFocus(Control(record_page_command3));
+}
+
+void RecordPage::OnEnter() {
     record_new();
 }
 
-void RecordPage::OnOptionChanged() {
+void RecordPage::OnChanged(int) {
     if (!optionsShown) return;
-    EnableCountdownPeriod();
     CopyOptions();
+    Refresh();
     SaveSettings();
 }
 
-// --- values ---
-
 void RecordPage::ShowOptions() {
     optionsShown = false;  // the picker reports the number that it is given
-    for (const Option& option : Options) SetTick(window, option.control, settings.*option.field == 1);
     countdown_period.SetValue(settings.countdown_period);
-    EnableCountdownPeriod();
+    Refresh();
     optionsShown = true;
 }
 
 void RecordPage::CopyOptions() const {
-    if (!optionsShown) return;
-    for (const Option& option : Options) settings.*option.field = IsTicked(window, option.control) ? 1 : 0;
-    settings.countdown_period = countdown_period.Value();
-}
-
-void RecordPage::EnableCountdownPeriod() {
-    const bool counts = IsTicked(window, record_page_display_countdown_check);
-    countdown_period.Enable(counts);
-    EnableWindow(GetDlgItem(window, record_page_countdown_label), counts);
-}
-
-// --- looks ---
-
-void RecordPage::PodesiRjecnik(Mnemonics letters) {
-    const auto caption = [&](int control, const std::string& text) { SetText(window, control, letters.Mark(text)); };
-    SetText(window, record_page_heading, Translate("Record New Job"));
-    SetText(window, record_page_explanation, Translate("Click this button to start recording a new job"));
-    caption(record_page_command3, Translate("Start recording"));
-    SetText(window, record_page_shortcut, KeysOfRecordNew());
-    SetText(window, record_page_stop_hint,
-            Translate("To stop recording press") + " " + Translate("Pause") + "/" + Translate("Break"));
-    SetText(window, record_page_options, Unmarked(Translate("Recording Options")));
-    caption(record_page_Capture_Mouse_Moves, Translate("Capture mouse moves also"));
-    caption(record_page_Display_Recording_Window, Translate("Display recording status window while recording"));
-    caption(record_page_Display_Start_Program_Dialog,
-            Translate("Display start program dialog before recording starts"));
-    caption(record_page_display_countdown_check, Translate("Display countdown before recording starts"));
-    caption(record_page_countdown_label, Translate("Countdown period (seconds)") + ":");
-    tips.Set(record_page_command3, Translate("Click this button to start recording a new job"));
-}
-
-void RecordPage::Focus() const {
-    SetFocus(GetDlgItem(window, record_page_command3));
-}
-
-void RecordPage::OnDpiChanged() {
-    SetLooks();
-}
-
-void RecordPage::SetLooks() {
-    const HFONT old = headingFont;
-    headingFont = FontLike(window, 170, FW_SEMIBOLD);
-    SendDlgItemMessageA(window, record_page_heading, WM_SETFONT, reinterpret_cast<WPARAM>(headingFont), TRUE);
-    if (old != nullptr) DeleteObject(old);
-    const platform::Rect picture = RectangleOf(GetDlgItem(window, record_page_Picture1));
-    SendDlgItemMessageA(window, record_page_Picture1, STM_SETICON,
-                        reinterpret_cast<WPARAM>(ProgramIcon(picture.right - picture.left)), 0);
+    if (optionsShown) settings.countdown_period = countdown_period.Value();
 }

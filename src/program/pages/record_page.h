@@ -2,37 +2,30 @@
 // is saved at once. The record button pumps for as long as the dialogs before a recording are open.
 #pragma once
 
-#include <windows.h>
-
 #include "controls/number_picker.h"
-#include "toolkit/tool_tips.h"
-#include "widgets/mnemonics.h"
+#include "pages/page.h"
+#include "pages/record_page_ids.h"
 
-class RecordPage {
+class RecordPage : public Page {
 public:
-    void Create(HWND mainWindow);  // not visible
-    HWND Window() const { return window; }
+    RecordPage() : Page(record_page_dialog) {}
 
-    void PodesiRjecnik(Mnemonics letters);  // `letters`: those that the main window uses itself
-    void ShowOptions();                     // the options, as the settings have them
-    void CopyOptions() const;               // and back; does nothing before they were shown
-    void Focus() const;
-    void ClickCommand3();  // Enter, anywhere on the page
-    void OnDpiChanged();
+    void ShowOptions();        // the options, as the settings have them
+    void CopyOptions() const;  // countdown_period, back into the settings; the rest is there already
+
+    std::string TabCaption() const override;
+    void StaviFocus() const override;
+    void OnEnter() override;
+    void PodesiRjecnik() override;
 
 private:
-    template <class Form>
-    friend INT_PTR CALLBACK FormThunk(HWND, UINT, WPARAM, LPARAM) noexcept;
-    bool OnInitDialog(HWND page);
-    INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR OnCommand(int control);
-    void OnOptionChanged();
-    void EnableCountdownPeriod();
-    void SetLooks();
+    std::vector<ControlRow> Rows() override;
+    void OnInit() override;
+    void OnLooks() override;
+    void OnChanged(int id) override;
 
-    HWND window = nullptr;
-    HFONT headingFont = nullptr;
     NumberPicker countdown_period{1, 10};
-    ToolTips tips;
     bool optionsShown = false;
 };
+
+extern RecordPage recordPage;

@@ -32,14 +32,12 @@ std::int32_t SliderPlace(HWND slider) {
 Member Tick(bool& value, std::function<void(bool)> changed) {
     if (!changed) changed = [&value](bool ticked) { value = ticked; };
     return {.show = [&value](HWND control) { ShowTick(control, value); },
-            .take = [changed](HWND control) { changed(TickOf(control)); },
-            .leave = nullptr};
+            .take = [changed](HWND control) { changed(TickOf(control)); }};
 }
 
 Member Tick(std::int32_t& option) {
     return {.show = [&option](HWND control) { ShowTick(control, option == 1); },
-            .take = [&option](HWND control) { option = TickOf(control) ? 1 : 0; },
-            .leave = nullptr};
+            .take = [&option](HWND control) { option = TickOf(control) ? 1 : 0; }};
 }
 
 Member Option(std::function<bool()> chosen, std::function<void()> choose) {
@@ -47,26 +45,21 @@ Member Option(std::function<bool()> chosen, std::function<void()> choose) {
             .take =
                 [chosen, choose = std::move(choose)](HWND) {
                     if (!chosen()) choose();
-                },
-            .leave = nullptr};
+                }};
 }
 
 // A text that stays as it is must not flicker.
 Member Shown(FormText text) {
-    return {.show =
-                [text = std::move(text)](HWND control) {
-                    const std::string shown = text();
-                    if (WindowText(control) != shown) SetWindowTextA(control, shown.c_str());
-                },
-            .take = nullptr,
-            .leave = nullptr};
+    return {.show = [text = std::move(text)](HWND control) {
+        const std::string shown = text();
+        if (WindowText(control) != shown) SetWindowTextA(control, shown.c_str());
+    }};
 }
 
 Member Typed(std::string& value, std::function<void(const std::string&)> changed) {
     if (!changed) changed = [&value](const std::string& typed) { value = typed; };
     return {.show = [&value](HWND control) { ShowTyped(control, value); },
-            .take = [changed](HWND control) { changed(WindowText(control)); },
-            .leave = nullptr};
+            .take = [changed](HWND control) { changed(WindowText(control)); }};
 }
 
 Member Slider(std::int32_t& value, std::function<void(std::int32_t)> changed) {
@@ -77,8 +70,7 @@ Member Slider(std::int32_t& value, std::function<void(std::int32_t)> changed) {
             .take =
                 [&value, changed = std::move(changed)](HWND control) {
                     if (SliderPlace(control) != value) changed(SliderPlace(control));
-                },
-            .leave = nullptr};
+                }};
 }
 
 Member Choice(int& place, std::function<void()> changed) {
@@ -87,6 +79,5 @@ Member Choice(int& place, std::function<void()> changed) {
                 [&place, changed = std::move(changed)](HWND control) {
                     place = static_cast<int>(SendMessageA(control, CB_GETCURSEL, 0, 0));
                     if (changed) changed();
-                },
-            .leave = nullptr};
+                }};
 }

@@ -24,8 +24,7 @@ public:
     FormText() = default;
     FormText(const char* key, Wording wording = Translate) : say([=] { return wording(key); }) {}
     template <class Function>
-        requires std::is_invocable_r_v<std::string, Function>
-    FormText(Function function) : say(std::move(function)) {}
+    requires std::is_invocable_r_v<std::string, Function> FormText(Function function) : say(std::move(function)) {}
 
     explicit operator bool() const { return static_cast<bool>(say); }
     std::string operator()() const { return say ? say() : std::string(); }
@@ -36,9 +35,9 @@ private:
 
 // How a control and a value of the form's model go together. `control` is the window.
 struct Member {
-    std::function<void(HWND control)> show;
-    std::function<void(HWND control)> take;   // the user has changed it: a click, a key typed, a slider moved
-    std::function<void(HWND control)> leave;  // of a text box: the focus goes
+    std::function<void(HWND control)> show = nullptr;
+    std::function<void(HWND control)> take = nullptr;   // the user has changed it: a click, a key typed, a slider moved
+    std::function<void(HWND control)> leave = nullptr;  // of a text box: the focus goes
 };
 
 // Check boxes, option buttons. `changed` gets the new state and is to put it into the model; without it the form does.
@@ -77,15 +76,15 @@ struct FontStyle {
 
 struct ControlRow {
     int id = 0;
-    FormText caption;                        // put in when the language is chosen; `member` may show another later
+    FormText caption = {};                   // put in when the language is chosen; `member` may show another later
     char letter = 0;                         // that the English caption marks; others are given out
     unsigned panels = Mnemonics::AllPanels;  // with which of the form's panels it is seen
-    FormText name;                           // what screen readers say, for a control without caption or label
-    FormText tip;                            // an empty text shows none
-    Member member;
-    std::function<bool()> enabled;  // always, when there is none
-    std::function<void()> clicked;  // after the member has taken what the click changed
+    FormText name = {};                      // what screen readers say, for a control without caption or label
+    FormText tip = {};                       // an empty text shows none
+    Member member = {};
+    std::function<bool()> enabled = {};  // always, when there is none
+    std::function<void()> clicked = {};  // after the member has taken what the click changed
     unsigned anchors = AtTopLeft;
-    FontStyle font;
-    std::optional<COLORREF> colour;  // of a label's text; in high contrast the system's
+    FontStyle font = {};
+    std::optional<COLORREF> colour = {};  // of a label's text; in high contrast the system's
 };

@@ -1,5 +1,5 @@
-// A small window that floats over the desktop, above everything, without a title: a frame with round corners, or nothing
-// but its texts. It is shown without being activated, so that whoever works goes on working.
+// A small window that floats over the desktop, above everything, without a title: a frame with round corners, or
+// nothing but its texts. It is shown without being activated, so that whoever works goes on working.
 #pragma once
 
 #include <windows.h>

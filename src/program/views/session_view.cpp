@@ -1,13 +1,13 @@
-// What a recording asks of the main window and the hotkeys; its forms implement the rest. The editor, from which pieces
-// are recorded, does not exist yet.
+// What a recording and a hotkey ask of the main window. The editor, from which pieces are recorded, does not exist yet.
+#include "recording/session_view.h"
 #include "forms/save_as_form.h"
 #include "hotkeys/hotkey_table.h"
 #include "hotkeys/hotkey_view.h"
 #include "main/main_form.h"
 #include "mainwindow/form_visible.h"
 #include "mainwindow/job_page.h"
+#include "pages/job_page_form.h"
 #include "platform/pump.h"
-#include "recording/session_view.h"
 #include "replay/run_job.h"
 
 void hotkey_view::ClickCommand3() {
@@ -57,7 +57,7 @@ void ShowSaveAs() {
     const bool saved = SaveAsForm().ShowModal();
     platform::Pump();
     if (!saved) return;
-    mainForm.ShowPage(MainPage::Jobs);
+    mainForm.ShowPage(jobPageForm);
     mainForm.StaviFocus();
 }
 

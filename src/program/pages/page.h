@@ -1,0 +1,19 @@
+// A page of the main window: a form in one of its tabs. The main window holds an array of them (main/main_form.cpp) and
+// asks all of them the same few things.
+#pragma once
+
+#include "toolkit/form.h"
+
+class Page : public Form {
+public:
+    using Form::Form;
+
+    void CreateIn(HWND mainWindow);  // not visible
+
+    virtual std::string TabCaption() const = 0;
+    virtual void StaviFocus() const = 0;  // ("set the focus"): to the control that one wants first
+    virtual void OnEnter() {}             // Enter, anywhere but on a button
+
+    // A key before the control with the focus gets it; true when it was for the page.
+    virtual bool OnKeyDown(int) { return false; }
+};

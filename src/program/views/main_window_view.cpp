@@ -1,0 +1,64 @@
+// What a run and the tray do with form1.
+#include <windows.h>
+
+#include "main/main_form.h"
+#include "mainwindow/form_view.h"
+#include "mainwindow/form_visible.h"
+#include "replay/main_window_view.h"
+
+namespace main_window_view {
+
+bool IsVisible() {
+    return MainWindowVisible();
+}
+
+bool IsNormal() {
+    return !IsIconic(mainForm.Window()) && !IsZoomed(mainForm.Window());
+}
+
+void Minimise() {
+    ShowWindow(mainForm.Window(), SW_MINIMIZE);
+}
+
+// Comes back where it was, and leaves the keyboard to the window that the job has left in front.
+void Restore() {
+    ShowWindow(mainForm.Window(), SW_SHOWNOACTIVATE);
+}
+
+void Enable(bool enable) {
+    EnableWindow(mainForm.Window(), enable);
+}
+
+void EnableExitButton(bool enable) {
+    EnableWindow(mainForm.Control(form1_Exit), enable);
+}
+
+}  // namespace main_window_view
+
+namespace form_view {
+
+void SetVisible(bool visible) {
+    ShowWindow(mainForm.Window(), visible ? SW_SHOW : SW_HIDE);
+}
+
+bool IsMinimised() {
+    return IsIconic(mainForm.Window());
+}
+
+void BringToNormal() {
+    ShowWindow(mainForm.Window(), SW_SHOWNORMAL);
+}
+
+bool IsEnabled() {
+    return IsWindowEnabled(mainForm.Window());
+}
+
+void SetTrayOpenCaption(const std::string& caption) {
+    mainForm.SetTrayOpenCaption(caption);
+}
+
+void OpenTrayMenu() {
+    mainForm.OpenTrayMenu();
+}
+
+}  // namespace form_view

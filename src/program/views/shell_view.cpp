@@ -1,0 +1,97 @@
+// What the start and the end of the program do with form1 and with the process, and what of the settings lives on it.
+#include "shell/shell_view.h"
+
+#include "library/job_library.h"
+#include "main/main_form.h"
+#include "mainwindow/form_view.h"
+#include "pages/job_page_form.h"
+#include "pages/record_page.h"
+#include "platform/input.h"
+#include "platform/tray.h"
+#include "settings/settings.h"
+#include "settings/settings_view.h"
+#include "shell/startup.h"
+#include "toolkit/window_tools.h"
+
+namespace {
+
+constexpr int TwipsPerInch = 1440;
+
+std::int32_t Twips(int pixels) {
+    return MulDiv(pixels, TwipsPerInch, DpiOf(mainForm.Window()));
+}
+
+int Pixels(std::int32_t twips) {
+    return MulDiv(twips, DpiOf(mainForm.Window()), TwipsPerInch);
+}
+
+}  // namespace
+
+namespace shell_view {
+
+void CreateMainWindow() {
+    mainForm.CreateMainWindow();
+}
+
+void PrepareMainWindow() {
+    SetWindowTextA(mainForm.Window(), MainCaption().c_str());
+}
+
+void InstallProcedures() {
+    mainForm.InstallProcedure();
+}
+
+// The list takes its messages itself, and there is no other list yet: no procedure stands in front of theirs.
+void RestoreJobListProcedure() {}
+void RestoreScheduleListProcedure() {}
+
+void RestoreMainProcedure() {
+    mainForm.RestoreProcedure();
+}
+
+void RestoreWindowPosition() {
+    const platform::Rect place = RectangleOf(mainForm.Window());
+    const platform::Size screen = platform::ScreenSize();
+    const platform::Point corner =
+        MainWindowPosition({Twips(place.right - place.left), Twips(place.bottom - place.top)},
+                           {Twips(screen.width), Twips(screen.height)});
+    MoveWindowTo(mainForm.Window(), Pixels(corner.x), Pixels(corner.y));
+}
+
+// The Options page does not exist yet, but for the options of recordings.
+void ShowOptions() {
+    recordPage.ShowOptions();
+    if (jobLibrary.lista_jobs.ListCount() > 0) mainForm.ShowPage(jobPageForm);
+}
+
+void PodesiRjecnik() {
+    mainForm.PodesiRjecnik();
+}
+
+void BringToNormal() {
+    if (IsIconic(mainForm.Window())) form_view::BringToNormal();
+}
+
+void StaviFocus() {
+    mainForm.StaviFocus();
+}
+
+void RemoveTrayIcon() {
+    platform::RemoveTrayIcon();
+}
+
+void EndProcess() {
+    ExitProcess(0);
+}
+
+}  // namespace shell_view
+
+// A minimised window stands nowhere, and its place is kept.
+void CopyControlsToSettings() {
+    if (mainForm.Window() == nullptr) return;
+    recordPage.CopyOptions();
+    if (IsIconic(mainForm.Window())) return;
+    const platform::Rect place = RectangleOf(mainForm.Window());
+    settings.MainLeft = Twips(place.left);
+    settings.MainTop = Twips(place.top);
+}
