@@ -72,7 +72,7 @@ using Captures = void (*)(const Stage&);
 // Seconds for a round of captures in a recording that holds `count` signatures already.
 double Measure(Captures captures, const Stage& stage, int count) {
     ResetWindowArrays(Signatures(count));
-    windowArrays.chains.reserve(CapturesPerRound + 1);
+    windowArrays.chains.Reserve(CapturesPerRound + 1);
     Capture(stage.button);
     return bench::Seconds([&] { captures(stage); });
 }

@@ -72,11 +72,11 @@ std::vector<WindowSignature> Signatures() {
 
 // A recording that has just begun, without the forms around it.
 void BeginAnew() {
+    recordingSession.state = RecordingState::Recording;
     recordingSession.recordingEvents.Reset(1000);
     recordingSession.eventCapacity = 1000;
     recordingSession.eventCount = -1;
     ResetWindowArrays(Signatures());
-    ReserveWindowArrays();
 }
 
 // --- a move, all the way from the hand ---
@@ -93,6 +93,7 @@ void CompareMoves() {
     bench::ReportRatio(
         "mouse move / a hook that copies the record",
         [] {
+            recordingSession.state = RecordingState::Recording;
             recordingSession.eventCount = -1;
             recordingSession.eventCapacity = 1000;
             recordingSession.recordingEvents.Reset(1000);

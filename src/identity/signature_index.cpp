@@ -46,9 +46,8 @@ bool IsInPath(std::span<const std::int32_t> path, std::int32_t signature) {
 
 }  // namespace
 
-std::optional<std::int32_t> SignatureIndex::FindFirst(const std::vector<WindowSignature>& windows,
+std::optional<std::int32_t> SignatureIndex::FindFirst(const BlockArray<WindowSignature>& windows,
                                                       const WindowSignature& live, std::span<const std::int32_t> path) {
-    if (windows.size() < indexed) Rebuild(windows);
     CatchUp(windows);
     const auto found = byHash.find(HashOf(live));
     if (found == byHash.end()) return std::nullopt;
@@ -60,13 +59,13 @@ std::optional<std::int32_t> SignatureIndex::FindFirst(const std::vector<WindowSi
     return std::nullopt;
 }
 
-void SignatureIndex::Rebuild(const std::vector<WindowSignature>& windows) {
+void SignatureIndex::Rebuild(const BlockArray<WindowSignature>& windows) {
     byHash.clear();
     indexed = 0;
     CatchUp(windows);
 }
 
-void SignatureIndex::CatchUp(const std::vector<WindowSignature>& windows) {
+void SignatureIndex::CatchUp(const BlockArray<WindowSignature>& windows) {
     for (; indexed < windows.size(); ++indexed) {
         const WindowSignature& stored = windows[indexed];
         if (CanMatch(stored)) byHash[HashOf(stored)].push_back(static_cast<std::int32_t>(indexed));

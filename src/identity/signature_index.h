@@ -9,21 +9,22 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/block_array.h"
 #include "jobs/job_records.h"
 
 class SignatureIndex {
 public:
     // The lowest index in `windows` whose signature equals `live` and that is not yet in `path`, the signatures of a
     // chain so far; its last entry is the one to be filled and reads 0. `windows` must be the array of the call before,
-    // possibly longer; any other array wants a Rebuild first. (One that has become shorter is noticed.)
-    std::optional<std::int32_t> FindFirst(const std::vector<WindowSignature>& windows, const WindowSignature& live,
+    // possibly longer; any other array wants a Rebuild first.
+    std::optional<std::int32_t> FindFirst(const BlockArray<WindowSignature>& windows, const WindowSignature& live,
                                           std::span<const std::int32_t> path);
 
     // For an array with other contents. Done at once, so that no hook has to do it.
-    void Rebuild(const std::vector<WindowSignature>& windows);
+    void Rebuild(const BlockArray<WindowSignature>& windows);
 
 private:
-    void CatchUp(const std::vector<WindowSignature>& windows);
+    void CatchUp(const BlockArray<WindowSignature>& windows);
 
     std::unordered_map<std::size_t, std::vector<std::int32_t>> byHash;  // ascending
     std::size_t indexed = 0;  // signatures that are in byHash or can never match

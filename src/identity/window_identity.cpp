@@ -12,6 +12,7 @@
 #include "identity/signature_index.h"
 #include "platform/boxes.h"
 #include "platform/input.h"
+#include "platform/pump.h"
 #include "platform/window_services.h"
 #include "trace/debug_trace.h"
 
@@ -73,7 +74,9 @@ std::int32_t SignatureFor(WindowSignature&& live, const std::vector<std::int32_t
 // True when the level just filled is the last.
 bool EndsAt(LiveChain& target, std::int32_t level) {
     const WindowHandle parent = target.Handle(level + 1);
-    if (parent < 0) platform::ShowBox("handle manji od nula!!!!", ProductName);
+    if (parent < 0) {
+        platform::CallOutsideHooks([] { platform::ShowBox("handle manji od nula!!!!", ProductName); });
+    }
     return parent <= 0 || target.IsFoundByName(level);
 }
 
@@ -83,42 +86,38 @@ bool EndsAt(LiveChain& target, std::int32_t level) {
 }
 
 // The chain is built aside: the free one of the array belongs to whichever capture ends last.
-std::vector<std::int32_t> BuildPath(LiveChain& target, std::uint32_t session) {
+std::vector<std::int32_t> BuildPath(LiveChain& target) {
     std::vector<std::int32_t> path;
     path.reserve(UsualLevels);
-    while (windowArrays.session == session) {
-        const auto level = static_cast<std::int32_t>(path.size());
-        if (level == WindowChain::MaximumLevels) RefuseDepth();
+    for (std::int32_t level = 0; level < WindowChain::MaximumLevels; ++level) {
         path.push_back(0);
         path.back() = SignatureFor(Describe(target, level), path);
-        if (EndsAt(target, level)) break;
+        if (EndsAt(target, level)) return path;
     }
-    return path;
+    RefuseDepth();
 }
 
 void StoreChain(std::int32_t index, const std::vector<std::int32_t>& path) {
     auto& chains = windowArrays.chains;
-    chains.resize(chains.size() + 1);
-    if (index < CountOf(chains)) {
-        WindowChain& chain = chains[static_cast<std::size_t>(index)];
-        if (index + 1 < CountOf(chains)) chain = {};  // another capture, inside this one, has filled it
-        std::copy(path.begin(), path.end(), chain.Path.begin());
-        chain.LeafWindow = path.front();
-        chain.Depth = CountOf(path) - 1;
-    }
+    chains.push_back({});
+    WindowChain& chain = chains[static_cast<std::size_t>(index)];
+    if (index + 1 < CountOf(chains)) chain = {};  // another capture, inside this one, has filled it
+    std::copy(path.begin(), path.end(), chain.Path.begin());
+    chain.LeafWindow = path.front();
+    chain.Depth = CountOf(path) - 1;
     if (std::floor(0.9 * windowArrays.chainCapacity) <= CountOf(chains)) windowArrays.growChains = true;
 }
 
 }  // namespace
 
-void ResetWindowArrays(std::vector<WindowSignature> windows, std::vector<WindowChain> chains) {
-    const std::uint32_t session = windowArrays.session + 1;
+void ResetWindowArrays(const std::vector<WindowSignature>& windows, const std::vector<WindowChain>& chains) {
     windowArrays = {};
     windowArrays.windowCapacity = CountOf(windows) + SpareElements;
     windowArrays.chainCapacity = CountOf(chains) + SpareElements;
-    windowArrays.windows = std::move(windows);
-    windowArrays.chains = std::move(chains);
-    windowArrays.session = session;
+    windowArrays.windows = windows;
+    windowArrays.chains = chains;
+    windowArrays.windows.Reserve(static_cast<std::size_t>(windowArrays.windowCapacity));
+    windowArrays.chains.Reserve(static_cast<std::size_t>(windowArrays.chainCapacity));
     signatureIndex.Rebuild(windowArrays.windows);
 }
 
@@ -144,10 +143,8 @@ int CaptureWindow(JobEvent& event, bool byFocus) {
     std::optional<LiveChain> target = CaptureTarget(byFocus);
     if (!target) return 0;
     const std::int32_t index = CountOf(windowArrays.chains);
-    const std::uint32_t session = windowArrays.session;
-    const std::vector<std::int32_t> path = BuildPath(*target, session);
+    const std::vector<std::int32_t> path = BuildPath(*target);
     DebugTrace("===:");
-    if (windowArrays.session != session) return 0;
     StoreChain(index, path);
     event.WindowChainIndex = index;
     return CountOf(path);

@@ -6,25 +6,25 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/block_array.h"
 #include "jobs/job_records.h"
 #include "platform/types.h"
 
 // The signatures and chains of the recording under way. Their sizes are the counts; the capacities only say when a
-// recording wants to grow ahead of its need. `windows` may be appended to and taken away, but is replaced by
-// ResetWindowArrays alone, which also tells the index over it.
+// recording wants to grow ahead of its need. `windows` may be appended to, but is replaced by ResetWindowArrays alone,
+// which also tells the index over it. Neither moves what it holds when it grows.
 struct WindowArrays {
-    std::vector<WindowSignature> windows;
-    std::vector<WindowChain> chains;
+    BlockArray<WindowSignature> windows;
+    BlockArray<WindowChain> chains;
     std::int32_t windowCapacity = 100;
     std::int32_t chainCapacity = 100;
-    bool growWindows = false;   // less than 20 free
-    bool growChains = false;    // nine tenths in use
-    std::uint32_t session = 0;  // counts the calls of ResetWindowArrays
+    bool growWindows = false;  // less than 20 free
+    bool growChains = false;   // nine tenths in use
 };
 extern WindowArrays windowArrays;
 
 // Begins a recording: empty, or with what an open job holds already. Capacities are the counts plus 100.
-void ResetWindowArrays(std::vector<WindowSignature> windows = {}, std::vector<WindowChain> chains = {});
+void ResetWindowArrays(const std::vector<WindowSignature>& windows = {}, const std::vector<WindowChain>& chains = {});
 
 // The program's own windows, set by the forms; 0 while there is none.
 struct OwnWindows {
@@ -46,6 +46,5 @@ bool WindowPlacementsEqual(const platform::WindowPlacement& stored, const platfo
 // Keys typed into our own windows count as typed on the desktop.
 //
 // Pumps: another capture can run inside this one. Both then write the same free chain, the outer one last, both count
-// it, and both events point at it. The event must not lie in an array that such a call may grow. When a new recording
-// has begun meanwhile, nothing is stored and the result is 0. A range failure for a window more than 256 levels deep.
+// it, and both events point at it. A range failure for a window more than 256 levels deep.
 int CaptureWindow(JobEvent& event, bool byFocus);

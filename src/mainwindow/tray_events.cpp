@@ -3,6 +3,7 @@
 #include "mainwindow/form_view.h"
 #include "mainwindow/form_visible.h"
 #include "platform/clock.h"
+#include "platform/pump.h"
 #include "recording/recording_state.h"
 #include "replay/run_job.h"
 
@@ -25,6 +26,11 @@ void OnDoubleClick() {
     ToggleFromTray();
 }
 
+void ServeIcon(unsigned message) {
+    if (message == TrayLeftDoubleClick) OnDoubleClick();
+    if (message == TrayRightUp && InterfaceIsFree()) form_view::OpenTrayMenu();
+}
+
 }  // namespace
 
 void ToggleFromTray() {
@@ -36,6 +42,5 @@ void OnTrayMessage(unsigned message) {
     if (RecordingActive()) {
         return StopRecordingFromTray(message == TrayRightUp ? TrayButton::Right : TrayButton::Left);
     }
-    if (message == TrayLeftDoubleClick) OnDoubleClick();
-    if (message == TrayRightUp && InterfaceIsFree()) form_view::OpenTrayMenu();
+    platform::CallOutsideHooks([message] { ServeIcon(message); });
 }

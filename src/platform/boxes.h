@@ -1,4 +1,5 @@
-// Message boxes. Each is modal, pumps while it is open, and returns when the user has answered.
+// Message boxes. Each is modal, pumps while it is open, and returns when the user has answered. Not to be
+// opened inside a hook call (InHookCall): the user could not even move the mouse to it.
 #pragma once
 
 #include <string>

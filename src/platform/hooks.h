@@ -1,6 +1,6 @@
 // Low-level hooks: every key and mouse action of the desktop, before the window that gets it. The procedures run
 // inside the pump, on the thread that installed them, and must be quick: the system silently takes a hook away
-// from a program that is too slow.
+// from a program that is too slow. Calls nest, for what a procedure calls may pump; see Pump for what runs in there.
 #pragma once
 
 #include <cstdint>
@@ -42,5 +42,8 @@ void RemoveKeyboardHook();
 void RemoveMouseHook();
 bool KeyboardHookInstalled();
 bool MouseHookInstalled();
+
+// True from the call of a procedure until it has returned, in all that it calls.
+bool InHookCall();
 
 }  // namespace platform

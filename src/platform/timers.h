@@ -1,4 +1,4 @@
-// Periodic timers on the user-interface thread. Their handlers run inside the pump.
+// Periodic timers on the user-interface thread. Their handlers run inside the pump, and never inside a hook call.
 #pragma once
 
 #include <functional>

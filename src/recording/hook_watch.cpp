@@ -54,7 +54,6 @@ void ResetHookWatch() {
 }
 
 void StartHookWatch() {
-    hookWatch.watching = true;
     hookWatch.lastCall = platform::TickCount();
 }
 
@@ -64,7 +63,6 @@ void NoteHookCall() {
 }
 
 void WatchHooks() {
-    if (!hookWatch.watching) return;
     const std::int64_t now = platform::TickCount();
     if (!InputWentUnheard()) {
         hookWatch.silentSince = 0;

@@ -12,7 +12,6 @@
 #include <string>
 
 struct HookWatch {
-    bool watching = false;         // the hooks were put in
     std::int64_t lastCall = 0;     // tick of the newest hook call, or of the hooks' arrival
     bool heard = false;            // a call since the hooks were put in
     std::int64_t silentSince = 0;  // tick at which input without a call was first seen; 0: none
@@ -22,7 +21,7 @@ struct HookWatch {
 };
 extern HookWatch hookWatch;
 
-// Before a recording: nothing is watched and nothing is told.
+// Before a recording: nothing is told.
 void ResetHookWatch();
 
 // From here on; the hooks have just been put in.
@@ -31,8 +30,8 @@ void StartHookWatch();
 // By either hook procedure, at once and for every call.
 void NoteHookCall();
 
-// Once a second. A hook that is missing is noticed in the second call after the input that it missed, so that input
-// on its way to a hook is no alarm.
+// Once a second, while the hooks are in. A hook that is missing is noticed in the second call after the input that it
+// missed, so that input on its way to a hook is no alarm.
 void WatchHooks();
 
 // What the user is told.

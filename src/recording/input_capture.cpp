@@ -21,13 +21,6 @@ constexpr std::uint32_t PauseKey = 19;
 constexpr std::int32_t SecondsToWait = 10;  // for the window of a press or a key-down
 constexpr std::int32_t SpareWindows = 25;
 
-// A chain is a kilobyte, and moving many of them would stall the desktop.
-constexpr std::size_t ChainRoom = 65536;
-constexpr std::size_t WindowRoom = 8192;
-
-// So many chains have their memory from the start: 4 MB, in a millisecond or two.
-constexpr std::size_t ChainsReady = 4096;
-
 constexpr std::uint32_t MouseMoveMessage = 0x200;
 
 struct MouseAction {
@@ -74,26 +67,17 @@ bool& KeyDownFlag(std::uint32_t virtualKey) {
     return CheckedAt(recordingSession.keyDown, virtualKey, "Key code");
 }
 
-// hookBusy is set by the caller and comes down again here.
+// Without memory for it, nothing has changed.
 std::int32_t TakeSlot() {
     RecordingSession& session = recordingSession;
-    const std::int32_t index = ++session.eventCount;
-    if (0.9 * session.eventCapacity <= index) session.growEvents = true;
+    const std::int32_t index = session.eventCount + 1;
     session.recordingEvents.NewSlot(index);
-    session.hookBusy = false;
+    session.eventCount = index;
+    if (0.9 * session.eventCapacity <= index) session.growEvents = true;
     return index;
 }
 
-// What pumps can end the session that it was called in; then nothing is written any more.
-class SessionWatch {
-public:
-    bool Over() const { return recordingSession.number != number; }
-
-private:
-    std::uint32_t number = recordingSession.number;
-};
-
-// Looks the window up for a copy: the array may grow meanwhile. False for one of our own windows, and not by focus.
+// False for one of our own windows, and not by focus.
 bool CaptureInto(JobEvent& event, bool byFocus) {
     const int windows = CaptureWindow(event, byFocus);
     if (windows == 0) event.WindowChainIndex = NoWindowMarker;
@@ -101,29 +85,6 @@ bool CaptureInto(JobEvent& event, bool byFocus) {
 }
 
 // --- keys ---
-
-void StopNow(bool byPauseKey) {
-    recordingSession.hookBusy = true;  // what comes in while the form goes away is not recorded
-    recordingSession.stoppedByPauseKey = byPauseKey;
-    try {
-        UnloadRecordingStatus();
-        --recordingSession.eventCount;
-        StopRecording();
-    } catch (...) {
-        recordingSession.hookBusy = false;
-        throw;
-    }
-    recordingSession.hookBusy = false;
-}
-
-// The whole desktop waits for a hook procedure, and the end of a recording goes on until the Save As form is closed. So
-// the hook only makes itself deaf, and the rest is done from the next pump. The session can be over by then.
-void StopSoon() {
-    platform::CallFromPump([session = SessionWatch()] {
-        if (!session.Over()) StopNow(true);
-    });
-    recordingSession.hookBusy = true;
-}
 
 JobEvent KeyEvent(const platform::KeyboardHookRecord& key, std::int32_t state) {
     JobEvent event;
@@ -136,17 +97,14 @@ JobEvent KeyEvent(const platform::KeyboardHookRecord& key, std::int32_t state) {
     return event;
 }
 
-// The event is complete but for its window before the window is looked for: a recording that is stopped in there has it
-// without one. The time is that after the look, so a slow one makes keys later, and never mouse events.
+// The event is complete but for its window before the window is looked for: when that fails, it has none. The time is
+// that after the look, so a slow one makes keys later, and never mouse events.
 void WriteKey(std::int32_t index, const platform::KeyboardHookRecord& key, std::int32_t state) {
-    JobEvent event = KeyEvent(key, state);
-    recordingSession.recordingEvents[index] = event;
+    JobEvent& event = recordingSession.recordingEvents[index];
+    event = KeyEvent(key, state);
     if (state != 0 && state != platform::KeyExtended) return;
-    const SessionWatch session;
     CaptureInto(event, true);
-    if (session.Over()) return;
     event.keyTime() = RecordedTime();
-    recordingSession.recordingEvents[index] = event;
 }
 
 void NoteKey(bool& down, std::int32_t state) {
@@ -184,14 +142,10 @@ bool GiveBack(std::int32_t index, JobEvent& event) {
 
 // False when the event is no more.
 bool WriteTarget(std::int32_t index, JobEvent& event, const MouseAction& action) {
-    const SessionWatch session;
     const bool byFocus = action.flag == platform::MouseWheel;  // the wheel turns what has the keyboard
     const bool foreign = CaptureInto(event, byFocus);
     if (byFocus) DebugTrace("Spremljen WHEEL PROZOR: ");
-    if (session.Over()) return false;
-    if (!foreign && GiveBack(index, event)) return false;
-    recordingSession.recordingEvents[index] = event;
-    return true;
+    return foreign || !GiveBack(index, event);
 }
 
 void TraceData(const MouseAction& action) {
@@ -220,11 +174,43 @@ std::int32_t Grown(std::int32_t capacity) {
     return static_cast<std::int32_t>(std::floor(capacity * 1.2));
 }
 
-// Doubling keeps the moves few once the room of the start is used up.
 template <class Array>
 void Provide(Array& array, std::int32_t capacity) {
-    const auto wanted = static_cast<std::size_t>(std::max(capacity, 0));
-    if (wanted > array.capacity()) array.reserve(std::max(wanted, array.capacity() * 2));
+    array.Reserve(static_cast<std::size_t>(std::max(capacity, 0)));
+}
+
+void RecordKey(const platform::KeyboardHookRecord& key) {
+    bool& down = KeyDownFlag(key.vkCode);
+    const std::int32_t state = ReducedState(key.flags);
+    if (!down && state == platform::KeyUp) return;  // held since before the recording; an extended key is let through
+    if (key.vkCode == PauseKey) {
+        recordingSession.stoppedByPauseKey = true;
+        return StopRecording();
+    }
+    const std::int32_t index = TakeSlot();
+    NoteKey(down, state);
+    WriteKey(index, key, state);
+    // Other programs' hooks hear of keys, but not of the stop key; of the mouse they hear nothing. It has always been
+    // so.
+    platform::PassKeyOn();
+    GrowArrays();
+}
+
+void RecordMouse(const platform::MouseHookRecord& mouse) {
+    const std::int32_t index = TakeSlot();
+    if (mouse.message != MouseMoveMessage) recordingSession.LastCursorPosition = mouse.pt;
+    const MouseAction action = ActionOf(mouse.message);
+    if (action.flag == 0) return RefuseMouseEvent();  // the slot stays all zero and counts
+    JobEvent& event = recordingSession.recordingEvents[index];
+    event = MouseEvent(mouse, action);
+    if (action.captured && !WriteTarget(index, event, action)) return;
+    TraceData(action);
+    PairWithLastClick(index);
+    GrowArrays();
+}
+
+bool Listens() {
+    return recordingSession.state == RecordingState::Recording && !recordingSession.hookBusy;
 }
 
 }  // namespace
@@ -234,51 +220,18 @@ void OnKeyboardHook(const platform::KeyboardHookRecord& record) {
     KeyboardHookProc(HookAction, record);
 }
 
+// While paused, only the Stop button gets through: Pause/Break has no meaning then.
 void KeyboardHookProc(std::int32_t nCode, const platform::KeyboardHookRecord& record) {
-    // While paused, only the Stop button gets through: Pause/Break has no meaning then.
-    if (recordingSession.paused && !recordingStatus.stopRequested) return;
-    // All hook calls are on one thread, so waiting for the flag to come down would be for ever. It is up while the
-    // recording ends, further down this very stack: what comes now is no part of it.
-    if (recordingSession.hookBusy) return;
-    const platform::KeyboardHookRecord key = nCode == HookAction ? record : platform::KeyboardHookRecord{};
-    bool& down = KeyDownFlag(key.vkCode);
-    recordingSession.hookBusy = true;
-    if (nCode != HookAction && nCode != StopFromButton) return;  // no desktop calls with these; the flag stays up
-    const std::int32_t state = ReducedState(key.flags);
-    if (!down && state == platform::KeyUp) {  // held since before the recording; an extended key is let through
-        recordingSession.hookBusy = false;
-        return;
-    }
-    const std::int32_t index = TakeSlot();
-    if (recordingStatus.stopRequested) return StopNow(false);
-    if (key.vkCode == PauseKey) return StopSoon();
-    NoteKey(down, state);
-    WriteKey(index, key, state);
-    // Other programs' hooks hear of keys, but not of the stop key; of the mouse they hear nothing. It has always been
-    // so.
-    platform::PassKeyOn();
-    GrowArrays();
+    if (recordingStatus.stopRequested) return StopRecording();
+    if (!Listens()) return;
+    if (nCode == HookAction) return RecordKey(record);
+    recordingSession.hookBusy = true;  // no desktop calls with another code; the recording is deaf from then on
 }
 
 void MouseHookProc(const platform::MouseHookRecord& record) {
     NoteHookCall();
-    if (recordingSession.paused) return;
     if (record.message == MouseMoveMessage && settings.Capture_Mouse_Moves == 0) return;
-    if (recordingSession.hookBusy) return;
-    const platform::MouseHookRecord mouse = record;
-    recordingSession.hookBusy = true;
-    const std::int32_t index = TakeSlot();
-    if (mouse.message != MouseMoveMessage) recordingSession.LastCursorPosition = mouse.pt;
-    const MouseAction action = ActionOf(mouse.message);
-    if (action.flag == 0) return RefuseMouseEvent();  // the slot stays all zero and counts
-    const SessionWatch session;
-    JobEvent event = MouseEvent(mouse, action);
-    recordingSession.recordingEvents[index] = event;
-    if (action.captured && !WriteTarget(index, event, action)) return;
-    TraceData(action);
-    if (session.Over()) return;
-    PairWithLastClick(index);
-    GrowArrays();
+    if (Listens()) RecordMouse(record);
 }
 
 void GrowArrays() {
@@ -298,12 +251,4 @@ void GrowArrays() {
         windowArrays.windowCapacity += SpareWindows;
         Provide(windowArrays.windows, windowArrays.windowCapacity);
     }
-}
-
-void ReserveWindowArrays() {
-    const std::size_t chains = windowArrays.chains.size();
-    windowArrays.chains.reserve(chains + ChainRoom);
-    windowArrays.chains.resize(chains + ChainsReady);  // the system gives memory when it is first written, and that
-    windowArrays.chains.resize(chains);                // takes longer than all else that a hook does by itself
-    windowArrays.windows.reserve(windowArrays.windows.size() + WindowRoom);
 }

@@ -1,7 +1,8 @@
 // The two hook procedures that write every key and mouse action of the desktop down as a JobEvent, in the order in
 // which they are called. They watch and swallow nothing. Both run on the one thread and pump while they look at a
-// window, so one can run inside the other: a call takes its place in the array first and fills it later. They must be
-// quick, for the whole desktop waits: a move does no window work, and no growth moves what was captured.
+// window, so one can run inside the other: a call takes its place in the array first and fills it later. Nothing else
+// of the program runs in there, so no recording ends or begins inside a call. They must be quick, for the whole desktop
+// waits: a move does no window work, and no growth moves what was captured.
 #pragma once
 
 #include <cstdint>
@@ -18,9 +19,6 @@ void OnKeyboardHook(const platform::KeyboardHookRecord& record);  // KeyboardHoo
 
 void MouseHookProc(const platform::MouseHookRecord& record);
 
-// Makes the arrays longer whose flag is set; at the end of a hook call, ahead of need.
+// Provides memory for the arrays whose flag is set; at the end of a hook call, ahead of need. Where there is none to be
+// had, it is tried again when the next element is needed.
 void GrowArrays();
-
-// Room for so many signatures and chains that the usual recording never moves them. Address space, but for the first
-// few thousand chains, which have their memory at once.
-void ReserveWindowArrays();

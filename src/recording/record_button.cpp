@@ -7,6 +7,7 @@
 #include "platform/pump.h"
 #include "recording/countdown.h"
 #include "recording/recording_session.h"
+#include "recording/recording_state.h"
 #include "recording/recording_view.h"
 #include "recording/session_view.h"
 #include "recording/start_app.h"
@@ -34,15 +35,15 @@ bool UserIsReady() {
     return session_view::AskToStart(text, Translate("Start recording"));
 }
 
+void GiveUp() {
+    recordingSession.state = RecordingState::Idle;
+    session_view::GiveHotkeys();
+}
+
 void PrepareAndStart() {
     session_view::TakeHotkeys();
     platform::Pump();
-    recordingSession.recordBusy = true;
-    if (!ChooseProgram() || !UserIsReady()) {
-        recordingSession.recordBusy = false;
-        session_view::GiveHotkeys();
-        return;
-    }
+    if (!ChooseProgram() || !UserIsReady()) return GiveUp();
     if (session_view::MainWindowIsVisible()) session_view::MinimiseMainWindow();
     if (settings.display_countdown_check == 1) CountDown();
     recording_view::Load();
@@ -52,12 +53,13 @@ void PrepareAndStart() {
 }  // namespace
 
 void RecordNewJob() {
-    if (platform::KeyboardHookInstalled() || recordingSession.recordBusy || session_view::RunUnderWay()) return;
+    if (platform::KeyboardHookInstalled() || RecordingActive() || session_view::RunUnderWay()) return;
+    recordingSession.state = RecordingState::Preparing;  // before anything pumps
     try {
         PrepareAndStart();
     } catch (...) {
-        recordingSession.recordBusy = false;
-        session_view::GiveHotkeys();
+        if (RecordingActive()) GiveUp();
+        session_view::ShowMainWindow();
         throw;
     }
 }

@@ -1,5 +1,6 @@
 #include "recording/recording_session.h"
 
+#include <exception>
 #include <string>
 #include <utility>
 
@@ -20,6 +21,7 @@
 #include "recording/click_fixups.h"
 #include "recording/hook_watch.h"
 #include "recording/input_capture.h"
+#include "recording/recording_state.h"
 #include "recording/recording_status.h"
 #include "recording/recording_view.h"
 #include "recording/session_view.h"
@@ -40,13 +42,12 @@ void ShowTrayTip(const std::string& tip) {
 void RemoveHooks() {
     if (platform::MouseHookInstalled()) platform::RemoveMouseHook();
     if (platform::KeyboardHookInstalled()) platform::RemoveKeyboardHook();
-    recordingSession.MouseHook = false;
-    recordingSession.KeyboardHook = false;
 }
 
-void InstallHooks() {
+void BeginCapture() {
     InstallRecordingHooks();
     StartHookWatch();
+    recordingSession.state = RecordingState::Recording;
 }
 
 void RemoveLeftOverHooks() {
@@ -84,11 +85,10 @@ void StopTimer() {
     recordingSession.timer_recording = 0;
 }
 
-// What both kinds of session begin with. A session that was stopped while paused must not leave the next one deaf.
+// What both kinds of session begin with.
 void ResetSession(std::int64_t startTick, std::int32_t capacity) {
     RecordingSession& session = recordingSession;
     recordingStatus.stopRequested = false;
-    session.paused = false;
     session.pausedTotalMs = 0;
     session.scrollLockLeftDown = false;
     session.hookBusy = false;
@@ -101,11 +101,6 @@ void ResetSession(std::int64_t startTick, std::int32_t capacity) {
     session.growEvents = false;
     session.recordingEvents.Reset(capacity);
     session.eventCapacity = capacity;
-}
-
-void ResetWindows(std::vector<WindowSignature> windows, std::vector<WindowChain> chains) {
-    ResetWindowArrays(std::move(windows), std::move(chains));
-    ReserveWindowArrays();
 }
 
 // The window that the user works in keeps the foreground.
@@ -124,38 +119,32 @@ void StartChosenProgram() {
     throw RuntimeFailure(FailureKind::File, Label("Cannot start program") + LineBreak + path);
 }
 
+// The Stop button is there since the status form came up, and the pumps let its click through.
+bool StopIsWanted() {
+    return recordingStatus.stopRequested;
+}
+
 void Begin() {
     RecordingSession& session = recordingSession;
-    const std::uint32_t number = ++session.number;
-    session.running = true;
     ResetSession(platform::TickCount(), FirstEventCapacity);
-    ResetWindows({}, {});
+    ResetWindowArrays();
     session.capsLockAtStart = platform::KeyState(platform::VirtualKeyCapital);
     session.program = startProgram;
     if (settings.Display_Recording_Window == 1) ShowStatusForm();
     StartTimer();
     ShowTrayTip(RecordingTip);
     platform::Pump();
-    if (session.number == number) StartChosenProgram();
+    if (!StopIsWanted()) StartChosenProgram();
     platform::Pump();
-    // The Stop button is there since the status form came up, and the pumps let its click through.
-    if (session.number == number) InstallHooks();
+    if (!StopIsWanted()) BeginCapture();
 }
 
-// What a stop and an abandoned recording have in common. The hooks go before anything can pump: that they are out
-// tells everybody that no session runs.
+// What a stop and an abandoned recording have in common. The hooks go before anything can pump.
 void CeaseCapture() {
     RemoveHooks();
-    recordingSession.running = false;
-    ++recordingSession.number;
+    recordingSession.stopIsPutOff = false;
     StopTimer();
     ShowTrayTip(std::string(ProductName) + " " + ProductVersion);
-}
-
-// The events are trimmed by their repair. An array without an element keeps its room.
-void TrimArrays() {
-    if (!windowArrays.chains.empty()) windowArrays.chains.shrink_to_fit();
-    if (!windowArrays.windows.empty()) windowArrays.windows.shrink_to_fit();
 }
 
 void OfferToSave() {
@@ -172,21 +161,57 @@ void HandOver() {
 }
 
 void ReleaseProgram() {
-    recordingSession.recordBusy = false;
+    recordingSession.state = RecordingState::Idle;
     session_view::GiveHotkeys();
 }
 
 // Frees the program for other work, whichever way the stop goes.
-struct BusyWithStop {
-    BusyWithStop() { recordingSession.recordBusy = true; }
-    ~BusyWithStop() { ReleaseProgram(); }
-    BusyWithStop(const BusyWithStop&) = delete;
-    BusyWithStop& operator=(const BusyWithStop&) = delete;
+struct ReleaseAtEnd {
+    ReleaseAtEnd() = default;
+    ~ReleaseAtEnd() { ReleaseProgram(); }
+    ReleaseAtEnd(const ReleaseAtEnd&) = delete;
+    ReleaseAtEnd& operator=(const ReleaseAtEnd&) = delete;
 };
+
+void Finish() {
+    recordingSession.state = RecordingState::Stopping;
+    const ReleaseAtEnd release;
+    CeaseCapture();
+    UnloadRecordingStatus();
+    ++recordingSession.eventCount;
+    RepairClicks();
+    session_view::ShowMainWindow();
+    platform::Pump();
+    platform::Pump();
+    HandOver();
+}
+
+// The whole desktop waits for a hook procedure, and the end of a recording goes on until the Save As form is closed. So
+// the hook only makes itself deaf.
+void PutStopOff() {
+    if (std::exchange(recordingSession.stopIsPutOff, true)) return;
+    recordingSession.state = RecordingState::Stopping;
+    try {
+        platform::CallFromPump(FinishStop);
+    } catch (const std::exception&) {  // no memory, no timer: timer_recording comes by within a second
+    }
+}
+
+void BeginInsertion() {
+    session_view::MinimiseMainWindow();
+    session_view::PutEditorAside();
+    session_view::HideMainWindow();
+    recording_view::Load();
+    ShowRecordingStatus();
+    ShowInsertCaptions();
+    StartTimer();
+    BeginCapture();
+}
 
 }  // namespace
 
 void StartRecording() {
+    recordingSession.state = RecordingState::Preparing;
     try {
         RemoveLeftOverHooks();
         session_view::HideMainWindow();
@@ -198,6 +223,7 @@ void StartRecording() {
         session_view::ShowMainWindow();
         throw;
     }
+    if (StopIsWanted()) Finish();
 }
 
 void StartInsertRecording(std::int64_t startTick, std::vector<WindowSignature> windows,
@@ -206,42 +232,41 @@ void StartInsertRecording(std::int64_t startTick, std::vector<WindowSignature> w
         platform::ShowBox("Greska! MouseHook <> 0 i KeyboardHook <>0", ProductName);
         return;
     }
-    ++recordingSession.number;
-    recordingSession.running = true;
-    session_view::MinimiseMainWindow();
-    session_view::PutEditorAside();
-    session_view::HideMainWindow();
-    ResetSession(startTick, InsertEventCapacity);
-    ResetWindows(std::move(windows), std::move(chains));
-    recording_view::Load();
-    ShowRecordingStatus();
-    ShowInsertCaptions();
+    recordingSession.state = RecordingState::Preparing;
     recordingSession.insertingRecording = true;
-    StartTimer();
-    InstallHooks();
-    if (!recordingSession.MouseHook) platform::ShowBox("Greska2!", ProductName);
+    try {
+        ResetSession(startTick, InsertEventCapacity);
+        ResetWindowArrays(windows, chains);
+        BeginInsertion();
+    } catch (...) {
+        recording_view::Unload();
+        AbandonRecording();
+        session_view::ShowMainWindow();
+        session_view::ZavrsiUmetanjeSnimanjem();
+        throw;
+    }
+    if (!platform::MouseHookInstalled()) platform::ShowBox("Greska2!", ProductName);
 }
 
 void InstallRecordingHooks() {
-    recordingSession.MouseHook = platform::InstallMouseHook(MouseHookProc);
-    recordingSession.KeyboardHook = platform::InstallKeyboardHook(OnKeyboardHook);
+    platform::InstallMouseHook(MouseHookProc);
+    platform::InstallKeyboardHook(OnKeyboardHook);
 }
 
 void StopRecording() {
-    if (!recordingSession.running) return;
-    const BusyWithStop busy;
-    CeaseCapture();
-    ++recordingSession.eventCount;
-    RepairClicks();
-    session_view::ShowMainWindow();
-    TrimArrays();
-    platform::Pump();
-    platform::Pump();
-    HandOver();
+    RecordingSession& session = recordingSession;
+    if (session.state == RecordingState::Preparing) recordingStatus.stopRequested = true;
+    if (!CaptureIsOn() && !session.stopIsPutOff) return;
+    if (!platform::InHookCall()) return Finish();
+    PutStopOff();
+}
+
+void FinishStop() {
+    if (recordingSession.stopIsPutOff) Finish();
 }
 
 void AbandonRecording() {
-    if (!recordingSession.running) return;
+    if (!RecordingActive()) return;
     CeaseCapture();
     recordingSession.eventCount = 0;
     recordingSession.insertingRecording = false;

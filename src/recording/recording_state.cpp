@@ -7,7 +7,15 @@
 RecordingSession recordingSession;
 
 bool RecordingActive() {
-    return recordingSession.recordBusy || recordingSession.running;
+    return recordingSession.state != RecordingState::Idle;
+}
+
+bool RecordingPaused() {
+    return recordingSession.state == RecordingState::Paused;
+}
+
+bool CaptureIsOn() {
+    return recordingSession.state == RecordingState::Recording || RecordingPaused();
 }
 
 bool KeyboardHookInstalled() {

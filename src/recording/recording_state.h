@@ -5,12 +5,14 @@
 // handed over. A run is refused meanwhile.
 bool RecordingActive();
 
+bool RecordingPaused();
+
 // True while any part of the program listens to the keyboard: a recording, or an edit of keystrokes.
 bool KeyboardHookInstalled();
 
-// Takes out the mouse and the keyboard hook, whichever of them is installed. A recording under way ends as with the Stop
-// button: nothing could end it without its hooks, and what was recorded is the user's work. Pumps until the Save As form
-// is closed.
+// Takes out the mouse and the keyboard hook, whichever of them is installed. A recording under way ends as with the
+// Stop button: nothing could end it without its hooks, and what was recorded is the user's work. Pumps until the Save
+// As form is closed.
 void EndRecording();
 
 // Ends the recording that is under way; the click on the tray icon that asked for it is not part of it. Ignored before

@@ -10,6 +10,7 @@
 #include "recording/hook_watch.h"
 #include "recording/input_capture.h"
 #include "recording/recording_session.h"
+#include "recording/recording_state.h"
 #include "recording/recording_view.h"
 #include "settings/settings.h"
 
@@ -33,7 +34,7 @@ void ShowElapsed(std::int64_t ms) {
 
 std::string InfoText(bool oddTurn) {
     if (hookWatch.told) return HookNotice();
-    if (!recordingSession.paused) return Translate1("%1 to stop", PauseBreakKey());
+    if (!RecordingPaused()) return Translate1("%1 to stop", PauseBreakKey());
     if (oddTurn) return Translate("Recording paused");
     return Translate1("%1 to resume", Translate("Resume"));
 }
@@ -47,7 +48,7 @@ void Blink() {
 
 void GoOn() {
     RecordingSession& session = recordingSession;
-    session.paused = false;
+    session.state = RecordingState::Recording;
     session.pausedTotalMs += platform::TickCount() - session.pauseStartTick;
     recording_view::SetLabel1(Translate("Recording"));
     SetCommand2Caption(Translate("Pause"));
@@ -82,8 +83,8 @@ void Command1_MouseDown() {
 void Command2_MouseDown() {
     if (recordingStatus.command2Caption != Translate("Pause")) return;
     recordingStatus.pausePressTick = platform::TickCount();
-    if (recordingSession.paused) return;
-    recordingSession.paused = true;
+    if (recordingSession.state != RecordingState::Recording) return;
+    recordingSession.state = RecordingState::Paused;
     recordingSession.pauseStartTick = recordingStatus.pausePressTick;
     recording_view::SetLabel1(Translate("PAUSED"));
     SetCommand2Caption(Translate("Resume"));
@@ -92,23 +93,24 @@ void Command2_MouseDown() {
 
 // On its way to the button the pointer passes here before the click takes the foreground away.
 void Command2_MouseMove() {
-    if (!recordingSession.paused) return;
+    if (!RecordingPaused()) return;
     const platform::WindowHandle foreground = platform::ForegroundWindow();
     if (foreground != ownWindows.recordingStatus) recordingStatus.returnTo = foreground;
 }
 
 // The release of the very click that paused comes here too, a moment after it.
 void Command2_MouseUp() {
-    if (recordingStatus.command2Caption != Translate("Resume") || !recordingSession.paused) return;
+    if (recordingStatus.command2Caption != Translate("Resume") || !RecordingPaused()) return;
     if (platform::TickCount() - recordingStatus.pausePressTick >= ShortestPauseMs) GoOn();
 }
 
 void OnTimerRecording() {
     ++recordingSession.timerTicks;
-    WatchHooks();
+    if (recordingSession.stopIsPutOff) return FinishStop();
+    if (CaptureIsOn()) WatchHooks();
     if (settings.Display_Recording_Window != 1) return;
     Blink();
-    if (!recordingSession.paused) ShowElapsed(RecordedTime());
+    if (!RecordingPaused()) ShowElapsed(RecordedTime());
 }
 
 std::int32_t DodgeTo(const platform::Rect& form, platform::Size screen, int pixelsPerInch) {

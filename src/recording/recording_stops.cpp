@@ -1,6 +1,7 @@
 // The ends of a recording that come from outside it.
 #include "platform/hooks.h"
 #include "platform/input.h"
+#include "platform/pump.h"
 #include "recording/recording_session.h"
 #include "recording/recording_state.h"
 #include "recording/recording_status.h"
@@ -26,24 +27,26 @@ std::int32_t PressOnIcon(TrayButton button) {
     return recordingSession.eventCount;
 }
 
+// While paused, or without a mouse hook, the press was not recorded, and the newest event is one that the user wants.
+bool PressWasRecorded() {
+    return recordingSession.state == RecordingState::Recording && platform::MouseHookInstalled() &&
+           recordingSession.eventCount >= 0;
+}
+
 }  // namespace
 
 void EndRecording() {
-    if (recordingSession.running) {
-        UnloadRecordingStatus();
+    platform::CallOutsideHooks([] {
         StopRecording();
-    }
-    if (platform::MouseHookInstalled()) platform::RemoveMouseHook();
-    if (platform::KeyboardHookInstalled()) platform::RemoveKeyboardHook();
+        if (platform::MouseHookInstalled()) platform::RemoveMouseHook();
+        if (platform::KeyboardHookInstalled()) platform::RemoveKeyboardHook();
+    });
 }
 
-// While paused, or without a mouse hook, the press was not recorded, and the newest event is one that the user wants.
+// The shell sends what the icon hears, so that it can come inside a hook call, when the press is not the newest event.
 void StopRecordingFromTray(TrayButton button) {
-    RecordingSession& session = recordingSession;
-    if (!session.running) return;
-    UnloadRecordingStatus();
-    if (session.MouseHook && !session.paused && session.eventCount >= 0) {
-        session.eventCount = PressOnIcon(button) - 1;
-    }
-    StopRecording();
+    platform::CallOutsideHooks([button] {
+        if (PressWasRecorded()) recordingSession.eventCount = PressOnIcon(button) - 1;
+        StopRecording();
+    });
 }

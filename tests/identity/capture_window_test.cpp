@@ -215,27 +215,4 @@ TEST_F(CaptureWindowOf, ACaptureInsideACaptureFillsTheSameChainAndTheOuterStands
     EXPECT_EQ(windowArrays.windows.size(), 4U);
 }
 
-TEST_F(CaptureWindowOf, ANewRecordingInsideACaptureGetsNothingOfIt) {
-    Press(button);
-    event.WindowChainIndex = NoWindowMarker;
-    simulated::After(0, [] { ResetWindowArrays(); });
-    EXPECT_EQ(Press(button), 0);
-    EXPECT_EQ(event.WindowChainIndex, NoWindowMarker);
-    EXPECT_TRUE(windowArrays.chains.empty());
-    EXPECT_TRUE(windowArrays.windows.empty());
-}
-
-TEST_F(CaptureWindowOf, ArraysTakenAwayInsideACaptureDoNoHarm) {
-    for (int i = 0; i < 5; ++i) Press(button);
-    simulated::After(0, [] {
-        const std::vector<WindowSignature> windows = std::move(windowArrays.windows);
-        const std::vector<WindowChain> chains = std::move(windowArrays.chains);
-        windowArrays.windows.clear();
-        windowArrays.chains.clear();
-    });
-    Press(button);
-    Press(button);
-    EXPECT_THAT(CapturedClasses(), ElementsAre("Button", "Group", "#32770"));
-}
-
 }  // namespace

@@ -7,7 +7,7 @@
 #include "library/job_library.h"
 #include "platform/simulated/desktop.h"
 #include "platform/simulated/files.h"
-#include "recording/recording_session.h"
+#include "recording/recording_state.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
 #include "support/job_page_view_stand_in.h"
@@ -303,11 +303,11 @@ TEST_F(JobPageRules, AskAboutChangesBeforeARecording) {
     ChooseTakenHotkey();
     simulated::AnswerNextBox({.yes = true});
     record_new();
-    EXPECT_FALSE(recordingSession.running) << "the changes were to be saved, and were refused";
+    EXPECT_FALSE(RecordingActive()) << "the changes were to be saved, and were refused";
     SetSpeed(42);
     simulated::AnswerNextBox({.yes = false});
     record_new();
-    EXPECT_TRUE(recordingSession.running);
+    EXPECT_TRUE(RecordingActive());
     EXPECT_EQ(Saved("b").speed, 100);
     const std::size_t boxes = simulated::ShownBoxes().size();
     SetSpeed(43);

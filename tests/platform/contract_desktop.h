@@ -61,6 +61,10 @@ WindowHandle AddOwn(const NewWindow& window);
 void RemoveOwn(WindowHandle window);
 std::vector<int> HotkeysAt(WindowHandle ownWindow);
 
+// Such a message, posted to our own queue, or sent by somebody else, who does not wait here for the answer.
+void PostHotkeyTo(WindowHandle ownWindow, int id);
+void SendHotkeyTo(WindowHandle ownWindow, int id);
+
 // Pumps and lets time pass until `condition` holds; false when it does not within `ms`.
 bool Within(int ms, const std::function<bool()>& condition);
 
@@ -77,6 +81,9 @@ std::int64_t TimeOf(const Call& call) {
 // The user's hands. Where nobody can act for the user (HasUser is false), tests of it are skipped.
 bool HasUser();
 void UserTaps(int virtualKey);
+
+// A key that somebody else taps from now on, on a thread of their own: its hook calls come when this thread pumps.
+void OthersTap(int virtualKey);
 
 // Runs `act`, which opens one box, and closes that: Enter on the button that is meant. Returns "title|text".
 std::string BoxDuring(const std::function<void()>& act, bool yes = true);

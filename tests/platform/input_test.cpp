@@ -10,6 +10,7 @@
 #include "platform/hooks.h"
 #include "platform/hotkeys.h"
 #include "platform/pump.h"
+#include "platform/timers.h"
 #include "platform/window_services.h"
 
 using contract::OtherProgram;
@@ -304,6 +305,55 @@ TEST(Hooks, AreThereFromInstallToRemove) {
     EXPECT_TRUE(keysHeard.empty());
     EXPECT_TRUE(mouseHeard.empty());
     platform::RemoveKeyboardHook();
+}
+
+// What a pump lets in while a hook procedure runs, and what it keeps for later.
+struct InsideACall {
+    static inline WindowHandle own = 0;
+    static inline int calls = 0;
+    static inline int ticks = 0;
+    static inline int putOff = 0;
+    static inline bool pumped = false;
+
+    static std::vector<int> Messages() { return contract::HotkeysAt(own); }
+
+    static void OnKey(const platform::KeyboardHookRecord&) {
+        EXPECT_TRUE(platform::InHookCall());
+        if (++calls > 1) return;
+        contract::PostHotkeyTo(own, 1);
+        contract::SendHotkeyTo(own, 2);
+        platform::CallFromPump([] { ++putOff; });
+        platform::CallOutsideHooks([] { ++putOff; });
+        contract::OthersTap('B');
+        EXPECT_TRUE(Within(PatienceMs, [] { return calls == 3 && !Messages().empty(); })) << calls << " calls";
+        Within(50, [] { return false; });  // for whatever would come besides
+        EXPECT_EQ(Messages(), std::vector<int>{2});
+        EXPECT_EQ(ticks, 0);
+        EXPECT_EQ(putOff, 0);
+        pumped = true;
+    }
+};
+
+TEST(Hooks, InsideACallThePumpLetsInWhatIsSentAndNothingOfOurs) {
+    using Inside = InsideACall;
+    Inside::own = contract::AddOwn({.caption = "front"});
+    const platform::TimerId timer = platform::StartTimer(1, [] { ++Inside::ticks; });
+    platform::Sleep(50);  // it is due by now
+    EXPECT_FALSE(platform::InHookCall());
+    ASSERT_TRUE(platform::InstallKeyboardHook(Inside::OnKey));
+    SendKey('A', 0);
+    EXPECT_TRUE(Within(PatienceMs, [] { return Inside::pumped; }));
+    SendKey('A', platform::KeyUp);
+    EXPECT_TRUE(Within(PatienceMs, [] { return Inside::calls == 4; }));
+    platform::RemoveKeyboardHook();
+    EXPECT_FALSE(platform::InHookCall());
+    EXPECT_TRUE(Within(PatienceMs, [] { return Inside::putOff == 2 && Inside::ticks > 0; })) << "it was only put off";
+    EXPECT_EQ(Inside::Messages(), (std::vector<int>{2, 1}));
+    platform::StopTimer(timer);
+    bool called = false;
+    platform::CallOutsideHooks([&called] { called = true; });
+    EXPECT_TRUE(called) << "at once, here";
+    contract::RemoveOwn(Inside::own);
 }
 
 // --- Hotkeys ---

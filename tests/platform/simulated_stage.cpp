@@ -101,6 +101,14 @@ std::vector<int> HotkeysAt(WindowHandle ownWindow) {
     return hotkeys[ownWindow];
 }
 
+void PostHotkeyTo(WindowHandle ownWindow, int id) {
+    simulated::PostTo(ownWindow, {0x312, id, 0});
+}
+
+void SendHotkeyTo(WindowHandle ownWindow, int id) {
+    simulated::SendToProgram(ownWindow, {0x312, id, 0});
+}
+
 bool Within(int ms, const std::function<bool()>& condition) {
     return simulated::RunUntil(condition, ms);
 }
@@ -110,6 +118,10 @@ bool HasUser() {
 }
 
 void UserTaps(int virtualKey) {
+    simulated::UserTaps(virtualKey);
+}
+
+void OthersTap(int virtualKey) {
     simulated::UserTaps(virtualKey);
 }
 

@@ -219,6 +219,33 @@ TEST(Pump, HandlesTheKeyboardOfModelessForms) {
     DestroyWindow(form);
 }
 
+bool AMessageOfTheThreadWaits() {
+    MSG message;
+    return PeekMessageA(&message, reinterpret_cast<HWND>(-1), WM_APP, WM_APP, PM_NOREMOVE) != 0;
+}
+
+// A message without a window would be lost to a pump that takes it away.
+TEST(Pump, InsideAHookCallLeavesMessagesOfTheThread) {
+    contract::AddOwn({.caption = "front"});
+    static bool waited = false;
+    ASSERT_TRUE(platform::InstallKeyboardHook([](const auto&) {
+        if (waited) return;
+        PostThreadMessageA(GetCurrentThreadId(), WM_APP, 0, 0);
+        platform::Pump();
+        waited = AMessageOfTheThreadWaits();
+    }));
+    platform::InputRecord key;
+    key.dwType() = platform::InputKeyboard;
+    key.KeyCode() = VK_F9;
+    platform::SendInput(key);
+    key.KeyState() = platform::KeyUp;
+    platform::SendInput(key);
+    EXPECT_TRUE(Within(PatienceMs, [] { return waited; }));
+    platform::RemoveKeyboardHook();
+    platform::Pump();
+    EXPECT_FALSE(AMessageOfTheThreadWaits());
+}
+
 // A failure in a hook is shown from the pump: a box inside the hook would hold up the whole desktop.
 TEST(Failures, InAHookWaitForThePump) {
     contract::AddOwn({.caption = "front"});

@@ -11,6 +11,7 @@
 #include "contract_desktop.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "platform/input.h"
 #include "platform/pump.h"
 #include "platform/window_services.h"
 #include "puppet.h"
@@ -211,6 +212,15 @@ std::vector<int> HotkeysAt(WindowHandle ownWindow) {
     return hotkeys[ownWindow];
 }
 
+void PostHotkeyTo(WindowHandle ownWindow, int id) {
+    PostMessageA(ToHwnd(ownWindow), WM_HOTKEY, static_cast<WPARAM>(id), 0);
+}
+
+// From another thread, for what a thread sends to itself is a plain call.
+void SendHotkeyTo(WindowHandle ownWindow, int id) {
+    std::thread([=] { SendNotifyMessageA(ToHwnd(ownWindow), WM_HOTKEY, static_cast<WPARAM>(id), 0); }).detach();
+}
+
 bool Within(int ms, const std::function<bool()>& condition) {
     const std::int64_t end = platform::TickCount() + ms;
     for (;;) {
@@ -240,6 +250,17 @@ void UserTaps(int virtualKey) {
     commandLine << "Z:\\bin\\sh -c \"xdotool key --delay 20 " << name << "; : > " << done.str() << '"';
     Start(commandLine.str());
     EXPECT_TRUE(Within(PatienceMs, [&] { return platform::RemoveFile("Z:" + done.str()); })) << "no key was typed";
+}
+
+void OthersTap(int virtualKey) {
+    std::thread([virtualKey] {
+        platform::InputRecord key;
+        key.dwType() = platform::InputKeyboard;
+        key.KeyCode() = platform::ScanCodeOf(virtualKey) * 65536 + virtualKey;
+        platform::SendInput(key);
+        key.KeyState() = platform::KeyUp;
+        platform::SendInput(key);
+    }).detach();
 }
 
 namespace {

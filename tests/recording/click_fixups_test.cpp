@@ -35,7 +35,7 @@ TEST_F(ClickFixups, TwoClicksAreADoubleClickUpToTheExactLimits) {
                           {{500, 499}, 500, true}, {{501, 501}, 10, false},  {{502, 500}, 10, false}};
     for (const Case& one : cases) {
         SCOPED_TRACE(testing::Message() << one.second.x << " " << one.second.y << " after " << one.ms);
-        if (!recordingSession.running) Start();
+        if (!RecordingActive()) Start();
         Click(Place, 2000);
         Click(one.second, one.ms);
         const Job job = Stop();

@@ -122,12 +122,12 @@ TEST_F(HookWatchTest, HooksThatWereRefusedAtTheStartAreAskedForAgain) {
     settings.Display_Recording_Window = 0;
     simulated::RefuseHooks();
     Start();
-    EXPECT_FALSE(recordingSession.KeyboardHook);
+    EXPECT_FALSE(platform::KeyboardHookInstalled());
     TypeFor(6);
     EXPECT_THAT(simulated::Tray().tip, StartsWith(Notice)) << "without its form the tip alone can tell";
     simulated::RefuseHooks(false);
     TypeFor(10);
-    EXPECT_TRUE(recordingSession.MouseHook && recordingSession.KeyboardHook);
+    EXPECT_TRUE(platform::MouseHookInstalled() && platform::KeyboardHookInstalled());
     EXPECT_GE(Newest(), 0);
 }
 

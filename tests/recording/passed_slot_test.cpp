@@ -12,7 +12,7 @@
 WindowArrays windowArrays;
 OwnWindows ownWindows;
 
-void ResetWindowArrays(std::vector<WindowSignature>, std::vector<WindowChain>) {}
+void ResetWindowArrays(const std::vector<WindowSignature>&, const std::vector<WindowChain>&) {}
 
 int CaptureWindow(JobEvent&, bool) {
     platform::Pump();

@@ -85,7 +85,6 @@ TEST_F(RecordingSessionTest, TheProgramIsUpBeforeTheFirstEventAndTheUserKeepsThe
 TEST_F(RecordingSessionTest, AProgramThatCannotBeStartedLeavesNoRecordingBehind) {
     startProgram = {"C:\\gone.exe", "", 1};
     simulated::RefuseStarts();
-    recordingSession.recordBusy = true;
     EXPECT_THROW(StartRecording(), RuntimeFailure);
     EXPECT_FALSE(RecordingActive());
     EXPECT_FALSE(KeyboardHookInstalled());
@@ -123,20 +122,55 @@ TEST_F(RecordingSessionTest, PauseBreakEndsItAndIsNoPartOfIt) {
 
 // The whole desktop waits for a hook procedure.
 TEST_F(RecordingSessionTest, TheHookDoesNotWaitForTheEndOfTheRecording) {
+    recordingViewStandIn.saveAs = [this] {
+        EXPECT_FALSE(platform::InHookCall());
+        saved.push_back(RecordedJob());
+    };
+    simulated::OnMessage(ownWindows.main, [](const simulated::Message&) { StopRecordingFromTray(TrayButton::Left); });
     Start();
     Key('A', 0);
-    Key(PauseBreak, 0);
-    EXPECT_TRUE(recordingSession.running);
-    Key('B', 0);
-    Mouse(0x201, {5, 5});
+    simulated::UserTaps(PauseBreak);
+    simulated::UserTaps('B');
+    simulated::UserOnTray(WmLeftDown);
+    simulated::UserClicks({5, 5});
     platform::Pump();
-    ASSERT_EQ(saved.size(), 1U);
-    EXPECT_THAT(NamesOf(saved[0].Events), ElementsAre("A down"));
+    ASSERT_EQ(saved.size(), 1U) << "both ways at once end it once";
+    EXPECT_THAT(NamesOf(saved[0].Events), ElementsAre("A down")) << "deaf from the key on";
     Start();
-    Key(PauseBreak, 0);
     StopRecordingFromTray(TrayButton::Left);
-    platform::Pump();
-    EXPECT_EQ(saved.size(), 2U) << "both ways at once end it once";
+    EXPECT_EQ(saved.size(), 2U);
+}
+
+// Whatever another program sends comes inside a hook call, too: the shell the click on the icon, a screen reader the
+// press of the button.
+TEST_F(RecordingSessionTest, AStopThatComesInsideAHookCallIsServedOutside) {
+    const std::function<void()> stops[] = {
+        [] { StopRecordingFromTray(TrayButton::Left); },
+        [] { Command1_MouseDown(); },
+        [] { EndRecording(); },
+    };
+    recordingViewStandIn.saveAs = [this] {
+        EXPECT_FALSE(platform::InHookCall());
+        EXPECT_FALSE(KeyboardHookInstalled());
+        saved.push_back(RecordedJob());
+    };
+    for (const auto& stop : stops) {
+        StartShown();
+        bool inside = false;
+        simulated::OnMessage(ownWindows.main, [&](const simulated::Message&) {
+            inside = platform::InHookCall();
+            stop();
+            stop();
+        });
+        const std::size_t before = saved.size();
+        simulated::UserTaps('A');
+        simulated::SendToProgram(ownWindows.main, {});
+        platform::Pump();
+        EXPECT_TRUE(inside);
+        ASSERT_EQ(saved.size(), before + 1) << "once";
+        EXPECT_EQ(NameOf(saved.back().Events.at(0)), "A down");
+        EXPECT_EQ(RecordingActive(), false);
+    }
 }
 
 TEST_F(RecordingSessionTest, TheStopButtonLeavesNoTraceOfItsClick) {
@@ -233,7 +267,6 @@ TEST_F(RecordingSessionTest, ASaveFormThatFailsLeavesTheProgramFree) {
     platform::Pump();
     ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
     EXPECT_FALSE(RecordingActive());
-    EXPECT_FALSE(recordingSession.hookBusy);
     EXPECT_EQ(recordingViewStandIn.calls.back(), "GiveHotkeys");
 }
 
@@ -284,9 +317,9 @@ TEST_F(RecordingSessionTest, ThePauseKeyIsDeafWhilePausedAndTheStopButtonIsNot) 
     Pause();
     simulated::UserTaps(PauseBreak);
     platform::Pump();
-    EXPECT_TRUE(recordingSession.running);
+    EXPECT_TRUE(RecordingActive());
     pressButton(true);
-    EXPECT_FALSE(recordingSession.running);
+    EXPECT_FALSE(RecordingActive());
     EXPECT_THAT(NamesOf(saved.at(0).Events), ElementsAre("A down", "A up"));
 }
 
@@ -297,11 +330,11 @@ TEST_F(RecordingSessionTest, AQuickSecondClickDoesNotResume) {
     simulated::RunFor(999);
     pressButton(false);
     ReleaseCommand2();
-    EXPECT_TRUE(recordingSession.paused);
+    EXPECT_TRUE(RecordingPaused());
     simulated::RunFor(1);
     EXPECT_EQ(platform::TickCount(), pressed + 1000);
     ReleaseCommand2();
-    EXPECT_FALSE(recordingSession.paused);
+    EXPECT_FALSE(RecordingPaused());
 }
 
 TEST_F(RecordingSessionTest, TheFormTellsTheTimeAndBlinks) {
@@ -367,19 +400,16 @@ TEST_F(InsertRecording, APieceContinuesTimeWindowsAndChainsOfItsJob) {
 }
 
 TEST_F(InsertRecording, ItCannotBePaused) {
-    for (const bool stoppedPaused : {false, true}) {
-        recordingSession.paused = stoppedPaused;
-        StartInsertRecording(platform::TickCount(), {}, {});
-        EXPECT_EQ(recordingViewStandIn.command2Caption, "Resume");
-        Command2_MouseDown();
-        simulated::RunFor(1500);
-        Command2_MouseUp();
-        EXPECT_FALSE(recordingSession.paused);
-        EXPECT_EQ(recordingViewStandIn.command2Caption, "Resume");
-        Type("a");
-        Command1_MouseDown();
-        EXPECT_EQ(piece.size(), 2U);
-    }
+    StartInsertRecording(platform::TickCount(), {}, {});
+    EXPECT_EQ(recordingViewStandIn.command2Caption, "Resume");
+    Command2_MouseDown();
+    simulated::RunFor(1500);
+    Command2_MouseUp();
+    EXPECT_FALSE(RecordingPaused());
+    EXPECT_EQ(recordingViewStandIn.command2Caption, "Resume");
+    Type("a");
+    Command1_MouseDown();
+    EXPECT_EQ(piece.size(), 2U);
 }
 
 TEST_F(InsertRecording, ItIsRefusedBesideAHookAndGoesOnWithoutOne) {

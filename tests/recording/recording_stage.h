@@ -53,7 +53,7 @@ protected:
     Job Stop() {
         simulated::UserTaps(PauseBreak);
         platform::Pump();
-        EXPECT_FALSE(recordingSession.running);
+        EXPECT_FALSE(RecordingActive());
         EXPECT_FALSE(saved.empty());
         return saved.empty() ? Job() : saved.back();
     }

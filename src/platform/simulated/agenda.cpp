@@ -4,13 +4,15 @@
 #include <algorithm>
 #include <chrono>
 #include <deque>
+#include <exception>
 #include <map>
+#include <string>
 #include <utility>
 
 #include "base/product.h"
-#include "base/runtime_failure.h"
 #include "platform/boxes.h"
 #include "platform/clock.h"
+#include "platform/hooks.h"
 #include "platform/pump.h"
 #include "platform/timers.h"
 #include "simulated/desktop.h"
@@ -31,7 +33,9 @@ struct ClockState {
     std::int64_t now = 0;
     Agenda own;        // run by the pump
     Agenda meanwhile;  // run by the clock
+    std::deque<std::function<void()>> sent;
     std::deque<std::function<void()>> posted;
+    int hookCalls = 0;  // under way, one inside the other
     HappeningId lastId = 0;
     std::chrono::local_seconds wallAtStart =
         std::chrono::local_days{std::chrono::June / 15 / 2004} + std::chrono::hours(10);
@@ -69,11 +73,10 @@ std::function<void()> TakeFirst(Agenda& agenda) {
     return action;
 }
 
-bool RunPosted() {
-    ClockState& state = State();
-    if (state.posted.empty()) return false;
-    const std::function<void()> action = std::move(state.posted.front());
-    state.posted.pop_front();
+bool RunFirst(std::deque<std::function<void()>>& queue) {
+    if (queue.empty()) return false;
+    const std::function<void()> action = std::move(queue.front());
+    queue.pop_front();
     CallProgram(action);
     return true;
 }
@@ -85,10 +88,21 @@ bool RunDue() {
     return true;
 }
 
+bool RunOwn() {
+    return State().hookCalls == 0 && (RunFirst(State().posted) || RunDue());
+}
+
+void ShowFailure(const std::string& text) {
+    platform::ShowBox(text, ProductName, platform::BoxIcon::Error);
+}
+
 std::int64_t NextMoment(std::int64_t limit) {
-    for (const Agenda* agenda : {&State().own, &State().meanwhile}) {
-        if (!agenda->empty()) limit = std::min(limit, agenda->begin()->first.first);
-    }
+    const ClockState& state = State();
+    const auto consider = [&limit](const Agenda& agenda) {
+        if (!agenda.empty()) limit = std::min(limit, agenda.begin()->first.first);
+    };
+    consider(state.meanwhile);
+    if (state.hookCalls == 0) consider(state.own);  // else what is due stays so
     return limit;
 }
 
@@ -115,12 +129,23 @@ void Post(std::function<void()> action) {
     State().posted.push_back(std::move(action));
 }
 
+void SendBySystem(std::function<void()> action) {
+    State().sent.push_back(std::move(action));
+}
+
 void CallProgram(const std::function<void()>& action) {
     try {
         action();
-    } catch (const RuntimeFailure& failure) {
-        platform::ShowBox(failure.what(), ProductName, platform::BoxIcon::Error);
+    } catch (const std::exception& failure) {  // RuntimeFailure, and a lack of memory
+        if (!platform::InHookCall()) return ShowFailure(failure.what());
+        Post([text = std::string(failure.what())] { ShowFailure(text); });
     }
+}
+
+void CallHookProcedure(const std::function<void()>& procedure) {
+    ++State().hookCalls;
+    CallProgram(procedure);
+    --State().hookCalls;
 }
 
 void SetLocalTime(const platform::LocalTime& time) {
@@ -210,8 +235,12 @@ std::string ShortDateText() {
 
 void Pump() {
     simulated::AdvanceTo(simulated::Now());  // others may be due at this very moment
-    while (simulated::RunPosted() || simulated::RunDue()) {
+    while (simulated::RunFirst(simulated::State().sent) || simulated::RunOwn()) {
     }
+}
+
+bool InHookCall() {
+    return simulated::State().hookCalls > 0;
 }
 
 void CallFromPump(std::function<void()> call) {

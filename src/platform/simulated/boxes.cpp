@@ -2,8 +2,11 @@
 #include "platform/boxes.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <deque>
 
+#include "platform/hooks.h"
 #include "platform/pump.h"
 #include "platform/shell_folders.h"
 #include "simulated/agenda.h"
@@ -33,8 +36,15 @@ Answer TakeAnswer(std::deque<Answer>& answers, Answer otherwise) {
     return answer;
 }
 
+// Not as a failure of the program, which it would show in a box.
+[[noreturn]] void Refuse(const ShownBox& box) {
+    std::fprintf(stderr, "A box inside a hook call, where the whole desktop waits: %s\n", box.text.c_str());
+    std::abort();
+}
+
 // While a box is open, it is a window like any other and pumps.
 bool RunBox(ShownBox box) {
+    if (platform::InHookCall()) Refuse(box);
     BoxState& state = State();
     box.time = NowMs();
     const BoxAnswer answer = TakeAnswer(state.answers, BoxAnswer{.yes = false});

@@ -6,8 +6,10 @@
 //   - Other programs and the user's hands act when the clock passes their moment, inside a Sleep too: Meanwhile...,
 //     AppearsAfter, UserHolds. Handlers of windows of other threads run with them.
 //   - The program's own are run by platform::Pump alone, inside it, nested pumps included: At, After, Every, timers,
-//     hook procedures of the user's input, hotkeys, handlers of windows of OwnThread.
-// A RuntimeFailure that leaves one of the program's own is shown in a box, as the real desktop does.
+//     hook procedures of the user's input, hotkeys, handlers of windows of OwnThread. A pump inside a hook call runs of
+//     them only what the system sends: further hook procedures, the tray, SendToProgram.
+// A failure that leaves one of the program's own is shown in a box, as the real desktop does. A box inside a hook call
+// ends the test.
 //
 // All times are in ms, moments on the scale of platform::TickCount, which starts at 0. Everything is module-level
 // state; each test runs in a process of its own. Calls for a window that is gone are ignored.
@@ -136,6 +138,9 @@ struct Message {
 };
 void OnMessage(WindowHandle window, std::function<void(const Message&)> procedure);
 void PostTo(WindowHandle window, const Message& message);  // runs its procedure by the rule above
+
+// As another program sends it to a window of OwnThread: the next pump lets it in, inside a hook call too.
+void SendToProgram(WindowHandle window, const Message& message);
 
 // --- Screen, keyboard and mouse ---
 

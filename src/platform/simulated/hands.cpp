@@ -28,7 +28,7 @@ void Act(const platform::InputRecord& record, const Input& input) {
     };
     if (hand.waiting == 0 && !HookWaitsFor(record.dwType())) return arrive();
     ++hand.waiting;
-    Post([arrive] {
+    SendBySystem([arrive] {
         --hand.waiting;
         arrive();
     });

@@ -105,7 +105,7 @@ void CallHook(const KeyInput& input) {
                    FlagIf(altHeld && !(isAlt && input.up), 32) | FlagIf(input.up, 128);
     record.time = static_cast<std::uint32_t>(input.time);
     record.dwExtraInfo = static_cast<std::uint32_t>(input.extraInfo);
-    CallProgram([hook = State().keyboardHook, record] { hook(record); });
+    CallHookProcedure([hook = State().keyboardHook, record] { hook(record); });
 }
 
 std::uint32_t MouseMessage(std::int32_t action) {
@@ -140,7 +140,7 @@ void CallHook(const MouseInput& input) {
     record.mouseData = static_cast<std::uint32_t>(input.data) << 16;
     record.flags = FlagIf(input.injected, 1);
     record.time = static_cast<std::uint32_t>(input.time);
-    CallProgram([hook = State().mouseHook, record] { hook(record); });
+    CallHookProcedure([hook = State().mouseHook, record] { hook(record); });
 }
 
 // --- Key states ---

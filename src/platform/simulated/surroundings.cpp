@@ -109,7 +109,8 @@ const TrayIcon& Tray() {
 }
 
 void UserOnTray(unsigned mouseMessage) {
-    if (State().tray.present) PostTo(State().tray.window, {TrayMessage, 0, static_cast<std::intptr_t>(mouseMessage)});
+    if (State().tray.present)
+        SendToProgram(State().tray.window, {TrayMessage, 0, static_cast<std::intptr_t>(mouseMessage)});
 }
 
 void OtherProgramHoldsHotkey(int modifiers, int virtualKey) {

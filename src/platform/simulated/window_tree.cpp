@@ -131,6 +131,13 @@ WindowHandle HitTestIn(const Window& window, Point point) {
     return window.handle;
 }
 
+void CallProcedure(WindowHandle window, const Message& message) {
+    const Reactions* reactions = ReactionsOf(window);
+    if (reactions == nullptr || !reactions->procedure) return;
+    const auto procedure = reactions->procedure;  // it may destroy its window
+    procedure(message);
+}
+
 }  // namespace
 
 bool SameText(std::string_view one, std::string_view other) {
@@ -365,14 +372,13 @@ void OnMessage(WindowHandle window, std::function<void(const Message&)> procedur
 }
 
 void PostTo(WindowHandle window, const Message& message) {
-    const Window* found = Find(window);
-    if (found == nullptr) return;
-    Deliver(found->spec.thread, [window, message] {
-        const Reactions* reactions = ReactionsOf(window);
-        if (reactions == nullptr || !reactions->procedure) return;
-        const auto procedure = reactions->procedure;  // it may destroy its window
-        procedure(message);
-    });
+    if (const Window* found = Find(window)) {
+        Deliver(found->spec.thread, [window, message] { CallProcedure(window, message); });
+    }
+}
+
+void SendToProgram(WindowHandle window, const Message& message) {
+    SendBySystem([window, message] { CallProcedure(window, message); });
 }
 
 }  // namespace simulated

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "platform/clock.h"
+#include "win32/message_loop.h"
 
 namespace platform {
 namespace {
@@ -43,19 +44,13 @@ bool StartThread(const std::shared_ptr<Call>& call) {
     return false;
 }
 
-// Delivers what other threads have sent to our windows. Posted messages stay where they are.
-void LetSentMessagesIn() {
-    MSG message;
-    PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
-}
-
 bool WaitServing(HANDLE done, std::int64_t deadline) {
     for (;;) {
         const DWORD woken =
             MsgWaitForMultipleObjectsEx(1, &done, MillisecondsLeft(deadline), QS_SENDMESSAGE, MWMO_INPUTAVAILABLE);
         if (woken == WAIT_OBJECT_0) return true;
         if (woken != WAIT_OBJECT_0 + 1 || Microseconds() >= deadline) return false;
-        LetSentMessagesIn();
+        TakeInSentMessages();
     }
 }
 

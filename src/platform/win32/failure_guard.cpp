@@ -1,5 +1,8 @@
 #include "win32/failure_guard.h"
 
+#include <new>
+#include <utility>
+
 #include "base/product.h"
 #include "platform/boxes.h"
 #include "win32/handles.h"
@@ -8,11 +11,13 @@ namespace platform {
 namespace {
 
 bool boxIsOpen = false;
+bool textIsWaiting = false;
 std::string waitingText;
 
 void CALLBACK ShowWaiting(HWND, UINT, UINT_PTR timer, DWORD) noexcept {
     KillTimer(nullptr, timer);
-    ShowFailure(waitingText);
+    textIsWaiting = false;
+    ShowFailure(std::string(std::move(waitingText)));
 }
 
 }  // namespace
@@ -25,8 +30,13 @@ void ShowFailure(const std::string& text) noexcept {
 }
 
 void ShowFailureLater(const std::string& text) noexcept {
-    waitingText = text;
-    SetTimer(nullptr, 0, USER_TIMER_MINIMUM, ShowWaiting);
+    if (textIsWaiting) return;
+    try {
+        waitingText = text;
+    } catch (const std::bad_alloc&) {
+        return;  // without memory for the words, a box would find none either
+    }
+    textIsWaiting = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, ShowWaiting) != 0;
 }
 
 }  // namespace platform

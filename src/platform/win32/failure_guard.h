@@ -11,7 +11,8 @@ namespace platform {
 // comes while the box is open is left out: it would most often be the same one, twice a second.
 void ShowFailure(const std::string& text) noexcept;
 
-// The same from the next pump, for callers that must return at once (hook procedures).
+// The same from the next pump outside of all hook calls, for callers that must return at once (hook procedures). Of
+// several until then, the first is shown.
 void ShowFailureLater(const std::string& text) noexcept;
 
 // Runs `call`. False when it failed; the failure has then been shown by `show`, and the caller puts right what was

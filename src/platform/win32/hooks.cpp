@@ -21,7 +21,15 @@ struct Hooks {
     KeyboardHook onKey = nullptr;
     MouseHook onMouse = nullptr;
     const KeyCall* keyCall = nullptr;  // the innermost that is under way
+    int callsUnderWay = 0;             // of either kind, one inside the other
 } hooks;
+
+struct HookCall {
+    HookCall() { ++hooks.callsUnderWay; }
+    ~HookCall() { --hooks.callsUnderWay; }
+    HookCall(const HookCall&) = delete;
+    HookCall& operator=(const HookCall&) = delete;
+};
 
 KeyboardHookRecord ToRecord(WPARAM message, const KBDLLHOOKSTRUCT& key) {
     return {static_cast<std::uint32_t>(message),        key.vkCode, key.scanCode, key.flags, key.time,
@@ -40,6 +48,7 @@ LRESULT CALLBACK KeyboardThunk(int code, WPARAM message, LPARAM data) noexcept {
     const auto record = ToRecord(message, *reinterpret_cast<const KBDLLHOOKSTRUCT*>(data));
     const KeyCall call{code, message, data};
     const KeyCall* const outer = std::exchange(hooks.keyCall, &call);
+    const HookCall underWay;
     GuardedCall([&] { hooks.onKey(record); }, ShowFailureLater);
     hooks.keyCall = outer;
     return 0;
@@ -48,6 +57,7 @@ LRESULT CALLBACK KeyboardThunk(int code, WPARAM message, LPARAM data) noexcept {
 LRESULT CALLBACK MouseThunk(int code, WPARAM message, LPARAM data) noexcept {
     if (code != HC_ACTION || hooks.onMouse == nullptr) return CallNextHookEx(nullptr, code, message, data);
     const auto record = ToRecord(message, *reinterpret_cast<const MSLLHOOKSTRUCT*>(data));
+    const HookCall underWay;
     GuardedCall([&] { hooks.onMouse(record); }, ShowFailureLater);
     return 0;
 }
@@ -96,6 +106,10 @@ bool KeyboardHookInstalled() {
 
 bool MouseHookInstalled() {
     return hooks.mouse != nullptr;
+}
+
+bool InHookCall() {
+    return hooks.callsUnderWay > 0;
 }
 
 }  // namespace platform

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/hooks.h"
 #include "platform/pump.h"
 
 namespace platform {
@@ -52,7 +53,13 @@ int RunMessageLoop() {
     return static_cast<int>(message.wParam);
 }
 
+void TakeInSentMessages() {
+    MSG message;
+    PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+}
+
 void Pump() {
+    if (InHookCall()) return TakeInSentMessages();
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {  // meant for the main loop: what pumps here has to come to its end first

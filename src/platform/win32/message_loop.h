@@ -12,6 +12,10 @@ using KeyHandler = bool (*)(const MSG& message);
 void AddModelessForm(HWND form, KeyHandler onKey = nullptr);
 void RemoveModelessForm(HWND form);
 
+// Delivers what was sent to this thread: messages of other threads to its windows, low-level hook calls among them.
+// Posted messages, input and timers stay in the queue.
+void TakeInSentMessages();
+
 // Runs until WM_QUIT and returns its exit code.
 int RunMessageLoop();
 

@@ -10,7 +10,7 @@
 #include "identity/window_identity.h"
 #include "platform/input.h"
 #include "platform/window_services.h"
-#include "recording/recording_session.h"
+#include "recording/recording_state.h"
 #include "recording/recording_status.h"
 #include "recording/recording_view.h"
 #include "toolkit/system_look.h"
@@ -246,10 +246,10 @@ void RecordingForm::OnKeyPress(int id) {
 // When the pointer stayed on the button from the click that paused to the one that goes on, no window was remembered,
 // and what the user types next would be lost on the form.
 void RecordingForm::OnRelease() const {
-    const bool wasPaused = recordingSession.paused;
+    const bool wasPaused = RecordingPaused();
     Command2_MouseUp();
     const bool givenBack = wasPaused && recordingStatus.returnTo > 0;
-    if (recordingSession.paused || givenBack || GetForegroundWindow() != Window()) return;
+    if (RecordingPaused() || givenBack || GetForegroundWindow() != Window()) return;
     if (foregroundBefore != nullptr) platform::BringToForeground(platform::FromHwnd(foregroundBefore));
 }
 
@@ -272,7 +272,7 @@ void RecordingForm::DrawIndicator(const DRAWITEMSTRUCT& item) const {
     const HBRUSH body = CreateSolidBrush(FormFrame::BodyColour());
     FillRect(item.hDC, &item.rcItem, body);
     DeleteObject(body);
-    const COLORREF colour = recordingSession.paused ? PausedColour : RecordingColour;
+    const COLORREF colour = RecordingPaused() ? PausedColour : RecordingColour;
     const PenAndBrush tools(item.hDC, colour, colour);
     Ellipse(item.hDC, item.rcItem.left, item.rcItem.top, item.rcItem.right, item.rcItem.bottom);
 }

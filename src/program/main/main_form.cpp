@@ -17,6 +17,7 @@
 #include "mainwindow/tray_events.h"
 #include "pages/job_page_form.h"
 #include "pages/record_page.h"
+#include "platform/pump.h"
 #include "platform/tray.h"
 #include "recording/recording_state.h"
 #include "scheduler/exit_request.h"
@@ -205,7 +206,7 @@ void MainForm::OnEndSession() {
 void MainForm::OnCopyData(const COPYDATASTRUCT* data) {
     if (data == nullptr) return;
     const auto command = CommandFromCopyData(data->dwData, data->cbData, data->lpData);
-    if (command) HandleCommandParameter(*command, true);
+    if (command) platform::CallOutsideHooks([line = *command] { HandleCommandParameter(line, true); });
 }
 
 // Keys that no single control knows: Ctrl+Tab and Ctrl+Page Up or Down go through the tabs, as in the system's own
