@@ -74,7 +74,7 @@ double Measure(Captures captures, const Stage& stage, int count) {
     ResetWindowArrays(Signatures(count));
     windowArrays.chains.Reserve(CapturesPerRound + 1);
     Capture(stage.button);
-    return bench::Seconds([&] { captures(stage); });
+    return bench::ProcessorSeconds([&] { captures(stage); });
 }
 
 void Compare(const std::string& title, Captures captures, const Stage& stage) {

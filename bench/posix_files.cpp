@@ -1,5 +1,6 @@
 #include "bench/posix_files.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -146,18 +147,24 @@ MoveResult MoveFileOver(const std::string& from, const std::string& to) {
     return result == 0 ? MoveResult::Done : MoveResult::Failed;
 }
 
+// The bare calls of the system: what is measured is the program, and not this stand-in.
 std::optional<std::vector<std::string>> FilesIn(const std::string& folder, const std::string& extension) {
-    std::error_code failure;
+    DIR* const entries = opendir(posix_files::RealPath(folder).c_str());
+    if (entries == nullptr) return std::nullopt;
+    const std::string ending = LowerCase(extension);
     std::vector<std::pair<std::string, std::string>> found;  // lower-cased once, not at every comparison
-    for (const auto& entry : std::filesystem::directory_iterator(posix_files::RealPath(folder), failure)) {
-        const std::string name = entry.path().filename().string();
-        const std::string lower = LowerCase(name);
-        if (lower.ends_with(LowerCase(extension))) found.emplace_back(lower, name);
+    while (const dirent* const entry = readdir(entries)) {
+        std::string lower = LowerCase(entry->d_name);
+        if (lower.ends_with(ending)) found.emplace_back(std::move(lower), entry->d_name);
     }
-    if (failure) return std::nullopt;
-    std::sort(found.begin(), found.end());
+    closedir(entries);
+    std::vector<std::pair<std::string, std::string>*> sorted;  // a pointer is moved in less time than two texts
+    sorted.reserve(found.size());
+    for (auto& file : found) sorted.push_back(&file);
+    std::sort(sorted.begin(), sorted.end(), [](const auto* a, const auto* b) { return *a < *b; });
     std::vector<std::string> names;
-    for (auto& [lower, name] : found) names.push_back(std::move(name));
+    names.reserve(sorted.size());
+    for (auto* file : sorted) names.push_back(std::move(file->second));
     return names;
 }
 

@@ -1,5 +1,6 @@
 #include "folding/popuni_listu.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/runtime_failure.h"
@@ -44,15 +45,20 @@ void MarkHiddenMoves(EditState& state) {
     }
 }
 
+bool IsMarked(const JobEvent& event) {
+    return event.word[6] == PurgeMark;
+}
+
 // True when events were dropped. The types of all others are then as they were before the fold.
 bool Purge(EditState& state) {
     MarkHiddenMoves(state);
+    const auto firstMarked = std::find_if(state.EditEvents.begin(), state.EditEvents.end(), IsMarked);
+    if (firstMarked == state.EditEvents.end()) return false;
     std::vector<JobEvent>& kept = state.PristineEvents;
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < state.EditEvents.size(); ++i) {
-        if (state.EditEvents[i].word[6] != PurgeMark) kept[count++] = kept[i];
+    auto count = static_cast<std::size_t>(firstMarked - state.EditEvents.begin());
+    for (std::size_t i = count; i < state.EditEvents.size(); ++i) {
+        if (!IsMarked(state.EditEvents[i])) kept[count++] = kept[i];
     }
-    if (count == state.EditEvents.size()) return false;
     kept.resize(count);
     state.EditEvents = kept;
     return true;

@@ -58,14 +58,25 @@ void Store(char* bytes, Integer integer) {
 
 }  // namespace little_endian
 
-// Skips the padding of a fixed field eight bytes at a time; what is left is for TrimView, which looks at each byte.
-// Most fields are mostly padding, and the job list reads a thousand files at once.
-inline std::string_view WithoutPadding(std::string_view field) {
-    const auto endsIn = [&](const char* padding) {
-        return std::memcmp(field.data() + field.size() - 8, padding, 8) == 0;
+// Skips the padding of a fixed field a block at a time; what is left is for TrimView, which looks at each byte. Most
+// fields are mostly padding, and the job list reads a thousand files at once.
+template <std::size_t Block>
+std::string_view WithoutPaddingBlocks(std::string_view field) {
+    static constexpr std::array<char, Block> zeros{};
+    static constexpr std::array<char, Block> blanks = [] {
+        std::array<char, Block> filled{};
+        filled.fill(' ');
+        return filled;
+    }();
+    const auto endsIn = [&](const std::array<char, Block>& padding) {
+        return std::memcmp(field.data() + field.size() - Block, padding.data(), Block) == 0;
     };
-    while (field.size() >= 8 && (endsIn("        ") || endsIn("\0\0\0\0\0\0\0"))) field.remove_suffix(8);
-    return TrimView(field);
+    while (field.size() >= Block && (endsIn(blanks) || endsIn(zeros))) field.remove_suffix(Block);
+    return field;
+}
+
+inline std::string_view WithoutPadding(std::string_view field) {
+    return TrimView(WithoutPaddingBlocks<8>(WithoutPaddingBlocks<32>(WithoutPaddingBlocks<256>(field))));
 }
 
 class RecordReader {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <type_traits>
+#include <utility>
 
 #include "base/runtime_failure.h"
 #include "platform/text.h"
@@ -33,8 +34,8 @@ ListRow& ListModel::RowToChange(int index) {
     return CheckedAt(rows, index, "List row");
 }
 
-void ListModel::AddItem(const std::string& big, int icon, const std::string& small) {
-    rows.push_back({big, small, icon, {}});
+void ListModel::AddItem(std::string big, int icon, std::string small) {
+    rows.push_back({std::move(big), std::move(small), icon, {}});
     Changed();
 }
 

@@ -74,7 +74,7 @@ public:
     const ListRow& Row(int index) const;
     const std::string& List(int index) const { return Row(index).Text; }
     int GetIcon(int index) const { return Row(index).ikona; }
-    void AddItem(const std::string& big, int icon, const std::string& small);
+    void AddItem(std::string big, int icon, std::string small);
     void RemoveItem(int index);  // later rows move up; the selection keeps its number, or goes with the last row
     void Clear();                // raises no click
     void SetBigText(int index, const std::string& text);

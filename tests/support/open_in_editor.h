@@ -4,7 +4,8 @@
 #include "dictionary/dictionary.h"
 #include "folding/popuni_listu.h"
 
-inline void OpenInEditor(const Job& job, const std::string& path = "C:\\jobs\\My job.tsj") {
+// The arrays as ReadJob would leave them; nothing is folded yet.
+inline void LayOpen(const Job& job) {
     Translate("Job Editor");  // as for the title: a lookup sets the words of the rows
     editState.header = job;
     editState.EditEvents = job.Events;
@@ -12,5 +13,9 @@ inline void OpenInEditor(const Job& job, const std::string& path = "C:\\jobs\\My
     editState.Strings = job.Strings;
     editState.Windows = job.Windows;
     editState.Chains = job.Chains;
+}
+
+inline void OpenInEditor(const Job& job, const std::string& path = "C:\\jobs\\My job.tsj") {
+    LayOpen(job);
     PopuniListu(path, true);
 }

@@ -85,7 +85,7 @@ void AppendUtf8(std::string& utf8, char32_t code) {
 }
 
 // 0xD7 and 0xF7 are the signs of multiplication and division; 0xDF, the sharp s, has no capital in the page.
-char Lower(char character) {
+constexpr char Lower(char character) {
     const auto byte = static_cast<unsigned char>(character);
     if ((byte >= 'A' && byte <= 'Z') || (byte >= 0xC0 && byte <= 0xDE && byte != 0xD7)) {
         return static_cast<char>(byte + 0x20);
@@ -94,7 +94,7 @@ char Lower(char character) {
     return byte == 0x9F ? static_cast<char>(0xFF) : character;
 }
 
-char Upper(char character) {
+constexpr char Upper(char character) {
     const auto byte = static_cast<unsigned char>(character);
     if ((byte >= 'a' && byte <= 'z') || (byte >= 0xE0 && byte <= 0xFE && byte != 0xF7)) {
         return static_cast<char>(byte - 0x20);
@@ -103,9 +103,16 @@ char Upper(char character) {
     return byte == 0xFF ? static_cast<char>(0x9F) : character;
 }
 
-std::string Mapped(std::string_view text, char (*map)(char)) {
+// By table: whole lists of names go through here before they are sorted.
+template <char (*Map)(char)>
+std::string Mapped(std::string_view text) {
+    static constexpr std::array<char, 256> table = [] {
+        std::array<char, 256> filled{};
+        for (int byte = 0; byte < 256; ++byte) filled[static_cast<std::size_t>(byte)] = Map(static_cast<char>(byte));
+        return filled;
+    }();
     std::string mapped(text);
-    std::transform(mapped.begin(), mapped.end(), mapped.begin(), map);
+    for (char& character : mapped) character = table[static_cast<unsigned char>(character)];
     return mapped;
 }
 
@@ -126,11 +133,11 @@ std::string ToUtf8(std::string_view text) {
 }
 
 std::string LowerCase(std::string_view text) {
-    return Mapped(text, Lower);
+    return Mapped<Lower>(text);
 }
 
 std::string UpperCase(std::string_view text) {
-    return Mapped(text, Upper);
+    return Mapped<Upper>(text);
 }
 
 }  // namespace platform
