@@ -3,6 +3,7 @@
 
 #include <commctrl.h>
 
+#include "guard/guard_process.h"
 #include "shell/startup.h"
 #include "win32/failure_guard.h"
 #include "win32/message_loop.h"
@@ -22,6 +23,7 @@ void LoadControls() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     platform::HardenProcess();
+    if (const auto guard = GuardCommandOfThisProcess()) return RunGuard(*guard);
     LoadControls();
     bool stays = false;
     if (!platform::GuardedCall([&] { stays = Main(); })) return FailedStart;

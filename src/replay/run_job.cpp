@@ -12,6 +12,7 @@
 #include "jobs/job_file.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
+#include "platform/guard.h"
 #include "platform/input.h"
 #include "platform/processes.h"
 #include "platform/pump.h"
@@ -96,6 +97,7 @@ private:
 };
 
 std::int32_t JobRun::Run() {
+    platform::StartGuard();  // comes up beside what follows, and stands there when the first key goes down
     ClearTheStage();
     Prepare();
     if (!StartsProgram()) {

@@ -48,8 +48,10 @@ public:
     std::string TextOf(WindowHandle edit);
     int ClicksOn(WindowHandle window);  // left button presses that the window was given
     std::string LastCopyData(WindowHandle window);
-    void RunTheProduct();  // claims the place that platform::AnotherInstanceRuns asks about
-    void Hang();           // until the end
+    void RunTheProduct();      // claims the place that platform::AnotherInstanceRuns asks about
+    void Hang();               // until the end
+    std::uint32_t HoldDown();  // HeldKeys and HeldButton; the process id of its guard
+    void Kill();
 
 private:
     struct Inside;

@@ -3,7 +3,10 @@
 #include <string>
 #include <thread>
 
+#include "platform/guard.h"
+#include "platform/input.h"
 #include "platform/instances.h"
+#include "win32/guard.h"
 
 namespace contract {
 namespace {
@@ -46,6 +49,23 @@ void RegisterClassOf(const char* name) {
     RegisterClassA(&windowClass);  // refused for a class that is there already, which is well
 }
 
+// The process id of its guard; 0 when there is none after a while.
+LRESULT HoldDown() {
+    platform::StartGuard();
+    for (const int key : HeldKeys) {
+        platform::InputRecord record;
+        record.dwType() = platform::InputKeyboard;
+        record.KeyCode() = platform::ScanCodeOf(key) * 65536 + key;
+        record.KeyState() = key == VK_RCONTROL ? platform::KeyExtended : 0;
+        platform::SendInput(record);
+    }
+    platform::InputRecord press;
+    press.dwFlags() = platform::MouseMiddleDown;
+    platform::SendInput(press);
+    for (int attempt = 0; attempt < 1000 && platform::GuardProcessId() == 0; ++attempt) ::Sleep(10);
+    return static_cast<LRESULT>(platform::GuardProcessId());
+}
+
 LRESULT Obey(Order order, const OrderData& data) {
     switch (order) {
         case Order::Add:
@@ -58,6 +78,8 @@ LRESULT Obey(Order order, const OrderData& data) {
             return SetForegroundWindow(GetAncestor(data.window, GA_ROOT)) && SetFocus(data.window);
         case Order::RunTheProduct:
             return platform::AnotherInstanceRuns();
+        case Order::HoldDown:
+            return HoldDown();
         case Order::Hang:
             return PostThreadMessageA(GetCurrentThreadId(), WM_APP, 0, 0);  // after the answer
     }

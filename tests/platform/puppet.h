@@ -13,7 +13,7 @@ inline constexpr const char* ClicksProperty = "contract clicks";
 // The class of a window that answers messages but never finishes a change of its placement.
 inline constexpr const char* StubbornClass = "Contract stubborn";
 
-enum class Order : ULONG_PTR { Add, Remove, Rename, Focus, RunTheProduct, Hang };
+enum class Order : ULONG_PTR { Add, Remove, Rename, Focus, RunTheProduct, Hang, HoldDown };
 
 struct OrderData {
     HWND window = nullptr;
@@ -26,6 +26,10 @@ struct OrderData {
     char className[100] = "";
     char caption[1100] = "";
 };
+
+// What a puppet presses at Order::HoldDown, under the eyes of a guard of its own.
+inline constexpr int HeldKeys[] = {VK_F9, VK_RCONTROL};
+inline constexpr int HeldButton = VK_MBUTTON;
 
 // The window that an order asks for, made by the calling thread.
 HWND MakeWindow(const OrderData& order);

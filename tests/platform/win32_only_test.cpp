@@ -246,6 +246,47 @@ TEST(Pump, InsideAHookCallLeavesMessagesOfTheThread) {
     EXPECT_FALSE(AMessageOfTheThreadWaits());
 }
 
+// --- the guard ---
+
+std::vector<int> StillDown() {
+    std::vector<int> down;
+    for (const int key : {contract::HeldKeys[0], contract::HeldKeys[1], contract::HeldButton}) {
+        if (platform::AsyncKeyState(key) < 0) down.push_back(key);
+    }
+    return down;
+}
+
+TEST(Guard, ReleasesWhatAKilledProgramHoldsAndEndsWithIt) {
+    contract::AddOwn({.caption = "front"});
+    OtherProgram program;
+    const std::uint32_t guard = program.HoldDown();
+    ASSERT_NE(guard, 0u);
+    const platform::OwnedHandle process(OpenProcess(SYNCHRONIZE, FALSE, guard));
+    ASSERT_TRUE(Within(PatienceMs, [] { return StillDown().size() == 3; }));
+    Within(500, [] { return false; });
+    EXPECT_EQ(StillDown().size(), 3u) << "nothing is released while the program lives";
+    EXPECT_EQ(WaitForSingleObject(process.Get(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
+    program.Kill();
+    EXPECT_TRUE(Within(1000, [] { return StillDown().empty(); }));
+    EXPECT_EQ(WaitForSingleObject(process.Get(), PatienceMs), WAIT_OBJECT_0);
+}
+
+TEST(Guard, IsReplacedWhenItHasDied) {
+    contract::AddOwn({.caption = "front"});
+    OtherProgram program;
+    const std::uint32_t first = program.HoldDown();
+    ASSERT_NE(first, 0u);
+    EXPECT_EQ(program.HoldDown(), first) << "one is enough";
+    const platform::OwnedHandle process(OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, first));
+    TerminateProcess(process.Get(), 1);
+    WaitForSingleObject(process.Get(), PatienceMs);
+    const std::uint32_t second = program.HoldDown();
+    EXPECT_NE(second, 0u);
+    EXPECT_NE(second, first);
+    program.Kill();
+    EXPECT_TRUE(Within(1000, [] { return StillDown().empty(); })) << "it knows what was pressed before its time";
+}
+
 // A failure in a hook is shown from the pump: a box inside the hook would hold up the whole desktop.
 TEST(Failures, InAHookWaitForThePump) {
     contract::AddOwn({.caption = "front"});

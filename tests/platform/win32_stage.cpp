@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "contract_desktop.h"
+#include "guard/guard_process.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/input.h"
@@ -174,6 +175,14 @@ void OtherProgram::RunTheProduct() {
     inside->Give(Order::RunTheProduct, WindowHandle{0});
 }
 
+std::uint32_t OtherProgram::HoldDown() {
+    return static_cast<std::uint32_t>(inside->Give(Order::HoldDown, WindowHandle{0}));
+}
+
+void OtherProgram::Kill() {
+    TerminateProcess(inside->process.hProcess, 1);
+}
+
 void OtherProgram::Hang() {
     inside->Give(Order::Hang, WindowHandle{0});
     // It hangs when it no longer answers.
@@ -335,6 +344,7 @@ HeldFile::~HeldFile() = default;
 }  // namespace contract
 
 int main(int argc, char** argv) {
+    if (const auto guard = GuardCommandOfThisProcess()) return RunGuard(*guard);
     if (argc == 4 && std::string(argv[1]) == contract::PuppetSwitch) {
         return contract::RunPuppet(argv[2], static_cast<DWORD>(std::strtoul(argv[3], nullptr, 10)));
     }

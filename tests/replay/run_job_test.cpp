@@ -74,6 +74,19 @@ TEST_F(RunJobTest, ARunGoesFromTheFileToTheWindow) {
     ExpectAllPutRight();
 }
 
+// Beside the run and not in front of it, but before anything is pressed.
+TEST_F(RunJobTest, ARunHasAGuardBeforeItSendsAnything) {
+    EXPECT_EQ(RunJob("C:\\Data\\gone.tsj", 0, "", true), -10);
+    EXPECT_EQ(simulated::GuardStarts(), 0) << "not for a run that is refused";
+    int startsAtFirstKey = 0;
+    simulated::OnKey(edit, 'A', [&] { startsAtFirstKey = simulated::GuardStarts(); });
+    InEdit().Type("a");
+    EXPECT_EQ(Run(), 1);
+    EXPECT_EQ(startsAtFirstKey, 1);
+    EXPECT_EQ(Run(), 1);
+    EXPECT_EQ(simulated::GuardStarts(), 2) << "the one before may have died";
+}
+
 TEST_F(RunJobTest, ARunIsRefusedDuringAnotherAndDuringARecording) {
     std::int32_t second = 0;
     InEdit().KeyDown(Shift).Wait(2000).KeyUp(Shift);

@@ -248,6 +248,9 @@ void OnStart(std::function<void(const StartedProgram&)> action);
 // A start whose command line contains `part` shows a window after a while.
 void ProgramShows(const std::string& part, std::int64_t afterMs, const WindowSpec& window);
 
+// How often the program has asked for a guard.
+int GuardStarts();
+
 // Instances.
 void LetAnotherInstanceRun(bool runs = true);
 struct SentMessage {

@@ -6,6 +6,7 @@
 #include <deque>
 #include <map>
 
+#include "platform/guard.h"
 #include "platform/hotkeys.h"
 #include "platform/instances.h"
 #include "platform/load.h"
@@ -48,6 +49,8 @@ struct Surroundings {
     std::vector<StartedProgram> started;
     std::vector<std::function<void(const StartedProgram&)>> onStart;
     bool refusesStarts = false;
+
+    int guardStarts = 0;
 
     bool anotherInstance = false;
     std::vector<SentMessage> sent;
@@ -147,6 +150,10 @@ void ProgramShows(const std::string& part, std::int64_t afterMs, const WindowSpe
     OnStart([part, afterMs, window](const StartedProgram& program) {
         if (program.commandLine.find(part) != std::string::npos) AppearsAfter(afterMs, window);
     });
+}
+
+int GuardStarts() {
+    return State().guardStarts;
 }
 
 void LetAnotherInstanceRun(bool runs) {
@@ -249,6 +256,10 @@ bool StartProgram(const std::string& commandLine, int windowStyle) {
     const auto actions = State().onStart;
     for (const auto& action : actions) action(program);
     return true;
+}
+
+void StartGuard() {
+    ++State().guardStarts;
 }
 
 bool AnotherInstanceRuns() {

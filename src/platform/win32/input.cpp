@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "platform/clock.h"
+#include "win32/guard.h"
 #include "win32/handles.h"
 #include "win32/wine.h"
 
@@ -60,7 +61,10 @@ int SendInput(const InputRecord& record) {
     } else {
         input.ki = ToKeyboardInput(record);
     }
-    return static_cast<int>(::SendInput(1, &input, sizeof input));
+    NoteBeforeSending(OwnHeldState(), record);
+    const UINT sent = ::SendInput(1, &input, sizeof input);
+    if (sent == 1) NoteAfterSending(OwnHeldState(), record);
+    return static_cast<int>(sent);
 }
 
 std::int16_t AsyncKeyState(int virtualKey) {
