@@ -60,6 +60,71 @@ def test_forms(stage, person, language):
         person.speaks("en")
 
 
+LIST, LIST_ITEM, TEXT, SELECTED = 33, 34, 42, 2
+
+
+def test_screen_readers_are_told_of_every_control(stage, person):
+    """Each control that the keyboard reaches has a name and a role; the painted list is a list with its rows."""
+    person.puts_job("a", description="first")
+    person.puts_job("b")
+    person.start_program()
+
+    def told(name):
+        return stage.probe.ask("accessible", person.waits_for(name).handle)
+
+    jobs = told("job_page_lista_jobs")
+    assert (jobs["name"], jobs["role"]) == ("Saved Jobs", LIST)
+    assert [(row["name"], row["role"], row["action"]) for row in jobs["parts"]] == [
+        ("a", LIST_ITEM, "Edit"), ("b", LIST_ITEM, "Edit")]
+    assert "first" in jobs["parts"][0]["description"]
+    assert jobs["parts"][0]["state"] & SELECTED and not jobs["parts"][1]["state"] & SELECTED
+    left, top, width, height = jobs["parts"][1]["place"]
+    list_left, list_top, *_ = person.sees("job_page_lista_jobs").rect
+    assert list_left <= left < list_left + 5 and top > list_top + height - 5 and width > 100
+    assert stage.probe.ask("select", person.sees("job_page_lista_jobs").handle, 2) == 0
+    assert wait_for(lambda: person.text_of("job_page_lista_jobs").startswith("b"))
+    assert told("job_page_Slider1")["name"] == "Select replay speed"
+    speed = told("job_page_Options_speed")
+    assert (speed["name"], speed["role"], speed["value"]) == ("Replay speed in percent", TEXT, "100")
+    nameless = []
+    for panel in [*PANELS, "form1_tabs"]:
+        if panel == "form1_tabs":
+            person.presses("Control_L", "Tab")
+        else:
+            person.clicks(panel)
+        time.sleep(0.3)
+        for control in person.visible_controls(stage.main_window()):
+            answer = stage.probe.ask("accessible", control.handle)
+            by_keyboard = control.class_name not in ("Static", "#32770", "SysTabControl32", "msctls_updown32")
+            if by_keyboard and not (answer and answer["name"] and answer["role"] > 0):
+                nameless.append((panel, control.class_name, control.control_id, answer))
+    assert not nameless
+
+
+def test_the_window_can_be_resized(stage, person):
+    for number in range(12):
+        person.puts_job(f"job {number:02}")
+    person.start_program()
+    main, jobs = stage.main_window(), person.waits_for("job_page_lista_jobs")
+    left, top, right, bottom = main.rect
+    stage.probe.place(main.handle, 1, (left, top, right + 120, bottom + 160))
+    assert wait_for(lambda: person.sees("job_page_lista_jobs").rect[3] > jobs.rect[3] + 60), "the list takes the room"
+    grown = person.sees("job_page_lista_jobs")
+    assert grown.rect[2] == jobs.rect[2] + 120
+    row = stage.probe.ask("accessible", grown.handle)["parts"][0]["place"][3]
+    assert (grown.rect[3] - grown.rect[1]) % row < 8, "whole rows, and the frame"
+    assert person.sees("job_page_run_job_button").rect[0] > grown.rect[2]
+    stage.wine.screenshot(OUT / "test" / "forms" / "resized.png")
+    stage.probe.place(main.handle, 1, (left, top, left + 50, top + 50))
+    assert wait_for(lambda: stage.main_window().rect == main.rect), "never smaller than what it holds"
+    stage.probe.place(main.handle, 1, (left, top, right + 40, bottom + 80))
+    stage.probe.ask("post", main.handle, 0x10, 0, 0)  # WM_CLOSE
+    assert wait_for(lambda: not stage.main_window().visible)
+    double_click(person)
+    assert wait_for(lambda: stage.main_window().visible)
+    assert stage.main_window().rect == (left, top, right + 40, bottom + 80), "the size is kept"
+
+
 def walk(person, count, *keys):
     places = []
     for _ in range(count):
@@ -79,9 +144,14 @@ def test_by_keyboard_alone(stage, person):
     assert there == ["job_page_run_job_button", "job_page_other_option0", "job_page_Slider1", "job_page_Options_speed",
                      "job_page_Check6", "job_page_Check7", "job_page_Command5", "form1_Exit", "form1_tabs"]
     assert walk(person, 8, "Shift_L", "Tab") == there[-2::-1]
-    assert walk(person, 4, "Tab")[-1] == "job_page_Check6"
+    walk(person, 3, "Tab")
+    person.presses("Up")  # in the speed box
+    assert person.text_of("job_page_Options_speed") == "101"
+    person.presses("Down")
+    assert walk(person, 1, "Tab")[-1] == "job_page_Check6"
     person.presses("space")
     assert person.text_of("job_page_Options_speed") == "max"
+    assert person.text_of("job_page_percent") == ""
     assert walk(person, 2, "Tab")[-1] == "job_page_Command5"
     person.presses("Return")  # the button with the focus is pressed
     assert person.text_of("job_page_Options_speed") == "100"
@@ -91,11 +161,11 @@ def test_by_keyboard_alone(stage, person):
     person.presses("Alt_L", "s")
     assert wait_for(lambda: read_job(person.folder / "b.tsj").repeat == 0), "repeated over and over again"
     person.presses("Control_L", "Tab")
-    assert person.focus() == "record_page_command3"
+    assert wait_for(lambda: person.focus() == "record_page_command3")
     person.presses("Alt_L", "c")
     assert wait_for(lambda: (person.folder / "settings.binary").exists()), "an option is saved at once"
     person.presses("Control_L", "Prior")
-    assert person.focus() == "job_page_lista_jobs"
+    assert wait_for(lambda: person.focus() == "job_page_lista_jobs")
     person.presses("Delete")
     box = person.box("Delete job?")
     person.presses("Alt_L", "y")

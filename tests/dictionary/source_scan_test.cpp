@@ -65,11 +65,22 @@ std::vector<std::string> KeyBefore(const std::string& row) {
     return {Unquoted(found.str(1))};
 }
 
+// The keys that the rows of a form's table name by their members.
+std::vector<Lookup> RowsIn(const std::string& source, const std::string& file) {
+    static const std::regex row(R"(\.(?:caption|name|tip)\s*=\s*\{?\s*()" + literals + ")");
+    std::vector<Lookup> lookups;
+    for (Matches match(source.begin(), source.end(), row); match != Matches(); ++match) {
+        const auto line = 1 + std::count(source.begin(), (*match)[0].first, '\n');
+        lookups.push_back({file + ":" + std::to_string(line) + " " + match->str(), "", {Unquoted(match->str(1))}});
+    }
+    return lookups;
+}
+
 std::vector<Lookup> LookupsIn(const std::string& text, const std::string& file) {
     constexpr std::size_t longestCall = 500;
     static const std::regex name(R"(\b(Translate[12]?|Label|Labelled|Question|Exclamation|Ellipsis)\b)");
     const std::string source = WithoutComments(text);
-    std::vector<Lookup> lookups;
+    std::vector<Lookup> lookups = RowsIn(source, file);
     for (Matches match(source.begin(), source.end(), name); match != Matches(); ++match) {
         const auto place = static_cast<std::size_t>(match->position());
         const std::string call = source.substr(place, longestCall);
@@ -91,7 +102,8 @@ std::vector<Lookup> LookupsUnder(const std::filesystem::path& folder) {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
         const auto file = entry.path().lexically_relative(folder);
         const bool source = file.extension() == ".cpp" || file.extension() == ".h";
-        if (!source || *file.begin() == "dictionary") continue;
+        // What hands keys on names none.
+        if (!source || *file.begin() == "dictionary" || file.filename() == "control_row.h") continue;
         std::ifstream content(entry.path(), std::ios::binary);
         const auto found = LookupsIn({std::istreambuf_iterator<char>(content), {}}, file.generic_string());
         lookups.insert(lookups.end(), found.begin(), found.end());
@@ -129,6 +141,7 @@ TEST(SourceScan, TellsKeysFromOtherArguments) {
         {R"(Labelled("a", name) + title.Label1 + "b")", {"a"}},
         {R"(Row rows[] = {{1, "a" "b", Label, &Model::member}};)", {"ab"}},
         {R"(Question(name))", {}},
+        {R"(rows = {{.id = 1, .caption = "a", .tip = Tip}};)", {"a"}},
     };
     for (const auto& [source, keys] : cases) {
         const auto lookups = LookupsIn(source, "file.cpp");

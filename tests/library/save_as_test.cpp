@@ -154,4 +154,15 @@ TEST_F(SaveAs, SaysNothingOfAShortcutThatCannotBeMade) {
     EXPECT_EQ(simulated::AllFiles().size(), 1U);
 }
 
+TEST_F(SaveAs, EscAsksAboutARecordingAndOffersAWayBack) {
+    EXPECT_EQ(LeaveSaveAs(false), SaveAsLeave::Close);
+    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+    simulated::AnswerNextBox({.yes = true});
+    EXPECT_EQ(LeaveSaveAs(true), SaveAsLeave::Save);
+    simulated::AnswerNextBox({.yes = false});
+    EXPECT_EQ(LeaveSaveAs(true), SaveAsLeave::Close);
+    simulated::AnswerNextBox({.yes = false, .cancel = true});
+    EXPECT_EQ(LeaveSaveAs(true), SaveAsLeave::Stay);
+}
+
 }  // namespace

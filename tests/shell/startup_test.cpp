@@ -6,6 +6,7 @@
 #include "base/runtime_failure.h"
 #include "mainwindow/form_visible.h"
 #include "mainwindow/tray_events.h"
+#include "platform/tray.h"
 #include "platform/registry.h"
 #include "platform/window_services.h"
 #include "replay/run_job.h"
@@ -258,6 +259,17 @@ TEST_F(MainWindowVisibility, IsLeftAloneByTheTrayWhileTheInterfaceIsHeld) {
     EXPECT_TRUE(shellStandIn.calls.empty());
     OnTrayMessage(TrayRightUp);
     EXPECT_TRUE(WasCalled("OpenTrayMenu"));
+}
+
+TEST_F(MainWindowVisibility, TellsOnceForGoodThatClosingEndsNothing) {
+    platform::AddTrayIcon(1, "tip");
+    for (int again = 0; again < 2; ++again) {
+        FormVisible(true, false);
+        CloseToTray();
+        EXPECT_FALSE(shellStandIn.visible);
+        EXPECT_EQ(simulated::Tray().balloons.size(), 1U);
+    }
+    EXPECT_TRUE(simulated::Tray().balloons[0].starts_with("Tessarine: Tessarine goes on running"));
 }
 
 }  // namespace

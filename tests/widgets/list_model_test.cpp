@@ -45,6 +45,14 @@ protected:
     std::vector<std::string> heard;
 };
 
+TEST_F(List, ScrollsInARowThatIsClickedWhereItIsHalfSeen) {
+    list.PressMouse(ListButton::Left, {5, 102});  // the sixth row, of which five pixels are seen
+    list.ReleaseMouse(ListButton::Left, {5, 102});
+    EXPECT_EQ(list.listindex(), 5);
+    EXPECT_TRUE(list.on_screen(5));
+    EXPECT_EQ(list.ScrollValue(), 1);
+}
+
 TEST_F(List, RefusesRowsThatDoNotExist) {
     ListModel empty;
     empty.Clear();

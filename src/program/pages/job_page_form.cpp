@@ -426,18 +426,18 @@ void JobPageForm::FocusOn(HotkeyFocus control) {
 
 void JobPageForm::OpenMenuJobs() {
     struct Entry {
-        FormText caption;  // none is a line
+        FormText caption = {};  // none is a line
         bool exists = true;
         void (*command)() = nullptr;
     };
     const std::vector<Entry> entries = {
-        {"&Run", true, run_job},
-        {"&Edit", EditorExists, edit_job},
-        {"&Schedule", SchedulePageExists, schedule_job},
-        {"&Convert job to .exe file", MakeExeExists, create_exe},
+        {.caption = "&Run", .command = run_job},
+        {.caption = "&Edit", .exists = EditorExists, .command = edit_job},
+        {.caption = "&Schedule", .exists = SchedulePageExists, .command = schedule_job},
+        {.caption = "&Convert job to .exe file", .exists = MakeExeExists, .command = create_exe},
         {},
-        {"Create S&hortcut on Desktop", true, create_desktop_shortcut},
-        {"&Delete job", true, delete_job},
+        {.caption = "Create S&hortcut on Desktop", .command = create_desktop_shortcut},
+        {.caption = "&Delete job", .command = delete_job},
     };
     const HMENU menu = CreatePopupMenu();
     for (std::size_t i = 0; i < entries.size(); ++i) {

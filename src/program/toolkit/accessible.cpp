@@ -9,6 +9,9 @@
 
 namespace {
 
+// MinGW's constant of this name is that of another interface.
+const IID& InterfaceId = __uuidof(IAccessible);
+
 // Loaded when somebody asks: most people have no screen reader.
 struct AccessibilityFunctions {
     LRESULT(WINAPI* lresultFromObject)(REFIID, WPARAM, LPUNKNOWN);
@@ -62,7 +65,7 @@ public:
     Object(HWND window, AccessibleView& shown) : control(window), view(&shown) {
         if (Functions().createStandard != nullptr) {
             void* made = nullptr;
-            Functions().createStandard(window, OBJID_CLIENT, IID_IAccessible, &made);
+            Functions().createStandard(window, OBJID_CLIENT, InterfaceId, &made);
             standard = static_cast<IAccessible*>(made);
         }
     }
@@ -75,7 +78,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) noexcept override {
         const bool known =
-            IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch) || IsEqualIID(id, IID_IAccessible);
+            IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch) || IsEqualIID(id, InterfaceId);
         *result = known ? this : nullptr;
         if (known) AddRef();
         return known ? S_OK : E_NOINTERFACE;
@@ -287,5 +290,5 @@ std::optional<LRESULT> Accessible::Answer(WPARAM wParam, LPARAM lParam) {
     const bool asked = static_cast<LONG>(lParam) == OBJID_CLIENT;
     if (!asked || view == nullptr || Functions().lresultFromObject == nullptr) return std::nullopt;
     if (object == nullptr) object = new Object(control, *view);
-    return Functions().lresultFromObject(IID_IAccessible, wParam, object);
+    return Functions().lresultFromObject(InterfaceId, wParam, object);
 }

@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <oleacc.h>
+
 #include <cstdio>
 #include <iostream>
 #include <sstream>
@@ -218,6 +220,71 @@ std::string WindowUnder(Words& words) {
     return Number(HandleNumber(WindowFromPoint(point)));
 }
 
+// --- as a screen reader asks ---
+
+std::string NarrowText(BSTR wide) {
+    char text[1024] = "";
+    if (wide != nullptr) WideCharToMultiByte(CP_ACP, 0, wide, -1, text, sizeof text, nullptr, nullptr);
+    SysFreeString(wide);
+    return text;
+}
+
+VARIANT Part(long number) {
+    VARIANT part{};
+    part.vt = VT_I4;
+    part.lVal = number;
+    return part;
+}
+
+std::string AccessiblePart(IAccessible* object, long number) {
+    BSTR texts[4] = {};
+    VARIANT role{};
+    VARIANT state{};
+    RECT place{};
+    object->get_accName(Part(number), &texts[0]);
+    object->get_accDescription(Part(number), &texts[1]);
+    object->get_accDefaultAction(Part(number), &texts[2]);
+    object->get_accValue(Part(number), &texts[3]);
+    object->get_accRole(Part(number), &role);
+    object->get_accState(Part(number), &state);
+    object->accLocation(&place.left, &place.top, &place.right, &place.bottom, Part(number));
+    return "{\"name\":" + Quoted(NarrowText(texts[0])) + ",\"description\":" + Quoted(NarrowText(texts[1])) +
+           ",\"action\":" + Quoted(NarrowText(texts[2])) + ",\"value\":" + Quoted(NarrowText(texts[3])) +
+           ",\"role\":" + Number(role.vt == VT_I4 ? role.lVal : -1) +
+           ",\"state\":" + Number(state.vt == VT_I4 ? state.lVal : -1) + ",\"place\":" + RectangleText(place);
+}
+
+// MinGW's IID_IAccessible is that of another interface.
+IAccessible* AccessibleOf(HWND window) {
+    void* object = nullptr;
+    AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &object);
+    return static_cast<IAccessible*>(object);
+}
+
+// accessible WINDOW: the control and its parts.
+std::string AccessibleText(Words& words) {
+    IAccessible* const object = AccessibleOf(WindowFrom(words));
+    if (object == nullptr) return "null";
+    long count = 0;
+    object->get_accChildCount(&count);
+    std::string json = AccessiblePart(object, CHILDID_SELF) + ",\"parts\":[";
+    for (long part = 1; part <= count; ++part) json += (part > 1 ? "," : "") + AccessiblePart(object, part) + "}";
+    object->Release();
+    return json + "]}";
+}
+
+// select WINDOW PART, dodefault WINDOW PART: what it answered.
+std::string ActOnPart(Words& words, bool select) {
+    IAccessible* const object = AccessibleOf(WindowFrom(words));
+    if (object == nullptr) return "null";
+    long part = 0;
+    words >> part;
+    const HRESULT result = select ? object->accSelect(SELFLAG_TAKESELECTION, Part(part))
+                                  : object->accDoDefaultAction(Part(part));
+    object->Release();
+    return Number(result);
+}
+
 std::string Answer(const std::string& command, Words& words) {
     if (command == "windows") return AllWindows();
     if (command == "at") return WindowUnder(words);
@@ -234,6 +301,9 @@ std::string Answer(const std::string& command, Words& words) {
     if (command == "send") return SendNumbers(words);
     if (command == "post") return PostNumbers(words);
     if (command == "copydata") return CopyData(words);
+    if (command == "accessible") return AccessibleText(words);
+    if (command == "select") return ActOnPart(words, true);
+    if (command == "dodefault") return ActOnPart(words, false);
     return "null";
 }
 
@@ -252,6 +322,7 @@ int Hang(const char* caption) {
 int main(int count, char** words) {
     if (count == 3 && std::string(words[1]) == "hang") return Hang(words[2]);
     SetProcessDPIAware();
+    CoInitialize(nullptr);
     std::string line;
     while (std::getline(std::cin, line)) {
         while (!line.empty() && line.back() == '\r') line.pop_back();
