@@ -114,6 +114,7 @@ def test_the_window_can_be_resized(stage, person):
     row = stage.probe.ask("accessible", grown.handle)["parts"][0]["place"][3]
     assert (grown.rect[3] - grown.rect[1]) % row < 8, "whole rows, and the frame"
     assert person.sees("job_page_run_job_button").rect[0] > grown.rect[2]
+    time.sleep(1)
     stage.wine.screenshot(OUT / "test" / "forms" / "resized.png")
     stage.probe.place(main.handle, 1, (left, top, left + 50, top + 50))
     assert wait_for(lambda: stage.main_window().rect == main.rect), "never smaller than what it holds"

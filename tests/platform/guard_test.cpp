@@ -57,7 +57,7 @@ TEST(HeldState, NamesAllThatIsDownWheneverTheProgramDies) {
     for (unsigned seed = 0; seed < 300; ++seed) {
         std::mt19937 random(seed);
         HeldState held;
-        const unsigned length = 1 + random() % 30;
+        const auto length = static_cast<unsigned>(1 + random() % 30);
         for (unsigned i = 0; i < length; ++i) {
             const bool last = i + 1 == length;
             const auto death = last ? static_cast<Death>(random() % 3) : Death::AfterAll;

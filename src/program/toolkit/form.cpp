@@ -356,9 +356,11 @@ void Form::Lay() {
         if (row.anchors == AtTopLeft) continue;
         const RECT place = PlaceOf(row, moreWidth, moreHeight);
         const SIZE size = SizeOf(place);
-        SetWindowPos(Control(row.id), nullptr, place.left, place.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+        SetWindowPos(Control(row.id), nullptr, place.left, place.top, size.cx, size.cy,
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     }
     OnLayout();
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 // The template's size is the least that holds everything.
