@@ -532,7 +532,7 @@ Replay::Ending Replay::TypeWatched(const JobEvent& event, const std::string& tex
 
 int Replay::BackToTheWindow(const JobEvent& event, FocusWatch& watch) {
     if (watch.HasLeftItsWindow()) {
-        reason = Translate("Cannot find window") + ": '" + watch.ExpectedCaption() + "'";
+        reason = Labelled("Cannot find window", "'" + watch.ExpectedCaption() + "'");
         return TargetWindowMissing;
     }
     const int found = SearchForKeys(event, event.WaitForWindow);

@@ -35,7 +35,8 @@ TEST(Sentences, SetTheMarksOfTheLanguage) {
          {"État\u00A0:", "État\u00A0: x", "Supprimer la tâche\u00A0?", "Tâche terminée avec succès\u00A0!",
           "Veuillez patienter quelques secondes..."}},
         {LanguageSpanish,
-         {"Estado:", "Estado: x", "¿Eliminar tarea?", "¡Tarea completada correctamente!", "Espere unos segundos..."}},
+         {"Estado:", "Estado: x", "¿Eliminar la tarea?", "¡Tarea completada correctamente!",
+          "Espere unos segundos, por favor..."}},
     };
     for (const auto& [language, texts] : cases) {
         SetLanguage(language);

@@ -8,7 +8,6 @@
 #include <iterator>
 #include <regex>
 #include <set>
-#include <utility>
 
 #include "dictionary/dictionary.h"
 
@@ -18,7 +17,7 @@ using testing::IsEmpty;
 
 struct Lookup {
     std::string place;     // for messages: file, line, call
-    std::string function;  // Translate, Label and their like
+    std::string function;  // Translate, Label and their like; or where else the key stands
     std::vector<std::string> keys;
 };
 
@@ -57,57 +56,77 @@ std::vector<std::string> KeysOf(const std::string& call) {
     return keys;
 }
 
-// The key in the row of a form's table, which stands right before the function that words it.
-std::vector<std::string> KeyBefore(const std::string& row) {
-    static const std::regex key("(" + literals + R"()\s*,\s*$)");
-    std::smatch found;
-    if (!std::regex_search(row, found, key)) return {};
-    return {Unquoted(found.str(1))};
+// File, line, and what stands there.
+std::string PlaceOf(const std::string& file, const std::string& source, std::size_t position) {
+    const auto line = 1 + std::count(source.begin(), source.begin() + static_cast<std::ptrdiff_t>(position), '\n');
+    const std::size_t end = std::min(source.find('\n', position), source.size());
+    return file + ":" + std::to_string(line) + " " + source.substr(position, end - position);
 }
 
-// The keys that the rows of a form's table name by their members.
+const std::string wordings = "(?:Translate|Label|Question|Exclamation|Ellipsis)";
+
+// Calls. The names without a call are words of their own, as in BoxIcon::Question.
+std::vector<Lookup> CallsIn(const std::string& source, const std::string& file) {
+    constexpr std::size_t longestCall = 500;
+    static const std::regex name(R"(\b(?:Translate[12]|Labelled|)" + wordings + R"()(?=\())");
+    std::vector<Lookup> lookups;
+    for (Matches match(source.begin(), source.end(), name); match != Matches(); ++match) {
+        const auto position = static_cast<std::size_t>(match->position());
+        const std::string arguments = source.substr(position + static_cast<std::size_t>(match->length()), longestCall);
+        lookups.push_back({PlaceOf(file, source, position), match->str(), KeysOf(arguments)});
+    }
+    return lookups;
+}
+
+// Translate handed to a function that gets its keys from elsewhere, which nobody could follow.
+std::vector<Lookup> HandedOnIn(const std::string& source, const std::string& file) {
+    static const std::regex bare(R"([^="\s]\s*,\s*Translate\s*[,)])");
+    std::vector<Lookup> lookups;
+    for (Matches match(source.begin(), source.end(), bare); match != Matches(); ++match) {
+        lookups.push_back({PlaceOf(file, source, static_cast<std::size_t>(match->position())), "Translate", {}});
+    }
+    return lookups;
+}
+
+// The texts in the row of a form's table: by the name of the field, or in front of the function that words them.
 std::vector<Lookup> RowsIn(const std::string& source, const std::string& file) {
-    static const std::regex row(R"(\.(?:caption|name|tip)\s*=\s*\{?\s*()" + literals + ")");
+    static const std::regex row(R"(\.(?:caption|name|tip)\s*=\s*\{?\s*()" + literals + ")|(" + literals +
+                                R"()\s*,\s*)" + wordings + R"(\b\s*[,})])");
     std::vector<Lookup> lookups;
     for (Matches match(source.begin(), source.end(), row); match != Matches(); ++match) {
-        const auto line = 1 + std::count(source.begin(), (*match)[0].first, '\n');
-        lookups.push_back({file + ":" + std::to_string(line) + " " + match->str(), "", {Unquoted(match->str(1))}});
+        lookups.push_back({PlaceOf(file, source, static_cast<std::size_t>(match->position())),
+                           "row of a form",
+                           {Unquoted((*match)[1].matched ? match->str(1) : match->str(2))}});
     }
     return lookups;
 }
 
-std::vector<Lookup> LookupsIn(const std::string& text, const std::string& file) {
-    constexpr std::size_t longestCall = 500;
-    static const std::regex name(R"(\b(Translate[12]?|Label|Labelled|Question|Exclamation|Ellipsis)\b)");
-    const std::string source = WithoutComments(text);
-    std::vector<Lookup> lookups = RowsIn(source, file);
-    for (Matches match(source.begin(), source.end(), name); match != Matches(); ++match) {
-        const auto place = static_cast<std::size_t>(match->position());
-        const std::string call = source.substr(place, longestCall);
-        const std::string arguments = call.substr(static_cast<std::size_t>(match->length()));
-        const std::size_t before = std::min(place, longestCall);
-        const bool called = arguments.starts_with('(');
-        std::vector<std::string> keys = called ? KeysOf(arguments) : KeyBefore(source.substr(place - before, before));
-        // The other names are words of their own as well, as in BoxIcon::Question.
-        if (keys.empty() && !called && !match->str().starts_with("Translate")) continue;
-        const auto line = 1 + std::count(source.begin(), (*match)[0].first, '\n');
-        lookups.push_back(
-            {file + ":" + std::to_string(line) + " " + call.substr(0, call.find('\n')), match->str(), std::move(keys)});
-    }
+std::vector<Lookup> LookupsIn(const std::string& source, const std::string& file) {
+    std::vector<Lookup> lookups = CallsIn(source, file);
+    const auto add = [&](const std::vector<Lookup>& more) { lookups.insert(lookups.end(), more.begin(), more.end()); };
+    add(HandedOnIn(source, file));
+    if (file.starts_with("program/")) add(RowsIn(source, file));
     return lookups;
+}
+
+// All sources but those of the dictionary, by their place in the folder, without comments.
+template <class Action>
+void ForEachSource(const std::filesystem::path& folder, Action action) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        const auto file = entry.path().lexically_relative(folder);
+        const bool source = file.extension() == ".cpp" || file.extension() == ".h";
+        if (!source || *file.begin() == "dictionary") continue;
+        std::ifstream content(entry.path(), std::ios::binary);
+        action(file.generic_string(), WithoutComments({std::istreambuf_iterator<char>(content), {}}));
+    }
 }
 
 std::vector<Lookup> LookupsUnder(const std::filesystem::path& folder) {
     std::vector<Lookup> lookups;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        const auto file = entry.path().lexically_relative(folder);
-        const bool source = file.extension() == ".cpp" || file.extension() == ".h";
-        // What hands keys on names none.
-        if (!source || *file.begin() == "dictionary" || file.filename() == "control_row.h") continue;
-        std::ifstream content(entry.path(), std::ios::binary);
-        const auto found = LookupsIn({std::istreambuf_iterator<char>(content), {}}, file.generic_string());
+    ForEachSource(folder, [&](const std::string& file, const std::string& source) {
+        const auto found = LookupsIn(source, file);
         lookups.insert(lookups.end(), found.begin(), found.end());
-    }
+    });
     return lookups;
 }
 
@@ -139,15 +158,26 @@ TEST(SourceScan, TellsKeysFromOtherArguments) {
         {R"(std::transform(a, b, c, Translate); TranslateMessage("c"); x = '"';)", {}},
         {R"(Box("b", Label("a"), BoxIcon::Question))", {"a"}},
         {R"(Labelled("a", name) + title.Label1 + "b")", {"a"}},
-        {R"(Row rows[] = {{1, "a" "b", Label, &Model::member}};)", {"ab"}},
+        {R"({.id = a_b, .caption = "a" "b", .letter = 'x'})", {"ab"}},
+        {R"({.caption = {"a", Label}, .enabled = on})", {"a"}},
+        {R"(FormText("a", Ellipsis))", {"a"}},
         {R"(Question(name))", {}},
-        {R"(rows = {{.id = 1, .caption = "a", .tip = Tip}};)", {"a"}},
     };
     for (const auto& [source, keys] : cases) {
-        const auto lookups = LookupsIn(source, "file.cpp");
+        const auto lookups = LookupsIn(WithoutComments(source), "program/file.cpp");
         ASSERT_EQ(lookups.size(), 1U) << source;
         EXPECT_EQ(lookups[0].keys, keys) << source;
     }
+}
+
+// A mark that the code adds itself is right in English alone.
+TEST(Sources, LeaveMarksToTheHelpers) {
+    const std::regex mark(R"(\bTranslate[12]?\([^();]*\)\s*\+\s*"(?:[:?!]|\.\.\.))");
+    ForEachSource(SOURCE_FOLDER, [&](const std::string& file, const std::string& source) {
+        for (Matches match(source.begin(), source.end(), mark); match != Matches(); ++match) {
+            ADD_FAILURE() << PlaceOf(file, source, static_cast<std::size_t>(match->position()));
+        }
+    });
 }
 
 TEST(Sources, LookUpOnlyWhatTheTablesHold) {

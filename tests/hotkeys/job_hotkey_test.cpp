@@ -53,7 +53,6 @@ TEST_F(JobHotkey, IsRefusedWithTheReasonAndTheControlToMend) {
         for (const auto& refused : cases) {
             const auto refusal = SaveHotkeyOfJob(PathOf("four"), std::get<0>(refused));
             EXPECT_THAT(FaultsOf(refusal->text), IsEmpty());
-            EXPECT_THAT(FaultsOf(refusal->title), IsEmpty());
         }
     }
     EXPECT_EQ(settings.Hotkeys.size(), 3U);
