@@ -18,8 +18,8 @@ WindowHandle WindowAt(Point point);  // WindowFromPoint; 0 where there is none
 WindowHandle ForegroundWindow();     // GetForegroundWindow
 WindowHandle DesktopRoot();          // GetDesktopWindow
 
-// SetForegroundWindow, for a child too (its top-level window comes forward). False when the system refused it or
-// the window did not answer in time.
+// SetForegroundWindow, for a child too: its top-level window comes forward, over the other windows. False when the
+// system refused it or the window did not answer in time.
 bool BringToForeground(WindowHandle window);
 
 // The thread that owns the window; 0 for a window that is gone.
@@ -34,6 +34,10 @@ struct FocusAnswer {
 };
 FocusAnswer FocusOf(std::uint32_t thread);
 
+// Gives the keyboard focus to a window, or an element in one, of the foreground thread (AttachThreadInput, SetFocus).
+// False when it cannot have it, or its thread did not answer in time. The window may hand it on to one inside it.
+bool GiveFocus(WindowHandle window);
+
 WindowHandle ParentOf(WindowHandle window);  // GetParent: the parent, or the owner of a popup; 0 at the top
 WindowHandle FindTopWindow(const std::string& className, const std::string& caption);  // FindWindowA: exact
 
@@ -42,11 +46,12 @@ using WindowVisitor = std::function<bool(WindowHandle)>;
 void ForEachTopWindow(const WindowVisitor& visit);
 void ForEachDescendant(WindowHandle window, const WindowVisitor& visit);
 
-std::string ClassOf(WindowHandle window);             // GetClassNameA, at most 99 characters
-std::string CaptionOf(WindowHandle window);           // GetWindowTextA, at most 1023 characters
-std::int32_t ControlIdOf(WindowHandle window);        // GetDlgCtrlID
-WindowPlacement PlacementOf(WindowHandle window);     // GetWindowPlacement; all zero for a window that is gone
-bool WindowExists(WindowHandle window);               // IsWindow
+std::string ClassOf(WindowHandle window);          // GetClassNameA, at most 99 characters
+std::string CaptionOf(WindowHandle window);        // GetWindowTextA, at most 1023 characters
+std::int32_t ControlIdOf(WindowHandle window);     // GetDlgCtrlID
+WindowPlacement PlacementOf(WindowHandle window);  // GetWindowPlacement; all zero for a window that is gone
+bool WindowExists(WindowHandle window);            // IsWindow
+bool IsShown(WindowHandle window);                 // IsWindowVisible; a minimised window is shown, too
 
 // SetWindowPlacement. The record's `length` need not be set. False when the window is gone, refuses, or
 // did not answer in time; it may still follow later.

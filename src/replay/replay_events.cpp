@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 
 #include "base/arithmetic.h"
@@ -112,6 +113,9 @@ private:
     void SendDoubleClick();
 
     double ElapsedMs() const { return static_cast<double>(platform::Microseconds() - passStartTick) / 1000.0; }
+    double Lateness(const JobEvent& event) const { return ElapsedMs() - event.time() * 100.0 / job.SpeedPercent; }
+    std::int64_t MsCaughtUp(const JobEvent& event) const;
+    void NoteLateness(const JobEvent& event);
     std::int32_t WaitUntil(std::int32_t time) const;
     std::int32_t WaitFor(const JobEvent& event) const;
     double ProgressShare(std::int32_t wait) const;
@@ -143,6 +147,7 @@ private:
     std::int32_t passCount = 0;
     bool forever = false;
     bool skipMoves = false;
+    double worstLateness = 0;        // ms, in this pass
     std::int64_t passStartTick = 0;  // microseconds; all timing of a pass is measured from here
     std::int32_t totalMs = 0;
     std::int32_t progressTime = 0;
@@ -200,6 +205,7 @@ Replay::Ending Replay::Pass() {
     rowTexts = RowDescriptions(rows, job.Events);
     if (settings.Display_Executing_Status == 1) ShowRows();
     passStartTick = platform::Microseconds();
+    worstLateness = 0;
     const auto count = static_cast<std::int32_t>(job.Events.size());
     for (std::int32_t index = 0; index < count; ++index) {
         if (Canceled(index)) {
@@ -208,6 +214,7 @@ Replay::Ending Replay::Pass() {
         }
         AdvanceRow(index);
         if (const Ending ending = Play(index)) return ending;
+        NoteLateness(job.Events[static_cast<std::size_t>(index)]);
         if (settings.Display_Executing_Status == 1) UpdateBar();
         PumpNowAndThen();
     }
@@ -313,6 +320,17 @@ std::int32_t Replay::WaitFor(const JobEvent& event) const {
     return job.SpeedPercent >= MaximumSpeed ? 0 : WaitUntil(event.time());
 }
 
+// What was late and has caught up comes sooner after the events before it than it was recorded. A window that one of
+// them opens must have the same time to come as it had then.
+std::int64_t Replay::MsCaughtUp(const JobEvent& event) const {
+    if (job.SpeedPercent >= MaximumSpeed) return 0;
+    return static_cast<std::int64_t>(std::ceil(std::max(worstLateness - Lateness(event), 0.0)));
+}
+
+void Replay::NoteLateness(const JobEvent& event) {
+    worstLateness = std::max(worstLateness, Lateness(event));
+}
+
 double Replay::ProgressShare(std::int32_t wait) const {
     if (totalMs == 0) return 0;
     return static_cast<double>(status_view::BarMaximum()) * wait * job.SpeedPercent / (totalMs * 100.0);
@@ -348,6 +366,7 @@ int Replay::Search(const JobEvent& event, bool useFocus, std::int32_t waitSecond
     request.safetyLevel = job.SafetyLevel;
     request.similarAllowed = job.SimilarWindowNames == 1;
     request.waitSeconds = waitSeconds;
+    request.graceMs = MsCaughtUp(event);
     request.useFocus = useFocus;
     return FindTarget(request, job.Windows, job.Chains, reason);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
 
 #include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
@@ -16,6 +17,7 @@
 #include "replay/similar_caption.h"
 #include "replay/status.h"
 #include "replay/timing.h"
+#include "replay/top_choice.h"
 #include "replay/window_match.h"
 #include "settings/settings.h"
 #include "trace/debug_trace.h"
@@ -34,6 +36,7 @@ constexpr int NewPagePause = 3000;  // for a browser that shows another page tha
 
 constexpr int BareDialogAttempts = 20;
 constexpr int WrongDepthLimit = 10;
+constexpr int RestlessLimit = 3;
 constexpr std::int32_t ChainLevels = 101;
 constexpr std::int64_t TooFar = 100000;  // pixels
 
@@ -46,6 +49,12 @@ bool& PositionedFlag(WindowHandle window) {
     return flags[static_cast<std::uintptr_t>(window) % flags.size()];
 }
 
+// The task switcher and the icons' host ("WorkerW") belong to the desktop as well.
+bool IsDesktop(WindowHandle root) {
+    const std::string className = LiveClass(root);
+    return className == "Progman" || className == "WorkerW" || root == platform::DesktopRoot();
+}
+
 bool IsBrowser(const std::string& className) {
     const std::string lower = platform::LowerCase(className);
     return lower == "mozillauiwindowclass" || lower == "chrome_widgetwin_0" || lower == "ieframe";
@@ -53,6 +62,15 @@ bool IsBrowser(const std::string& className) {
 
 std::int64_t Distance(const platform::Rect& a, const platform::Rect& b) {
     return std::abs(std::int64_t{a.left} - b.left) + std::abs(std::int64_t{a.top} - b.top);
+}
+
+// Whether `window` is `outer` or lies in it.
+bool Contains(WindowHandle outer, WindowHandle window) {
+    LiveChain chain(window);
+    for (std::int32_t level = 0; chain.Handle(level) != 0; ++level) {
+        if (chain.Handle(level) == outer) return true;
+    }
+    return false;
 }
 
 std::vector<WindowHandle> DescendantsOf(WindowHandle window) {
@@ -85,6 +103,7 @@ private:
     bool KeysCanGo();
     bool IsTop(WindowHandle window) const;
     Step Compare();
+    bool IsTheElement();
     bool UncoverDesktop();
 
     Step LookForTop();
@@ -92,23 +111,33 @@ private:
     Step BringTopForward();
 
     Step LookForElement();
-    bool FindNearestElement();
+    WindowHandle NearestElement(WindowHandle window) const;
     bool IsElement(LiveChain& candidate) const;
-    bool BringElementForward();
+    bool HasRightDepth(LiveChain& candidate) const;
+    bool BringElementForward(WindowHandle element);
+    bool FocusIsIn(WindowHandle window) const;
+    bool BelongsTo(WindowHandle outer, WindowHandle window) const;
+    bool IsCovered(WindowHandle top) const;
 
     Step Confirmed(const WindowSignature& as);
     Step WrongDepth();
     Step PutInPlace(std::int32_t liveDepth);
     bool PlaceLevels();
+    bool TopWasMoved();
+    bool InputArrives();
     void RememberTop(std::int32_t liveDepth);
     bool ShowsNewPage(WindowHandle top, std::int32_t level);
 
     Step NotReady();
+    Step NotThere();
+    int Fail();
     Step End(int searchResult);
     static void SleepAndPump(int ms);
     void SetCurrent(WindowHandle window);
     bool IsExcluded(WindowHandle window) const;
-    bool TimeIsUp() const { return now - startTick > request.waitSeconds * std::int64_t{1000}; }
+    bool TimeIsUp() const {
+        return now - startTick > std::max(request.waitSeconds * std::int64_t{1000}, request.graceMs);
+    }
     bool IsHigh() const { return request.safetyLevel == SafetyHigh; }
 
     const SearchRequest& request;
@@ -120,14 +149,18 @@ private:
     int tries = 0;         // misses so far
     int result = 0;
     int lastMatch = MatchNothing;
-    LiveChain live;                       // what is known of searchState.current
-    bool similar = false;                 // captions may match through CaptionAlias in this round
-    bool childPhase = false;              // the top-level window was brought forward: its elements are looked at
-    bool waited = false;                  // something was not there at once
-    bool moved = false;                   // the window found has another placement than the recorded one
-    bool newTop = false;                  // its top-level window is met for the first time in this run
-    std::vector<WindowHandle> minimised;  // windows that covered the desktop
-    std::vector<WindowHandle> excluded;   // windows that match by name, in a chain of the wrong depth
+    LiveChain live;           // what is known of searchState.current
+    bool similar = false;     // captions may match through CaptionAlias in this round
+    bool childPhase = false;  // the top-level window was brought forward: its elements are looked at
+    bool waited = false;      // something was not there at once
+    bool moved = false;       // the window found has another placement than the recorded one
+    bool newTop = false;      // its top-level window is met for the first time in this run
+    bool unsettled = false;   // something was moved, brought forward or waited for since the compare
+    WindowHandle target = 0;  // the top-level window of the one found
+    std::optional<platform::WindowPlacement> placed;  // of that, when it was put in place
+    int restless = 0;                                 // how often it did not stay there
+    std::vector<WindowHandle> minimised;              // windows that covered the desktop
+    std::vector<WindowHandle> excluded;               // windows that match by name, in a chain of the wrong depth
 };
 
 int Search::Run() {
@@ -176,11 +209,12 @@ int Search::Attempts() const {
 // Makes the focus the current window. True when keys can go as things are, without a compare.
 bool Search::KeysCanGo() {
     // The window of the search before: the desktop was already the target then.
-    if (wanted.Top().ClassName == "Progman" && LiveClass(LiveChain(searchState.current).Root()) == "Progman") {
-        return true;
-    }
+    const bool wasDesktop =
+        wanted.Top().ClassName == "Progman" && LiveClass(LiveChain(searchState.current).Root()) == "Progman";
     WindowHandle foreground = 0;
-    SetCurrent(FocusedWindow(foreground));
+    const WindowHandle focus = FocusedWindow(foreground);
+    if (wasDesktop && (foreground == 0 || IsDesktop(LiveChain(focus).Root()))) return true;
+    SetCurrent(focus);
     // A window without a focus of its own takes keys as it is.
     return searchState.current == 0 && lastMatch >= MatchClassOnly && IsTop(foreground);
 }
@@ -192,11 +226,20 @@ bool Search::IsTop(WindowHandle window) const {
 
 Search::Step Search::Compare() {
     lastMatch = MatchLive(live, wanted, similar);
-    if (lastMatch >= MatchMoved) {
+    if (lastMatch >= MatchMoved) target = live.Handle(wanted.Depth());
+    if (lastMatch >= MatchMoved && IsTheTop(target, wanted) && IsTheElement()) {
         moved = lastMatch == MatchMoved;
+        unsettled = false;
         return Confirmed(wanted.Leaf());
     }
     return UncoverDesktop() ? Step::NewRound : Step::Next;
+}
+
+// An element away from its recorded place can be another one of its kind, when the window itself was moved.
+bool Search::IsTheElement() {
+    if (lastMatch == MatchAll || !IsHigh() || wanted.Depth() == 0) return true;
+    const WindowHandle nearest = NearestElement(target);
+    return nearest == 0 || nearest == searchState.current;
 }
 
 // When the target is the desktop, minimises what lies on it, each window once. False when there is nothing to do.
@@ -217,7 +260,7 @@ bool Search::UncoverDesktop() {
 
 Search::Step Search::LookForTop() {
     const WindowSignature& top = wanted.Top();
-    WindowHandle window = platform::FindTopWindow(top.ClassName, top.Caption);
+    WindowHandle window = ChooseTop(top.ClassName, top.Caption, wanted);
     if (window == 0 && request.similarAllowed) window = FindStandIn();
     SetCurrent(window);
     // A recorded minimised or maximised state comes back with the placement.
@@ -228,7 +271,7 @@ Search::Step Search::LookForTop() {
 WindowHandle Search::FindStandIn() {
     const WindowSignature& top = wanted.Top();
     const std::string alias = searchState.CaptionAlias.Find(top.Caption);
-    if (!alias.empty()) return platform::FindTopWindow(top.ClassName, alias);
+    if (!alias.empty()) return ChooseTop(top.ClassName, alias, wanted);
     if (!TimeIsUp()) return 0;
     DebugTrace("Trazim similiar window: ");
     const SimilarWindow found = FindSimilarWindow(top.ClassName, top.Caption);
@@ -242,7 +285,10 @@ Search::Step Search::BringTopForward() {
     const bool hasElements = IsHigh() && wanted.Depth() > 0;
     if (hasElements) platform::Sleep(RetryPause);
     const WindowHandle top = searchState.current;
-    const bool forward = platform::ForegroundWindow() == top || platform::BringToForeground(top);
+    unsettled = true;
+    target = top;
+    const bool forward = (platform::ForegroundWindow() == top && !IsCovered(top)) || platform::BringToForeground(top);
+    if (forward && request.useFocus && IsHigh() && !hasElements) platform::GiveFocus(top);
     platform::Pump();
     if (hasElements) {
         // With its window in front, the window under the cursor may well be the right one now.
@@ -256,29 +302,25 @@ Search::Step Search::BringTopForward() {
 // --- the element in it ---
 
 Search::Step Search::LookForElement() {
-    if (FindNearestElement() && BringElementForward()) {
+    target = searchState.current;
+    unsettled = true;
+    if (const WindowHandle element = NearestElement(target); element != 0 && BringElementForward(element)) {
         platform::Pump();
         moved = true;
         return Confirmed(wanted.Leaf());
     }
     ++tries;
-    if (TimeIsUp()) {
-        const WindowSignature& leaf = wanted.At(0);
-        // The class is left without its closing bracket: the template's own quote follows it.
-        reason = Translate2("Cannot find element: '%1' in window: '%2'", leaf.Caption + "' (" + leaf.ClassName,
-                            wanted.Top().Caption);
-        return End(TargetElementMissing);
-    }
+    if (TimeIsUp()) return End(Fail());
     waited = true;
     SleepAndPump(ElementPause);
     return Step::NewRound;
 }
 
-// Of several like elements, the one nearest to the recorded place becomes the current window; on a tie the first.
-bool Search::FindNearestElement() {
+// Of several like elements in a window, the one nearest to the recorded place; on a tie the first. 0 for none.
+WindowHandle Search::NearestElement(WindowHandle window) const {
     std::int64_t best = TooFar;
     WindowHandle nearest = 0;
-    for (const WindowHandle descendant : DescendantsOf(searchState.current)) {
+    for (const WindowHandle descendant : DescendantsOf(window)) {
         LiveChain candidate(descendant);
         if (!IsElement(candidate)) continue;
         const platform::Rect place = platform::PlacementOf(descendant).rcNormalPosition;
@@ -287,20 +329,46 @@ bool Search::FindNearestElement() {
         best = distance;
         nearest = descendant;
     }
-    if (nearest != 0) SetCurrent(nearest);
-    return nearest != 0;
+    return nearest;
 }
 
 bool Search::IsElement(LiveChain& candidate) const {
     return MatchNames(candidate, wanted, similar) >= MatchMoved && !IsExcluded(candidate.Handle(0)) &&
-           candidate.Depth(ChainLevels) == wanted.Depth();
+           HasRightDepth(candidate);
 }
 
-bool Search::BringElementForward() {
+// Recorded chains end at the first window that is found by its name, which is a top-level one. When another window of
+// that name stands in front, the live chain ends somewhere else.
+bool Search::HasRightDepth(LiveChain& candidate) const {
+    return candidate.Depth(ChainLevels) == wanted.Depth() || IsTopLevel(candidate.Handle(wanted.Depth()));
+}
+
+bool Search::BringElementForward(WindowHandle element) {
+    SetCurrent(element);
+    if (request.useFocus && FocusIsIn(element)) return true;
+    const bool forward =
+        platform::BringToForeground(element) || platform::ForegroundWindow() == live.Handle(live.Depth(ChainLevels));
+    // Its window came forward with the focus where it was last; keys want it in this very element.
+    if (forward && request.useFocus && !FocusIsIn(element)) platform::GiveFocus(element);
+    return forward;
+}
+
+// A window in the foreground can lie under others that never became active.
+bool Search::IsCovered(WindowHandle top) const {
+    return !request.useFocus && !BelongsTo(top, platform::WindowAt(platform::CursorPosition()));
+}
+
+bool Search::FocusIsIn(WindowHandle window) const {
     WindowHandle foreground = 0;
-    if (request.useFocus && FocusedWindow(foreground) == searchState.current) return true;
-    return platform::BringToForeground(searchState.current) ||
-           platform::ForegroundWindow() == live.Handle(live.Depth(ChainLevels));
+    return BelongsTo(window, FocusedWindow(foreground));
+}
+
+// Whether input for `window` is input for `outer`, in a recording's eyes: a dialog that has a name is a window of its
+// own, although another one owns it.
+bool Search::BelongsTo(WindowHandle outer, WindowHandle window) const {
+    if (outer != target) return Contains(outer, window);
+    LiveChain chain(window);
+    return chain.Handle(chain.Depth(ChainLevels)) == outer || chain.Handle(wanted.Depth()) == outer;
 }
 
 // --- the last look ---
@@ -314,14 +382,32 @@ Search::Step Search::Confirmed(const WindowSignature& as) {
                              "A chain of " + std::to_string(wanted.Depth()) + " windows is too long to be replayed.");
     }
     const std::int32_t liveDepth = live.Depth(ChainLevels);
-    if (IsHigh() && liveDepth != wanted.Depth()) return WrongDepth();
+    if (IsHigh() && !HasRightDepth(live)) return WrongDepth();
     if (const Step step = as.ClassName == "NetUIHWND" ? Step::Next : PutInPlace(liveDepth); step != Step::Next) {
         return step;  // such panes are no real windows to move
     }
-    if (waited && !newTop) platform::Sleep(RetryPause);
+    if (waited && !newTop) {
+        platform::Sleep(RetryPause);
+        unsettled = true;
+    }
     RememberTop(liveDepth);
     platform::Pump();
+    if (unsettled && !InputArrives()) return NotThere();
+    Meet(target, wanted);
     return End(TargetReady);
+}
+
+// Whether input reaches the target as things are now. Something may have come in between while it was put in place, and
+// a window in front can have another element under the cursor or in the focus.
+bool Search::InputArrives() {
+    const WindowHandle reached = IsHigh() ? searchState.current : target;
+    if (request.useFocus) return FocusIsIn(reached);
+    // Some windows go on to another place by themselves; they are not put back for ever.
+    if (IsHigh() && placed && !StandsAs(platform::PlacementOf(target), *placed) && ++restless <= RestlessLimit) {
+        return false;
+    }
+    const WindowHandle hit = platform::WindowAt(platform::CursorPosition());
+    return IsHigh() ? hit == reached : BelongsTo(reached, hit);
 }
 
 // The right name in the right place, but not the target. The limit counts all misses and no time.
@@ -334,15 +420,25 @@ Search::Step Search::WrongDepth() {
 }
 
 Search::Step Search::PutInPlace(std::int32_t liveDepth) {
-    if (PositionedFlag(searchState.current) && !moved) {
+    const bool topMoved = TopWasMoved();
+    if (PositionedFlag(searchState.current) && !moved && !topMoved) {
         DebugTrace("Vecpodecen Window: ");
         return Step::Next;
     }
     newTop = newTop || !PositionedFlag(live.Handle(liveDepth));
     if (IsHigh() && !PlaceLevels()) return NotReady();
+    placed = platform::PlacementOf(target);
     // Flags are set at High alone. At Medium every search that gets here pays this pause: the price of that level.
-    if (newTop) SleepAndPump(PlacedPause);
+    if (!newTop && !topMoved) return Step::Next;
+    SleepAndPump(PlacedPause);
+    unsettled = true;
     return Step::Next;
+}
+
+// At High a press lands where it did in its window, also when somebody has moved that since it was put in place. Keys
+// do not mind.
+bool Search::TopWasMoved() {
+    return IsHigh() && !request.useFocus && PositionedFlag(target) && !IsInPlace(target, wanted);
 }
 
 // Top-level window first. False when one of them cannot be placed now.
@@ -350,9 +446,10 @@ bool Search::PlaceLevels() {
     for (std::int32_t level = wanted.Depth(); level >= 0; --level) {
         const WindowHandle window = live.Handle(level);
         const platform::WindowPlacement& recorded = wanted.At(level).Placement;
-        if (!WindowPlacementsEqual(recorded, platform::PlacementOf(window)) &&
-            !platform::SetPlacement(window, recorded)) {
-            return false;
+        const platform::WindowPlacement standing = platform::PlacementOf(window);
+        if (!WindowPlacementsEqual(recorded, standing) || ShowStateOf(recorded) != ShowStateOf(standing)) {
+            if (!platform::SetPlacement(window, recorded)) return false;
+            unsettled = true;
         }
         PositionedFlag(window) = true;
     }
@@ -398,6 +495,24 @@ Search::Step Search::NotReady() {
     return Step::NewRound;
 }
 
+// The target is there, but something else would get the input.
+Search::Step Search::NotThere() {
+    if (!IsHigh() || wanted.Depth() == 0) return NotReady();
+    ++tries;
+    if (TimeIsUp()) return End(Fail());
+    waited = true;
+    SleepAndPump(RetryPause);
+    return Step::NewRound;
+}
+
+int Search::Fail() {
+    const WindowSignature& leaf = wanted.At(0);
+    // The class is left without its closing bracket: the template's own quote follows it.
+    reason = Translate2("Cannot find element: '%1' in window: '%2'", leaf.Caption + "' (" + leaf.ClassName,
+                        wanted.Top().Caption);
+    return TargetElementMissing;
+}
+
 Search::Step Search::End(int searchResult) {
     result = searchResult;
     return Step::Over;
@@ -422,6 +537,7 @@ bool Search::IsExcluded(WindowHandle window) const {
 void ResetSearch() {
     searchState.CaptionAlias.pairs.clear();
     searchState.PositionedWindows.fill(false);
+    searchState.metTops.clear();
 }
 
 int FindTarget(const SearchRequest& request, const std::vector<WindowSignature>& windows,

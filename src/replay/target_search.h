@@ -34,16 +34,25 @@ struct CaptionAliasTable {
     std::string Find(const std::string& recorded) const;  // "" for none
 };
 
+// A top-level window in which a recorded one was found, and how it stood when it was last put in place for that. (Some
+// windows take only the places and sizes that they like.)
+struct MetTop {
+    std::int32_t signature = 0;
+    platform::WindowHandle window = 0;
+    platform::WindowPlacement placed;
+};
+
 struct SearchState {
     platform::WindowHandle current = 0;  // the live window under test; after a success, the window found
     std::string lastTopCaption;          // of the last successful search; kept for the life of the program
     platform::WindowHandle lastTop = 0;
     CaptionAliasTable CaptionAlias;
     std::array<bool, 10000> PositionedWindows{};  // by handle modulo 10000: put in place during this run
+    std::vector<MetTop> metTops;                  // during this run
 };
 extern SearchState searchState;
 
-// Empties CaptionAlias and PositionedWindows; the start of a run.
+// Forgets what belongs to one run; the start of the next.
 void ResetSearch();
 
 struct SearchRequest {
@@ -53,6 +62,7 @@ struct SearchRequest {
     std::int32_t safetyLevel = SafetyHigh;
     bool similarAllowed = false;
     std::int32_t waitSeconds = 0;
+    std::int64_t graceMs = 0;  // waited at least: what the run has caught up since it was late
     bool useFocus = false;  // keys, text rows and the wheel; clicks look under the cursor
 };
 

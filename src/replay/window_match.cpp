@@ -56,6 +56,10 @@ const WindowSignature& WantedChain::Leaf() const {
     return CheckedAt(signatures, chain.LeafWindow, "Window");
 }
 
+std::int32_t WantedChain::TopIndex() const {
+    return CheckedAt(chain.Path, chain.Depth, "Window level");
+}
+
 const WindowSignature& WantedChain::At(std::int32_t level) const {
     return CheckedAt(signatures, CheckedAt(chain.Path, level, "Window level"), "Window");
 }

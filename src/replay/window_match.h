@@ -19,6 +19,7 @@ public:
     const WindowSignature& Leaf() const;
     const WindowSignature& At(std::int32_t level) const;
     const WindowSignature& Top() const { return At(chain.Depth); }
+    std::int32_t TopIndex() const;
 
 private:
     const WindowChain& chain;

@@ -1,24 +1,32 @@
 // The circle closes: what a user does is recorded through the real hooks, saved, read, and replayed on a desktop that
-// is as it was at the start, and the replay does to it what the user did.
+// is as it was at the start, and the replay does to it what the user did. On another desktop it does so, too, or ends
+// with a failure that names the reason.
 //
-//     TESSARINE_SEED=417 closed_circle_tests
+//     TESSARINE_SEED=417 closed_circle_tests --gtest_filter=*AsItWas
 //
-// plays one session and tells what it holds.
+// plays one session, and with TESSARINE_TELL=1 tells all that happened in it. TESSARINE_SESSIONS and TESSARINE_FROM
+// sweep through others than the usual seeds (see tools/circle.sh).
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
+#include <thread>
 
 #include "jobs/job_file.h"
+#include "other_desktop.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/pump.h"
 #include "random_user.h"
 #include "recording/recording_session.h"
 #include "replay/run_job.h"
+#include "replay/target_search.h"
 #include "settings/settings.h"
 #include "simulated/desktop.h"
 #include "support/recording_view_stand_in.h"
@@ -34,6 +42,7 @@ const std::string JobPath = "C:\\Data\\circle.tsj";
 struct Step {
     platform::InputRecord record;  // times and positions left out
     platform::Point position;      // of the mouse
+    platform::Point place;         // the same within the window
     std::string window;            // "" where a job knows none
     std::int64_t notBefore = 0;    // ms after the start
     bool doubleClick = false;
@@ -111,14 +120,13 @@ const JournalRange* Script::RangeAt(const std::vector<JournalRange>& ranges) con
 void Script::AddInput(const simulated::InputEntry& entry) {
     const bool move = IsMove(entry.record);
     if (move && settings.Capture_Mouse_Moves == 0) return;
-    Add({Bare(entry.record), entry.position, move ? "" : NameOf(entry.window), entry.time - startTick});
+    Add({Bare(entry.record), entry.position, entry.place, move ? "" : NameOf(entry.window), entry.time - startTick});
 }
 
 void Script::AddDoubleClick(const JournalRange& range) {
     const auto& journal = simulated::HandJournal();
-    Step step{Bare(journal[range.begin].record), journal[range.begin].position, NameOf(journal[range.begin].window),
-              journal[range.begin].time - startTick, true};
-    Add(step);
+    const simulated::InputEntry& first = journal[range.begin];
+    Add({Bare(first.record), first.position, first.place, NameOf(first.window), first.time - startTick, true});
     for (std::size_t i = range.begin; i < range.end; ++i) {
         if (IsMove(journal[i].record)) AddInput(journal[i]);
     }
@@ -134,33 +142,66 @@ void Script::AddScrollLock() {
 
 // --- what came ---
 
+// How exactly a replay has to do what the user did.
+enum class Exactness {
+    SameDesktop,  // every input to the same window
+    High,         // every press, key and wheel turn to the same window, presses to the same place in it
+    Medium,       // to the same top-level window
+};
+
+// "editor" of "editor.text", "twin.editor" of "twin.editor.text".
+std::string ProgramOf(const std::string& name) {
+    const bool twin = name.starts_with("twin.");
+    return name.substr(0, name.find('.', twin ? 5 : 0));
+}
+
+bool IsRelease(const platform::InputRecord& record) {
+    constexpr std::int32_t Releases =
+        platform::MouseLeftUp | platform::MouseRightUp | platform::MouseMiddleUp | platform::MouseXUp;
+    return IsMouse(record) ? (ActionOf(record) & Releases) != 0 : (record.KeyState() & platform::KeyUp) != 0;
+}
+
 // Walks through the journal of a replay and holds it against the steps.
 class Comparison {
 public:
-    Comparison(const std::vector<Step>& wantedSteps, std::int64_t start) : steps(wantedSteps), startTick(start) {}
+    Comparison(const std::vector<Step>& wantedSteps, std::int64_t start, Exactness wantedExactness)
+        : steps(wantedSteps), startTick(start), exactness(wantedExactness) {}
 
-    // Nothing when all is as it should be.
-    std::optional<std::string> FirstDifference();
+    // Nothing when all is as it should be. Of a run that was broken off, what was sent until then has to be right; it
+    // then let go of what it held.
+    std::optional<std::string> FirstDifference(bool brokenOff);
 
 private:
     std::optional<std::string> Compare(const Step& step);
     std::optional<std::string> TakeMoveTo(const Step& step);
     std::optional<std::string> TakeInput(const Step& step, std::int32_t action);
+    std::optional<std::string> WrongWindow(const Step& step, const simulated::InputEntry& entry) const;
+    bool OnlyReleasesFollow() const;
     std::string At(const std::string& what) const { return "entry " + std::to_string(place) + ": " + what; }
 
     const std::vector<Step>& steps;
     const std::int64_t startTick;
+    const Exactness exactness;
     const std::vector<simulated::InputEntry>& journal = simulated::Journal();
     std::size_t place = 0;
 };
 
-std::optional<std::string> Comparison::FirstDifference() {
+std::optional<std::string> Comparison::FirstDifference(bool brokenOff) {
     for (std::size_t i = 0; i < steps.size(); ++i) {
-        if (const auto difference = Compare(steps[i])) return "step " + std::to_string(i) + ", " + *difference;
+        const auto difference = Compare(steps[i]);
+        if (brokenOff && OnlyReleasesFollow()) return std::nullopt;
+        if (difference) return "step " + std::to_string(i) + ", " + *difference;
     }
     // Behind the last step the cursor goes back to where it was.
-    if (place + 1 != journal.size() || !IsMove(journal.back().record)) return At("something follows the last step");
-    return std::nullopt;
+    if (!brokenOff && place + 1 == journal.size() && IsMove(journal.back().record)) return std::nullopt;
+    return At("something follows the last step");
+}
+
+bool Comparison::OnlyReleasesFollow() const {
+    for (std::size_t i = place; i < journal.size(); ++i) {
+        if (!IsRelease(journal[i].record)) return false;
+    }
+    return true;
 }
 
 std::optional<std::string> Comparison::Compare(const Step& step) {
@@ -178,17 +219,22 @@ std::optional<std::string> Comparison::Compare(const Step& step) {
     return std::nullopt;
 }
 
-// Every mouse event is preceded by a move to its place.
+// Every mouse event is preceded by a move to its place, and by another one when it had to wait.
 std::optional<std::string> Comparison::TakeMoveTo(const Step& step) {
     if (place >= journal.size()) return At("the replay ends too early");
-    const simulated::InputEntry& entry = journal[place++];
+    const simulated::InputEntry& entry = journal[place];
     if (!IsMove(entry.record) || entry.position != step.position) return At("no move to the place of the next event");
+    ++place;
+    while (exactness != Exactness::SameDesktop && !IsMove(step.record) && place < journal.size() &&
+           IsMove(journal[place].record) && journal[place].position == step.position) {
+        ++place;
+    }
     return std::nullopt;
 }
 
 std::optional<std::string> Comparison::TakeInput(const Step& step, std::int32_t action) {
     if (place >= journal.size()) return At("the replay ends too early");
-    const simulated::InputEntry& entry = journal[place++];
+    const simulated::InputEntry& entry = journal[place];
     platform::InputRecord wanted = step.record;
     if (IsMouse(wanted)) {
         wanted.dwFlags() = action;
@@ -196,33 +242,72 @@ std::optional<std::string> Comparison::TakeInput(const Step& step, std::int32_t 
     }
     if (step.doubleClick) wanted.mouseData() = entry.record.mouseData();
     if (Bare(entry.record).word != wanted.word) return At("another input");
-    if (!step.window.empty() && NameOf(entry.window) != step.window) {
-        return At("for " + NameOf(entry.window) + " and not for " + step.window);
-    }
+    if (auto wrong = WrongWindow(step, entry)) return At(*wrong);
     if (entry.time - startTick < step.notBefore - 1) return At("too early");  // a millisecond for rounding
+    ++place;
+    return std::nullopt;
+}
+
+// A job knows no window of a release: it goes where its press went, or where a drag has led to.
+std::optional<std::string> Comparison::WrongWindow(const Step& step, const simulated::InputEntry& entry) const {
+    const bool exact = exactness == Exactness::SameDesktop;
+    if (step.window.empty() || (!exact && IsRelease(entry.record))) return std::nullopt;
+    const std::string name = NameOf(entry.window);
+    const bool same = exactness == Exactness::Medium ? ProgramOf(name) == ProgramOf(step.window) : name == step.window;
+    if (!same) return "for " + name + " and not for " + step.window;
+    const bool press = IsMouse(entry.record) && ActionOf(entry.record) != platform::MouseWheel;
+    if (exactness == Exactness::High && press && entry.place != step.place) {
+        return "at " + std::to_string(entry.place.x) + "," + std::to_string(entry.place.y) + " in " + name +
+               " and not at " + std::to_string(step.place.x) + "," + std::to_string(step.place.y);
+    }
     return std::nullopt;
 }
 
 // --- the circle ---
+
+void TellJournal(const char* what, const std::vector<simulated::InputEntry>& journal) {
+    std::printf("%s\n", what);
+    int place = 0;
+    for (const simulated::InputEntry& entry : journal) {
+        const bool mouse = IsMouse(entry.record);
+        std::printf("%5d %7lld %-5s %6d %3d  at %4d,%4d%s  %s\n", place++, static_cast<long long>(entry.time),
+                    mouse ? "mouse" : "key", mouse ? ActionOf(entry.record) : entry.record.KeyCode() & 0xFFFF,
+                    mouse ? entry.record.mouseData() : entry.record.KeyState(), entry.position.x, entry.position.y,
+                    entry.doubleClick ? " double" : "", NameOf(entry.window).c_str());
+    }
+}
+
+bool TellsAll() {
+    return std::getenv("TESSARINE_TELL") != nullptr;
+}
 
 struct Recorded {
     std::vector<Step> steps;
     std::vector<std::pair<std::string, std::string>> texts;
 };
 
-void StopAndSave() {
-    recordingViewStandIn.saveAs = [] { WriteJob(JobPath, RecordedJob()); };
+void StopAndSave(std::int32_t safetyLevel) {
+    recordingViewStandIn.saveAs = [safetyLevel] {
+        Job job = RecordedJob();
+        job.SafetyLevel = safetyLevel;
+        WriteJob(JobPath, job);
+    };
     simulated::UserTaps(PauseBreak);
     platform::Pump();
 }
 
-Recorded Record(std::uint32_t seed) {
+Recorded Record(std::uint32_t seed, std::int32_t safetyLevel) {
+    settings.Display_Recording_Window = 0;
+    settings.Display_Executing_Status = 0;
+    settings.Capture_Mouse_Moves = seed % WithoutMovesEach == 0 ? 0 : 1;
+    platform::MakeFolder("C:\\Data");
     BuildDesktop();
     StartRecording();
     const std::int64_t start = platform::TickCount();
     const UserSession session = PlayUser(seed);
     Recorded recorded{Script(session, start).Steps(), TextsOnDesktop()};
-    StopAndSave();
+    StopAndSave(safetyLevel);
+    if (TellsAll()) TellJournal("the user:", simulated::HandJournal());
     return recorded;
 }
 
@@ -236,74 +321,139 @@ std::optional<std::string> TextDifference(const Texts& typed, const Texts& repla
     return told;
 }
 
-void TellJournal(const char* what, const std::vector<simulated::InputEntry>& journal, std::int64_t start) {
-    std::printf("%s\n", what);
-    int place = 0;
-    for (const simulated::InputEntry& entry : journal) {
-        const bool mouse = IsMouse(entry.record);
-        std::printf("%5d %7lld %-5s %6d %3d  at %4d,%4d%s  %s\n", place++, static_cast<long long>(entry.time - start),
-                    mouse ? "mouse" : "key", mouse ? ActionOf(entry.record) : entry.record.KeyCode() & 0xFFFF,
-                    mouse ? entry.record.mouseData() : entry.record.KeyState(), entry.position.x, entry.position.y,
-                    entry.doubleClick ? " double" : "", NameOf(entry.window).c_str());
-    }
+// A program that is still to open has no field, one that got nothing an empty one.
+Texts Written(Texts texts) {
+    std::erase_if(texts, [](const auto& text) { return text.second.empty(); });
+    return texts;
 }
 
-bool TellsAll() {
-    return std::getenv("TESSARINE_TELL") != nullptr;
+using Difference = std::optional<std::string>;
+
+// Plays the job of the recording. What it gave, and the text of a failure without the name of the job.
+std::int32_t Replay(std::string& reason) {
+    simulated::ClearJournals();
+    const std::int32_t passes = RunJob(JobPath, 0, "", true);
+    if (TellsAll()) TellJournal("the replay:", simulated::Journal());
+    const auto& boxes = simulated::ShownBoxes();
+    const std::string text = boxes.empty() ? "" : boxes.back().text;
+    reason = text.substr(std::min(text.find('\n'), text.size() - 1) + 1);
+    simulated::RunFor(1000);  // for what is still to open
+    return passes;
 }
 
 // Nothing when the circle closes.
-std::optional<std::string> Circle(std::uint32_t seed) {
-    settings.Display_Recording_Window = 0;
-    settings.Display_Executing_Status = 0;
-    settings.Capture_Mouse_Moves = seed % WithoutMovesEach == 0 ? 0 : 1;
-    platform::MakeFolder("C:\\Data");
-    const Recorded recorded = Record(seed);
-    if (TellsAll()) TellJournal("the user:", simulated::HandJournal(), 0);
-    BuildDesktop();
-    simulated::ClearJournals();
-    const std::int64_t start = platform::TickCount();
-    if (TellsAll()) std::atexit([] { TellJournal("the replay:", simulated::Journal(), 0); });
-    if (const std::int32_t passes = RunJob(JobPath, 0, "", true); passes != 1) {
-        const auto& boxes = simulated::ShownBoxes();
-        return "RunJob gave " + std::to_string(passes) + (boxes.empty() ? "" : ": " + boxes.back().text);
-    }
-    simulated::RunFor(1000);  // for what is still to open
-    if (const auto difference = Comparison(recorded.steps, start).FirstDifference()) return difference;
+Difference SameDesktop(std::uint32_t seed) {
+    const Recorded recorded = Record(seed, SafetyHigh);
     if (recorded.steps.empty()) return "the user did nothing";
+    BuildDesktop();
+    const std::int64_t start = platform::TickCount();
+    std::string reason;
+    if (const std::int32_t passes = Replay(reason); passes != 1) {
+        return "RunJob gave " + std::to_string(passes) + ": " + reason;
+    }
+    Comparison comparison(recorded.steps, start, Exactness::SameDesktop);
+    if (const auto difference = comparison.FirstDifference(false)) return difference;
     return TextDifference(recorded.texts, TextsOnDesktop());
 }
 
+// Nothing when every window got what it got in the recording, or all was right until a failure that names its reason.
+Difference OtherDesktop(std::uint32_t seed) {
+    const bool high = seed % 2 == 0;
+    const Recorded recorded = Record(seed, high ? SafetyHigh : SafetyMedium);
+    BuildOtherDesktop(seed);
+    const std::int64_t start = platform::TickCount();
+    std::string reason;
+    const std::int32_t passes = Replay(reason);
+    if (TellsAll()) std::printf("RunJob gave %d: %s\n", passes, reason.c_str());
+    if (passes != 1 && reason.empty()) return "RunJob gave " + std::to_string(passes) + " and no reason";
+    Comparison comparison(recorded.steps, start, high ? Exactness::High : Exactness::Medium);
+    if (const auto difference = comparison.FirstDifference(passes != 1)) return difference;
+    if (!high || passes != 1) return std::nullopt;
+    return TextDifference(Written(recorded.texts), Written(TextsOnDesktop()));
+}
+
+// --- many of them ---
+
+using Circle = Difference (*)(std::uint32_t seed);
+
 // Tells of a difference and of the way back to it. True when there is none.
-bool TellCircle(std::uint32_t seed) {
-    const std::optional<std::string> difference = Circle(seed);
+bool TellCircle(Circle circle, std::uint32_t seed) {
+    const Difference difference = circle(seed);
     if (difference) std::printf("TESSARINE_SEED=%u: %s\n", seed, difference->c_str());
     std::fflush(stdout);
     return !difference;
 }
 
 // The desktop of a process cannot be made as new, so each session has a process of its own.
-bool CircleInItsOwnProcess(std::uint32_t seed) {
+bool CircleInItsOwnProcess(Circle circle, std::uint32_t seed) {
     std::fflush(stdout);
     const pid_t child = fork();
-    if (child == 0) _exit(TellCircle(seed) ? 0 : 1);
+    if (child == 0) _exit(TellCircle(circle, seed) ? 0 : 1);
     int status = 0;
     if (child < 0 || waitpid(child, &status, 0) != child) return false;
     if (!WIFEXITED(status)) std::printf("TESSARINE_SEED=%u: ended by signal %d\n", seed, WTERMSIG(status));
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-TEST(ClosedCircle, EverySessionIsReplayedAsItWas) {
-    if (const char* seed = std::getenv("TESSARINE_SEED")) {
-        EXPECT_TRUE(TellCircle(static_cast<std::uint32_t>(std::strtoul(seed, nullptr, 10))));
+// Shared by the processes of a sweep.
+struct Tally {
+    std::atomic<std::uint32_t> played{0};
+    std::atomic<std::uint32_t> failed{0};
+};
+
+void Work(Circle circle, std::uint32_t first, std::uint32_t end, std::uint32_t step, Tally& tally) {
+    for (std::uint32_t seed = first; seed < end; seed += step) {
+        if (!CircleInItsOwnProcess(circle, seed)) ++tally.failed;
+        ++tally.played;
+    }
+}
+
+// One worker on each core. Tells of the progress twice a minute.
+std::uint32_t Sweep(Circle circle, std::uint32_t from, std::uint32_t sessions) {
+    std::printf("seeds %u to %u\n", from, from + sessions - 1);
+    std::fflush(stdout);
+    void* const shared = mmap(nullptr, sizeof(Tally), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    if (shared == MAP_FAILED) return sessions;
+    Tally& tally = *new (shared) Tally;
+    const std::uint32_t cores = std::max(std::thread::hardware_concurrency(), 1U);
+    for (std::uint32_t worker = 0; worker < cores; ++worker) {
+        if (fork() != 0) continue;
+        Work(circle, from + worker, from + sessions, cores, tally);
+        _exit(0);
+    }
+    const auto begin = std::chrono::steady_clock::now();
+    for (int tick = 1; waitpid(-1, nullptr, WNOHANG) >= 0; ++tick) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        if (tick % 1500 != 0) continue;
+        const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - begin;
+        std::printf("%u of %u, %u failed, %.0f a second\n", tally.played.load(), sessions, tally.failed.load(),
+                    tally.played / passed.count());
+        std::fflush(stdout);
+    }
+    return tally.failed + (sessions - tally.played);
+}
+
+std::uint32_t NumberFrom(const char* variable, std::uint32_t otherwise) {
+    const char* const text = std::getenv(variable);
+    return text == nullptr ? otherwise : static_cast<std::uint32_t>(std::strtoul(text, nullptr, 10));
+}
+
+void PlayAll(Circle circle) {
+    if (const std::uint32_t seed = NumberFrom("TESSARINE_SEED", 0)) {
+        EXPECT_TRUE(TellCircle(circle, seed));
         return;
     }
-    std::printf("seeds 1 to %u\n", Sessions);
-    std::uint32_t failed = 0;
-    for (std::uint32_t seed = 1; seed <= Sessions; ++seed) {
-        if (!CircleInItsOwnProcess(seed)) ++failed;
-    }
-    EXPECT_EQ(failed, 0U) << "of " << Sessions << " sessions; each is played again by its line above";
+    const std::uint32_t sessions = NumberFrom("TESSARINE_SESSIONS", Sessions);
+    EXPECT_EQ(Sweep(circle, NumberFrom("TESSARINE_FROM", 1), sessions), 0U)
+        << "of " << sessions << " sessions; each is played again by its line above";
+}
+
+TEST(ClosedCircle, EverySessionIsReplayedAsItWas) {
+    PlayAll(SameDesktop);
+}
+
+TEST(ClosedCircle, OnAnotherDesktopItIsReplayedAsItWasOrFailsForAReason) {
+    PlayAll(OtherDesktop);
 }
 
 }  // namespace

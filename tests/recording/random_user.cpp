@@ -27,11 +27,13 @@ struct Desktop {
     WindowHandle find = 0;
     WindowHandle tools = 0;
     int findsToCome = 0;
+    std::string prefix;  // of the names of the windows that are being built
+    int generation = 0;  // counts the calls of BuildDesktop
 };
 Desktop desktop;
 
 WindowHandle Named(const std::string& name, WindowHandle window) {
-    desktop.names[window] = name;
+    desktop.names[window] = desktop.prefix + name;
     return window;
 }
 
@@ -52,7 +54,7 @@ WindowHandle Child(const std::string& name, const std::string& className, Window
 
 WindowHandle Field(const std::string& name, WindowHandle parent, Rect rect, std::int32_t controlId) {
     const WindowHandle field = Child(name, "Edit", parent, rect, controlId);
-    desktop.fields.push_back(field);
+    if (desktop.prefix.empty()) desktop.fields.push_back(field);
     return field;
 }
 
@@ -86,25 +88,31 @@ void ToggleTools() {
         {.className = "Tools", .caption = "Tools", .rect = {1000, 600, 1190, 690}, .topmost = true, .active = false});
 }
 
-void BuildEditor() {
-    desktop.editor = Top("editor", {.className = "Editor", .caption = "a.txt - Editor", .rect = {100, 100, 600, 500}});
-    const WindowHandle text = Field("editor.text", desktop.editor, {0, 0, 500, 340}, 15);
-    simulated::OnClick(Child("editor.find", "Button", desktop.editor, {10, 350, 110, 390}, 1), ShowFind);
-    simulated::OnClick(Child("editor.later", "Button", desktop.editor, {130, 350, 230, 390}, 2), ShowFindLater);
+void BuildEditor(Rect rect = {100, 100, 600, 500}) {
+    const WindowHandle editor = Top("editor", {.className = "Editor", .caption = "a.txt - Editor", .rect = rect});
+    const WindowHandle text = Field("editor.text", editor, {0, 0, 500, 340}, 15);
+    const WindowHandle find = Child("editor.find", "Button", editor, {10, 350, 110, 390}, 1);
+    const WindowHandle later = Child("editor.later", "Button", editor, {130, 350, 230, 390}, 2);
+    if (!desktop.prefix.empty()) return;
+    desktop.editor = editor;
+    simulated::OnClick(find, ShowFind);
+    simulated::OnClick(later, ShowFindLater);
     simulated::OnKey(text, 114, ShowFind);  // F3
 }
 
-void BuildPainter() {
-    const WindowHandle painter = Top("painter", {.className = "Painter", .rect = {650, 80, 1200, 700}});
+void BuildPainter(Rect rect = {650, 80, 1200, 700}) {
+    const WindowHandle painter = Top("painter", {.className = "Painter", .rect = rect});
     const WindowHandle canvas = Child("painter.canvas", "Canvas", painter, {0, 60, 550, 620}, 7);
-    simulated::OnClick(Child("painter.tools", "Button", painter, {10, 10, 110, 50}, 8), ToggleTools);
+    const WindowHandle tools = Child("painter.tools", "Button", painter, {10, 10, 110, 50}, 8);
+    if (!desktop.prefix.empty()) return;
+    simulated::OnClick(tools, ToggleTools);
     simulated::OnKey(canvas, 116, ToggleTools);  // F5
 }
 
 // Two rows of keys that look alike but for their ids and places.
-void BuildCalculator() {
+void BuildCalculator(Rect rect = {200, 550, 640, 950}) {
     const WindowHandle calculator =
-        Top("calculator", {.className = "Calculator", .caption = "Calculator", .rect = {200, 550, 640, 950}});
+        Top("calculator", {.className = "Calculator", .caption = "Calculator", .rect = rect});
     for (int i = 0; i < 6; ++i) {
         const std::int32_t left = 20 + i % 3 * 130;
         const std::int32_t top = 40 + i / 3 * 130;
@@ -336,7 +344,20 @@ UserSession User::Play() {
 
 }  // namespace
 
+// A program that is still to open when its desktop is taken away stays away.
+void Open(int afterMs, void (*build)()) {
+    if (afterMs == 0) return build();
+    simulated::MeanwhileAfter(afterMs, [build, generation = desktop.generation] {
+        if (desktop.generation == generation) build();
+    });
+}
+
 void BuildDesktop() {
+    BuildDesktop(Openings());
+}
+
+void BuildDesktop(const Openings& openings) {
+    ++desktop.generation;
     for (const WindowHandle top : desktop.tops) simulated::Destroy(top);
     simulated::Destroy(ownWindows.main);
     desktop.tops.clear();
@@ -348,12 +369,28 @@ void BuildDesktop() {
                                             .rect = {700, 300, 1100, 600},
                                             .thread = simulated::OwnThread,
                                             .visible = false});
-    BuildEditor();
-    BuildPainter();
-    BuildCalculator();
-    simulated::SetFocus(desktop.fields.front());
+    Open(openings.editor, [] { BuildEditor(); });
+    Open(openings.painter, [] { BuildPainter(); });
+    Open(openings.calculator, [] { BuildCalculator(); });
+    if (!desktop.fields.empty()) simulated::SetFocus(desktop.fields.front());
     simulated::PlaceCursor({640, 512});
     simulated::SetToggle(CapsLock, false);
+}
+
+void AddTwin(const std::string& name, Rect rect) {
+    desktop.prefix = "twin.";
+    if (name == "editor") BuildEditor(rect);
+    if (name == "painter") BuildPainter(rect);
+    if (name == "calculator") BuildCalculator(rect);
+    desktop.prefix.clear();
+}
+
+std::vector<WindowHandle> ProgramsOnDesktop() {
+    std::vector<WindowHandle> programs;
+    for (const WindowHandle top : desktop.tops) {
+        if (platform::WindowExists(top) && NameOf(top) != "desktop") programs.push_back(top);
+    }
+    return programs;
 }
 
 std::string NameOf(WindowHandle window) {

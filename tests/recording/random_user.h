@@ -13,6 +13,21 @@
 // they are clicked and typed into follows from the input alone, some of it after a while.
 void BuildDesktop();
 
+// The same, with the windows of each program at a later moment (ms from now); 0 is at once.
+struct Openings {
+    int editor = 0;
+    int painter = 0;
+    int calculator = 0;
+};
+void BuildDesktop(const Openings& openings);
+
+// Another editor, painter or calculator (by the name of its top-level window) with the same captions and elements. It
+// is called "twin.editor" and so on.
+void AddTwin(const std::string& name, platform::Rect rect);
+
+// The top-level windows that there are just now, the desktop's own left out.
+std::vector<platform::WindowHandle> ProgramsOnDesktop();
+
 // "editor.text", "painter.canvas": the same window of any BuildDesktop, also after it is gone.
 std::string NameOf(platform::WindowHandle window);
 

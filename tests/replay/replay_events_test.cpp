@@ -396,6 +396,7 @@ TEST_F(ReplayEventsTest, TheSameLostWindowStopsAtOnceTheSecondTime) {
 
 TEST_F(ReplayEventsTest, InputThatTheSystemRefusesLeavesAFailedVerdict) {
     simulated::SetInjection(simulated::Injection::Refused);
+    simulated::PlaceCursor({300, 300});
     settings.Display_Executing_Status = 1;
     InEdit().Click(Left, 300, 300).Key(KeyA);
     Replay();

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "dictionary/dictionary.h"
+#include "identity/live_chain.h"
 #include "identity/window_identity.h"
 #include "platform/clock.h"
 #include "platform/input.h"
@@ -114,6 +115,72 @@ protected:
     std::string reason = "as before";
     std::int64_t took = 0;
 };
+
+// --- what input would really reach ---
+
+TEST_F(TargetSearch, WhatLiesOverTheTargetForGoodIsAFailureAndNotAClick) {
+    request.waitSeconds = 1;
+    const WindowHandle cover = AddWindow({.className = "Clock", .rect = editorSpec.rect, .topmost = true});
+    EXPECT_EQ(Find(), TargetElementMissing);
+    EXPECT_EQ(reason, "Cannot find element: 'OK' (Button' in window: 'a.txt - Editor'");
+    request.safetyLevel = SafetyMedium;
+    EXPECT_EQ(Find(), TargetWindowMissing);
+    simulated::MeanwhileAfter(300, [cover] { simulated::Destroy(cover); });
+    EXPECT_EQ(Find(), TargetReady) << "when it goes away in time, the click goes on";
+}
+
+TEST_F(TargetSearch, WhatComesUpDuringAPauseIsSeen) {
+    WindowHandle thief = 0;
+    simulated::MeanwhileAfter(100, [&] { thief = AddWindow({.className = "Thief", .rect = editorSpec.rect}); });
+    EXPECT_EQ(Find(), TargetReady);
+    EXPECT_GT(thief, 0);
+    EXPECT_EQ(platform::WindowAt(platform::CursorPosition()), button);
+    RecordKeys(button);
+    ResetSearch();
+    simulated::MeanwhileAfter(100, [&] { AddWindow({.className = "Thief", .rect = {0, 0, 50, 50}}); });
+    EXPECT_EQ(Find(), TargetReady);
+    EXPECT_EQ(simulated::FocusedWindow(), button);
+}
+
+TEST_F(TargetSearch, KeysWantTheFocusInTheVeryElement) {
+    const WindowHandle other = AddWindow({.className = "Edit", .rect = {0, 0, 9, 9}, .parent = panel});
+    RecordKeys(button);
+    simulated::SetFocus(other);
+    EXPECT_EQ(Find(), TargetReady);
+    EXPECT_EQ(simulated::FocusedWindow(), button);
+    simulated::SetFocus(other);
+    simulated::SetEnabled(button, false);
+    EXPECT_EQ(Find(), TargetElementMissing) << "the element is there, but the keys would go elsewhere";
+    RecordKeys(editor);
+    simulated::SetFocus(other);
+    EXPECT_EQ(Find(), TargetReady);
+    EXPECT_EQ(simulated::FocusedWindow(), editor);
+}
+
+TEST_F(TargetSearch, AWindowMovedOrMaximisedLaterOnComesBackForAPress) {
+    FindOnce();
+    simulated::MoveWindow(editor, {105, 103});  // the cursor is still over the button
+    ExpectReadyAfter(Placed);
+    EXPECT_EQ(simulated::ScreenRectOf(editor), editorSpec.rect);
+    simulated::Maximise(editor);
+    EXPECT_EQ(Find(), TargetReady);
+    EXPECT_EQ(simulated::ScreenRectOf(editor), editorSpec.rect);
+    simulated::MoveWindow(editor, {105, 103});
+    RecordKeys(button);
+    ResetSearch();
+    FindOnce();
+    simulated::MoveWindow(editor, {110, 103});
+    ExpectReadyAfter(0);
+    EXPECT_EQ(simulated::ScreenRectOf(editor).left, 110) << "keys do not mind";
+}
+
+TEST_F(TargetSearch, WhatTheRunHasCaughtUpIsWaitedForAtLeast) {
+    simulated::Destroy(editor);
+    request.graceMs = 3000;
+    const std::int64_t begin = platform::TickCount();
+    EXPECT_EQ(Find(), TargetWindowMissing);
+    EXPECT_GT(platform::TickCount() - begin, 3000);
+}
 
 // --- all is in place ---
 
@@ -384,7 +451,6 @@ TEST_F(TargetSearch, OfTwinElementsTheNearestWinsAndElseTheFirst) {
     EXPECT_EQ(searchState.current, button);
 }
 
-// The name finds the twin in front, so the chain of this one goes on to the owner of its dialog.
 class TwinDialogs : public TargetSearch {
 protected:
     TwinDialogs() {
@@ -402,37 +468,65 @@ protected:
     WindowHandle yes = 0;
 };
 
-TEST_F(TwinDialogs, AClickAtTheWrongDepthGivesUpWithoutAReason) {
+// The name finds the twin in front, so the live chain of the recorded one goes on to the owner of its dialog.
+TEST_F(TwinDialogs, TheOneThatStandsAsRecordedIsTaken) {
+    for (const bool byFocus : {false, true}) {
+        byFocus ? RecordKeys(yes) : RecordClick(yes);
+        const WindowHandle twin = AddWindow(DialogAt({800, 200, 1000, 300}));
+        simulated::SetFocus(AddWindow(YesIn(twin)));
+        for (request.safetyLevel = SafetyHigh; request.safetyLevel <= SafetyMedium; ++request.safetyLevel) {
+            EXPECT_EQ(Find(), TargetReady) << reason;
+            EXPECT_EQ(LiveChain(searchState.current).Handle(1), dialog);
+        }
+        request.safetyLevel = SafetyHigh;
+        simulated::Destroy(twin);
+    }
+}
+
+TEST_F(TwinDialogs, ThatWasMetBeforeIsKnownAndAStrangerIsNotTaken) {
     RecordClick(yes);
-    AddWindow(DialogAt({800, 200, 1000, 300}));
+    FindOnce();
+    simulated::MoveWindow(dialog, {500, 500});
+    const WindowHandle twin = AddWindow(DialogAt({800, 200, 1000, 300}));
+    AddWindow(YesIn(twin));
+    EXPECT_EQ(Find(), TargetReady) << reason;
+    EXPECT_EQ(searchState.current, yes);
+    EXPECT_EQ(simulated::ScreenRectOf(dialog).left, 200) << "and it is back in its place";
+
+    ResetSearch();
+    simulated::MoveWindow(dialog, {500, 500});
+    for (request.safetyLevel = SafetyHigh; request.safetyLevel <= SafetyMedium; ++request.safetyLevel) {
+        EXPECT_EQ(Find(), TargetWindowMissing) << "one of the two, but nothing tells which";
+        EXPECT_EQ(reason, "Cannot find window: 'Save'");
+    }
+}
+
+// A dialog that is a part of another window is not the recorded one.
+class WrongDepth : public TwinDialogs {
+protected:
+    WrongDepth() {
+        RecordClick(yes);
+        simulated::Destroy(dialog);
+    }
+    WindowSpec PartOf(WindowHandle parent) const {
+        return {.className = "#32770", .caption = "Save", .rect = {100, 100, 300, 200}, .parent = parent};
+    }
+};
+
+TEST_F(WrongDepth, OfAClickGivesUpWithoutAReason) {
+    simulated::Destroy(panel);
+    AddWindow(YesIn(AddWindow(PartOf(editor))));
     request.waitSeconds = 60;
     ExpectFailureAfter(0, TargetWindowMissing, "");
     request.safetyLevel = SafetyMedium;
     EXPECT_EQ(Find(), TargetReady) << "where the depth is not looked at";
 }
 
-TEST_F(TwinDialogs, KeysGoToTheTwinOfTheRightDepth) {
-    RecordKeys(yes);
-    const WindowHandle twin = AddWindow(DialogAt({800, 200, 1000, 300}));
-    const WindowHandle twinYes = AddWindow(YesIn(twin));
-    simulated::SetFocus(yes);
-    simulated::Raise(twin);
-    EXPECT_EQ(Find(), TargetReady);
-    EXPECT_EQ(searchState.current, twinYes);
-}
-
-TEST_F(TwinDialogs, MissesCountForTheDepthToo) {
-    RecordKeys(yes);
-    simulated::Destroy(dialog);
+TEST_F(WrongDepth, CountsTheMissesBeforeToo) {
+    simulated::Destroy(panel);
     request.waitSeconds = 60;
-    const WindowHandle late = simulated::AppearsAfter(3000, DialogAt({200, 200, 400, 300}));
-    const WindowHandle lateYes = simulated::AppearsAfter(3000, YesIn(late));
-    simulated::MeanwhileAfter(3000, [this, lateYes] {
-        AddWindow(YesIn(AddWindow(DialogAt({800, 200, 1000, 300}))));
-        const WindowHandle twin = platform::ForegroundWindow();
-        simulated::SetFocus(lateYes);
-        simulated::Raise(twin);
-    });
+    const WindowHandle late = simulated::AppearsAfter(3000, PartOf(editor));
+    simulated::AppearsAfter(3000, YesIn(late));
     ExpectFailureAfter(3000, TargetWindowMissing, "");
 }
 

@@ -160,6 +160,7 @@ struct InputEntry {
     WindowHandle window = 0;  // mouse: under the cursor; keys and wheel: with the focus, else in the foreground
     platform::InputRecord record;
     Point position;            // of the cursor, after it
+    Point place;               // the same within the window
     bool doubleClick = false;  // of a press: the system makes a double click of it and the press before it
 };
 const std::vector<InputEntry>& Journal();      // injected

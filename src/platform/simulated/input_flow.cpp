@@ -307,7 +307,9 @@ void WriteDown(bool injected, std::int64_t time, const platform::InputRecord& re
     const std::int32_t button = atCursor ? record.dwFlags() & Downs : 0;
     const bool doubleClick =
         button != 0 && CompletesDoubleClick({KeyOfButton(button, record.mouseData()), window, position, time});
-    (injected ? state.injected : state.byHand).push_back({time, window, record, position, doubleClick});
+    const Rect around = ScreenRectOf(window);
+    const Point place = {position.x - around.left, position.y - around.top};
+    (injected ? state.injected : state.byHand).push_back({time, window, record, position, place, doubleClick});
 }
 
 void NoteInput() {

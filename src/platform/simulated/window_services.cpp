@@ -83,6 +83,19 @@ FocusAnswer FocusOf(std::uint32_t thread) {
     return {true, focus};
 }
 
+bool GiveFocus(WindowHandle window) {
+    simulated::Window* const found = Find(window);
+    const simulated::Window* const top = simulated::TopLevelOf(window);
+    if (found == nullptr || top == nullptr || !found->spec.enabled || !simulated::IsShown(*found)) return false;
+    if (simulated::IsHung(top->spec.thread)) {
+        Sleep(simulated::HungMilliseconds);
+        return false;
+    }
+    if (simulated::Foreground() != top->handle) return false;
+    simulated::GiveFocus(*found);
+    return true;
+}
+
 WindowHandle ParentOf(WindowHandle window) {
     const Window* found = Find(window);
     if (found == nullptr || window == simulated::RootHandle) return 0;
@@ -124,6 +137,10 @@ std::string CaptionOf(WindowHandle window) {
 std::int32_t ControlIdOf(WindowHandle window) {
     const Window* found = Find(window);
     return found != nullptr ? found->spec.controlId : 0;
+}
+
+bool IsShown(WindowHandle window) {
+    return simulated::IsVisible(window);
 }
 
 bool WindowExists(WindowHandle window) {

@@ -60,6 +60,19 @@ bool Place(HWND window, const WINDOWPLACEMENT& placement) {
     return SetWindowPlacement(window, &placement) || PlaceInParts(window, placement);
 }
 
+// A thread may set the focus in the queues that it is attached to.
+bool Focus(HWND window) {
+    const DWORD own = GetCurrentThreadId();
+    const DWORD other = GetWindowThreadProcessId(window, nullptr);
+    MSG message;
+    PeekMessageA(&message, nullptr, WM_USER, WM_USER, PM_NOREMOVE);  // gives this thread a queue to attach
+    const bool attached = other != own && AttachThreadInput(own, other, TRUE) != FALSE;
+    SetFocus(window);
+    const HWND focus = GetFocus();
+    if (attached) AttachThreadInput(own, other, FALSE);
+    return focus == window || IsChild(window, focus);
+}
+
 // Windows gives the foreground to a process that has just been given input, or gave it. An input that does nothing is
 // enough.
 void BeNewestToGiveInput() {
@@ -85,7 +98,8 @@ WindowHandle DesktopRoot() {
 bool BringToForeground(WindowHandle window) {
     const HWND top = GetAncestor(ToHwnd(window), GA_ROOT);
     if (top == nullptr) return false;
-    const auto activate = [top] { return SetForegroundWindow(top) != FALSE; };
+    // A window that is in the foreground already can lie under others that never became active.
+    const auto activate = [top] { return SetForegroundWindow(top) != FALSE && (BringWindowToTop(top), true); };
     if (IsOfThisThread(top)) return activate() || (BeNewestToGiveInput(), activate());
 
     const std::int64_t deadline = DeadlineFromNow();
@@ -112,6 +126,11 @@ FocusAnswer FocusOf(std::uint32_t thread) {
     info.cbSize = sizeof info;
     if (!GetGUIThreadInfo(thread, &info)) return {};
     return {true, FromHwnd(info.hwndFocus)};
+}
+
+bool GiveFocus(WindowHandle window) {
+    const HWND target = ToHwnd(window);
+    return AskWindow(target, [target] { return Focus(target); });
 }
 
 WindowHandle ParentOf(WindowHandle window) {
@@ -164,6 +183,10 @@ WindowPlacement PlacementOf(WindowHandle window) {
             FromPoint(system.ptMinPosition),
             FromPoint(system.ptMaxPosition),
             FromRect(NormalPosition(ToHwnd(window), system))};
+}
+
+bool IsShown(WindowHandle window) {
+    return IsWindowVisible(ToHwnd(window)) != FALSE;
 }
 
 bool WindowExists(WindowHandle window) {

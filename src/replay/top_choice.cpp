@@ -1,0 +1,119 @@
+#include "replay/top_choice.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "identity/live_chain.h"
+#include "platform/window_services.h"
+#include "replay/target_search.h"
+
+using platform::WindowHandle;
+
+namespace {
+
+bool HasRecordedRectangle(WindowHandle window, const WantedChain& wanted) {
+    return platform::PlacementOf(window).rcNormalPosition == wanted.Top().Placement.rcNormalPosition;
+}
+
+MetTop* FindMet(WindowHandle window, std::int32_t signature) {
+    auto& met = searchState.metTops;
+    const auto found = std::ranges::find_if(
+        met, [&](const MetTop& each) { return each.window == window && each.signature == signature; });
+    return found == met.end() ? nullptr : &*found;
+}
+
+bool WasMet(WindowHandle window) {
+    return std::ranges::any_of(searchState.metTops, [&](const MetTop& each) { return each.window == window; });
+}
+
+std::vector<WindowHandle> NamedWindows(const std::string& className, const std::string& caption) {
+    std::vector<WindowHandle> windows;
+    platform::ForEachTopWindow([&](WindowHandle window) {
+        if (LiveClass(window) == className && LiveCaption(window) == caption) windows.push_back(window);
+        return true;
+    });
+    std::vector<WindowHandle> shown = windows;
+    std::erase_if(shown, [](WindowHandle window) { return !platform::IsShown(window); });
+    return shown.empty() ? windows : shown;
+}
+
+// The only one, or 0.
+template <class Condition>
+WindowHandle OnlyOne(const std::vector<WindowHandle>& windows, Condition condition) {
+    const auto first = std::ranges::find_if(windows, condition);
+    if (first == windows.end() || std::find_if(first + 1, windows.end(), condition) != windows.end()) return 0;
+    return *first;
+}
+
+WindowHandle ChooseFrom(const std::vector<WindowHandle>& windows, const WantedChain& wanted) {
+    const auto inPlace =
+        std::ranges::find_if(windows, [&](WindowHandle window) { return HasRecordedRectangle(window, wanted); });
+    if (inPlace != windows.end()) return *inPlace;  // of several in one place, the one in front
+    const std::int32_t signature = wanted.TopIndex();
+    if (const WindowHandle met = OnlyOne(windows, [&](WindowHandle window) { return FindMet(window, signature); })) {
+        return met;
+    }
+    if (const WindowHandle met = OnlyOne(windows, WasMet)) return met;
+    return windows.size() == 1 ? windows.front() : 0;
+}
+
+}  // namespace
+
+bool StandsAs(const platform::WindowPlacement& a, const platform::WindowPlacement& b) {
+    return a.rcNormalPosition.left == b.rcNormalPosition.left && a.rcNormalPosition.top == b.rcNormalPosition.top &&
+           ShowStateOf(a) == ShowStateOf(b);
+}
+
+bool IsTopLevel(WindowHandle window) {
+    bool found = false;
+    platform::ForEachTopWindow([&](WindowHandle each) { return !(found = each == window); });
+    return found;
+}
+
+ShowState ShowStateOf(const platform::WindowPlacement& placement) {
+    constexpr std::uint32_t Minimise = 6;         // SW_MINIMIZE
+    constexpr std::uint32_t ShowMinNoActive = 7;  // SW_SHOWMINNOACTIVE
+    switch (placement.showCmd) {
+        case platform::ShowMinimized:
+        case Minimise:
+        case ShowMinNoActive:
+            return ShowState::Minimised;
+        case platform::ShowMaximized:
+            return ShowState::Maximised;
+        default:
+            return ShowState::Normal;
+    }
+}
+
+WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted) {
+    // Mostly there is one such window, and it is asked for in one call.
+    const WindowHandle first = platform::FindTopWindow(className, caption);
+    if (first == 0) return 0;
+    if (platform::IsShown(first) && LiveClass(first) == className && LiveCaption(first) == caption &&
+        HasRecordedRectangle(first, wanted)) {
+        return first;
+    }
+    return ChooseFrom(NamedWindows(className, caption), wanted);
+}
+
+bool IsTheTop(WindowHandle window, const WantedChain& wanted) {
+    if (window == 0 || HasRecordedRectangle(window, wanted) || FindMet(window, wanted.TopIndex()) != nullptr) {
+        return true;
+    }
+    const std::vector<WindowHandle> windows = NamedWindows(LiveClass(window), LiveCaption(window));
+    return windows.size() < 2 || ChooseFrom(windows, wanted) == window;
+}
+
+void Meet(WindowHandle window, const WantedChain& wanted) {
+    if (window == 0) return;
+    MetTop* met = FindMet(window, wanted.TopIndex());
+    if (met == nullptr) met = &searchState.metTops.emplace_back(MetTop{wanted.TopIndex(), window, {}});
+    met->placed = platform::PlacementOf(window);
+}
+
+bool IsInPlace(WindowHandle window, const WantedChain& wanted) {
+    const platform::WindowPlacement standing = platform::PlacementOf(window);
+    if (StandsAs(standing, wanted.Top().Placement)) return true;
+    const MetTop* const met = FindMet(window, wanted.TopIndex());
+    return met != nullptr && StandsAs(standing, met->placed);
+}

@@ -1,0 +1,32 @@
+// Which of several top-level windows with the same class and caption is the recorded one. A recording knows no more of
+// it than its place, so the one that stands there is it; else the one in which it was found before in this run; else
+// the only one. When that leaves several, none is taken: the wrong one would be worse. Never pumps.
+#pragma once
+
+#include <string>
+
+#include "platform/types.h"
+#include "replay/window_match.h"
+
+// 0 when there is none of this class and caption (live texts, exact), or more than one and nothing to tell them by.
+// Hidden windows count only when none is shown.
+platform::WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted);
+
+// Whether ChooseTop would take this window, which has the right class and caption. 0 is as good as any.
+bool IsTheTop(platform::WindowHandle window, const WantedChain& wanted);
+
+bool IsTopLevel(platform::WindowHandle window);
+
+// Notes that the top-level window of `wanted` was found in this one, as it stands now.
+void Meet(platform::WindowHandle window, const WantedChain& wanted);
+
+// Whether a window begins at its recorded place, neither minimised nor maximised unless it was, or stands as it did
+// when it was last put there.
+bool IsInPlace(platform::WindowHandle window, const WantedChain& wanted);
+
+// The same beginning, and both or neither minimised or maximised. Another size alone leaves what lies at a recorded
+// place where it is.
+bool StandsAs(const platform::WindowPlacement& a, const platform::WindowPlacement& b);
+
+enum class ShowState { Normal, Minimised, Maximised };
+ShowState ShowStateOf(const platform::WindowPlacement& placement);
