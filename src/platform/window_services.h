@@ -18,8 +18,9 @@ WindowHandle WindowAt(Point point);  // WindowFromPoint; 0 where there is none
 WindowHandle ForegroundWindow();     // GetForegroundWindow
 WindowHandle DesktopRoot();          // GetDesktopWindow
 
-// SetForegroundWindow, for a child too: its top-level window comes forward, over the other windows. False when the
-// system refused it or the window did not answer in time.
+// SetForegroundWindow, for a child too (its top-level window comes forward, over the other windows). Where the system refuses, as it does when
+// the user has touched the mouse last, it is asked once more after an input that does nothing. True when the window, or
+// one that it owns, is in the foreground after that (GetForegroundWindow); false too when it did not answer in time.
 bool BringToForeground(WindowHandle window);
 
 // The thread that owns the window; 0 for a window that is gone.

@@ -35,6 +35,17 @@ LRESULT CALLBACK StubbornProcedure(HWND window, UINT message, WPARAM wParam, LPA
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
+LRESULT CALLBACK ShyProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE)
+        SetForegroundWindow(FindWindowA(nullptr, RefugeCaption));
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+WNDPROC ProcedureOf(const std::string& className) {
+    if (className == StubbornClass) return StubbornProcedure;
+    return className == ShyClass ? ShyProcedure : ContractProcedure;
+}
+
 // A class of this name would hide the system's own one, so that is left alone.
 bool IsOfTheSystem(const char* name) {
     return std::string(name) == "Edit";
@@ -43,7 +54,7 @@ bool IsOfTheSystem(const char* name) {
 void RegisterClassOf(const char* name) {
     if (IsOfTheSystem(name)) return;
     WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = std::string(name) == StubbornClass ? StubbornProcedure : ContractProcedure;
+    windowClass.lpfnWndProc = ProcedureOf(name);
     windowClass.hInstance = GetModuleHandleA(nullptr);
     windowClass.lpszClassName = name;
     RegisterClassA(&windowClass);  // refused for a class that is there already, which is well

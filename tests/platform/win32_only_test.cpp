@@ -82,6 +82,26 @@ TEST(HungWindows, OnesThatHangInTheCallAreBoundedInTimeAndThreads) {
     EXPECT_TRUE(Within(PatienceMs, [&] { return ThreadsOfThisProcess() <= before; })) << "left-behind calls ended";
 }
 
+// SetForegroundWindow succeeds for it every time.
+TEST(BringToForeground, IsCheckedByWhatIsInFrontAfterIt) {
+    OtherProgram program;
+    const WindowHandle refuge = program.Add({.caption = contract::RefugeCaption});
+    const WindowHandle shy = program.Add({.className = contract::ShyClass, .visible = false});
+    EXPECT_LE(TimeOf([&] { EXPECT_FALSE(platform::BringToForeground(shy)); }), BoundMs);
+    EXPECT_TRUE(Within(PatienceMs, [&] { return platform::ForegroundWindow() == refuge; }));
+    EXPECT_TRUE(platform::BringToForeground(refuge));
+}
+
+TEST(BringToForeground, IsDoneWhenADialogOfTheWindowHasIt) {
+    OtherProgram program;
+    const WindowHandle front = program.Add({.caption = "front"});
+    const WindowHandle owner = program.Add({.className = contract::ShyClass, .visible = false});
+    const WindowHandle dialog = program.Add({.caption = contract::RefugeCaption, .owner = owner, .visible = false});
+    EXPECT_TRUE(platform::BringToForeground(front));
+    EXPECT_TRUE(platform::BringToForeground(owner));
+    EXPECT_TRUE(Within(PatienceMs, [&] { return platform::ForegroundWindow() == dialog; }));
+}
+
 std::atomic<int> keysHeard = 0;
 
 // While a call waits for another program, the hooks of this thread go on: else the whole desktop would stand still.

@@ -73,6 +73,37 @@ bool Focus(HWND window) {
     return focus == window || IsChild(window, focus);
 }
 
+// --- the foreground ---
+
+constexpr std::int64_t ActivationMs = 100;  // for the window's own program to take note
+
+bool IsInFront(HWND top) {
+    for (HWND window = GetForegroundWindow(); window != nullptr; window = GetWindow(window, GW_OWNER)) {
+        if (window == top) return true;
+    }
+    return false;
+}
+
+// Windows says yes also where it makes the button on the taskbar blink and nothing else.
+bool ComesToFront(HWND top) {
+    const std::int64_t end = TickCount() + ActivationMs;
+    while (!IsInFront(top)) {
+        if (TickCount() >= end) return false;
+        ::Sleep(1);
+    }
+    return true;
+}
+
+bool AskForForeground(HWND top, std::int64_t deadline) {
+    // A window that is in the foreground already can lie under others that never became active.
+    const auto ask = [top] { return SetForegroundWindow(top) != FALSE && (BringWindowToTop(top), true); };
+    if (IsOfThisThread(top)) return ask() && ComesToFront(top);
+    const BoundedAnswer answer = CallUntil(deadline, ask);
+    // Windows may have given the leave to change the foreground to the one thread that got the user's hotkey. There
+    // the call does not wait for its target, and where it does (Wine) it has just been shown to return.
+    return (answer == BoundedAnswer::Yes || (answer == BoundedAnswer::No && ask())) && ComesToFront(top);
+}
+
 // Windows gives the foreground to a process that has just been given input, or gave it. An input that does nothing is
 // enough.
 void BeNewestToGiveInput() {
@@ -98,16 +129,11 @@ WindowHandle DesktopRoot() {
 bool BringToForeground(WindowHandle window) {
     const HWND top = GetAncestor(ToHwnd(window), GA_ROOT);
     if (top == nullptr) return false;
-    // A window that is in the foreground already can lie under others that never became active.
-    const auto activate = [top] { return SetForegroundWindow(top) != FALSE && (BringWindowToTop(top), true); };
-    if (IsOfThisThread(top)) return activate() || (BeNewestToGiveInput(), activate());
-
     const std::int64_t deadline = DeadlineFromNow();
-    if (!Answers(top, deadline)) return false;
-    const BoundedAnswer answer = CallUntil(deadline, activate);
-    // Windows may have given the leave to change the foreground to the one thread that got the user's hotkey. There
-    // the call does not wait for its target, and where it does (Wine) it has just been shown to return.
-    return answer == BoundedAnswer::Yes || (answer == BoundedAnswer::No && activate());
+    if (!IsOfThisThread(top) && !Answers(top, deadline)) return false;
+    if (AskForForeground(top, deadline)) return true;
+    BeNewestToGiveInput();
+    return Microseconds() < deadline && AskForForeground(top, deadline);
 }
 
 std::uint32_t ThreadOf(WindowHandle window) {
