@@ -156,14 +156,11 @@ Stretch ReplayWithoutGaps() {
     return Measured(static_cast<double>(platform::Microseconds() - began));
 }
 
-void SendBare(JobEvent& event, platform::Size screen) {
+void SendBare(const JobEvent& event) {
     if (event.dwType() == platform::InputMouse) {
         NoteMouseEvent();
-        platform::InputRecord move = event;
-        move.dx() = ToAbsolute(event.dx(), 65535.0 / screen.width);
-        move.dy() = ToAbsolute(event.dy(), 65535.0 / screen.height);
-        platform::SendInput(move);
-        platform::SendInput(move);
+        platform::MoveCursorTo({event.dx(), event.dy()});
+        platform::SendInput(event);
     } else {
         platform::SendInput(event);
     }
@@ -175,7 +172,7 @@ Stretch BareLoop() {
     const std::int64_t began = platform::Microseconds();
     for (std::size_t i = 0; i < events.size(); ++i) {
         platform::AsyncKeyState(platform::VirtualKeyEscape);
-        SendBare(events[i], platform::ScreenSize());
+        SendBare(events[i]);
         if (i % PumpEvery == PumpEvery - 1) platform::Pump();
     }
     return Measured(static_cast<double>(platform::Microseconds() - began));

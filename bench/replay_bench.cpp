@@ -61,15 +61,9 @@ void Replay(Job& job) {
     if (ReplayEvents(job, rows, reason, "") != 1) std::abort();
 }
 
-void SendMouse(JobEvent& event) {
-    const platform::Size screen = platform::ScreenSize();
-    platform::InputRecord record = event;
-    record.dx() = ToAbsolute(event.dx(), 65535.0 / screen.width);
-    record.dy() = ToAbsolute(event.dy(), 65535.0 / screen.height);
-    platform::InputRecord move = record;
-    move.dwFlags() = MouseFlagBase + platform::MouseMove;
-    platform::SendInput(move);
-    platform::SendInput(record);
+void SendMouse(const JobEvent& event) {
+    platform::MoveCursorTo({event.dx(), event.dy()});
+    platform::SendInput(event);
 }
 
 void BareLoop(Job& job) {

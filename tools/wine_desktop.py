@@ -19,6 +19,8 @@ import tempfile
 import time
 from pathlib import Path
 
+from monitors import display_size, set_monitors
+
 ROOT = Path(__file__).resolve().parent.parent
 OUT = ROOT / "out"
 LOADER = "/usr/lib/wine/wine64"
@@ -42,13 +44,16 @@ def _alive(pid):
 
 
 class WineDesktop:
-    """The prefix lies in a folder of its own, out/desktop/NAME-PID. With `display` an existing X display is used."""
+    """The prefix lies in a folder of its own, out/desktop/NAME-PID. With `display` an existing X display is used. With
+    `monitors` (rectangles, the first one that of the primary monitor, with its corner at 0, 0) the desktop has those;
+    its windows then stand on the display by themselves, for a whole desktop in one X window has one monitor."""
 
-    def __init__(self, name, display=None):
+    def __init__(self, name, display=None, monitors=None):
         self.folder = OUT / "desktop" / f"{name}-{os.getpid()}"
         self.prefix = self.folder / "prefix"
         self.drive_c = self.prefix / "drive_c"
         self._own_display = display is None
+        self._monitors = monitors
         self.display = display
         self._xvfb = None
         self._programs = []
@@ -59,6 +64,8 @@ class WineDesktop:
             if self._own_display:
                 self._start_display()
             self._make_prefix()
+            if self._monitors:
+                self._use_monitors()
         except BaseException:
             self.close()
             raise
@@ -121,11 +128,19 @@ class WineDesktop:
 
     # --- life ---
 
+    def _use_monitors(self):
+        set_monitors(self.display, self._monitors)
+        self._run_checked("reg.exe", "delete", "HKCU\\Software\\Wine\\Explorer", "/v", "Desktop", "/f")
+        # Wine asks RandR for outputs, of which a virtual display has one; Xinerama tells the monitors.
+        self._run_checked("reg.exe", "add", "HKCU\\Software\\Wine\\X11 Driver", "/v", "UseXRandR", "/d", "N", "/f")
+        self._end_server()
+
     def _start_display(self):
+        width, height = display_size(self._monitors) if self._monitors else SIZE
         reader, writer = os.pipe()
         with open(os.devnull, "w") as nothing:
             self._xvfb = subprocess.Popen(
-                ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{SIZE[0]}x{SIZE[1]}x24", "-nolisten", "tcp"],
+                ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp"],
                 pass_fds=[writer], stdout=nothing, stderr=nothing, preexec_fn=_die_with_parent,
             )
         os.close(writer)

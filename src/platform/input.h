@@ -33,15 +33,16 @@ inline constexpr int VirtualKeyCapital = 20;
 inline constexpr int VirtualKeyEscape = 27;
 
 // One input, in the shape of a 32-bit INPUT: a type and six words whose meaning follows from it. Recorded
-// events begin with such a record, so that replay can hand them over without a copy.
+// events begin with such a record, so that replay can hand them over without a copy. Positions are pixels of the
+// virtual desktop, on whatever monitor, and buttons are what hooks tell: with the buttons of the mouse swapped, the
+// left one is the one under the right forefinger of the user.
 struct InputRecord {
     std::array<std::int32_t, 7> word{};
 
     std::int32_t& dwType() { return word[0]; }
     std::int32_t dwType() const { return word[0]; }
 
-    // Mouse: position (pixels in a recorded event, 0..65535 when sent), data (wheel delta or X button),
-    // action flags, time in ms.
+    // Mouse: position in pixels, data (wheel delta or X button), action flags, time in ms.
     std::int32_t& dx() { return word[1]; }
     std::int32_t dx() const { return word[1]; }
     std::int32_t& dy() { return word[2]; }
@@ -64,10 +65,31 @@ struct InputRecord {
     std::int32_t keyExtraInfo() const { return word[4]; }
 };
 
-// Injects one record (SendInput with one INPUT). Mouse positions are absolute, 0..65535 over the primary
-// screen. Returns the number of events inserted: 1, or 0 when the system refused it. A success does not prove
-// that the input arrived: windows of higher privilege and a locked desktop discard it in silence.
+// Injects one record (SendInput with one INPUT). The position of a mouse record counts when it moves (MouseMove with
+// MouseAbsolute). Returns the number of events inserted: 1, or 0 when the system refused it. A success does not prove
+// that the input arrived: windows of higher privilege (TakesOurInput) and a locked desktop (InputReachesDesktop)
+// discard it in silence.
 int SendInput(const InputRecord& record);
+
+// Moves the cursor to a pixel of the virtual desktop; monitors left of the primary one and above it have negative
+// coordinates. Beyond all monitors it stops at the nearest edge. Returns as SendInput does. The desktops alone know the
+// system's scale: logic speaks of pixels.
+inline int MoveCursorTo(Point pixel) {
+    InputRecord record;
+    record.dwType() = InputMouse;
+    record.dx() = pixel.x;
+    record.dy() = pixel.y;
+    record.dwFlags() = MouseAbsolute | MouseMove;
+    return SendInput(record);
+}
+
+// False while input goes to another desktop than that of this program: the workstation is locked, or the system asks
+// for a consent or a password on a desktop of its own (OpenInputDesktop).
+bool InputReachesDesktop();
+
+// False when the program of `window` has a higher integrity level than this one: Windows then keeps all injected input
+// but moves from it. True where that cannot be known. Asked of the system once for each process, so it is cheap.
+bool TakesOurInput(WindowHandle window);
 
 // GetAsyncKeyState: the high bit tells that the key is down now, the low bit that it went down since the last
 // call. A tap shorter than the pause between two polls shows only in the low bit.
@@ -82,7 +104,7 @@ int ScanCodeOf(int virtualKey);
 // MapVirtualKeyA(key, 2): the unshifted character, 0 for none. Dead keys have the top bit set (negative).
 int CharacterOf(int virtualKey);
 
-// GetCursorPos.
+// GetCursorPos, in pixels of the virtual desktop. The origin while the desktop is locked.
 Point CursorPosition();
 
 // SM_CXSCREEN and SM_CYSCREEN: the primary screen in pixels.

@@ -154,16 +154,11 @@ private:
     bool escHeld = false;  // a replayed ESC is down: it must not be taken for the user's
     int eventsSincePump = 0;
     platform::Point startCursor;
-    double scaleX = 0;
-    double scaleY = 0;
     std::array<platform::InputRecord, 4> doubleClick;
 };
 
 Replay::Replay(Job& runJob, std::vector<ActionRow>& runRows, std::string& runReason, bool withLog)
     : job(runJob), rows(runRows), reason(runReason), logged(withLog) {
-    const platform::Size screen = platform::ScreenSize();
-    scaleX = 65535.0 / screen.width;
-    scaleY = 65535.0 / screen.height;
     totalMs = job.Events.back().time();
     forever = job.RepeatCount == 0;
     skipMoves = job.SkipMouseMoves == 1;
@@ -578,16 +573,8 @@ Replay::Ending Replay::PlayMouse(std::int32_t index) {
     if (HasTarget(event.dwFlags())) {
         if (const Ending ending = Aim(event)) return ending;
     }
-    const platform::Point pixels{event.dx(), event.dy()};
-    event.dx() = ToAbsolute(pixels.x, scaleX);
-    event.dy() = ToAbsolute(pixels.y, scaleY);
     if (settings.Display_Executing_Status == 1) setStatus(StatusRunning);
-    // An event that is not sent keeps the converted point for this pass, and the next pass reads it as pixels. That
-    // is accepted: its window was not there, and the point lies beyond the screen.
-    if (!MaySend(event)) return std::nullopt;
-    SendMouse(event);
-    event.dx() = pixels.x;
-    event.dy() = pixels.y;
+    if (MaySend(event)) SendMouse(event);
     return std::nullopt;
 }
 

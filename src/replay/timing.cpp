@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
-#include "base/arithmetic.h"
 #include "base/runtime_failure.h"
 #include "platform/clock.h"
 #include "platform/pump.h"
@@ -25,11 +23,6 @@ platform::InputRecord KeyboardRecord(int virtualKey, std::int32_t keyState) {
     record.KeyCode() = platform::ScanCodeOf(virtualKey) * 65536 + virtualKey;
     record.KeyState() = keyState;
     return record;
-}
-
-// A pixel of the primary screen as an absolute coordinate; one that lies beyond it gives the edge.
-std::int32_t AbsoluteOnScreen(std::int32_t pixel, std::int32_t screenPixels) {
-    return ToAbsolute(std::clamp(pixel, 0, std::max(screenPixels - 1, 0)), 65535.0 / screenPixels);
 }
 
 // Feeds the progress bar in equal steps. It keeps the fraction that the bar cannot show.
@@ -59,22 +52,9 @@ bool& KeyDownFlag(std::int32_t virtualKey) {
     return CheckedAt(heldInput.KeysDown, virtualKey, "Key code");
 }
 
-// A point far beyond the screen stays far beyond it: the conversion is cut at the ends of the range instead of failing.
-std::int32_t ToAbsolute(std::int32_t value, double scale) {
-    constexpr double Smallest = std::numeric_limits<std::int32_t>::min();
-    constexpr double Largest = std::numeric_limits<std::int32_t>::max() - 1;
-    return RoundHalfEven(std::clamp(value * scale, Smallest, Largest)) + 1;
-}
-
 void MoveCursor(std::int32_t x, std::int32_t y) {
     heldInput.LastCursorPosition = {x, y};
-    const platform::Size screen = platform::ScreenSize();  // asked each time: a job may change the screen's mode
-    platform::InputRecord record;
-    record.dwType() = platform::InputMouse;
-    record.dx() = AbsoluteOnScreen(x, screen.width);
-    record.dy() = AbsoluteOnScreen(y, screen.height);
-    record.dwFlags() = platform::MouseAbsolute + platform::MouseMove;
-    platform::SendInput(record);
+    platform::MoveCursorTo({x, y});
 }
 
 // Every sleep ends at a moment and not after a span, so the slices' own lateness does not add up, and a pump that took

@@ -26,11 +26,7 @@ bool& KeyDownFlag(std::int32_t virtualKey);
 inline constexpr int WaitDone = 1;
 inline constexpr int WaitCanceled = -2;
 
-// The absolute coordinate of pixel `value`, where `scale` is 65535 / screen size. The added 1 keeps the way back to
-// pixels from landing one short.
-std::int32_t ToAbsolute(std::int32_t value, double scale);
-
-// Moves the cursor to a pixel of the primary screen; beyond it, to the edge.
+// Moves the cursor to a pixel of the desktop, on whatever monitor; beyond all of them, to the nearest edge.
 void MoveCursor(std::int32_t x, std::int32_t y);
 
 // Waits `ms`, exactly, and feeds `share` of the progress bar meanwhile. A wait of more than 50 ms pumps and looks for

@@ -80,6 +80,12 @@ std::int64_t TimeOf(const Call& call) {
     return platform::TickCount() - start;
 }
 
+// The monitors of the desktop, the primary one first; the simulated one has three, with negative coordinates.
+std::vector<Rect> Monitors();
+
+// The buttons of the mouse for a left-handed user, until the end of the process.
+void SwapButtons(bool swapped);
+
 // The user's hands. Where nobody can act for the user (HasUser is false), tests of it are skipped.
 bool HasUser();
 void UserTaps(int virtualKey);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 
 #include "contract_desktop.h"
 #include "platform/clock.h"
@@ -49,12 +48,8 @@ void SendMouse(std::int32_t flags, platform::Point at = {}, std::int32_t data = 
     EXPECT_EQ(platform::SendInput(mouse), 1);
 }
 
-// The scale of replay: the 1 keeps the truncation on the way back from landing a pixel short.
 void SendMoveTo(platform::Point pixel) {
-    const platform::Size screen = platform::ScreenSize();
-    const auto scaled = [](int p, int size) { return static_cast<int>(std::nearbyint(p * (65535.0 / size))) + 1; };
-    SendMouse(platform::MouseMove | platform::MouseAbsolute,
-              {scaled(pixel.x, screen.width), scaled(pixel.y, screen.height)});
+    EXPECT_EQ(platform::MoveCursorTo(pixel), 1);
 }
 
 void MoveTo(platform::Point pixel) {
@@ -72,10 +67,42 @@ TEST(Input, AMoveLandsOnItsPixel) {
     for (int step = 0; step <= steps && !testing::Test::HasFailure(); ++step) {
         MoveTo({(screen.width - 1) * step / steps, (screen.height - 1) * (steps - step) / steps});
     }
-    SendMouse(platform::MouseMove | platform::MouseAbsolute, {65535, 65535});
-    EXPECT_TRUE(Within(PatienceMs, [&] {
-        return platform::CursorPosition() == platform::Point{screen.width - 1, screen.height - 1};
-    })) << "the end of the scale is the last pixel";
+    SendMouse(platform::MouseMove | platform::MouseAbsolute, {77, 88});
+    EXPECT_TRUE(Within(PatienceMs, [] {
+        return platform::CursorPosition() == platform::Point{77, 88};
+    })) << "a record speaks of pixels, too";
+}
+
+// Every pixel of a row and a column of every monitor, and the places beyond them.
+TEST(Input, AMoveReachesEveryMonitor) {
+    for (const platform::Rect& monitor : contract::Monitors()) {
+        const int width = monitor.right - monitor.left;
+        const int height = monitor.bottom - monitor.top;
+        constexpr int steps = 7;
+        for (int step = 0; step <= steps && !testing::Test::HasFailure(); ++step) {
+            MoveTo({monitor.left + (width - 1) * step / steps, monitor.top + (height - 1) * (steps - step) / steps});
+        }
+    }
+    SendMoveTo({-100'000, -100'000});
+    EXPECT_TRUE(Within(PatienceMs, [] {
+        const platform::Point at = platform::CursorPosition();
+        return std::ranges::any_of(contract::Monitors(), [&](const auto& each) {
+            return at == platform::Point{each.left, each.top};
+        });
+    })) << "beyond the desktop lies its edge";
+}
+
+TEST(Input, ReachesTheDesktopAndProgramsLikeThisOne) {
+    OtherProgram program;
+    const WindowHandle other = program.Add({.caption = "other"});
+    const WindowHandle own = contract::AddOwn({.caption = "own"});
+    EXPECT_TRUE(platform::InputReachesDesktop());
+    for (const WindowHandle window : {other, own, WindowHandle{0}, platform::DesktopRoot()}) {
+        EXPECT_TRUE(platform::TakesOurInput(window));
+    }
+    program.Remove(other);
+    EXPECT_TRUE(platform::TakesOurInput(other)) << "a window that is gone";
+    contract::RemoveOwn(own);
 }
 
 TEST(Input, KeysArriveWhereTheFocusIs) {
@@ -266,6 +293,30 @@ TEST(Hooks, HearTheInjectedMouse) {
         EXPECT_EQ(mouseHeard[i].flags & 1, 1u);
     }
     EXPECT_EQ(static_cast<std::int16_t>(mouseHeard[2].mouseData >> 16), -120);
+}
+
+// Hooks tell the button that it is to the user, and that is what is sent again.
+TEST(Hooks, HearTheButtonThatWasSentAlsoWhenTheyAreSwapped) {
+    OtherProgram program;
+    program.Add({.caption = "ground", .rect = {100, 100, 500, 400}});
+    MoveTo({150, 150});
+    for (const bool swapped : {true, false}) {
+        contract::SwapButtons(swapped);
+        const Listening listening;
+        SendMouse(platform::MouseLeftDown);
+        SendMouse(platform::MouseLeftUp);
+        SendMouse(platform::MouseRightDown);
+        SendMouse(platform::MouseRightUp);
+        SendMouse(platform::MouseMiddleDown);
+        SendMouse(platform::MouseMiddleUp);
+        constexpr std::uint32_t middleUp = 0x208;
+        ASSERT_TRUE(Within(PatienceMs, [] { return !mouseHeard.empty() && mouseHeard.back().message == middleUp; }));
+        std::vector<std::uint32_t> messages;
+        for (const auto& record : mouseHeard) {
+            if (record.message != 0x200) messages.push_back(record.message);
+        }
+        EXPECT_EQ(messages, (std::vector<std::uint32_t>{0x201, 0x202, 0x204, 0x205, 0x207, middleUp})) << swapped;
+    }
 }
 
 TEST(Hooks, HearTheUserAsNotInjected) {

@@ -34,6 +34,14 @@ const Differences& Desktop() {
     return differences;
 }
 
+std::vector<Rect> Monitors() {
+    const std::vector<Rect> monitors = {{0, 0, 1280, 1024}, {1280, 200, 3200, 1280}, {-1024, -768, 0, 0}};
+    simulated::SetMonitors(monitors);
+    return monitors;
+}
+
+void SwapButtons(bool) {}  // nothing between SendInput and the hooks speaks of physical buttons here
+
 struct OtherProgram::Inside {
     std::uint32_t thread = ++lastThread;
     std::vector<WindowHandle> windows;

@@ -201,6 +201,30 @@ LRESULT CALLBACK OwnProcedure(HWND window, UINT message, WPARAM wParam, LPARAM l
 
 }  // namespace
 
+namespace {
+
+BOOL CALLBACK NoteMonitor(HMONITOR handle, HDC, LPRECT rect, LPARAM list) {
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    GetMonitorInfoA(handle, &info);
+    auto& monitors = *reinterpret_cast<std::vector<Rect>*>(list);
+    const bool primary = (info.dwFlags & MONITORINFOF_PRIMARY) != 0;
+    monitors.insert(primary ? monitors.begin() : monitors.end(), {rect->left, rect->top, rect->right, rect->bottom});
+    return TRUE;
+}
+
+}  // namespace
+
+std::vector<Rect> Monitors() {
+    std::vector<Rect> monitors;
+    EnumDisplayMonitors(nullptr, nullptr, NoteMonitor, reinterpret_cast<LPARAM>(&monitors));
+    return monitors;
+}
+
+void SwapButtons(bool swapped) {
+    SwapMouseButton(swapped);
+}
+
 WindowHandle AddOwn(const NewWindow& window) {
     const HWND made = MakeWindow(ToOrder(window));
     if (window.className != "Edit") SetWindowLongPtrA(made, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(OwnProcedure));

@@ -119,6 +119,9 @@ bool IsVisible(WindowHandle window);  // itself and all its parents
 inline constexpr std::int64_t HungMilliseconds = 200;
 void SetHung(WindowHandle window, bool hung = true);
 
+// Its program has a higher integrity level: what is injected for it is lost, in silence.
+void KeepInputFrom(WindowHandle window, bool keep = true);
+
 void RefuseForeground(WindowHandle window, bool refuse = true);
 void RefusePlacement(WindowHandle window, bool refuse = true);
 void RefuseAttachment(std::uint32_t thread, bool refuse = true);
@@ -144,15 +147,19 @@ void SendToProgram(WindowHandle window, const Message& message);
 
 // --- Screen, keyboard and mouse ---
 
-void SetScreenSize(Size size);            // 1280 x 1024 at first
-void SetDoubleClick(int ms, Size size);   // 500 ms, 4 x 4 at first
-void PlaceCursor(Point point);            // by nobody: no hook, no journal
-void SetToggle(int virtualKey, bool on);  // Caps, Num and Scroll Lock; all off at first
-bool InputBlocked();                      // by platform::BlockInput
+void SetScreenSize(Size size);                        // one monitor; 1280 x 1024 at first
+void SetMonitors(const std::vector<Rect>& monitors);  // the primary one first, with its corner at the origin
+void SetDoubleClick(int ms, Size size);               // 500 ms, 4 x 4 at first
+void PlaceCursor(Point point);                        // by nobody: no hook, no journal
+void SetToggle(int virtualKey, bool on);              // Caps, Num and Scroll Lock; all off at first
+bool InputBlocked();                                  // by platform::BlockInput
 
 // Whether platform::SendInput works; refused, it returns 0.
 enum class Injection { Works, Refused };
 void SetInjection(Injection fate);
+
+// The user's input goes to another desktop, as while the workstation is locked: what is injected is lost, in silence.
+void LockDesktop(bool locked = true);
 
 // One input as it arrived.
 struct InputEntry {

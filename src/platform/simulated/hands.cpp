@@ -113,15 +113,14 @@ void UserTypes(const std::string& text) {
 }
 
 void UserMovesTo(Point point) {
-    const Rect screen = Root().spec.rect;
     MouseInput input;
     input.action = platform::MouseMove;
     input.point = point;
     input.time = NowMs();
 
     platform::InputRecord record;
-    record.dx() = AbsoluteOf(point.x, screen.right);
-    record.dy() = AbsoluteOf(point.y, screen.bottom);
+    record.dx() = point.x;
+    record.dy() = point.y;
     record.dwFlags() = platform::MouseMove | platform::MouseAbsolute;
     Act(record, input);
 }

@@ -2,7 +2,6 @@
 #include "simulated/input_flow.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 
 #include "platform/hooks.h"
@@ -223,9 +222,21 @@ void ReleaseOn(WindowHandle window) {
     if (target->spec.enabled && reactions->onClick) React(*target, reactions->onClick);
 }
 
+Point NearestOn(const Rect& monitor, Point point) {
+    return {std::clamp(point.x, monitor.left, monitor.right - 1), std::clamp(point.y, monitor.top, monitor.bottom - 1)};
+}
+
+std::int64_t SquaredDistance(Point one, Point other) {
+    const std::int64_t x = std::int64_t{one.x} - other.x;
+    const std::int64_t y = std::int64_t{one.y} - other.y;
+    return x * x + y * y;
+}
+
+// The cursor never leaves the monitors.
 Point OnScreen(Point point) {
-    const Rect screen = Root().spec.rect;
-    return {std::clamp(point.x, 0, screen.right - 1), std::clamp(point.y, 0, screen.bottom - 1)};
+    const std::vector<Rect>& monitors = Monitors();
+    const auto distance = [point](const Rect& each) { return SquaredDistance(NearestOn(each, point), point); };
+    return NearestOn(*std::ranges::min_element(monitors, {}, distance), point);
 }
 
 void PressButton(std::int32_t downFlag, std::int32_t data, bool down) {
@@ -291,10 +302,7 @@ void Feed(const MouseInput& input) {
 }
 
 Point ResolvedPoint(const platform::InputRecord& record) {
-    const Rect screen = Root().spec.rect;
-    if ((record.dwFlags() & platform::MouseAbsolute) != 0) {
-        return {PixelOf(record.dx(), screen.right), PixelOf(record.dy(), screen.bottom)};
-    }
+    if ((record.dwFlags() & platform::MouseAbsolute) != 0) return {record.dx(), record.dy()};
     return {State().cursor.x + record.dx(), State().cursor.y + record.dy()};
 }
 
@@ -321,15 +329,6 @@ bool HookWaitsFor(std::int32_t inputType) {
     if (state.hidesInputFromHooks) return false;
     return inputType == platform::InputMouse ? state.mouseHook != nullptr && !state.mouseHookDropped
                                              : state.keyboardHook != nullptr && !state.keyboardHookDropped;
-}
-
-// Windows divides and cuts off; hence a coordinate that was only rounded can land one pixel short.
-std::int32_t PixelOf(std::int32_t absolute, std::int32_t size) {
-    return static_cast<std::int32_t>(std::int64_t{absolute} * size / 65535);
-}
-
-std::int32_t AbsoluteOf(std::int32_t pixel, std::int32_t size) {
-    return static_cast<std::int32_t>(std::nearbyint(pixel * (65535.0 / size))) + 1;
 }
 
 int KeyOfButton(std::int32_t downFlag, std::int32_t data) {
@@ -434,8 +433,8 @@ Point CursorPosition() {
 }
 
 Size ScreenSize() {
-    const Rect screen = simulated::Root().spec.rect;
-    return {screen.right, screen.bottom};
+    const Rect& primary = simulated::Monitors().front();
+    return {primary.right, primary.bottom};
 }
 
 void PassKeyOn() {}  // nobody else has a hook on this desktop

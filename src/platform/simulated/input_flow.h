@@ -37,15 +37,11 @@ void NoteInput();
 // Notes a record as it is about to take effect.
 void WriteDown(bool injected, std::int64_t time, const platform::InputRecord& record);
 
-// Where a mouse record that moves puts the cursor, before the edges of the screen hold it.
+// Where a mouse record that moves puts the cursor, before the edges of the monitors hold it.
 Point ResolvedPoint(const platform::InputRecord& record);
 
 // Whether an input of this type (platform::InputMouse or InputKeyboard) has a hook to wait for.
 bool HookWaitsFor(std::int32_t inputType);
-
-// A coordinate of injected input on a screen of `size` pixels, and one that lands on `pixel`.
-std::int32_t PixelOf(std::int32_t absolute, std::int32_t size);
-std::int32_t AbsoluteOf(std::int32_t pixel, std::int32_t size);
 
 // The key behind a button: 1, 2, 4, 5, 6. The flags are a press's; `data` tells the X buttons apart.
 int KeyOfButton(std::int32_t downFlag, std::int32_t data);

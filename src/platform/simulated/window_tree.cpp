@@ -20,7 +20,7 @@ struct TreeState {
     std::unordered_map<WindowHandle, Window> windows;
     std::unordered_map<WindowHandle, Reactions> reactions;
     WindowHandle lastHandle = RootHandle;
-    Size screen = {1280, 1024};
+    std::vector<Rect> monitors = {{0, 0, 1280, 1024}};
     std::unordered_map<std::uint32_t, std::vector<Action>> backlog;  // the threads that hang, with what waits for them
     std::set<std::uint32_t> detached;
 };
@@ -31,7 +31,7 @@ TreeState& State() {
         Window& root = fresh.windows[RootHandle];
         root.handle = RootHandle;
         root.spec.className = "#32769";
-        root.spec.rect = {0, 0, fresh.screen.width, fresh.screen.height};
+        root.spec.rect = fresh.monitors.front();
         root.spec.thread = OtherThread;
         return fresh;
     }();
@@ -155,6 +155,10 @@ Window& Root() {
     return State().windows.at(RootHandle);
 }
 
+const std::vector<Rect>& Monitors() {
+    return State().monitors;
+}
+
 bool IsTopLevel(const Window& window) {
     return window.parent == RootHandle;
 }
@@ -187,14 +191,17 @@ Rect ScreenRect(const Window& window) {
     return Shifted(window.spec.rect, frame.left, frame.top);
 }
 
+// Coordinates are those of the primary monitor, for the desktop's children too.
 Rect ClientRect(const Window& window) {
+    if (window.parent == 0) return Monitors().front();
     const Rect outer = ScreenRect(window);
     const Point inset = window.spec.clientOrigin;
     return {outer.left + inset.x, outer.top + inset.y, outer.right - inset.x, outer.bottom - inset.x};
 }
 
 WindowHandle HitTest(Point point) {
-    if (!Contains(Root().spec.rect, point)) return 0;
+    const auto holds = [point](const Rect& monitor) { return Contains(monitor, point); };
+    if (std::ranges::none_of(Monitors(), holds)) return 0;
     for (const WindowHandle each : Root().children) {
         const WindowHandle hit = HitTestIn(*Find(each), point);
         if (hit != 0) return hit;
@@ -289,8 +296,19 @@ void RefuseAttachment(std::uint32_t thread, bool refuse) {
     }
 }
 
+// The desktop's own rectangle is the smallest that holds them all.
+void SetMonitors(const std::vector<Rect>& monitors) {
+    State().monitors = monitors;
+    Rect& whole = Root().spec.rect;
+    whole = monitors.front();
+    for (const Rect& monitor : monitors) {
+        whole = {std::min(whole.left, monitor.left), std::min(whole.top, monitor.top),
+                 std::max(whole.right, monitor.right), std::max(whole.bottom, monitor.bottom)};
+    }
+}
+
 void SetScreenSize(Size size) {
-    Root().spec.rect = {0, 0, size.width, size.height};
+    SetMonitors({{0, 0, size.width, size.height}});
 }
 
 void Raise(WindowHandle window) {
@@ -349,6 +367,10 @@ bool IsVisible(WindowHandle window) {
         if (!each->spec.visible) return false;
     }
     return Find(window) != nullptr;
+}
+
+void KeepInputFrom(WindowHandle window, bool keep) {
+    if (Window* top = TopLevelOf(window)) top->getsNoInput = keep;
 }
 
 void RefuseForeground(WindowHandle window, bool refuse) {

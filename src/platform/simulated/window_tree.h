@@ -29,6 +29,7 @@ struct Window {
     bool isEdit = false;
     bool refusesForeground = false;
     bool refusesPlacement = false;
+    bool getsNoInput = false;  // of a top-level window: its program has a higher integrity level
     std::string text;
 };
 
@@ -44,6 +45,7 @@ inline constexpr WindowHandle RootHandle = 0x10010;
 
 Window* Find(WindowHandle window);  // null when it is gone
 Window& Root();
+const std::vector<Rect>& Monitors();  // the primary one first
 bool IsTopLevel(const Window& window);
 Window* TopLevelOf(WindowHandle window);  // itself or its topmost parent; null for the root and for none
 bool IsSelfOrDescendant(WindowHandle window, WindowHandle ancestor);

@@ -1,6 +1,6 @@
 #include "platform/input.h"
 
-#include <cmath>
+#include <algorithm>
 
 #include "platform/clock.h"
 #include "win32/guard.h"
@@ -14,27 +14,39 @@ DWORD Word(std::int32_t value) {
     return static_cast<DWORD>(value);
 }
 
-// A position on the scale of 0..65535 means the pixel that it falls into. Windows works that out with a scale of
-// 65536 and so lands a pixel short for some positions, the more the further right and down. Aiming at the middle of
-// the pixel is safe. Positions outside of the scale are on other screens.
-LONG AimedAtThePixel(std::int32_t position, int pixels) {
-    if (pixels <= 0) return position;
-    const double pixel = std::floor(position * (pixels / 65535.0));
-    const double onScreen = position == 65535 ? pixels - 1 : pixel;  // the end of the scale is the last pixel
-    return static_cast<LONG>(std::floor((onScreen + 0.5) * 65536.0 / pixels));
+// The scale of the virtual desktop goes from 0 to 65535. Windows divides by 65536 and cuts off, so the middle of the
+// pixel is meant. A pixel beyond the virtual desktop becomes its edge.
+LONG OnScale(std::int32_t pixel, int first, int count) {
+    const std::int64_t inside = std::clamp<std::int64_t>(std::int64_t{pixel} - first, 0, std::max(count - 1, 0));
+    return static_cast<LONG>((2 * inside + 1) * 65536 / (2 * std::int64_t{std::max(count, 1)}));
+}
+
+void AimAt(Point pixel, MOUSEINPUT& mouse) {
+    mouse.dx = OnScale(pixel.x, GetSystemMetrics(SM_XVIRTUALSCREEN), GetSystemMetrics(SM_CXVIRTUALSCREEN));
+    mouse.dy = OnScale(pixel.y, GetSystemMetrics(SM_YVIRTUALSCREEN), GetSystemMetrics(SM_CYVIRTUALSCREEN));
+    mouse.dwFlags |= MOUSEEVENTF_VIRTUALDESK;
+}
+
+bool ButtonsAreSwapped() {
+    return GetSystemMetrics(SM_SWAPBUTTON) != 0 && !SwapsNothing();
+}
+
+// SendInput speaks of the physical buttons, hooks of what they mean to the user.
+DWORD PhysicalButtons(DWORD flags) {
+    constexpr DWORD left = MOUSEEVENTF_LEFTDOWN | MOUSEEVENTF_LEFTUP;
+    constexpr DWORD right = MOUSEEVENTF_RIGHTDOWN | MOUSEEVENTF_RIGHTUP;
+    if (!ButtonsAreSwapped()) return flags;
+    return (flags & ~(left | right)) | (flags & left) << 2 | (flags & right) >> 2;
 }
 
 MOUSEINPUT ToMouseInput(const InputRecord& record) {
     MOUSEINPUT mouse{};
+    constexpr std::int32_t absoluteMove = MouseAbsolute | MouseMove;
     mouse.dx = record.dx();
     mouse.dy = record.dy();
-    if ((record.dwFlags() & MouseAbsolute) != 0) {
-        const Size screen = ScreenSize();
-        mouse.dx = AimedAtThePixel(record.dx(), screen.width);
-        mouse.dy = AimedAtThePixel(record.dy(), screen.height);
-    }
     mouse.mouseData = Word(record.mouseData());
-    mouse.dwFlags = Word(record.dwFlags());
+    mouse.dwFlags = PhysicalButtons(Word(record.dwFlags()));
+    if ((record.dwFlags() & absoluteMove) == absoluteMove) AimAt({record.dx(), record.dy()}, mouse);
     mouse.time = Word(record.mouseTime());
     mouse.dwExtraInfo = Word(record.word[6]);
     return mouse;

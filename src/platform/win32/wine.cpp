@@ -16,6 +16,10 @@ POINT CursorNow() {
     return point;
 }
 
+LONG OffScale(LONG position, int first, int count) {
+    return GetSystemMetrics(first) + position * GetSystemMetrics(count) / 65536;
+}
+
 // Where the mouse was sent to last, and whether it is still there.
 class SteadyCursor {
 public:
@@ -25,7 +29,8 @@ public:
         if (!IsFresh()) Remember(CursorNow());
         Remember(target);
         move = sent;
-        target = {sent.dx * GetSystemMetrics(SM_CXSCREEN) / 65536, sent.dy * GetSystemMetrics(SM_CYSCREEN) / 65536};
+        target = {OffScale(sent.dx, SM_XVIRTUALSCREEN, SM_CXVIRTUALSCREEN),
+                  OffScale(sent.dy, SM_YVIRTUALSCREEN, SM_CYVIRTUALSCREEN)};
         time = TickCount();
     }
 
@@ -33,7 +38,7 @@ public:
         if (!IsFresh() || IsWithTheUser()) return;
         press.dx = move.dx;
         press.dy = move.dy;
-        press.dwFlags |= MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+        press.dwFlags |= MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK;
     }
 
     void PutRight() const {
@@ -87,6 +92,10 @@ void SteadyWineCursor(MOUSEINPUT& next) {
 
 void PutWineCursorRight() {
     if (RunsOnWine()) steadyCursor.PutRight();
+}
+
+bool SwapsNothing() {
+    return RunsOnWine();
 }
 
 bool PlaceInParts(HWND window, const WINDOWPLACEMENT& placement) {

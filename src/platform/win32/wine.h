@@ -15,6 +15,9 @@ bool RunsOnWine();
 void SteadyWineCursor(MOUSEINPUT& next);  // an input that is about to be sent; a press takes the position along
 void PutWineCursorRight();                // the position of the cursor is about to be asked for
 
+// The setting for swapped buttons is kept, and nothing is swapped.
+bool SwapsNothing();
+
 // SetWindowPlacement is refused for windows of other processes. The parts of a placement have to do; what they cannot
 // do is to give a minimised window its place for later without showing it there first.
 bool PlaceInParts(HWND window, const WINDOWPLACEMENT& placement);

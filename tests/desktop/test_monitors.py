@@ -1,0 +1,60 @@
+"""A desktop of two monitors: the second one lies to the left of the primary one, so its coordinates are negative."""
+
+import re
+
+import pytest
+from hands import Hands
+from job_writer import HIGH, LOW, MEDIUM
+from probe import Probe
+from stage import Stage
+from wine_desktop import OUT, WineDesktop
+
+PRIMARY, LEFT = (0, 0, 1280, 1024), (-1024, 200, 0, 968)
+ON_THE_LEFT = (-900, 300, -200, 700)
+
+
+@pytest.fixture(scope="module")
+def desktop():
+    with WineDesktop("monitors", monitors=[PRIMARY, LEFT]) as desktop:
+        yield desktop
+
+
+@pytest.fixture
+def stage(desktop):
+    probe = Probe(desktop, OUT / "build" / "windows" / "tests" / "desktop" / "probe.exe")
+    stage = Stage(desktop, probe, Hands(desktop.display), OUT / "windows" / "tessarine.exe")
+    yield stage
+    stage.clear()
+    probe.close()
+
+
+def test_the_contract_of_moves_and_clicks(desktop):
+    report = OUT / "test" / "contract_monitors.txt"
+    report.parent.mkdir(parents=True, exist_ok=True)
+    with open(report, "wb") as output:
+        code = desktop.start(OUT / "build" / "windows" / "tests" / "platform" / "platform_contract.exe",
+                             "--gtest_filter=Input.AMove*:Input.AClick*", stdout=output, stderr=output).wait(300)
+    text = report.read_text("latin-1")
+    assert code == 0, text[-4000:]
+    assert int(re.search(r"\[  PASSED  \] (\d+) test", text)[1]) == 3
+
+
+@pytest.mark.parametrize("level", [HIGH, MEDIUM, LOW])
+def test_a_job_on_the_left_monitor(stage, level):
+    notepad = stage.notepad()
+    stage.probe.place(notepad.handle, 1, ON_THE_LEFT)
+    text = "many words\n" * 60
+    notepad.set_text(text)
+    word = notepad.character(0)
+    assert word[0] < 0
+    job = stage.job(safety=level)
+    edit = job.target(notepad.chain())
+    job.click(word[0] + 4, word[1], edit)
+    job.pause(700)  # the first press may come late, and must not pair with the next
+    job.double_click(word[0] + 4, word[1], edit)
+    job.type("some ", edit)
+    for _ in range(5):
+        job.wheel(*word, -120, edit)
+    assert stage.run(stage.write(job)) == 0
+    assert notepad.holds("some words\n" + "many words\n" * 59)
+    assert notepad.first_line() > 0, "the wheel has turned"
