@@ -93,6 +93,22 @@ constexpr DictionaryRow rows[] = {
      "L'exécution de la tâche '%1' a échoué", "La ejecución de la tarea '%1' ha fallado"},
     {"Execution of job failed", "Die Ausführung der Aufgabe ist fehlgeschlagen", "L'exécution de la tâche a échoué",
      "La ejecución de la tarea ha fallado"},
+    {"The window '%1' belongs to a program that runs as administrator, and Windows keeps input from it. Start "
+     "Tessarine as administrator and run the job again.",
+     "Das Fenster '%1' gehört zu einem Programm, das als Administrator läuft, und Windows lässt keine Eingaben zu ihm "
+     "durch. Starten Sie Tessarine als Administrator und führen Sie die Aufgabe noch einmal aus.",
+     "La fenêtre '%1' appartient à un programme exécuté en tant qu'administrateur, et Windows ne lui transmet aucune "
+     "saisie. Démarrez Tessarine en tant qu'administrateur et relancez la tâche.",
+     "La ventana '%1' pertenece a un programa que se ejecuta como administrador, y Windows no le deja llegar ninguna "
+     "entrada. Inicie Tessarine como administrador y vuelva a ejecutar la tarea."},
+    {"The desktop cannot be reached: the computer is locked, or Windows asks a question that only you can answer. Run "
+     "the job again after that.",
+     "Der Desktop ist nicht erreichbar: Der Computer ist gesperrt, oder Windows stellt eine Frage, die nur Sie "
+     "beantworten können. Führen Sie die Aufgabe danach noch einmal aus.",
+     "Le bureau est inaccessible\u00A0: l'ordinateur est verrouillé, ou Windows pose une question à laquelle vous seul "
+     "pouvez répondre. Relancez la tâche ensuite.",
+     "No se puede acceder al escritorio: el equipo está bloqueado, o Windows hace una pregunta que solo usted puede "
+     "responder. Después vuelva a ejecutar la tarea."},
 
     // what a screen reader says of controls without a caption
     {"Replay speed in percent", "Wiedergabegeschwindigkeit in Prozent", "Vitesse de rejeu en pourcentage",

@@ -15,6 +15,7 @@
 #include "platform/window_services.h"
 #include "replay/click_spacing.h"
 #include "replay/focus_watch.h"
+#include "replay/reach.h"
 #include "replay/replay_log.h"
 #include "replay/row_descriptions.h"
 #include "replay/send_keystrokes.h"
@@ -119,7 +120,7 @@ private:
     std::int32_t WaitUntil(std::int32_t time) const;
     std::int32_t WaitFor(const JobEvent& event) const;
     double ProgressShare(std::int32_t wait) const;
-    int Wait(std::int32_t ms) const { return TimedWait(ms, escHeld, ProgressShare(ms)); }
+    std::int32_t Wait(std::int32_t ms);
     void BreatheBetweenLateKeys(const JobEvent& event) const;
     void UpdateBar() const;
 
@@ -172,6 +173,7 @@ Replay::Replay(Job& runJob, std::vector<ActionRow>& runRows, std::string& runRea
 }
 
 std::int32_t Replay::Run() {
+    if (const std::int32_t desktop = CheckDesktop(reason); desktop < 1) return desktop;
     DebugTrace("Job started");
     RestoreCapsLock(job.CapsLockState);
     DebugTrace("Capslock State");
@@ -287,6 +289,7 @@ void Replay::PumpNowAndThen() {
 }
 
 Replay::Ending Replay::Play(std::int32_t index) {
+    if (const std::int32_t desktop = CheckDesktop(reason); desktop < 1) return desktop;
     JobEvent& event = job.Events[static_cast<std::size_t>(index)];
     switch (event.dwType()) {
         case platform::InputMouse:
@@ -326,6 +329,12 @@ void Replay::NoteLateness(const JobEvent& event) {
     worstLateness = std::max(worstLateness, Lateness(event));
 }
 
+// WaitDone, or the end of the run: canceled, or the desktop gone meanwhile.
+std::int32_t Replay::Wait(std::int32_t ms) {
+    const int waited = TimedWait(ms, escHeld, ProgressShare(ms));
+    return waited < 1 ? waited : CheckDesktop(reason);
+}
+
 double Replay::ProgressShare(std::int32_t wait) const {
     if (totalMs == 0) return 0;
     return static_cast<double>(status_view::BarMaximum()) * wait * job.SpeedPercent / (totalMs * 100.0);
@@ -363,7 +372,10 @@ int Replay::Search(const JobEvent& event, bool useFocus, std::int32_t waitSecond
     request.waitSeconds = waitSeconds;
     request.graceMs = MsCaughtUp(event);
     request.useFocus = useFocus;
-    return FindTarget(request, job.Windows, job.Chains, reason);
+    const int found = FindTarget(request, job.Windows, job.Chains, reason);
+    // While the desktop is away no window is found either; that is the reason to tell.
+    if (const std::int32_t desktop = CheckDesktop(reason); desktop < 1) return desktop;
+    return found < 1 ? found : CheckReach(useFocus ? Receiver::Keys : Receiver::Mouse, reason);
 }
 
 int Replay::SearchForKeys(const JobEvent& event, std::int32_t waitSeconds) {
@@ -421,7 +433,9 @@ Replay::Ending Replay::CheckKeyWindow(const JobEvent& event) {
 
 void Replay::SearchForKey(const JobEvent& event) {
     const WindowChain& chain = ChainOf(event);
-    if (!ChecksWindows() || KeysStillGoTo(chain)) {
+    if (!ChecksWindows()) {
+        lastResult = CheckReach(Receiver::Keys, reason);
+    } else if (KeysStillGoTo(chain)) {
         lastResult = 1;
     } else if (lastFailedChain < 0) {
         lastResult = SearchForKeys(event, event.WaitForWindow);
@@ -496,7 +510,9 @@ std::int32_t Replay::RecordedLength(const JobEvent& event, const JobEvent& next)
 }
 
 Replay::Ending Replay::CheckTextWindow(const JobEvent& event) {
-    if (!ChecksWindows() || event.WindowChainIndex < 0 || KeysStillGoTo(ChainOf(event))) {
+    if (!ChecksWindows() || event.WindowChainIndex < 0) {
+        lastResult = CheckReach(Receiver::Keys, reason);
+    } else if (KeysStillGoTo(ChainOf(event))) {
         lastResult = 1;
     } else {
         lastResult = SearchForKeys(event, event.WaitForWindow);
@@ -540,6 +556,7 @@ Replay::Ending Replay::TypeWatched(const JobEvent& event, const std::string& tex
     }
     lastResult = SendKeystrokes(text, pacing, escHeld, guard);
     if (found < 1 && event.IfNoWindow == StopExecuting) lastResult = found;
+    if (lastResult == DesktopOutOfReach) reason = DesktopReason();
     if (lastResult < 0) return lastResult;
     return std::nullopt;
 }
@@ -618,6 +635,7 @@ Replay::Ending Replay::Aim(const JobEvent& event) {
         const std::int32_t hold = clickSpacing.HoldBack(event);
         if (hold == 0) break;
         if (const int waited = TimedWait(hold, escHeld, 0); waited < 1) return waited;
+        if (const std::int32_t desktop = CheckDesktop(reason); desktop < 1) return desktop;
         if (clickSpacing.NothingMoved()) break;
         MoveCursor(event.dx(), event.dy());
         if (const Ending ending = CheckMouseWindow(event)) return ending;
@@ -626,14 +644,13 @@ Replay::Ending Replay::Aim(const JobEvent& event) {
 }
 
 Replay::Ending Replay::CheckMouseWindow(const JobEvent& event) {
-    if (event.WindowChainIndex < 0) {
-        lastResult = 1;
-        return std::nullopt;
-    }
+    const bool recorded = event.WindowChainIndex >= 0;
     // Stands before the level is looked at, so it is paid at every level.
-    if (LeafOf(event).ClassName == "NetUIHWND") platform::Sleep(PaneDrawing);
+    if (recorded && LeafOf(event).ClassName == "NetUIHWND") platform::Sleep(PaneDrawing);
     // The wheel goes to the focus, as it was captured; clicks to what is under the cursor, which is in place already.
-    lastResult = ChecksWindows() ? Search(event, event.dwFlags() == WheelFlags, event.WaitForWindow) : 1;
+    const bool useFocus = event.dwFlags() == WheelFlags;
+    lastResult = recorded && ChecksWindows() ? Search(event, useFocus, event.WaitForWindow)
+                                             : CheckReach(useFocus ? Receiver::Keys : Receiver::Mouse, reason);
     if (lastResult > 0) return std::nullopt;
     if (logged) {
         LogLine("Cannot execute command:");

@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "platform/input.h"
 #include "platform/pump.h"
+#include "replay/reach.h"
 #include "replay/status_view.h"
 #include "replay/timing.h"
 #include "sounds/key_sounds.h"
@@ -119,6 +120,7 @@ std::int32_t SendKeystrokes(const std::string& text, const KeystrokePacing& paci
     bool leftOut = false;
     for (std::size_t i = 0; i < compiled.records.size(); ++i) {
         if (EscapePressed(escHeld)) return WaitCanceled;
+        if (!DesktopReachable()) return DesktopOutOfReach;
         const platform::InputRecord& record = compiled.records[i];
         if (!leftOut && guard.beforePress && Presses(record)) {
             const TextStep step = guard.beforePress();

@@ -1,14 +1,17 @@
 // Input that the program injects.
 #include "platform/hooks.h"
 #include "platform/input.h"
+#include "simulated/activation.h"
 #include "simulated/agenda.h"
 #include "simulated/input_flow.h"
+#include "simulated/window_tree.h"
 
 namespace simulated {
 
 namespace {
 
 Injection fate = Injection::Works;
+bool desktopLocked = false;
 
 // A plain modifier becomes the left or the right one, which is what hooks and key states tell.
 int SidedKey(int virtualKey, int scanCode, bool extended) {
@@ -51,7 +54,24 @@ void InjectMouse(const platform::InputRecord& record) {
     }
 }
 
+// Where it would go. Moves get through to the windows of any program.
+WindowHandle ReceiverOf(const platform::InputRecord& record) {
+    if (record.dwType() == platform::InputKeyboard || (record.dwFlags() & platform::MouseWheel) != 0) {
+        return KeyTarget();
+    }
+    const bool moves = (record.dwFlags() & platform::MouseMove) != 0;
+    return moves ? 0 : HitTest(platform::CursorPosition());
+}
+
+bool IsLost(const platform::InputRecord& record) {
+    return desktopLocked || !platform::TakesOurInput(ReceiverOf(record));
+}
+
 }  // namespace
+
+void LockDesktop(bool locked) {
+    desktopLocked = locked;
+}
 
 void SetInjection(Injection newFate) {
     fate = newFate;
@@ -64,6 +84,7 @@ namespace platform {
 int SendInput(const InputRecord& record) {
     const bool known = record.dwType() == InputMouse || record.dwType() == InputKeyboard;
     if (!known || simulated::fate == simulated::Injection::Refused) return 0;
+    if (simulated::IsLost(record)) return 1;
     simulated::NoteInput();
     simulated::WriteDown(true, simulated::NowMs(), record);
     if (record.dwType() == InputMouse) {
@@ -72,6 +93,15 @@ int SendInput(const InputRecord& record) {
         simulated::InjectKey(record);
     }
     return 1;
+}
+
+bool InputReachesDesktop() {
+    return !simulated::desktopLocked;
+}
+
+bool TakesOurInput(WindowHandle window) {
+    const simulated::Window* top = simulated::TopLevelOf(window);
+    return top == nullptr || !top->getsNoInput;
 }
 
 }  // namespace platform
