@@ -1,16 +1,11 @@
 #include "dictionary/dictionary_table.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <map>
 #include <regex>
 #include <set>
-#include <string>
-#include <vector>
 
 #include "platform/text.h"
+#include "support/story.h"
 #include "support/wording.h"
 
 namespace {

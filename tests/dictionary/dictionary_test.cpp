@@ -1,13 +1,8 @@
 #include "dictionary/dictionary.h"
 
-#include <gtest/gtest.h>
-
-#include <utility>
-#include <vector>
-
 #include "platform/registry.h"
 #include "platform/text.h"
-#include "simulated/desktop.h"
+#include "support/story.h"
 
 namespace {
 

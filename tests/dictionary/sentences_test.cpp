@@ -1,20 +1,13 @@
 #include "dictionary/sentences.h"
 
-#include <gmock/gmock.h>
-
-#include <cstdint>
 #include <limits>
-#include <vector>
 
 #include "dictionary/dictionary.h"
 #include "platform/text.h"
+#include "support/story.h"
 #include "support/wording.h"
 
 namespace {
-
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 struct Texts {
     std::string label;

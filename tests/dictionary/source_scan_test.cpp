@@ -1,8 +1,5 @@
 // Holds the places where the sources look a text up in the dictionary against its tables. A place whose keys are not
 // plain literals fails as well: nobody could tell whether the tables have them.
-#include <gmock/gmock.h>
-
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -10,10 +7,9 @@
 #include <set>
 
 #include "dictionary/dictionary.h"
+#include "support/story.h"
 
 namespace {
-
-using testing::IsEmpty;
 
 struct Lookup {
     std::string place;     // for messages: file, line, call

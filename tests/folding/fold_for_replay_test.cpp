@@ -1,15 +1,10 @@
-#include <gmock/gmock.h>
-
-#include "base/runtime_failure.h"
 #include "folding/puni_listu.h"
 #include "folding/row_lines.h"
 #include "jobs/job_file.h"
-#include "simulated/files.h"
 #include "support/job_builder.h"
+#include "support/story.h"
 
 namespace {
-
-using testing::ElementsAre;
 
 JobBuilder Session() {
     JobBuilder job;

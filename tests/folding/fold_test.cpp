@@ -1,16 +1,10 @@
 #include "folding/fold.h"
 
-#include <gmock/gmock.h>
-
 #include "folding/row_lines.h"
-#include "support/boxes.h"
-#include "support/failures.h"
 #include "support/job_builder.h"
+#include "support/story.h"
 
 namespace {
-
-using testing::ElementsAre;
-using testing::EndsWith;
 
 constexpr int Enter = 13;
 constexpr int F5 = 116;

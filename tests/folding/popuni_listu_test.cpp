@@ -1,23 +1,14 @@
 #include "folding/popuni_listu.h"
 
-#include <gmock/gmock.h>
-
-#include <algorithm>
-
-#include "base/runtime_failure.h"
 #include "folding/puni_listu.h"
 #include "folding/random_job.h"
 #include "folding/row_lines.h"
 #include "jobs/job_file.h"
-#include "simulated/desktop.h"
-#include "simulated/files.h"
 #include "support/job_builder.h"
 #include "support/open_in_editor.h"
+#include "support/story.h"
 
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 const std::string path = "C:\\jobs\\My job.tsj";
 

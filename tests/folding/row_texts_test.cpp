@@ -1,19 +1,13 @@
 #include "folding/row_texts.h"
 
-#include <gmock/gmock.h>
-
 #include "dictionary/dictionary.h"
 #include "folding/popuni_listu.h"
 #include "folding/row_lines.h"
-#include "support/boxes.h"
-#include "support/failures.h"
 #include "support/job_builder.h"
 #include "support/open_in_editor.h"
+#include "support/story.h"
 
 namespace {
-
-using testing::ElementsAre;
-using testing::EndsWith;
 
 const JobBuilder::Level notepad{"Notepad", "Untitled"};
 const JobBuilder::Level edit{"Edit", "", 15};

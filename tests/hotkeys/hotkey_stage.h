@@ -1,18 +1,13 @@
 // A main window that hears hotkeys, a table of three jobs, and a user who presses combinations.
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include "hotkeys/hotkey_messages.h"
 #include "hotkeys/hotkey_table.h"
 #include "identity/window_identity.h"
-#include "platform/pump.h"
-#include "platform/simulated/desktop.h"
-#include "platform/simulated/files.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
-#include "support/boxes.h"
 #include "support/hotkey_view_stand_in.h"
+#include "support/story.h"
 
 inline constexpr int ControlKey = 17;
 inline constexpr int ShiftKey = 16;

@@ -1,10 +1,6 @@
 #include "hotkeys/hotkey_table.h"
 
-#include "base/runtime_failure.h"
 #include "hotkeys/hotkey_stage.h"
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

@@ -1,11 +1,7 @@
 #include "hotkeys/job_hotkey.h"
 
-#include "base/runtime_failure.h"
 #include "hotkeys/hotkey_stage.h"
 #include "support/wording.h"
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

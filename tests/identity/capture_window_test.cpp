@@ -1,20 +1,10 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include "base/runtime_failure.h"
 #include "identity/window_identity.h"
-#include "platform/window_services.h"
-#include "simulated/desktop.h"
+#include "support/story.h"
 
 namespace {
 
 using platform::WindowHandle;
 using simulated::AddWindow;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // A program with a dialog in which a button lies in a group.
 class CaptureWindowOf : public testing::Test {

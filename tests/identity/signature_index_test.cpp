@@ -1,15 +1,7 @@
 // Captures find their signatures through an index; what they store must be what a plain walk over the array stores.
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <random>
-#include <string>
-#include <vector>
-
 #include "base/text.h"
 #include "identity/window_identity.h"
-#include "platform/window_services.h"
-#include "simulated/desktop.h"
+#include "support/story.h"
 
 namespace {
 

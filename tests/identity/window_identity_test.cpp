@@ -1,12 +1,6 @@
 #include "identity/window_identity.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-#include <vector>
-
-#include "simulated/desktop.h"
+#include "support/story.h"
 
 namespace {
 

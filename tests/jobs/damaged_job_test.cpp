@@ -1,13 +1,8 @@
 // Job files that are not what they should be: the reader may refuse them, but it may not crash, hang, believe a count,
 // or leave its caller with half a job.
-#include <gmock/gmock.h>
-
-#include "base/runtime_failure.h"
 #include "jobs/sample_job.h"
-#include "platform/simulated/files.h"
 #include "support/allocation_meter.h"
-
-using testing::HasSubstr;
+#include "support/story.h"
 
 namespace {
 

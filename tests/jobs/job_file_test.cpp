@@ -1,13 +1,8 @@
 #include "jobs/job_file.h"
 
-#include <gmock/gmock.h>
-
 #include "jobs/sample_job.h"
-#include "platform/simulated/files.h"
 #include "support/disk_faults.h"
-#include "support/failures.h"
-
-using testing::IsEmpty;
+#include "support/story.h"
 
 namespace {
 

@@ -1,11 +1,5 @@
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include "base/runtime_failure.h"
 #include "keystrokes/notation.h"
-#include "platform/input.h"
+#include "support/story.h"
 
 namespace {
 

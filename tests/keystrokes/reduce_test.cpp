@@ -1,13 +1,5 @@
-#include <gtest/gtest.h>
-
-#include <random>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "keystrokes/notation.h"
-#include "platform/input.h"
-#include "simulated/desktop.h"
+#include "support/story.h"
 
 namespace {
 

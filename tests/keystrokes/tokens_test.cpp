@@ -1,10 +1,5 @@
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "keystrokes/notation.h"
-#include "simulated/desktop.h"
+#include "support/story.h"
 
 namespace {
 

@@ -1,10 +1,6 @@
-#include "base/runtime_failure.h"
 #include "hotkeys/hotkey_table.h"
 #include "library/job_shortcut.h"
 #include "library/library_stage.h"
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

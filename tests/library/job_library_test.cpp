@@ -1,12 +1,8 @@
 #include "library/job_library.h"
 
-#include "base/runtime_failure.h"
 #include "library/library_stage.h"
 #include "platform/registry.h"
 #include "support/wording.h"
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

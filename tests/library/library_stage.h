@@ -1,16 +1,12 @@
 // A data folder with jobs, and a desktop.
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include "jobs/job_file.h"
 #include "library/job_library.h"
-#include "platform/simulated/desktop.h"
-#include "platform/simulated/files.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
-#include "support/boxes.h"
 #include "support/library_view_stand_in.h"
+#include "support/story.h"
 
 class LibraryStage : public testing::Test {
 protected:

@@ -1,13 +1,9 @@
 #include "library/save_as.h"
 
-#include "base/runtime_failure.h"
 #include "jobs/job_name.h"
 #include "library/job_shortcut.h"
 #include "library/library_stage.h"
 #include "support/wording.h"
-
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 namespace {
 

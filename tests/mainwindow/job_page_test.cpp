@@ -1,22 +1,14 @@
 #include "mainwindow/job_page.h"
 
-#include <gmock/gmock.h>
-
-#include "base/runtime_failure.h"
 #include "jobs/job_file.h"
 #include "library/job_library.h"
-#include "platform/simulated/desktop.h"
-#include "platform/simulated/files.h"
 #include "recording/recording_state.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
 #include "support/job_page_view_stand_in.h"
 #include "support/shell_stand_in.h"
+#include "support/story.h"
 #include "support/wording.h"
-
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

@@ -1,14 +1,8 @@
 #include "mainwindow/recent_menu.h"
 
-#include <gmock/gmock.h>
-
-#include "base/runtime_failure.h"
-#include "platform/simulated/desktop.h"
-#include "platform/simulated/files.h"
 #include "settings/settings.h"
 #include "support/shell_stand_in.h"
-
-using testing::ElementsAre;
+#include "support/story.h"
 
 namespace {
 

@@ -22,14 +22,13 @@
 #include "other_desktop.h"
 #include "platform/clock.h"
 #include "platform/files.h"
-#include "platform/pump.h"
 #include "random_user.h"
 #include "recording/recording_session.h"
 #include "replay/run_job.h"
 #include "replay/target_search.h"
 #include "settings/settings.h"
-#include "simulated/desktop.h"
 #include "support/recording_view_stand_in.h"
+#include "support/story.h"
 
 namespace {
 

@@ -1,13 +1,10 @@
 // A press on one of our own windows whose slot cannot be given back, since another hook call has taken the next one
 // meanwhile. A CaptureWindow stands in here that finds only windows of ours, and pumps before it says so.
-#include <gtest/gtest.h>
-
 #include "identity/window_identity.h"
-#include "platform/pump.h"
 #include "recording/input_capture.h"
 #include "recording/recording_session.h"
 #include "settings/settings.h"
-#include "simulated/desktop.h"
+#include "support/story.h"
 
 WindowArrays windowArrays;
 OwnWindows ownWindows;

@@ -1,12 +1,9 @@
 #include "random_user.h"
 
 #include <map>
-#include <random>
 
 #include "identity/window_identity.h"
-#include "platform/pump.h"
-#include "platform/window_services.h"
-#include "simulated/desktop.h"
+#include "support/story.h"
 
 namespace {
 

@@ -1,11 +1,7 @@
 #include "recording/recording_session.h"
 
-#include "base/runtime_failure.h"
 #include "recording/start_app.h"
 #include "recording_stage.h"
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

@@ -2,24 +2,15 @@
 // recording under way, and a look at what it holds.
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "identity/window_identity.h"
-#include "platform/clock.h"
 #include "platform/hooks.h"
-#include "platform/pump.h"
-#include "platform/window_services.h"
 #include "recording/input_capture.h"
 #include "recording/recording_session.h"
 #include "recording/recording_state.h"
 #include "recording/recording_status.h"
 #include "settings/settings.h"
-#include "simulated/desktop.h"
 #include "support/recording_view_stand_in.h"
+#include "support/story.h"
 
 inline constexpr int PauseBreak = 19;
 inline constexpr int ScrollLockKey = 145;

@@ -1,21 +1,13 @@
 #include "replay/replay_events.h"
 
-#include <gmock/gmock.h>
-
-#include <functional>
 #include <limits>
-#include <utility>
 
-#include "base/runtime_failure.h"
 #include "replay/replay_log.h"
 #include "replay/timing.h"
 #include "replay_stage.h"
-#include "support/boxes.h"
 
 using platform::WindowHandle;
 using simulated::TextOf;
-using testing::ElementsAre;
-using testing::HasSubstr;
 
 namespace {
 

@@ -1,20 +1,13 @@
 // What a story of a replay is told with: a Notepad on the simulated desktop, a job for it, and a look at what arrived.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "folding/puni_listu.h"
-#include "platform/clock.h"
-#include "platform/window_services.h"
 #include "replay/replay_events.h"
 #include "replay/target_search.h"
 #include "settings/settings.h"
-#include "simulated/desktop.h"
 #include "support/job_builder.h"
 #include "support/status_view_stand_in.h"
+#include "support/story.h"
 
 class ReplayStage : public testing::Test {
 protected:

@@ -1,27 +1,17 @@
 #include "replay/run_job.h"
 
-#include <gmock/gmock.h>
-
 #include <new>
 
-#include "base/runtime_failure.h"
 #include "base/text.h"
 #include "jobs/job_file.h"
 #include "platform/hooks.h"
-#include "platform/pump.h"
 #include "replay/timing.h"
 #include "replay_stage.h"
 #include "settings/folders.h"
-#include "simulated/files.h"
-#include "support/boxes.h"
 #include "support/main_window_view_stand_in.h"
 #include "support/wording.h"
 
 using simulated::TextOf;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 namespace {
 
@@ -32,9 +22,7 @@ constexpr int Shift = 160;
 
 class RunJobTest : public ReplayStage {
 protected:
-    RunJobTest() {
-        simulated::PutFolder("C:\\Data");
-    }
+    RunJobTest() { simulated::PutFolder("C:\\Data"); }
 
     std::int32_t Run(const std::string& logPath = "", bool noInputBlock = true) {
         Job built = job.Built();

@@ -1,21 +1,12 @@
 #include "replay/send_keystrokes.h"
 
-#include <gtest/gtest.h>
-
 #include <set>
-#include <string>
-#include <utility>
-#include <vector>
 
-#include "base/runtime_failure.h"
-#include "platform/clock.h"
-#include "platform/input.h"
 #include "replay/timing.h"
 #include "settings/settings.h"
-#include "simulated/desktop.h"
 #include "sounds/key_sounds.h"
-#include "support/boxes.h"
 #include "support/status_view_stand_in.h"
+#include "support/story.h"
 
 namespace {
 

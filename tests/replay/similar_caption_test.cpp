@@ -1,11 +1,6 @@
 #include "replay/similar_caption.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include "simulated/desktop.h"
+#include "support/story.h"
 
 namespace {
 

@@ -1,17 +1,10 @@
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "dictionary/dictionary.h"
-#include "platform/clock.h"
 #include "platform/text.h"
 #include "replay/replay_log.h"
 #include "replay/status.h"
-#include "simulated/desktop.h"
-#include "simulated/files.h"
 #include "support/disk_faults.h"
 #include "support/status_view_stand_in.h"
+#include "support/story.h"
 
 namespace {
 

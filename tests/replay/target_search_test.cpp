@@ -1,20 +1,11 @@
 #include "replay/target_search.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "dictionary/dictionary.h"
 #include "identity/live_chain.h"
 #include "identity/window_identity.h"
-#include "platform/clock.h"
-#include "platform/input.h"
-#include "platform/window_services.h"
 #include "settings/settings.h"
-#include "simulated/desktop.h"
-#include "support/failures.h"
 #include "support/status_view_stand_in.h"
+#include "support/story.h"
 
 namespace {
 

@@ -1,16 +1,10 @@
 #include "replay/timing.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
-#include <vector>
 
-#include "platform/clock.h"
-#include "platform/input.h"
 #include "settings/settings.h"
-#include "simulated/desktop.h"
-#include "support/failures.h"
 #include "support/status_view_stand_in.h"
+#include "support/story.h"
 
 namespace {
 

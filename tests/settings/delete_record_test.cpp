@@ -1,12 +1,5 @@
-#include <gmock/gmock.h>
-
-#include "base/runtime_failure.h"
 #include "settings/sample_settings.h"
-#include "support/boxes.h"
-
-using testing::EndsWith;
-using testing::IsEmpty;
-using testing::SizeIs;
+#include "support/story.h"
 
 namespace {
 

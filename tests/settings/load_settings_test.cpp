@@ -1,13 +1,6 @@
-#include <gmock/gmock.h>
-
-#include "platform/simulated/files.h"
 #include "settings/sample_settings.h"
 #include "support/allocation_meter.h"
-#include "support/boxes.h"
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
+#include "support/story.h"
 
 namespace {
 

@@ -1,14 +1,10 @@
 // What command lines ask for, and the bytes in which one is handed over.
 #include "shell/command_line.h"
 
-#include <gtest/gtest.h>
-
-#include "base/runtime_failure.h"
 #include "mainwindow/form_visible.h"
 #include "shell/copy_data.h"
-#include "simulated/files.h"
-#include "support/boxes.h"
 #include "support/shell_stand_in.h"
+#include "support/story.h"
 
 namespace {
 

@@ -1,24 +1,15 @@
 #include "shell/data_folder.h"
 
-#include <gmock/gmock.h>
-
 #include "platform/files.h"
 #include "platform/registry.h"
-#include "platform/simulated/desktop.h"
-#include "platform/simulated/files.h"
 #include "settings/folders.h"
-#include "support/boxes.h"
 #include "support/library_view_stand_in.h"
 #include "support/options_view_stand_in.h"
+#include "support/story.h"
 #include "support/wording.h"
 
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::IsEmpty;
 using testing::Optional;
 using testing::ResultOf;
-using testing::SizeIs;
-using testing::StartsWith;
 
 namespace {
 

@@ -1,26 +1,18 @@
 // A start of the program from the first question to the window on the screen, and its end.
 #include "shell/startup.h"
 
-#include <gmock/gmock.h>
-
-#include "base/runtime_failure.h"
 #include "mainwindow/form_visible.h"
 #include "mainwindow/tray_events.h"
 #include "platform/tray.h"
 #include "platform/registry.h"
-#include "platform/window_services.h"
 #include "replay/run_job.h"
 #include "replay/timing.h"
 #include "scheduler/schedule_list.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
 #include "shell/exit.h"
-#include "simulated/desktop.h"
-#include "simulated/files.h"
-#include "support/boxes.h"
 #include "support/shell_stand_in.h"
-
-using testing::ElementsAre;
+#include "support/story.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #include "support/library_view_stand_in.h"
 
 #include "library/library_view.h"
+#include "support/recorder.h"
 
 LibraryViewStandIn libraryViewStandIn;
 
@@ -14,16 +15,8 @@ void AddScheduleJob(const std::string& name) {
     libraryViewStandIn.Lista_Schedule.push_back(name);
 }
 
-void Jobs_Edit_Enabled(bool enable) {
-    libraryViewStandIn.jobsEditEnabled = enable;
-}
-
-void ShowStartsWithWindows(bool ticked) {
-    libraryViewStandIn.startsWithWindows = ticked;
-}
-
-void ShowDataFolder(const std::string& folder) {
-    libraryViewStandIn.dataFolder = folder;
-}
+KEEPS(Jobs_Edit_Enabled, bool, libraryViewStandIn.jobsEditEnabled)
+KEEPS(ShowStartsWithWindows, bool, libraryViewStandIn.startsWithWindows)
+KEEPS(ShowDataFolder, const std::string&, libraryViewStandIn.dataFolder)
 
 }  // namespace library_view

@@ -7,6 +7,7 @@
 #include "recording/session_view.h"
 #include "recording/start_app_view.h"
 #include "simulated/desktop.h"
+#include "support/recorder.h"
 
 RecordingViewStandIn recordingViewStandIn;
 
@@ -59,29 +60,12 @@ void Unload() {
     ownWindows.recordingStatus = view.window = 0;
 }
 
-void SetCommand1(const std::string& caption) {
-    view.command1Caption = caption;
-}
-
-void SetCommand2(const std::string& caption) {
-    view.command2Caption = caption;
-}
-
-void SetLabel1(const std::string& text) {
-    view.label1 = text;
-}
-
-void SetInfo(const std::string& text) {
-    view.info = text;
-}
-
-void SetTime(const std::string& text) {
-    view.time = text;
-}
-
-void ShowIndicator(bool visible) {
-    view.indicator = visible;
-}
+KEEPS(SetCommand1, const std::string&, view.command1Caption)
+KEEPS(SetCommand2, const std::string&, view.command2Caption)
+KEEPS(SetLabel1, const std::string&, view.label1)
+KEEPS(SetInfo, const std::string&, view.info)
+KEEPS(SetTime, const std::string&, view.time)
+KEEPS(ShowIndicator, bool, view.indicator)
 
 }  // namespace recording_view
 
@@ -109,9 +93,7 @@ void Show() {
     Note("counter");
 }
 
-void SetDigitsBlack(bool black) {
-    view.digitsBlack = black;
-}
+KEEPS(SetDigitsBlack, bool, view.digitsBlack)
 
 void ShowNumber(int number) {
     view.numbers.emplace_back(platform::TickCount(), number);
@@ -125,17 +107,9 @@ void Unload() {
 
 namespace session_view {
 
-bool RunUnderWay() {
-    return view.runUnderWay;
-}
-
-void GiveHotkeys() {
-    Note("GiveHotkeys");
-}
-
-void TakeHotkeys() {
-    Note("TakeHotkeys");
-}
+ANSWERS(bool, RunUnderWay, view.runUnderWay)
+NOTES(view.calls, GiveHotkeys)
+NOTES(view.calls, TakeHotkeys)
 
 bool AskToStart(const std::string& text, const std::string&) {
     Note("AskToStart");
@@ -143,13 +117,8 @@ bool AskToStart(const std::string& text, const std::string&) {
     return view.userIsReady;
 }
 
-bool MainWindowIsVisible() {
-    return view.mainWindowVisible;
-}
-
-void MinimiseMainWindow() {
-    Note("MinimiseMainWindow");
-}
+ANSWERS(bool, MainWindowIsVisible, view.mainWindowVisible)
+NOTES(view.calls, MinimiseMainWindow)
 
 void HideMainWindow() {
     Note("HideMainWindow");
@@ -163,9 +132,7 @@ void ShowMainWindow() {
     simulated::SetVisible(ownWindows.main, true);
 }
 
-void PutEditorAside() {
-    Note("PutEditorAside");
-}
+NOTES(view.calls, PutEditorAside)
 
 void ZavrsiUmetanjeSnimanjem() {
     Note("ZavrsiUmetanjeSnimanjem");
@@ -177,8 +144,6 @@ void ShowSaveAs() {
     if (view.saveAs) view.saveAs();
 }
 
-std::int32_t DoubleClickTime() {
-    return view.doubleClickTime;
-}
+ANSWERS(std::int32_t, DoubleClickTime, view.doubleClickTime)
 
 }  // namespace session_view

@@ -5,6 +5,7 @@
 #include "mainwindow/form_view.h"
 #include "replay/run_job.h"
 #include "shell/shell_view.h"
+#include "support/recorder.h"
 
 ShellStandIn shellStandIn;
 
@@ -23,53 +24,22 @@ int PlaceOf(const std::string& call) {
 
 namespace shell_view {
 
-void CreateMainWindow() {
-    Note("CreateMainWindow");
-}
-
-void PrepareMainWindow() {
-    Note("PrepareMainWindow");
-}
-
-void InstallProcedures() {
-    Note("InstallProcedures");
-}
-
-void RestoreJobListProcedure() {
-    Note("RestoreJobListProcedure");
-}
-
-void RestoreScheduleListProcedure() {
-    Note("RestoreScheduleListProcedure");
-}
-
-void RestoreMainProcedure() {
-    Note("RestoreMainProcedure");
-}
-
-void RestoreWindowPosition() {
-    Note("RestoreWindowPosition");
-}
-
-void ShowOptions() {
-    Note("ShowOptions");
-}
-
-void PodesiRjecnik() {
-    Note("PodesiRjecnik");
-}
+NOTES(shellStandIn.calls, CreateMainWindow)
+NOTES(shellStandIn.calls, PrepareMainWindow)
+NOTES(shellStandIn.calls, InstallProcedures)
+NOTES(shellStandIn.calls, RestoreJobListProcedure)
+NOTES(shellStandIn.calls, RestoreScheduleListProcedure)
+NOTES(shellStandIn.calls, RestoreMainProcedure)
+NOTES(shellStandIn.calls, RestoreWindowPosition)
+NOTES(shellStandIn.calls, ShowOptions)
+NOTES(shellStandIn.calls, PodesiRjecnik)
 
 void BringToNormal() {
     if (shellStandIn.minimised) form_view::BringToNormal();
 }
 
-void StaviFocus() {
-    Note("StaviFocus");
-}
-
-void RemoveTrayIcon() {
-    Note("RemoveTrayIcon");
-}
+NOTES(shellStandIn.calls, StaviFocus)
+NOTES(shellStandIn.calls, RemoveTrayIcon)
 
 void EndProcess() {
     Note("EndProcess");
@@ -85,26 +55,16 @@ void SetVisible(bool visible) {
     shellStandIn.visible = visible;
 }
 
-bool IsMinimised() {
-    return shellStandIn.minimised;
-}
+ANSWERS(bool, IsMinimised, shellStandIn.minimised)
 
 void BringToNormal() {
     Note("BringToNormal");
     shellStandIn.minimised = false;
 }
 
-bool IsEnabled() {
-    return shellStandIn.enabled;
-}
-
-void SetTrayOpenCaption(const std::string& caption) {
-    shellStandIn.trayOpenCaption = caption;
-}
-
-void OpenTrayMenu() {
-    Note("OpenTrayMenu");
-}
+ANSWERS(bool, IsEnabled, shellStandIn.enabled)
+KEEPS(SetTrayOpenCaption, const std::string&, shellStandIn.trayOpenCaption)
+NOTES(shellStandIn.calls, OpenTrayMenu)
 
 }  // namespace form_view
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "replay/status_view.h"
+#include "support/recorder.h"
 
 StatusViewStandIn statusViewStandIn;
 
@@ -35,13 +36,8 @@ void ShowExecuting() {
     view.barVisible = true;
 }
 
-bool ExecutingVisible() {
-    return view.executing.visible;
-}
-
-platform::Rect ExecutingRectangle() {
-    return view.executing.rectangle;
-}
+ANSWERS(bool, ExecutingVisible, view.executing.visible)
+ANSWERS(platform::Rect, ExecutingRectangle, view.executing.rectangle)
 
 void MoveExecuting(std::int32_t left) {
     MoveTo(view.executing.rectangle, left);
@@ -56,9 +52,7 @@ void StopDodging() {
     view.dodging = false;
 }
 
-void ShowCloseButton(bool show) {
-    view.closeButtonVisible = show;
-}
+KEEPS(ShowCloseButton, bool, view.closeButtonVisible)
 
 void ClearList() {
     view.list.clear();
@@ -87,30 +81,21 @@ void SelectLine(int index) {
     if (LineExists(index)) view.selectedLine = index;
 }
 
-int SelectedLine() {
-    return view.selectedLine;
-}
+ANSWERS(int, SelectedLine, view.selectedLine)
 
 void ScrollListDown() {
     ++view.topIndex;
 }
 
-void ShowBar(bool show) {
-    view.barVisible = show;
-}
+KEEPS(ShowBar, bool, view.barVisible)
 
 void SetBar(int value) {
     view.barValue = std::clamp(value, 0, view.barMaximum);
     Remember(view.barHistory, view.barValue);
 }
 
-int BarValue() {
-    return view.barValue;
-}
-
-int BarMaximum() {
-    return view.barMaximum;
-}
+ANSWERS(int, BarValue, view.barValue)
+ANSWERS(int, BarMaximum, view.barMaximum)
 
 void ShowExecuting2(const std::string& jobName) {
     view.executing2.visible = true;
@@ -121,24 +106,14 @@ void UnloadExecuting2() {
     view.executing2.visible = false;
 }
 
-bool Executing2Visible() {
-    return view.executing2.visible;
-}
-
-platform::Rect Executing2Rectangle() {
-    return view.executing2.rectangle;
-}
+ANSWERS(bool, Executing2Visible, view.executing2.visible)
+ANSWERS(platform::Rect, Executing2Rectangle, view.executing2.rectangle)
 
 void MoveExecuting2(std::int32_t left) {
     MoveTo(view.executing2.rectangle, left);
 }
 
-void SetSecondLabel(const std::string& text) {
-    view.secondLabel = text;
-}
-
-int PixelsPerInch() {
-    return view.pixelsPerInch;
-}
+KEEPS(SetSecondLabel, const std::string&, view.secondLabel)
+ANSWERS(int, PixelsPerInch, view.pixelsPerInch)
 
 }  // namespace status_view

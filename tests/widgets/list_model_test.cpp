@@ -1,12 +1,8 @@
 #include "widgets/list_model.h"
 
-#include <gmock/gmock.h>
-
-#include "base/runtime_failure.h"
+#include "support/story.h"
 
 using platform::Point;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
