@@ -99,7 +99,7 @@ TEST(DictionaryTable, IsWordedAsEachLanguageWantsIt) {
             {LanguageGerman, row.german}, {LanguageFrench, row.french}, {LanguageSpanish, row.spanish}};
         for (const auto& [language, text] : texts) {
             SetLanguage(language);
-            EXPECT_THAT(FaultsOf(platform::FromUtf8(WithMarkersFilled(text))), testing::IsEmpty()) << row.english;
+            EXPECT_THAT(FaultsOf(platform::FromUtf8(WithMarkersFilled(text))), IsEmpty()) << row.english;
         }
     }
 }
@@ -156,8 +156,7 @@ TEST(DictionaryTable, RepeatsOnlyTheKnownKeys) {
     for (const auto& [key, rows] : rowsOfKey) {
         if (rows > 1) repeated.insert(key);
     }
-    EXPECT_THAT(repeated,
-                testing::ElementsAre("cannot delete file", "change", "failed", "file not found", "start time"));
+    EXPECT_THAT(repeated, ElementsAre("cannot delete file", "change", "failed", "file not found", "start time"));
 }
 
 }  // namespace

@@ -180,7 +180,7 @@ TEST(Sources, LookUpOnlyWhatTheTablesHold) {
     std::set<std::string> keys;
     for (const Lookup& lookup : LookupsUnder(SOURCE_FOLDER)) {
         SCOPED_TRACE(lookup.place);
-        EXPECT_THAT(lookup.keys, testing::Not(IsEmpty())) << "not a literal";
+        EXPECT_THAT(lookup.keys, Not(IsEmpty())) << "not a literal";
         for (const std::string& key : lookup.keys) {
             EXPECT_EQ(MarkersIn(key), MarkersFilledBy(lookup.function));
             for (int language = LanguageEnglish; language <= LanguageFrench; ++language) {

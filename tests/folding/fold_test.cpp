@@ -129,10 +129,6 @@ TEST(Fold, WheelNotchesShareRowAndKeepFromKeys) {
         {"of two windows",
          InNotepad().Wheel(120).InWindow(notepad).Wheel(120),
          {"keys 0-0 {WHEEL UP}", "keys 1-1 {WHEEL UP}"}},
-        {"without a window", JobBuilder().Wheel(120).Wheel(120), {"keys 0-0 {WHEEL UP}", "keys 1-1 {WHEEL UP}"}},
-        {"after moves, and before them",
-         InNotepad().Move(1, 1).Wheel(120).Move(2, 2).Click(Left, 2, 2),
-         {"moves 0-0 to 1,1", "keys 1-1 {WHEEL UP}", "moves 2-2 to 2,2", "left down 3-4"}},
         {"keys and notches in turn",
          InNotepad().Type("a").Wheel(120).Type("b"),
          {"keys 0-1 a", "keys 2-2 {WHEEL UP}", "keys 3-4 b"}},
@@ -146,15 +142,6 @@ TEST(Fold, WheelNotchesShareRowAndKeepFromKeys) {
          InNotepad().KeyDown(LeftCtrl).Wheel(-120).KeyUp(LeftCtrl).Wheel(-120),
          {"keys 0-0 {L_CTRL DOWN}", "keys 1-2 {WHEEL DOWN}{L_CTRL UP}", "keys 3-3 {WHEEL DOWN}"}},
     });
-}
-
-TEST(Fold, WheelNotchTakesTheTimeAndTypeOfTextEvent) {
-    const FoldedJob folded = Folded(InNotepad().At(700).Wheel(-120).Wheel(120).Built());
-    const JobEvent& head = folded.job.Events[0];
-    const JobEvent& second = folded.job.Events[1];
-    EXPECT_THAT((std::vector{head.dwType(), head.StringIndex(), head.time()}), ElementsAre(INPUT_TEXT, 1, 700));
-    EXPECT_THAT((std::vector{second.dwType(), second.StringIndex(), second.time()}),
-                ElementsAre(TextContinuation, 1, 710));
 }
 
 TEST(Fold, AutoRepeatOfHeldModifierIsLeftOut) {
@@ -194,13 +181,6 @@ TEST(Fold, StoredTextIsRowWithItsContinuations) {
     EXPECT_EQ(row.Depth, 1);
     // The first text of the file now belongs to the second row.
     for (const std::size_t event : {3U, 4U, 6U}) EXPECT_EQ(folded.job.Events[event].StringIndex(), 2) << event;
-}
-
-TEST(Fold, KeysJoinStoredTextOnlyAfterRowOfTheirWindow) {
-    ExpectRows({
-        {"first in the job", InNotepad().TextRow("x").Type("a"), {"keys 0-0 x", "keys 1-2 a"}},
-        {"after keys", InNotepad().Type("a").TextRow("x").Type("b"), {"keys 0-1 a", "keys 2-4 xb"}},
-    });
 }
 
 TEST(Fold, NumbersCountAllRowsButRunsOfMoves) {

@@ -14,26 +14,6 @@ TEST_F(Hotkeys, StartWhatBelongsToThemWhateverWindowHasTheFocus) {
     EXPECT_THAT(Press({AltKey}, 'A'), IsEmpty());
 }
 
-TEST_F(Hotkeys, OfAnotherProgramAreSilentlyDead) {
-    UnregisterAllHotkeys();
-    EXPECT_EQ(simulated::RegisteredHotkeys(), 0);
-    simulated::OtherProgramHoldsHotkey(HotkeyControl, 'A');
-    RegisterAllHotkeys();
-    EXPECT_THAT(Press({ControlKey}, 'A'), IsEmpty());
-    EXPECT_THAT(Press({ShiftKey}, 'C'), ElementsAre("start " + PathOf("three")));
-    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
-}
-
-TEST_F(Hotkeys, AreFoundByJobInAnyCaseAndByKeys) {
-    EXPECT_EQ(FindHotkeyByJob("c:\\JOBS\\One.tsj"), 0);
-    EXPECT_EQ(FindHotkeyByJob(PathOf("two")), 1);
-    EXPECT_EQ(FindHotkeyByJob("two.tsj"), NoHotkey);
-    EXPECT_EQ(FindHotkeyByKeys(HotkeyShift, 'C'), 2);
-    EXPECT_EQ(FindHotkeyByKeys(HotkeyShift | HotkeyAlt, 'C'), NoHotkey);
-    settings.Hotkeys.clear();
-    EXPECT_EQ(FindHotkeyByJob(PathOf("one")), NoHotkey);
-}
-
 TEST_F(Hotkeys, BehindADroppedOneGoOnUnderLowerIds) {
     DropHotkeyOfJob(PathOf("two"));
     EXPECT_THAT(Press({ControlKey, AltKey}, 'B'), IsEmpty());
@@ -46,7 +26,7 @@ TEST_F(Hotkeys, BehindADroppedOneGoOnUnderLowerIds) {
 
 TEST_F(Hotkeys, AboveTheTableAreToldAndFail) {
     EXPECT_THROW(OnHotkey(4), RuntimeFailure);
-    EXPECT_THAT(Boxes(), ElementsAre(testing::EndsWith("|HotKey error!")));
+    EXPECT_THAT(Boxes(), ElementsAre(EndsWith("|HotKey error!")));
     OnHotkey(-2);  // the system's own: a snapshot of the desktop
     EXPECT_THAT(hotkeyViewStandIn.calls, IsEmpty());
 }

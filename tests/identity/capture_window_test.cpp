@@ -56,40 +56,6 @@ TEST_F(CaptureWindowOf, AButtonIsItsWayUpToTheDialog) {
     EXPECT_EQ(Captured().LeafWindow, Captured().Path[0]);
 }
 
-TEST_F(CaptureWindowOf, TenPressesMakeTenChainsOfTheSameWindows) {
-    Press(button);
-    const WindowChain first = Captured();
-    for (int i = 1; i < 10; ++i) Press(button);
-    EXPECT_EQ(windowArrays.chains.size(), 10U);
-    EXPECT_EQ(event.WindowChainIndex, 9);
-    EXPECT_EQ(windowArrays.windows.size(), 3U);
-    EXPECT_EQ(Captured().Path, first.Path);
-}
-
-TEST_F(CaptureWindowOf, AMoveMakesANewSignatureAndAMinimiseDoesNot) {
-    Press(button);
-    simulated::MoveWindow(dialog, {120, 100});
-    Press(button);
-    EXPECT_EQ(windowArrays.windows.size(), 4U);
-    EXPECT_EQ(Captured().Path[0], 0);
-    EXPECT_EQ(Captured().Path[2], 3);
-    simulated::Minimise(dialog);
-    simulated::Restore(dialog);
-    Press(button);
-    EXPECT_EQ(windowArrays.windows.size(), 4U);
-}
-
-// Two windows that look alike share a signature, but never in one chain.
-TEST_F(CaptureWindowOf, TwinsShareASignatureAndParentAndChildDoNot) {
-    const WindowHandle outer = AddWindow({.className = "Box", .rect = {0, 0, 300, 300}});
-    const WindowHandle inner = AddWindow({.className = "Box", .rect = {0, 0, 300, 300}, .parent = outer});
-    Press(inner);
-    EXPECT_EQ(windowArrays.windows.size(), 2U);
-    Press(AddWindow({.className = "Box", .rect = {0, 0, 300, 300}}));
-    EXPECT_EQ(windowArrays.windows.size(), 2U);
-    EXPECT_EQ(Captured().LeafWindow, 0);
-}
-
 // The level being filled still reads 0, so the first signature of all is taken for one of the chain.
 TEST_F(CaptureWindowOf, TheFirstSignatureIsNeverUsedAboveTheLeaf) {
     Press(dialog);
@@ -101,14 +67,6 @@ TEST_F(CaptureWindowOf, TheFirstSignatureIsNeverUsedAboveTheLeaf) {
     Press(dialog);
     EXPECT_EQ(Captured().LeafWindow, 0);
     EXPECT_EQ(windowArrays.windows.size(), 4U);
-}
-
-TEST_F(CaptureWindowOf, AWindowWithACrossedPlacementIsNewEveryTime) {
-    platform::WindowPlacement placement = platform::PlacementOf(dialog);
-    placement.ptMaxPosition = {8, -8};
-    platform::SetPlacement(dialog, placement);
-    for (int i = 0; i < 3; ++i) Press(dialog);
-    EXPECT_EQ(windowArrays.windows.size(), 3U);
 }
 
 // An owned dialog has its owner as a parent; the chain ends at the first window that is found by name.

@@ -4,9 +4,7 @@
 
 namespace {
 
-using platform::WindowHandle;
 using platform::WindowPlacement;
-using simulated::AddWindow;
 
 WindowPlacement SomePlacement() {
     return {44, 0, platform::ShowNormal, {-1, -1}, {-1, -1}, {10, 20, 300, 200}};
@@ -43,51 +41,6 @@ TEST(WindowPlacementsEqual, CrossesTheMaximisedPosition) {
     EXPECT_TRUE(WindowPlacementsEqual(withMaximised({5, 5}), withMaximised({99, 5})));
     EXPECT_FALSE(WindowPlacementsEqual(withMaximised({99, 5}), withMaximised({99, 5})));
     EXPECT_FALSE(WindowPlacementsEqual(withMaximised({99, 5}), withMaximised({5, 5})));
-}
-
-class FocusedWindowOf : public testing::Test {
-protected:
-    FocusedWindowOf() { ownWindows.main = AddWindow({.className = "Main", .thread = simulated::OwnThread}); }
-
-    WindowHandle Focused() { return FocusedWindow(foreground); }
-
-    WindowHandle foreground = 0;
-};
-
-TEST_F(FocusedWindowOf, AnotherProgramIsItsFocus) {
-    const WindowHandle editor = AddWindow({.className = "Editor"});
-    const WindowHandle text = AddWindow({.className = "Edit", .parent = editor});
-    simulated::SetFocus(text);
-    EXPECT_EQ(Focused(), text);
-    EXPECT_EQ(foreground, editor);
-}
-
-TEST_F(FocusedWindowOf, WithoutAFocusIsTheForeground) {
-    const WindowHandle editor = AddWindow({.className = "Editor"});
-    const WindowHandle text = AddWindow({.className = "Edit", .parent = editor});
-    simulated::SetFocus(text);
-    simulated::RefuseAttachment(simulated::OtherThread);
-    EXPECT_EQ(Focused(), editor) << "the queue cannot be asked";
-    simulated::RefuseAttachment(simulated::OtherThread, false);
-    simulated::TakeFocusFrom(simulated::OtherThread);
-    EXPECT_EQ(Focused(), editor) << "no window of the thread has it";
-}
-
-TEST_F(FocusedWindowOf, TheTaskBarIsTheTaskBarWhateverHasTheFocusInIt) {
-    const WindowHandle bar = AddWindow({.className = "Shell_TrayWnd"});
-    simulated::SetFocus(AddWindow({.className = "Button", .parent = bar}));
-    EXPECT_EQ(Focused(), bar);
-}
-
-TEST_F(FocusedWindowOf, OurOwnProgramIsOurMainWindow) {
-    AddWindow({.className = "Form", .thread = simulated::OwnThread});
-    EXPECT_EQ(Focused(), ownWindows.main);
-}
-
-TEST_F(FocusedWindowOf, NoForegroundIsNone) {
-    simulated::LeaveNoForeground();
-    EXPECT_EQ(Focused(), 0);
-    EXPECT_EQ(foreground, 0);
 }
 
 }  // namespace

@@ -12,20 +12,6 @@ JobHeaderCheck Check(const std::string& bytes) {
     return CheckJobHeader(jobPath);
 }
 
-TEST(CheckJobHeader, GivesTheOptionsOfAGoodFile) {
-    const JobHeaderCheck check = Check(SampleBytes());
-    EXPECT_EQ(check.result, 1);
-    EXPECT_EQ(check.description, "Fills the form");
-    EXPECT_EQ(check.duration, 2600);
-    EXPECT_EQ(check.speed, 50);
-    EXPECT_EQ(check.skipMoves, 1);
-    EXPECT_EQ(check.repeat, 7);
-    EXPECT_EQ(check.safety, 2);
-    EXPECT_EQ(check.similarNames, 1);
-    EXPECT_EQ(check.message, "");
-    EXPECT_LE(simulated::BytesRead(jobPath), 2142);
-}
-
 TEST(CheckJobHeader, JudgesEachOption) {
     constexpr std::size_t speed = 2110, skipMoves = 2114, capsLock = 2118, repeat = 2122, safety = 2126, similar = 2130;
     const std::tuple<std::size_t, std::int64_t, bool> cases[] = {
@@ -52,7 +38,8 @@ TEST(CheckJobHeader, LooksAtTheFrontOnly) {
         ASSERT_EQ(Check(SampleBytes().substr(0, length)).message, corrupted) << length;
     }
     EXPECT_EQ(Check(SampleBytes().substr(0, 2134)).result, 1);
-    EXPECT_EQ(Check(SampleBytes().substr(0, 2142)).result, 1);
+    EXPECT_EQ(Check(SampleBytes()).result, 1);
+    EXPECT_LE(simulated::BytesRead(jobPath), 2142);
 }
 
 TEST(CheckJobHeader, MissingFile) {

@@ -77,20 +77,6 @@ TEST_F(JobFile, ZeroAndNegativeCountsLeaveTheCallersArrays) {
     }
 }
 
-TEST_F(JobFile, ShorterJobLeavesTheTailOfALongerOne) {
-    WriteSample();
-    Job shorter;
-    shorter.Description = "short";
-    WriteJob(jobPath, shorter);
-    EXPECT_EQ(Written().substr(2150), SampleBytes().substr(2150));
-    Job read;
-    ReadJob(jobPath, read);
-    EXPECT_EQ(read.Description, "short");
-    EXPECT_THAT(read.Events, IsEmpty());
-    EXPECT_THAT(read.Windows, IsEmpty());
-    EXPECT_EQ(CheckJobHeader(jobPath).result, JobHeaderCheck::Good);
-}
-
 TEST_F(JobFile, FixedFieldsOfFullWidth) {
     Job job = SampleJob();
     job.Description = std::string(1000, 'd');

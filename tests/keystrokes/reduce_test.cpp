@@ -25,11 +25,6 @@ TEST(ReduceKeystrokes, FoldsPairsAndNothingElse) {
     EXPECT_TRUE(simulated::ShownBoxes().empty());
 }
 
-TEST(ReduceKeystrokes, BadWordShowsOneBox) {
-    ReduceKeystrokes("x{a sideways}y");
-    EXPECT_EQ(simulated::ShownBoxes().size(), 1U);
-}
-
 using KeyMoves = std::vector<std::pair<int, bool>>;  // virtual key, down
 
 KeyMoves MovesOf(const std::string& text) {

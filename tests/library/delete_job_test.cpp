@@ -49,7 +49,7 @@ TEST_F(DeleteJob, TakesItsSchedulesAndTellsAfterSaving) {
     simulated::AnswerNextBox({.whileOpen = [&] { savedBeforeTold = simulated::FileBytes(settingsFile).has_value(); }});
     job_library::SelectJob(PathOf("b"));
     job_library::DeleteJob();
-    EXPECT_THAT(Boxes(), ElementsAre(testing::StartsWith("Delete scheduled  job?|"),
+    EXPECT_THAT(Boxes(), ElementsAre(StartsWith("Delete scheduled  job?|"),
                                      "Scheduled items deleted|2 scheduled jobs have also been deleted."));
     EXPECT_EQ(simulated::ShownBoxes()[0].icon, platform::BoxIcon::Error);
     EXPECT_TRUE(savedBeforeTold);

@@ -77,7 +77,7 @@ TEST_F(SaveAs, RefusesNamesThatNoFileCanHave) {
     const std::string plain = "Invalid file name. Please enter a valid file name";
     for (const std::string name : {"", "   ", "a?b", "a*", "x:y", "<", "a|b", "say \"hi\"", "a/b"}) {
         EXPECT_EQ(SaveJobAs(name, "", recorded), SaveAsOutcome::NameWrong) << name;
-        EXPECT_THAT(LastBox(), testing::EndsWith("|" + plain)) << name;
+        EXPECT_THAT(LastBox(), EndsWith("|" + plain)) << name;
         EXPECT_EQ(simulated::ShownBoxes().back().icon, platform::BoxIcon::Error);
     }
     const std::pair<std::string, const char*> explained[] = {

@@ -284,7 +284,7 @@ TEST_F(JobPageRules, StayWithAJobWhoseChangesAreRefused) {
     }
     simulated::AnswerNextBox({.yes = true});
     run_job();
-    EXPECT_THAT(jobPageViewStandIn.calls, testing::Not(Contains("menu")));
+    EXPECT_THAT(jobPageViewStandIn.calls, Not(Contains("menu")));
     EXPECT_THAT(shellStandIn.calls, IsEmpty());
     EXPECT_TRUE(jobPage.hotkey.assign_hotkey);
 }

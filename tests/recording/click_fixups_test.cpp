@@ -2,9 +2,6 @@
 
 #include "recording_stage.h"
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 namespace {
 
 class ClickFixups : public RecordingStage {

@@ -3,9 +3,6 @@
 #include "recording/start_app.h"
 #include "recording_stage.h"
 
-using testing::ElementsAre;
-using testing::StartsWith;
-
 namespace {
 
 const std::string Notice = "Some actions may be missing. Please check the recording.";

@@ -2,8 +2,6 @@
 
 #include "recording_stage.h"
 
-using testing::ElementsAre;
-
 namespace {
 
 class InputCapture : public RecordingStage {
@@ -76,7 +74,7 @@ TEST_F(InputCapture, EveryMouseMessageHasItsFlagItsWindowAndItsData) {
 
 TEST_F(InputCapture, AHorizontalWheelIsRefusedAloudAndLeavesZeros) {
     for (int notch = 0; notch < 3; ++notch) Mouse(0x20E, {11, 22}, 120);
-    EXPECT_THAT(simulated::ShownBoxes(), testing::IsEmpty()) << "the desktop waits for a hook";
+    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty()) << "the desktop waits for a hook";
     platform::Pump();
     ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
     EXPECT_EQ(simulated::ShownBoxes()[0].text, "Unknown mouse event! It will not be captured.");

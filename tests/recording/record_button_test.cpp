@@ -7,8 +7,6 @@
 #include "recording_stage.h"
 #include "support/wording.h"
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::Pair;
 
 namespace {
@@ -74,7 +72,7 @@ TEST_F(RecordButton, TellsInEveryLanguageHowARecordingEnds) {
     for (const auto& [language, hint] : cases) {
         SetLanguage(language);
         RecordNewJob();
-        EXPECT_THAT(platform::ToUtf8(recordingViewStandIn.question), testing::EndsWith("\r\n" + hint));
+        EXPECT_THAT(platform::ToUtf8(recordingViewStandIn.question), EndsWith("\r\n" + hint));
         EXPECT_THAT(FaultsOf(recordingViewStandIn.question), IsEmpty());
     }
 }

@@ -76,13 +76,6 @@ TEST_F(Typing, BudgetIsSpreadOverTheTokensInWholeMilliseconds) {
     EXPECT_EQ(platform::TickCount(), 99) << "after the last token too, and for a wheel that does not turn";
 }
 
-TEST_F(Typing, WithoutABudgetEverythingGoesAtOnce) {
-    EXPECT_EQ(Send("abc", 0), 6);
-    EXPECT_EQ(Send("abc", -500), 6);
-    EXPECT_EQ(Send("abc", 2), 6) << "less than a millisecond each is no pause";
-    EXPECT_EQ(platform::TickCount(), 0);
-}
-
 TEST_F(Typing, WheelTurnsAreMouseInputAndHoldNothing) {
     EXPECT_EQ(Send("{WHEEL DOWN}{WHEEL UP}{WHEEL}"), 2);
     const auto& journal = simulated::Journal();
@@ -175,17 +168,6 @@ TEST_F(Typing, PausesFeedTheProgressBar) {
     pacing.totalMs = 0;
     Send("ab", 800);
     EXPECT_EQ(statusViewStandIn.barValue, 14) << "a job without a length has no progress";
-}
-
-TEST_F(Typing, LongTextPumpsOnItsWay) {
-    const auto own = simulated::AddWindow({.thread = simulated::OwnThread});
-    std::size_t sentAtPump = 0;
-    simulated::OnKey(own, 'A', [&] {
-        if (sentAtPump == 0) sentAtPump = simulated::Journal().size();
-    });
-    Send(std::string(400, 'a'));
-    EXPECT_GT(sentAtPump, 0U);
-    EXPECT_LT(sentAtPump, 100U);
 }
 
 TEST_F(Typing, PickSoundStaysWithinWhatIsLoaded) {

@@ -34,12 +34,6 @@ TEST(SetStatus, WritesTheLabelInTheLanguageInForce) {
     EXPECT_EQ(statusViewStandIn.statusLabel, platform::FromUtf8("De espera para la ventana\u00A0:\r\nx"));
 }
 
-TEST(SetStatus, FailureAndUnknownCodesLeaveTheLabel) {
-    statusViewStandIn.statusLabel = "as it was";
-    for (const int code : {StatusFailed, 5, 7, -1}) setStatus(code, "text");
-    EXPECT_EQ(statusViewStandIn.statusLabel, "as it was");
-}
-
 TEST(Premjesti, GoesToTheOtherSideAndTakesTheListAlong) {
     simulated::SetScreenSize({1280, 1024});
     auto& view = statusViewStandIn;
@@ -56,21 +50,6 @@ TEST(Premjesti, GoesToTheOtherSideAndTakesTheListAlong) {
     Premjesti(false);
     EXPECT_EQ(view.executing2.rectangle.left, 960);
     EXPECT_EQ(view.executing.rectangle.left, 20);
-}
-
-TEST(Premjesti, LeftSideEndsAtAThousandTwips) {
-    for (const auto& [pixelsPerInch, left, goesLeft] : {std::tuple{1440, 999, false},
-                                                        {1440, 1000, true},
-                                                        {96, 66, false},
-                                                        {96, 67, true},
-                                                        {144, 99, false},
-                                                        {144, 100, true},
-                                                        {96, -500, false}}) {
-        statusViewStandIn.pixelsPerInch = pixelsPerInch;
-        statusViewStandIn.executing2.rectangle = {left, 0, left + 300, 140};
-        Premjesti(false);
-        EXPECT_EQ(statusViewStandIn.executing2.rectangle.left == 20, goesLeft) << left;
-    }
 }
 
 class Logging : public testing::Test {
@@ -105,15 +84,6 @@ TEST_F(Logging, OldTextIsTakenOverLineByLine) {
         WriteLogFile(LogPath);
         EXPECT_EQ(Written(), "new\r\n\r\n\r\n" + tail + "\r\n");
     }
-}
-
-TEST_F(Logging, LargeOldLogIsWhole) {
-    std::string old;
-    for (int i = 0; i < 20'000; ++i) old += "05:07:09  line " + std::to_string(i) + "\r\n";
-    simulated::PutFile(LogPath, old);
-    replayLog.LogBuffer = "new";
-    WriteLogFile(LogPath);
-    EXPECT_TRUE(Written() == "new\r\n\r\n\r\n" + old + "\r\n");
 }
 
 // Whichever step of the writing fails, the old log is there, or all of the new one, and a failure keeps the buffer.

@@ -39,15 +39,6 @@ TEST_F(TimedWaiting, EndsOnTimeAndNotOnTheGrid) {
     }
 }
 
-TEST_F(TimedWaiting, ShortWaitNeitherPollsNorPumps) {
-    bool pumped = false;
-    simulated::After(0, [&] { pumped = true; });
-    simulated::UserHoldsEscapeFrom(0, 1000);
-    EXPECT_EQ(TimedWait(50, false, 0), WaitDone);
-    EXPECT_EQ(TickCount(), 50);
-    EXPECT_FALSE(pumped);
-}
-
 TEST_F(TimedWaiting, EscapeIsSeenAtTheNextSliceOrAfterTheLast) {
     simulated::MeanwhileAt(120, [] { simulated::UserTaps(Escape); });
     EXPECT_EQ(TimedWait(500, false, 0), WaitCanceled);
@@ -55,13 +46,6 @@ TEST_F(TimedWaiting, EscapeIsSeenAtTheNextSliceOrAfterTheLast) {
     simulated::MeanwhileAt(150 + 460, [] { simulated::UserTaps(Escape); });
     EXPECT_EQ(TimedWait(500, false, 0), WaitDone) << "the first tap was taken away";
     EXPECT_TRUE(EscapePressed(false)) << "one in the last slice is left for the next poll";
-}
-
-TEST_F(TimedWaiting, EscapeOfTheJobItselfDoesNotCancelNowOrLater) {
-    simulated::UserHoldsEscapeFrom(10, 300);
-    EXPECT_EQ(TimedWait(500, true, 0), WaitDone);
-    EXPECT_EQ(TickCount(), 500);
-    EXPECT_FALSE(EscapePressed(false));
 }
 
 TEST_F(TimedWaiting, PumpsEveryFiftyMilliseconds) {
@@ -79,30 +63,6 @@ TEST_F(TimedWaiting, SlowPumpDoesNotMakeTheWaitLate) {
         EXPECT_EQ(TimedWait(500, false, 0), WaitDone);
         EXPECT_EQ(TickCount() - begin, 500) << moment;
     }
-}
-
-TEST_F(TimedWaiting, BarGrowsByEqualStepsAndShowsWholeOnes) {
-    const std::tuple<double, int, std::vector<int>> cases[] = {
-        {11, 0, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}},
-        {5.5, 20, {20, 21, 22, 23, 24}},
-        {110, 55, {55, 65, 75, 85, 95, 100}},
-        {11, 100, {100}},
-        {0, 7, {7}},
-        {-11, 50, {50}},
-    };
-    for (const auto& [share, from, shown] : cases) {
-        statusViewStandIn.barValue = from;
-        statusViewStandIn.barHistory = {from};
-        TimedWait(500, false, share);
-        EXPECT_EQ(statusViewStandIn.barHistory, shown) << share;
-    }
-}
-
-TEST_F(TimedWaiting, HiddenStatusWindowKeepsItsBar) {
-    settings.Display_Executing_Status = 0;
-    TimedWait(500, false, 11);
-    EXPECT_EQ(statusViewStandIn.barValue, 0);
-    EXPECT_TRUE(statusViewStandIn.barHistory.empty());
 }
 
 TEST(RestoreCapsLock, TapsOnceWhenTheStateDiffers) {
@@ -130,14 +90,6 @@ TEST(RestoreCapsLock, KeyHeldDownIsADifference) {
     EXPECT_TRUE(simulated::Journal().empty());
     RestoreCapsLock(held & 1);
     EXPECT_EQ(simulated::Journal().size(), 2U);
-}
-
-TEST(KeyDownFlag, IsARangeFailureBeyondTheTable) {
-    KeyDownFlag(300) = true;
-    EXPECT_TRUE(heldInput.KeysDown[300]);
-    for (const int key : {-1, 301, 65535}) {
-        EXPECT_EQ(FailureOf([&] { KeyDownFlag(key); }), FailureKind::Range) << key;
-    }
 }
 
 TEST(ReleaseStuckKeys, SendsAnUpForEachHeldKeyAndForgetsThem) {

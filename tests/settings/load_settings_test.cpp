@@ -41,15 +41,6 @@ TEST_F(LoadingSettings, SampleIsReadFieldByField) {
     EXPECT_EQ(simulated::OpenFiles(), 0);
 }
 
-TEST_F(LoadingSettings, MissingFileGivesDefaultsQuietly) {
-    settings = SampleSettings();
-    LoadSettings();
-    EXPECT_FALSE(settings.SettingsLoaded);
-    EXPECT_TRUE(settings.NothingLoaded);
-    ExpectDefaults();
-    EXPECT_THAT(Boxes(), IsEmpty());
-}
-
 TEST_F(LoadingSettings, VersionAndLengthDecideWhetherItIsSpokenOf) {
     const std::string smallest = SmallestSettingsBytes();
     ASSERT_THAT(smallest, SizeIs(2642));
@@ -155,7 +146,7 @@ TEST_F(LoadingSettings, SchedulesWithoutTheirJobAreToldAndTheFileIsWritten) {
     EXPECT_THAT(settings.Schedules, IsEmpty());
     EXPECT_THAT(Boxes(), ElementsAre("File is missing|Schedule named 'At start' will be deleted because job "
                                      "'C:\\data\\Backup.tsj' cannot be found",
-                                     testing::HasSubstr("'Month's end'")));
+                                     HasSubstr("'Month's end'")));
     const std::string whole = SampleSettingsBytes();
     EXPECT_EQ(simulated::FileBytes(settingsPath), WithInt32(whole, ScheduleCountAt, 0))
         << "the old schedules stay as a tail";

@@ -91,14 +91,6 @@ TEST_F(CommandLine, ARunIsHiddenAndItsEndDependsOnWhoAskedForIt) {
     }
 }
 
-TEST_F(CommandLine, AFailureDuringARunLeavesTheProgramInTheTray) {
-    FormVisible(true, false);
-    shellStandIn.duringRun = [] { throw RuntimeFailure(FailureKind::File, "The job is damaged."); };
-    EXPECT_THROW(HandleCommandParameter("-run " + JobPath, false), RuntimeFailure);
-    EXPECT_FALSE(WasCalled("EndProcess"));
-    EXPECT_FALSE(MainWindowVisible());
-}
-
 TEST(ComputerStart, IsTheWordAnywhere) {
     for (const char* line : {" -startup", "-STARTUP", "startup", "-run C:\\StartUp\\a.tsj", "xstartupx"}) {
         EXPECT_TRUE(IsComputerStart(line)) << line;

@@ -62,12 +62,6 @@ TEST_F(Start, OnACleanMachineMakesTheFolderAndShowsTheWindow) {
     EXPECT_TRUE(simulated::ShownBoxes().empty());
 }
 
-TEST_F(Start, WithAnUnknownCommandLineIsAStartLikeAnyOther) {
-    simulated::SetCommandLine("edit C:\\a.tsj");
-    EXPECT_TRUE(Main());
-    EXPECT_TRUE(shellStandIn.visible);
-}
-
 TEST_F(Start, WithTheComputerStaysHiddenAndNotesItsTime) {
     simulated::SetCommandLine(" -startup");
     simulated::SetLocalTime({2026, 3, 5, 7, 4, 9});
@@ -91,14 +85,6 @@ TEST_F(Start, ToRunAJobNeverShowsTheWindowAndEndsTheProcess) {
     EXPECT_TRUE(WasCalled("RunJob C:\\a.tsj"));
     EXPECT_FALSE(WasCalled("Show"));
     EXPECT_EQ(simulated::FileBytes(std::string(DataFolder) + "\\settings.binary"), std::nullopt);
-}
-
-TEST_F(Start, ToRunAJobThatFailsStaysInTheTray) {
-    simulated::SetCommandLine(std::string("-run ") + JobPath);
-    shellStandIn.runResult = -4;
-    EXPECT_TRUE(Main());
-    EXPECT_FALSE(WasCalled("Show"));
-    EXPECT_TRUE(WasCalled("PodesiRjecnik"));
 }
 
 TEST_F(Start, GoesOnAfterAFailureThatItHasTold) {
@@ -129,14 +115,6 @@ TEST_F(Start, HandsItsCommandLineToTheFirstInstance) {
         EXPECT_EQ(simulated::SentMessages().back().message.message, 74U);
         EXPECT_EQ(simulated::SentMessages().back().message.bytes, line + '\0');
     }
-    ExpectNothingPrepared();
-}
-
-TEST_F(Start, FailsWithACommandLineThatIsTooLongToBeHandedOver) {
-    FirstInstance();
-    simulated::SetCommandLine("-run " + std::string(251, 'x'));
-    EXPECT_THROW(Main(), RuntimeFailure);
-    EXPECT_TRUE(simulated::SentMessages().empty());
     ExpectNothingPrepared();
 }
 
@@ -174,7 +152,7 @@ TEST_F(End, ThatCannotSaveAsksFirst) {
     simulated::MakeReadOnly(DataFolder);
     simulated::AnswerNextBox({.yes = false});
     QuitProgram(true);
-    EXPECT_THAT(simulated::ShownBoxes().back().text, testing::EndsWith("\r\nDo you really want to exit Tessarine?"));
+    EXPECT_THAT(simulated::ShownBoxes().back().text, EndsWith("\r\nDo you really want to exit Tessarine?"));
     EXPECT_FALSE(WasCalled("EndProcess"));
     EXPECT_TRUE(MainWindowVisible());
     simulated::AnswerNextBox({.yes = true});

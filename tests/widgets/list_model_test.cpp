@@ -166,18 +166,4 @@ TEST_F(List, TypingFindsTheNextRowInAnyCase) {
     EXPECT_EQ(list.listindex(), 5);
 }
 
-// The owner saves pending changes, which fills the list anew: here with fewer rows than the key leads to.
-TEST_F(List, AKeyLeadsNowhereWhenForbiddenOrWhenItsRowHasGone) {
-    list.SelectItem(8);
-    list.events.KeyLeaves = [](int) { return false; };
-    list.KeyDown(Down, 0);
-    EXPECT_EQ(list.listindex(), 8);
-    list.events.KeyLeaves = [this](int) {
-        list.Clear();
-        return true;
-    };
-    list.KeyDown(Down, 0);
-    EXPECT_EQ(list.listindex(), -1);
-}
-
 }  // namespace

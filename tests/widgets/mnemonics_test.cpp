@@ -27,14 +27,6 @@ TEST(Mnemonics, EachLetterIsGivenOnce) {
     for (const Case& each : cases) EXPECT_EQ(form.Mark(each.caption), each.marked) << each.caption;
 }
 
-TEST(Mnemonics, CaptionsThatAreNeverSeenTogetherMayShareALetter) {
-    Mnemonics form;
-    EXPECT_EQ(form.Mark("Speed", 1), "&Speed");
-    EXPECT_EQ(form.Mark("Safety", 2), "&Safety");
-    EXPECT_EQ(form.Mark("Save"), "S&ave");
-    EXPECT_EQ(form.Mark("As", 1), "As");
-}
-
 TEST(Mnemonics, TheOneWithTheFewestLettersChoosesFirst) {
     Mnemonics form;
     std::vector<MnemonicCaption> captions = {

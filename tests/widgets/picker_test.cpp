@@ -57,18 +57,6 @@ TEST(NumberPicker, StepsBetweenItsLimitsAndKeepsTheCaret) {
     EXPECT_EQ(picker.Text(), "0");
 }
 
-TEST(NumberPicker, RaisesOneChangeForACorrection) {
-    NumberPickerModel picker(1, 31);
-    int changes = 0;
-    picker.Change = [&] {
-        ++changes;
-        picker.TextChanged(picker.Text(), 0);  // the box speaks up when the corrected text is put into it
-    };
-    picker.TextChanged("45", 2);
-    EXPECT_EQ(changes, 1);
-    EXPECT_EQ(picker.Value(), 31);
-}
-
 class TimePicker : public testing::Test {
 protected:
     void Type(const std::string& digits) {
@@ -130,14 +118,6 @@ TEST_F(TimePicker, GoesBackWhenABackspaceEmptiesABox) {
     EXPECT_EQ(picker.Time(), "00:00:00");
     picker.TextChanged("", true);
     EXPECT_EQ(picker.Focus(), 0);
-}
-
-TEST_F(TimePicker, CompletesABoxThatIsLeft) {
-    Type("7");
-    EXPECT_EQ(picker.Text(0), "7");
-    picker.LostFocus(0);
-    EXPECT_EQ(picker.Text(0), "07");
-    EXPECT_EQ(picker.Time(), "07:00:00");
 }
 
 TEST_F(TimePicker, ArrowKeysStopAtTheEnds) {
