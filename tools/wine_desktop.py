@@ -46,14 +46,17 @@ def _alive(pid):
 class WineDesktop:
     """The prefix lies in a folder of its own, out/desktop/NAME-PID. With `display` an existing X display is used. With
     `monitors` (rectangles, the first one that of the primary monitor, with its corner at 0, 0) the desktop has those;
-    its windows then stand on the display by themselves, for a whole desktop in one X window has one monitor."""
+    its windows then stand on the display by themselves, for a whole desktop in one X window has one monitor. At more
+    than 96 `dpi` the desktop grows in proportion."""
 
-    def __init__(self, name, display=None, monitors=None):
+    def __init__(self, name, display=None, monitors=None, dpi=96):
         self.folder = OUT / "desktop" / f"{name}-{os.getpid()}"
         self.prefix = self.folder / "prefix"
         self.drive_c = self.prefix / "drive_c"
         self._own_display = display is None
         self._monitors = monitors
+        self._dpi = dpi
+        self._size = tuple(length * dpi // 96 for length in SIZE)
         self.display = display
         self._xvfb = None
         self._programs = []
@@ -66,6 +69,8 @@ class WineDesktop:
             self._make_prefix()
             if self._monitors:
                 self._use_monitors()
+            if self._dpi != 96:
+                self._use_dpi()
         except BaseException:
             self.close()
             raise
@@ -135,8 +140,15 @@ class WineDesktop:
         self._run_checked("reg.exe", "add", "HKCU\\Software\\Wine\\X11 Driver", "/v", "UseXRandR", "/d", "N", "/f")
         self._end_server()
 
+    def _use_dpi(self):
+        for key in ("HKCU\\Control Panel\\Desktop", "HKCC\\Software\\Fonts"):
+            self._run_checked("reg.exe", "add", key, "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(self._dpi), "/f")
+        self._run_checked("reg.exe", "add", "HKCU\\Software\\Wine\\Explorer\\Desktops", "/v", "Default", "/d",
+                          "%dx%d" % self._size, "/f")
+        self._end_server()
+
     def _start_display(self):
-        width, height = display_size(self._monitors) if self._monitors else SIZE
+        width, height = display_size(self._monitors) if self._monitors else self._size
         reader, writer = os.pipe()
         with open(os.devnull, "w") as nothing:
             self._xvfb = subprocess.Popen(

@@ -4,6 +4,7 @@ Input comes from outside, through the X server (XTest), as a person's does. What
 themselves by the probe.
 """
 
+import os
 import re
 import sys
 from pathlib import Path
@@ -24,7 +25,7 @@ BUILD = OUT / "build" / "windows"
 
 @pytest.fixture(scope="session")
 def wine():
-    with WineDesktop("tests") as desktop:
+    with WineDesktop("tests", dpi=int(os.environ.get("DPI", "96"))) as desktop:
         yield desktop
 
 

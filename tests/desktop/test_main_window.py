@@ -1,5 +1,6 @@
 """The main window: its pages in four languages, by keyboard alone, and what it does with jobs."""
 
+import os
 import re
 import time
 
@@ -26,7 +27,7 @@ def check_letters(person, form, picture):
     frames = {control.caption for control in controls if control.rect[3] - control.rect[1] > 100}
     assert [caption for caption in buttons if caption not in letters and caption not in frames] == [], picture
     assert not [control.caption for control in controls if control.caption.startswith("<")], "all is translated"
-    person.stage.wine.screenshot(OUT / "test" / "forms" / f"{picture}.png")
+    person.stage.wine.screenshot(OUT / "test" / "forms" / f"{picture}_{os.environ.get('DPI', 96)}dpi.png")
 
 
 @pytest.mark.parametrize("language", LANGUAGES)
