@@ -78,8 +78,6 @@ constexpr DictionaryRow rows[] = {
      "Pour arrêter l'enregistrement, appuyez sur la touche %1", "Para detener la grabación, pulse la tecla %1"},
     {"To stop recording press %1", "Zum Beenden der Aufnahme drücken Sie %1",
      "Pour arrêter l'enregistrement, appuyez sur %1", "Para detener la grabación, pulse %1"},
-    {"To stop recording press", "Zum Beenden der Aufnahme drücken Sie", "Pour arrêter l'enregistrement, appuyez sur",
-     "Para detener la grabación, pulse"},
     {"%1 to stop", "Zum Beenden %1 drücken", "Appuyez sur %1 pour arrêter", "Pulse %1 para detener"},
     {"%1 to resume", "Zum Fortfahren \"%1\" klicken", "Cliquez sur \"%1\" pour continuer",
      "Haga clic en \"%1\" para continuar"},

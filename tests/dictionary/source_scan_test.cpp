@@ -84,15 +84,22 @@ std::vector<Lookup> HandedOnIn(const std::string& source, const std::string& fil
     return lookups;
 }
 
-// The texts in the row of a form's table: by the name of the field, or in front of the function that words them.
+// The texts in the row of a form's table: behind the name of the field, at the head of the row, in front of the
+// function that words them or of their letter.
 std::vector<Lookup> RowsIn(const std::string& source, const std::string& file) {
-    static const std::regex row(R"(\.(?:caption|name|tip)\s*=\s*\{?\s*()" + literals + ")|(" + literals +
-                                R"()\s*,\s*)" + wordings + R"(\b\s*[,})])");
+    static const std::string text = "(" + literals + ")";
+    static const std::regex rows[] = {
+        std::regex(R"(\.(?:caption|name|tip)\s*=\s*\{?\s*)" + text),
+        std::regex(R"(\{\s*)" + text + R"(\s*,)"),
+        std::regex(text + R"(\s*,\s*(?:)" + wordings + R"(\b|'[A-Za-z]')\s*[,})])"),
+    };
     std::vector<Lookup> lookups;
-    for (Matches match(source.begin(), source.end(), row); match != Matches(); ++match) {
-        lookups.push_back({PlaceOf(file, source, static_cast<std::size_t>(match->position())),
-                           "row of a form",
-                           {Unquoted((*match)[1].matched ? match->str(1) : match->str(2))}});
+    for (const std::regex& row : rows) {
+        for (Matches match(source.begin(), source.end(), row); match != Matches(); ++match) {
+            lookups.push_back({PlaceOf(file, source, static_cast<std::size_t>(match->position())),
+                               "row of a form",
+                               {Unquoted(match->str(1))}});
+        }
     }
     return lookups;
 }
@@ -155,7 +162,9 @@ TEST(SourceScan, TellsKeysFromOtherArguments) {
         {R"(Box("b", Label("a"), BoxIcon::Question))", {"a"}},
         {R"(Labelled("a", name) + title.Label1 + "b")", {"a"}},
         {R"({.id = a_b, .caption = "a" "b", .letter = 'x'})", {"ab"}},
-        {R"({.caption = {"a", Label}, .enabled = on})", {"a"}},
+        {R"({.caption = {"a"}, .enabled = on})", {"a"}},
+        {R"({"a", enabled, run})", {"a"}},
+        {R"(tab(0, "a", 'x'))", {"a"}},
         {R"(FormText("a", Ellipsis))", {"a"}},
         {R"(Question(name))", {}},
     };
