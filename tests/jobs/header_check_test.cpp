@@ -34,12 +34,12 @@ TEST(CheckJobHeader, JudgesEachOption) {
 }
 
 TEST(CheckJobHeader, LooksAtTheFrontOnly) {
+    EXPECT_EQ(Check(SampleBytes()).result, 1);
+    EXPECT_LE(simulated::BytesRead(jobPath), 2142);
     for (std::size_t length = 0; length < 2134; ++length) {
         ASSERT_EQ(Check(SampleBytes().substr(0, length)).message, corrupted) << length;
     }
     EXPECT_EQ(Check(SampleBytes().substr(0, 2134)).result, 1);
-    EXPECT_EQ(Check(SampleBytes()).result, 1);
-    EXPECT_LE(simulated::BytesRead(jobPath), 2142);
 }
 
 TEST(CheckJobHeader, MissingFile) {

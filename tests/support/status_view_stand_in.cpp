@@ -1,6 +1,7 @@
 #include "support/status_view_stand_in.h"
 
 #include <algorithm>
+#include <new>
 
 #include "replay/status_view.h"
 #include "support/recorder.h"
@@ -90,6 +91,7 @@ void ScrollListDown() {
 KEEPS(ShowBar, bool, view.barVisible)
 
 void SetBar(int value) {
+    if (statusViewStandIn.noMemoryForBar && value > 0) throw std::bad_alloc();
     view.barValue = std::clamp(value, 0, view.barMaximum);
     Remember(view.barHistory, view.barValue);
 }

@@ -23,6 +23,7 @@ struct StatusViewStandIn {
     bool barVisible = false;
     int barValue = 0;
     int barMaximum = 100;
+    bool noMemoryForBar = false;
 
     Window executing2{false, {0, 0, 300, 140}};
     std::string jobName;
