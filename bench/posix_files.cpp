@@ -52,6 +52,7 @@ namespace platform {
 File File::OpenForReading(const std::string& path) {
     File file;
     file.handle = OpenAt(path, O_RDONLY);
+    file.found = file.IsOpen() ? FileState::Readable : FileState::Missing;
     return file;
 }
 
@@ -61,10 +62,11 @@ File File::Create(const std::string& path) {
     return file;
 }
 
-File::File(File&& other) noexcept : handle(std::exchange(other.handle, -1)) {}
+File::File(File&& other) noexcept : handle(std::exchange(other.handle, -1)), found(other.found) {}
 
 File& File::operator=(File&& other) noexcept {
     std::swap(handle, other.handle);
+    found = other.found;
     return *this;
 }
 
@@ -116,16 +118,8 @@ std::string LastFileError() {
     return std::strerror(errno);
 }
 
-bool FileExists(const std::string& path) {
-    return Is(path, S_IFREG);
-}
-
 bool FolderExists(const std::string& path) {
     return Is(path, S_IFDIR);
-}
-
-bool FileIsThere(const std::string& path) {
-    return FileExists(path);
 }
 
 bool MakeFolder(const std::string& path) {

@@ -116,6 +116,49 @@ constexpr DictionaryRow rows[] = {
     {"Safety level", "Sicherheitsstufe", "Niveau de sécurité", "Nivel de seguridad"},
     {"Job name", "Name der Aufgabe", "Nom de la tâche", "Nombre de la tarea"},
     {"Countdown period", "Dauer des Countdowns", "Durée du compte à rebours", "Duración de la cuenta atrás"},
+
+    {"Tessarine is running already, but does not answer. Please try again in a moment.",
+     "Tessarine läuft bereits, antwortet aber nicht. Bitte versuchen Sie es gleich noch einmal.",
+     "Tessarine est déjà lancé, mais ne répond pas. Veuillez réessayer dans un instant.",
+     "Tessarine ya se está ejecutando, pero no responde. Inténtelo de nuevo dentro de un momento."},
+
+    // files that are in use, and what is kept
+    {"The file '%1' is in use by another program. Please try again in a moment.",
+     "Die Datei '%1' wird gerade von einem anderen Programm verwendet. Bitte versuchen Sie es gleich noch einmal.",
+     "Le fichier '%1' est utilisé par un autre programme. Veuillez réessayer dans un instant.",
+     "Otro programa está usando el archivo '%1'. Inténtelo de nuevo dentro de un momento."},
+    {"In use by another program", "Wird von einem anderen Programm verwendet", "Utilisé par un autre programme",
+     "En uso por otro programa"},
+    {"Your settings are in use by another program and cannot be read. Please close it and press OK to try again. If "
+     "they still cannot be read then, Tessarine starts with default settings, and the old ones are kept under another "
+     "name.",
+     "Ihre Einstellungen werden von einem anderen Programm verwendet und können nicht gelesen werden. Bitte schließen "
+     "Sie es und klicken Sie auf OK, um es noch einmal zu versuchen. Gelingt es dann immer noch nicht, startet "
+     "Tessarine mit Standardwerten, und die alten Einstellungen bleiben unter einem anderen Namen erhalten.",
+     "Vos paramètres sont utilisés par un autre programme et ne peuvent pas être lus. Veuillez le fermer et cliquer "
+     "sur OK pour réessayer. S'ils restent illisibles, Tessarine démarre avec les paramètres par défaut, et les "
+     "anciens sont conservés sous un autre nom.",
+     "Otro programa está usando su configuración y no se puede leer. Ciérrelo y haga clic en Aceptar para intentarlo "
+     "de nuevo. Si sigue sin poder leerse, Tessarine se inicia con la configuración predeterminada, y la anterior se "
+     "conserva con otro nombre."},
+    {"Your settings cannot be read. They are reset to default.",
+     "Ihre Einstellungen können nicht gelesen werden. Sie werden auf die Standardwerte zurückgesetzt.",
+     "Vos paramètres ne peuvent pas être lus. Ils sont remis à leurs valeurs par défaut.",
+     "No se puede leer su configuración. Se restablecen los valores predeterminados."},
+    {"The old file is kept as '%1'.", "Die alte Datei bleibt als '%1' erhalten.",
+     "L'ancien fichier est conservé sous le nom '%1'.", "El archivo anterior se conserva como '%1'."},
+    {"The old file will be kept under another name.", "Die alte Datei bleibt unter einem anderen Namen erhalten.",
+     "L'ancien fichier sera conservé sous un autre nom.", "El archivo anterior se conservará con otro nombre."},
+    {"Your jobs and settings have been moved, but these files could not be deleted at the old location",
+     "Ihre Aufgaben und Einstellungen wurden verschoben, aber diese Dateien konnten am alten Speicherort nicht "
+     "gelöscht werden",
+     "Vos tâches et paramètres ont été déplacés, mais ces fichiers n'ont pas pu être supprimés à l'ancien emplacement",
+     "Sus tareas y su configuración se han movido, pero no se han podido eliminar estos archivos de la ubicación "
+     "anterior"},
+    {"The new location cannot be stored in the registry.",
+     "Der neue Speicherort kann nicht in der Registrierung gespeichert werden.",
+     "Le nouvel emplacement ne peut pas être inscrit dans le registre.",
+     "La nueva ubicación no se puede guardar en el Registro."},
 };
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "base/runtime_failure.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "jobs/job_access.h"
 #include "jobs/job_fields.h"
 #include "storage/input_file.h"
 #include "storage/output_file.h"
@@ -82,12 +83,14 @@ void WriteArrays(OutputFile& file, const Job& job) {
 // The front of a file up to the arrays. Fewer bytes when the file is shorter.
 struct FileFront {
     std::array<char, 2142> bytes;
-    std::int64_t size = -1;  // -1: cannot be opened
+    std::int64_t size = 0;
+    platform::FileState state = platform::FileState::Missing;
 };
 
 FileFront ReadFront(const std::string& path) {
     FileFront front;
     platform::File file = platform::File::OpenForReading(path);
+    front.state = file.Found();
     if (file.IsOpen()) front.size = std::max<std::int64_t>(0, file.Read(front.bytes.data(), front.bytes.size()));
     return front;
 }
@@ -189,6 +192,13 @@ void RewriteJobOptions(const std::string& path, const JobOptions& options) {
 
 JobHeaderCheck CheckJobHeader(const std::string& path) {
     const FileFront front = ReadFront(path);
-    if (front.size < 0) return Refused(JobHeaderCheck::Missing, "File: '" + path + "' cannot be found.");
+    switch (front.state) {
+        case platform::FileState::Missing:
+            return Refused(JobHeaderCheck::Missing, "File: '" + path + "' cannot be found.");
+        case platform::FileState::Held:
+            return Refused(JobHeaderCheck::Held, TextOfHeldFile(path));
+        case platform::FileState::Readable:
+            break;
+    }
     return JudgeFront(front, path);
 }

@@ -1,6 +1,6 @@
 // Job files: a whole job read and written, and the quick check of the front of a file that fills the job list.
-// docs/job_format.md tells the bytes. Nothing here pumps; a save sleeps for up to two seconds while another program holds
-// the file. Who shows the jobs is told by whoever saves one.
+// docs/job_format.md tells the bytes. Nothing here pumps; a save sleeps for up to two seconds while another program
+// holds the file. Who shows the jobs is told by whoever saves one.
 #pragma once
 
 #include <cstdint>
@@ -13,10 +13,10 @@
 // file cannot hold, are file failures; `job` is then as it was.
 void ReadJob(const std::string& path, Job& job);
 
-// Writes `job` over `path` in one step. Version and DurationMs are the writer's own. When a longer file stood there, its
-// tail stays behind the new bytes. Paths, captions and the like that are too long for their field are cut. A description of more than 1000 characters or a
-// string of more than 65535 is a range failure, and a duration beyond 32 bits an overflow failure; the old file stays
-// as it was, as it does after a file failure.
+// Writes `job` over `path` in one step. Version and DurationMs are the writer's own. When a longer file stood there,
+// its tail stays behind the new bytes. Paths, captions and the like that are too long for their field are cut. A
+// description of more than 1000 characters or a string of more than 65535 is a range failure, and a duration beyond 32
+// bits an overflow failure; the old file stays as it was, as it does after a file failure.
 void WriteJob(const std::string& path, const Job& job);
 
 // The options of the job page.
@@ -33,6 +33,7 @@ void RewriteJobOptions(const std::string& path, const JobOptions& options);
 
 struct JobHeaderCheck {
     static constexpr int Good = 1;
+    static constexpr int Held = 0;  // another program has it just now: nothing is known of it but its name
     static constexpr int Missing = -1;
     static constexpr int Bad = -2;  // damaged, or from a newer version
 
@@ -44,8 +45,9 @@ struct JobHeaderCheck {
     std::int32_t repeat = 0;
     std::int32_t safety = 0;
     std::int32_t similarNames = 0;
-    std::string message;  // the text to show when the result is negative
+    std::string message;  // the text to show when the result is not Good
 };
 
-// Reads at most 2142 bytes and judges the options. A file that is cut behind them passes. Never throws.
+// Reads at most 2142 bytes and judges the options. A file that is cut behind them passes. Never throws, and does
+// not wait for a file that is held.
 JobHeaderCheck CheckJobHeader(const std::string& path);

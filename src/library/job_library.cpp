@@ -7,7 +7,6 @@
 #include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "dictionary/sentences.h"
-#include "jobs/job_file.h"
 #include "jobs/job_name.h"
 #include "library/library_view.h"
 #include "platform/boxes.h"
@@ -22,8 +21,14 @@ namespace {
 
 constexpr int JobIcon = 0;
 
+// A job that another program holds just now is still a job: a backup must not thin out the list.
+std::string SecondLineOf(const job_library::DurationWords& words, const JobHeaderCheck& check) {
+    if (check.result == JobHeaderCheck::Held) return Translate("In use by another program");
+    return job_library::SecondLine(words, check.description, check.duration);
+}
+
 void AddJob(const job_library::DurationWords& words, const std::string& name, const JobHeaderCheck& check) {
-    jobLibrary.lista_jobs.AddItem(name, JobIcon, job_library::SecondLine(words, check.description, check.duration));
+    jobLibrary.lista_jobs.AddItem(name, JobIcon, SecondLineOf(words, check));
     library_view::AddScheduleJob(name);
 }
 
@@ -72,6 +77,11 @@ void SelectJob(const std::string& path) {
 void ShowSavedJob(const std::string& path) {
     FillJobList();
     SelectJob(path);
+}
+
+void ShowSecondLine(int row, const JobHeaderCheck& check) {
+    const std::string line = SecondLineOf(TranslatedDurationWords(), check);
+    if (jobLibrary.lista_jobs.Row(row).Text2 != line) jobLibrary.lista_jobs.SetSmallText(row, line);
 }
 
 DurationWords TranslatedDurationWords() {

@@ -1,11 +1,13 @@
 // The library of saved jobs is the data folder: every .tsj file in it is a job, called by its file name. There is no
-// index file. The list of the job page, lista_jobs, has one row for each file that can be read. Selecting a row raises
+// index file. The list of the job page, lista_jobs, has one row for each file that is a job. One that
+// another program holds just now has its row too, and says so. Selecting a row raises
 // the list's click event, and a bad file shows a box, so filling the list pumps.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
+#include "jobs/job_file.h"
 #include "widgets/list_model.h"
 
 struct JobLibrary {
@@ -28,6 +30,9 @@ void SelectJob(const std::string& path);
 
 // A job has been written: fills the list anew and selects its row.
 void ShowSavedJob(const std::string& path);
+
+// A row's second line once its file can be read again.
+void ShowSecondLine(int row, const JobHeaderCheck& check);
 
 // The second line of a row: the description, or how long the job takes. The words are looked up once for all rows.
 struct DurationWords {

@@ -59,7 +59,8 @@ SaveAsOutcome SaveJobAs(const std::string& name, const std::string& description,
     const bool plainlyWrong = IsPlainlyWrong(path, name);
     const std::string why = plainlyWrong ? "" : WhyJobNameIsRefused(folders.DataFolder, name);
     if (!why.empty()) return RefuseName(why);  // first of all: a look for the file would open a device
-    if (platform::FileExists(path) && !WantsToOverwrite(name)) return SaveAsOutcome::KeptOpen;
+    const bool isNew = platform::StateOf(path) == platform::FileState::Missing;  // a job that is held is none
+    if (!isNew && !WantsToOverwrite(name)) return SaveAsOutcome::KeptOpen;
     if (plainlyWrong) return RefuseName("");
     WriteJob(path, NewJob(recorded, description));
     job_library::ShowSavedJob(path);

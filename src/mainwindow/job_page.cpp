@@ -66,17 +66,25 @@ void FillControls(const JobHeaderCheck& job, const std::string& path) {
     jobPage.button_save_changes = false;
 }
 
-// A job that was damaged after the list was filled leaves it.
+// What the page showed before must not be saved into the job that is selected now.
+void ShowNoJob() {
+    jobPage.jobPath.clear();
+    Jobs_Edit_Enabled(false);
+}
+
+// A job that was damaged after the list was filled leaves it. One that is held stays, and the next click looks again.
 void ShowJob(int row) {
     if (row < 0) return Jobs_Edit_Enabled(false);
     const std::string path = job_library::JobPathOfRow(row);
     if (jobPage.button_save_changes && path == jobPage.jobPath) return;  // a click on the row that is selected already
     const JobHeaderCheck job = CheckJobHeader(path);
+    if (job.result == JobHeaderCheck::Held) return ShowNoJob();
     if (job.result < 0) {
         jobPage.button_save_changes = false;
         jobLibrary.lista_jobs.RemoveItem(row);
         return jobLibrary.lista_jobs.setlistindex(-1);
     }
+    job_library::ShowSecondLine(row, job);
     NameJob(jobLibrary.lista_jobs.List(row));
     FillControls(job, path);
     Jobs_Edit_Enabled(true);
@@ -133,8 +141,8 @@ void LoadJobPage() {
 }
 
 void Jobs_Edit_Enabled(bool enable) {
-    jobPage.jobsEditEnabled = enable;
-    if (!enable) {
+    jobPage.jobsEditEnabled = enable && !jobPage.jobPath.empty();
+    if (!jobPage.jobsEditEnabled) {
         jobPage.button_save_changes = false;
         jobPage.frameCaption.clear();  // it named a job that is no more
     }

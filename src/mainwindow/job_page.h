@@ -17,7 +17,7 @@ inline constexpr int HotkeyTab = 3;
 
 // Controls by their own names; of a button, whether it can be pressed.
 struct JobPage {
-    std::string jobPath;  // whose properties these are
+    std::string jobPath;  // whose properties these are; empty for a job that could not be read when it was selected
     std::string frameCaption;
     std::string run_job_tip;
     std::string edit_job_tip;
@@ -58,7 +58,7 @@ JobPageEnabled EnabledOnJobPage();
 // Connects the page with lista_jobs; once, before the list is filled.
 void LoadJobPage();
 
-// With a selected job, or without one.
+// With a selected job, or without one. A job of which the page knows nothing counts as none.
 void Jobs_Edit_Enabled(bool enable);
 
 // Speed.
@@ -92,8 +92,8 @@ bool SaveChanges();
 bool PitajSpremitiPromjene();
 
 // command3_Click: a new recording, from the record button, the tray menu and Ctrl+Shift+N alike. Changes that are not
-// saved are asked about first, for the list is filled anew after it. Ignored while a recording or a run is under way, or a
-// box is open.
+// saved are asked about first, for the list is filled anew after it. Ignored while a recording or a run is under way,
+// or a box is open.
 void record_new();
 
 // The commands on the selected job, of the buttons and of Menu_Jobs. Without a selection they do nothing.

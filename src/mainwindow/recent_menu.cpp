@@ -21,6 +21,10 @@ void DropRecentJobs(Condition condition) {
     std::fill(std::remove_if(jobs.begin(), jobs.end(), condition), jobs.end(), std::string());
 }
 
+bool IsMissing(const std::string& path) {
+    return platform::StateOf(path) == platform::FileState::Missing;
+}
+
 void TellMissing(const std::string& path) {
     platform::ShowBox(Translate1("File '%1' cannot be found", path) + ". " + Translate("Cannot execute job"),
                       Translate("File not found"));
@@ -29,7 +33,7 @@ void TellMissing(const std::string& path) {
 }  // namespace
 
 void FillRecentJobsMenu() {
-    DropRecentJobs([](const std::string& path) { return path.empty() || !platform::FileExists(path); });
+    DropRecentJobs([](const std::string& path) { return path.empty() || IsMissing(path); });
     recentMenu = {};
     for (const std::string& path : settings.RecentJobs) {
         if (path.empty()) continue;
@@ -40,7 +44,7 @@ void FillRecentJobsMenu() {
 
 void run_last_job(int item) {
     const std::string path = CheckedAt(recentMenu.paths, item, "Recent job");
-    if (platform::FileExists(path)) {
+    if (!IsMissing(path)) {
         RunJob(path, 0, "", false);
         return;
     }

@@ -10,11 +10,19 @@
 
 namespace platform {
 
+// What an attempt to read a file finds. A file that is held is not missing: nothing may take its place without a word.
+enum class FileState {
+    Readable,
+    Held,  // there, or perhaps there, but not to be opened just now: in use by another program, out of reach, not ours
+    Missing,  // no file has this name; a folder may have it
+};
+
 // An open file, owned; closed by the destructor.
 class File {
 public:
-    // For reading, shared with other readers and writers. Not open (see IsOpen) when the file cannot be opened.
+    // For reading, shared with other readers and writers. Not open (see IsOpen) unless Found() is Readable.
     static File OpenForReading(const std::string& path);
+    FileState Found() const { return found; }
 
     // A new file for writing, or an existing one emptied. Nobody else may write it meanwhile.
     static File Create(const std::string& path);
@@ -49,17 +57,18 @@ public:
 
 private:
     std::int64_t handle = -1;
+    FileState found = FileState::Missing;
 };
 
 // What the last failed file operation of this thread said, as a sentence without a path.
 std::string LastFileError();
 
-// True when the file can be opened for reading. A folder cannot.
-bool FileExists(const std::string& path);
-bool FolderExists(const std::string& path);
+// What OpenForReading finds; nothing else tells whether a file is there.
+inline FileState StateOf(const std::string& path) {
+    return File::OpenForReading(path).Found();
+}
 
-// True when a file has this name, even one that cannot be opened just now. Leaves LastFileError as it was.
-bool FileIsThere(const std::string& path);
+bool FolderExists(const std::string& path);
 
 // Creates one level. False when it exists or the parent is missing.
 bool MakeFolder(const std::string& path);
@@ -67,7 +76,7 @@ bool MakeFolder(const std::string& path);
 // Removes a file, read-only ones included.
 bool RemoveFile(const std::string& path);
 
-// Copies over whatever stands at `to`.
+// Copies over whatever stands at `to`. When it returns true, the copy has reached the disk.
 bool CopyFileOver(const std::string& from, const std::string& to);
 
 enum class MoveResult {

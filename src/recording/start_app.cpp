@@ -22,7 +22,7 @@ bool IsProgramName(const std::string& path) {
 
 // Says why when it cannot.
 bool CanBeStarted(const std::string& path) {
-    if (!platform::FileExists(path)) {
+    if (platform::StateOf(path) == platform::FileState::Missing) {
         platform::ShowBox(path + LineBreak + Translate("File does not exist"), Translate("File access error"));
         return false;
     }

@@ -39,20 +39,10 @@ std::string WholeFile(const std::string& path) {
     return text;
 }
 
-// Told from the folder's list: a log that cannot be opened just now, because another program holds it, is not one that
-// does not exist yet, and must not be replaced as if there were nothing in it.
-bool StandsInItsFolder(const std::string& path) {
-    const std::size_t nameStart = path.rfind('\\') + 1;
-    const std::string name = path.substr(nameStart);
-    const auto names = platform::FilesIn(WithoutTrailingBackslash(path.substr(0, nameStart)), name);
-    return names && std::ranges::any_of(*names, [&name](const std::string& found) {
-               return platform::LowerCase(found) == platform::LowerCase(name);
-           });
-}
-
-// Line by line, each with a line end of its own: a log that somebody edited may have lost some.
+// Line by line, each with a line end of its own: a log that somebody edited may have lost some. One that is held and
+// does not come free is a failure: it must not be replaced as if there were nothing in it.
 std::string OldText(const std::string& path) {
-    if (!platform::FileExists(path) && !StandsInItsFolder(path)) return {};
+    if (platform::StateOf(path) == platform::FileState::Missing) return {};
     const std::string old = WholeFile(path);
     std::string text;
     for (std::string_view rest = old; !rest.empty();) {

@@ -9,6 +9,7 @@
 #include "dictionary/dictionary.h"
 #include "dictionary/sentences.h"
 #include "folding/puni_listu.h"
+#include "jobs/job_access.h"
 #include "jobs/job_file.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
@@ -154,7 +155,8 @@ void JobRun::LogOptions() const {
 bool JobRun::StartsProgram() const {
     const std::string path = Trim(job.StartProgram.ProgramPath);
     if (path.empty()) return true;
-    if (!platform::FileExists(path)) {
+    // A program that cannot be opened can often be started all the same: it may be a link of the system's.
+    if (platform::StateOf(path) == platform::FileState::Missing) {
         platform::ShowBox(Label("Cannot start program") + LineBreak + path + LineBreak + Translate("File not found"),
                           Translate("File not found"), platform::BoxIcon::Error);
         return false;
@@ -246,19 +248,13 @@ void JobRun::LogFailure(const std::exception& failure) const {
     }
 }
 
-bool IsMissing(const std::string& jobPath) {
-    if (platform::FileExists(jobPath)) return false;
-    platform::ShowBox(Label("File does not exist") + LineBreak + jobPath, Translate("File access error"),
-                      platform::BoxIcon::Error);
-    return true;
-}
-
 }  // namespace
 
 std::int32_t RunJob(const std::string& jobPath, std::int32_t, const std::string& logPath, bool noInputBlock) {
     if (runState.ReplayRunning) return RunRefusedOrNoFile;
     if (RecordingActive() || KeyboardHookInstalled()) return RunRefusedRecording;
-    if (IsMissing(jobPath)) return RunRefusedOrNoFile;
+    const platform::FileState state = TellUnlessReadable(jobPath, platform::BoxIcon::Error);
+    if (state != platform::FileState::Readable) return RunRefusedOrNoFile;
     JobRun run(jobPath, logPath, noInputBlock);
     try {
         return run.Run();

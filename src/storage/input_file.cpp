@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "base/runtime_failure.h"
+#include "storage/held_file.h"
 
 namespace {
 
@@ -16,7 +17,7 @@ constexpr std::int64_t BlockSize = 128 * 1024;
 
 }  // namespace
 
-InputFile::InputFile(const std::string& filePath) : path(filePath), file(platform::File::OpenForReading(filePath)) {
+InputFile::InputFile(const std::string& filePath) : path(filePath), file(OpenOnceFree(filePath)) {
     if (file.IsOpen()) length = file.Length();
     if (!file.IsOpen() || length < 0) FailWithSystemWords(path);
     unread = length;

@@ -1,6 +1,7 @@
 // A file that is read from front to back, in blocks. Every way in which it can fall short of what it promises is a
-// file failure that names it: it cannot be opened, reading fails, it ends too early, or a count in it is larger than
-// the rest of it can hold. That last one is found before anything is allocated.
+// file failure that names it: it cannot be opened (one that is held is waited for, see held_file.h), reading fails, it
+// ends too early, or a count in it is larger than the rest of it can hold. That last one is found before anything is
+// allocated.
 #pragma once
 
 #include <cstddef>

@@ -46,6 +46,16 @@ TEST_F(JobLibraryList, TellsABadFileAtEveryFillAndGoesOn) {
     }
 }
 
+// It is a job all the same: a backup that goes through the folder must not thin out the list.
+TEST_F(JobLibraryList, KeepsTheRowOfAJobThatAnotherProgramHolds) {
+    PutJob("a");
+    PutJob("b", 12'345);
+    simulated::LockFileAgainstReaders(PathOf("b"));
+    job_library::FillJobList();
+    EXPECT_THAT(Rows(), ElementsAre("a: Duration: 0.0 seconds", "b: In use by another program"));
+    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+}
+
 // A box pumps, and what arrives there may fill the list, as the end of a recording does.
 TEST_F(JobLibraryList, FilledAnewBehindABoxHasEachJobOnce) {
     PutJob("good");

@@ -3,6 +3,7 @@
 #include "jobs/job_name.h"
 #include "library/job_shortcut.h"
 #include "library/library_stage.h"
+#include "platform/clock.h"
 #include "support/wording.h"
 
 namespace {
@@ -48,6 +49,11 @@ TEST_F(SaveAs, AsksBeforeItOverwrites) {
     simulated::AnswerNextBox({.yes = true});
     EXPECT_EQ(SaveJobAs("OLD", "", recorded), SaveAsOutcome::Saved);
     EXPECT_NE(simulated::FileBytes(PathOf("old")), before);
+
+    // A job that cannot be opened just now is not a name that is free.
+    simulated::LockFileAgainstReaders(PathOf("old"), platform::TickCount() + 100);
+    simulated::AnswerNextBox({.yes = false});
+    EXPECT_EQ(SaveJobAs("old", "", recorded), SaveAsOutcome::KeptOpen);
 }
 
 TEST_F(SaveAs, AsksAndRefusesInEveryLanguage) {
@@ -138,6 +144,9 @@ TEST_F(SaveAs, AsksBeforeItReplacesAShortcutOfTheUsersOwn) {
     for (int again = 0; again < 2; ++again) CreateJobShortcut(PathOf("job"), folders.DesktopFolder, "job");
     EXPECT_THAT(simulated::FileBytes(link).value_or(""), HasSubstr(PathOf("job")));
     EXPECT_EQ(simulated::ShownBoxes().size(), 2U) << "its own is replaced without a word";
+    simulated::LockFileAgainstReaders(link);
+    CreateJobShortcut(PathOf("job"), folders.DesktopFolder, "job");
+    EXPECT_EQ(simulated::ShownBoxes().size(), 3U) << "what cannot be read is not known to be its own";
 }
 
 TEST_F(SaveAs, SaysNothingOfAShortcutThatCannotBeMade) {

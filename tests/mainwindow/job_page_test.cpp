@@ -289,6 +289,22 @@ TEST_F(JobPageRules, StayWithAJobWhoseChangesAreRefused) {
     EXPECT_TRUE(jobPage.hotkey.assign_hotkey);
 }
 
+// Another job's properties must not be saved into one that could not be read.
+TEST_F(JobPageRules, ShowNothingOfAJobThatIsHeldUntilItIsFree) {
+    SetSpeed(42);
+    SaveChanges();
+    simulated::LockFileAgainstReaders(PathOf("a"));
+    Select("a");
+    job_library::FillJobList();  // which selects it again
+    EXPECT_EQ(Selected(), 0);
+    EXPECT_FALSE(EnabledOnJobPage().page);
+    simulated::LockFile(PathOf("a"), 0);
+    Click(0);
+    EXPECT_TRUE(EnabledOnJobPage().page);
+    EXPECT_EQ(jobPage.Slider1, 100);
+    EXPECT_EQ(jobLibrary.lista_jobs.Row(0).Text2, "Description of a");
+}
+
 // The list is filled anew after a recording, and what is not saved would go with it.
 TEST_F(JobPageRules, AskAboutChangesBeforeARecording) {
     settings.Display_Recording_Window = 1;

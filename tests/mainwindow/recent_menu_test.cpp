@@ -20,6 +20,14 @@ TEST_F(RecentJobsMenu, HasAnItemForEachJobThatIsStillThere) {
     EXPECT_THAT(settings.RecentJobs, ElementsAre("C:\\a.tsj", "C:\\b.tsj", "C:\\d.tsj", "", ""));
 }
 
+TEST_F(RecentJobsMenu, KeepsAJobThatAnotherProgramHolds) {
+    simulated::LockFileAgainstReaders("C:\\a.tsj");
+    FillRecentJobsMenu();
+    EXPECT_THAT(recentMenu.run_last_job, ElementsAre("a", "b", "d"));
+    run_last_job(0);
+    EXPECT_THAT(shellStandIn.calls, ElementsAre("RunJob C:\\a.tsj")) << "which says what is the matter";
+}
+
 TEST_F(RecentJobsMenu, RunsAJobAsAButtonDoes) {
     run_last_job(1);
     EXPECT_THAT(shellStandIn.calls, ElementsAre("RunJob C:\\b.tsj"));

@@ -7,6 +7,7 @@
 using contract::HeldFile;
 using contract::TestFolder;
 using platform::File;
+using platform::FileState;
 using platform::MoveResult;
 
 namespace {
@@ -69,12 +70,11 @@ TEST(Files, WhatIsNoFileFailsWithWords) {
     EXPECT_FALSE(platform::LastFileError().empty());
     EXPECT_FALSE(File::Create(folder / "missing\\file").IsOpen());
     EXPECT_FALSE(File::OpenForReading(folder.Path()).IsOpen()) << "a folder is no file";
-    EXPECT_FALSE(platform::FileExists(folder / "none"));
-    EXPECT_FALSE(platform::FileExists(folder.Path()));
-    EXPECT_FALSE(platform::FileIsThere(folder / "none"));
-    EXPECT_FALSE(platform::FileIsThere(folder / "missing\\file"));
-    EXPECT_FALSE(platform::FileIsThere(folder.Path()));
-    EXPECT_FALSE(platform::FileExists(""));
+    for (const std::string& path :
+         {folder / "none", folder / "missing\\file", folder / "a?b", folder / std::string(300, 'x'), folder.Path(),
+          std::string("Q:\\none"), std::string()}) {
+        EXPECT_EQ(platform::StateOf(path), FileState::Missing) << path;
+    }
     EXPECT_FALSE(platform::RemoveFile(folder / "none"));
     EXPECT_FALSE(platform::CopyFileOver(folder / "none", folder / "copy"));
     EXPECT_EQ(platform::MoveFileOver(folder / "none", folder / "moved"), MoveResult::Failed);
@@ -112,11 +112,11 @@ TEST(Files, CopiesAndMovesTakeThePlaceOfWhatWasThere) {
     Put(folder / "from", "newer");
     EXPECT_EQ(platform::MoveFileOver(folder / "from", folder / "to"), MoveResult::Done);
     EXPECT_EQ(Get(folder / "to"), "newer");
-    EXPECT_FALSE(platform::FileExists(folder / "from"));
+    EXPECT_EQ(platform::StateOf(folder / "from"), FileState::Missing);
     EXPECT_EQ(platform::MoveFileOver(folder / "to", folder / "fresh"), MoveResult::Done) << "nothing there before";
     EXPECT_EQ(Get(folder / "fresh"), "newer");
     EXPECT_TRUE(platform::RemoveFile(folder / "fresh"));
-    EXPECT_FALSE(platform::FileExists(folder / "fresh"));
+    EXPECT_EQ(platform::StateOf(folder / "fresh"), FileState::Missing);
 }
 
 TEST(Files, AHeldTargetIsBusyAndStaysWhole) {
@@ -128,7 +128,7 @@ TEST(Files, AHeldTargetIsBusyAndStaysWhole) {
         EXPECT_EQ(platform::MoveFileOver(folder / "from", folder / "to"), MoveResult::Busy);
         EXPECT_FALSE(platform::LastFileError().empty());
         EXPECT_EQ(Get(folder / "to"), "old") << "it can be read meanwhile";
-        EXPECT_TRUE(platform::FileIsThere(folder / "TO"));
+        EXPECT_EQ(platform::StateOf(folder / "TO"), FileState::Readable);
         EXPECT_EQ(Get(folder / "from"), "new");
         EXPECT_FALSE(File::Create(folder / "to").IsOpen());
         EXPECT_FALSE(platform::RemoveFile(folder / "to"));
@@ -137,6 +137,22 @@ TEST(Files, AHeldTargetIsBusyAndStaysWhole) {
     }
     EXPECT_EQ(platform::MoveFileOver(folder / "from", folder / "to"), MoveResult::Done);
     EXPECT_EQ(Get(folder / "to"), "new");
+}
+
+TEST(Files, HeldAgainstReadersIsNotMissing) {
+    const TestFolder folder;
+    Put(folder / "a", "bytes");
+    {
+        const HeldFile held(folder / "a", contract::Readers::KeptOut);
+        const File file = File::OpenForReading(folder / "a");
+        EXPECT_FALSE(file.IsOpen());
+        EXPECT_EQ(file.Found(), FileState::Held);
+        EXPECT_EQ(platform::StateOf(folder / "A"), FileState::Held);
+    }
+    File file = File::OpenForReading(folder / "a");
+    const File moved = std::move(file);
+    EXPECT_EQ(moved.Found(), FileState::Readable);
+    EXPECT_EQ(Get(folder / "a"), "bytes");
 }
 
 TEST(Files, OneWriterAtATime) {

@@ -180,11 +180,11 @@ TEST(ReadOnlyFiles, AreRemovedAndNeverBusy) {
     PutText(folder / "to", "old");
     const auto protect = [&] { SetFileAttributesA((folder / "to").c_str(), FILE_ATTRIBUTE_READONLY); };
     protect();
-    EXPECT_TRUE(platform::FileExists(folder / "to"));
+    EXPECT_EQ(platform::StateOf(folder / "to"), platform::FileState::Readable);
     EXPECT_TRUE(platform::CopyFileOver(folder / "from", folder / "to"));
     protect();
     EXPECT_TRUE(platform::RemoveFile(folder / "to"));
-    EXPECT_FALSE(platform::FileExists(folder / "to"));
+    EXPECT_EQ(platform::StateOf(folder / "to"), platform::FileState::Missing);
 
     PutText(folder / "to", "old");
     protect();

@@ -269,7 +269,7 @@ bool Within(int ms, const std::function<bool()>& condition) {
 constexpr const char* TypingProgram = "Z:\\usr\\bin\\xdotool";
 
 bool HasUser() {
-    return platform::FileExists(TypingProgram);
+    return platform::StateOf(TypingProgram) == platform::FileState::Readable;
 }
 
 void UserTaps(int virtualKey) {
@@ -353,15 +353,15 @@ TestFolder::~TestFolder() {
 }
 
 struct HeldFile::Inside {
-    explicit Inside(const std::string& path)
-        : handle(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
-                             nullptr)) {
+    Inside(const std::string& path, Readers readers)
+        : handle(CreateFileA(path.c_str(), GENERIC_READ, readers == Readers::LetIn ? FILE_SHARE_READ : 0, nullptr,
+                             OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)) {
         EXPECT_NE(handle.Get(), INVALID_HANDLE_VALUE);
     }
     OwnedHandle handle;
 };
 
-HeldFile::HeldFile(const std::string& path) : inside(std::make_unique<Inside>(path)) {}
+HeldFile::HeldFile(const std::string& path, Readers readers) : inside(std::make_unique<Inside>(path, readers)) {}
 
 HeldFile::~HeldFile() = default;
 

@@ -92,6 +92,16 @@ TEST_F(RunJobTest, AJobThatIsGoneIsTold) {
     EXPECT_TRUE(mainWindowViewStandIn.calls.empty());
 }
 
+TEST_F(RunJobTest, AJobThatIsHeldIsWaitedForAndThenTold) {
+    InEdit().Type("a");
+    simulated::LockFileAgainstReaders(JobPath, platform::TickCount() + 1000);
+    EXPECT_EQ(Run(), 1);
+    simulated::LockFileAgainstReaders(JobPath);
+    EXPECT_EQ(RunJob(JobPath, 0, "", true), -10);
+    EXPECT_THAT(Boxes(), ElementsAre("File access error|The file '" + JobPath +
+                                     "' is in use by another program. Please try again in a moment."));
+}
+
 TEST_F(RunJobTest, ADamagedJobLeavesEverythingAsItWas) {
     simulated::PutFile(JobPath, "short");
     EXPECT_THROW(RunJob(JobPath, 0, "", true), RuntimeFailure);

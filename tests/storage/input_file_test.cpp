@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "base/runtime_failure.h"
+#include "platform/clock.h"
 #include "platform/simulated/files.h"
+#include "storage/held_file.h"
 #include "storage/output_file.h"
 
 namespace {
@@ -42,6 +44,34 @@ TEST(BlockFiles, RefuseAPieceThatIsLongerThanTheRest) {
     input.Take(100'000);
     EXPECT_THROW(input.Take(300'001), RuntimeFailure);
     EXPECT_EQ(std::string(input.Take(300'000), 300'000), Pattern(400'000).substr(100'000)) << "nothing was lost";
+}
+
+// A scanner or a backup holds a file for a moment; one that is gone is not waited for.
+TEST(HeldFiles, AreWaitedForUpToTwoSeconds) {
+    struct Case {
+        std::int64_t heldFor;
+        platform::FileState found;
+        std::int64_t waited;
+    };
+    const Case cases[] = {{0, platform::FileState::Readable, 0},
+                          {500, platform::FileState::Readable, 500},
+                          {1'990, platform::FileState::Readable, 2'000},
+                          {simulated::ForEver, platform::FileState::Held, 2'000}};
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.heldFor);
+        simulated::PutFile(path, "bytes");
+        const std::int64_t start = platform::TickCount();
+        const bool forEver = one.heldFor == simulated::ForEver;
+        simulated::LockFileAgainstReaders(path, forEver ? one.heldFor : start + one.heldFor);
+        EXPECT_EQ(StateOnceFree(path), one.found);
+        EXPECT_EQ(platform::TickCount() - start, one.waited);
+        if (forEver) {
+            EXPECT_THROW(InputFile{path}, RuntimeFailure);
+        }
+    }
+    const std::int64_t start = platform::TickCount();
+    EXPECT_EQ(StateOnceFree("C:\\data\\none"), platform::FileState::Missing);
+    EXPECT_EQ(platform::TickCount(), start);
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ TEST(SimulatedFiles, UnflushedBytesAreTornByAPowerCut) {
     EXPECT_TRUE(file.Write("safe", 4) && file.Flush() && file.Write("torn", 4));
     simulated::FailAtOperation(1, simulated::Fault::PowerCut);
     EXPECT_FALSE(file.Close());
-    EXPECT_FALSE(platform::FileExists(path));
+    EXPECT_NE(platform::StateOf(path), platform::FileState::Readable);
     simulated::RestartDisk();
     EXPECT_EQ(simulated::FileBytes(path), "safeto");
 }

@@ -173,14 +173,17 @@ namespace platform {
 
 File File::OpenForReading(const std::string& path) {
     File file;
+    file.found = FileState::Held;  // which is also what a disk that fails leaves one with
     if (!Operate()) return file;
     const std::string key = KeyOf(path);
     const auto entry = disk.files.find(key);
     if (entry == disk.files.end()) {
+        file.found = FileState::Missing;
         Fail(disk.folders.contains(key) ? AccessDenied : NotFound);
     } else if (IsLockedAgainstReaders(key)) {
         Fail(Sharing);
     } else {
+        file.found = FileState::Readable;
         file.handle = NewHandle(key, entry->second, false);
     }
     return file;
@@ -203,12 +206,13 @@ File File::Create(const std::string& path) {
     return file;
 }
 
-File::File(File&& other) noexcept : handle(std::exchange(other.handle, -1)) {}
+File::File(File&& other) noexcept : handle(std::exchange(other.handle, -1)), found(other.found) {}
 
 File& File::operator=(File&& other) noexcept {
     if (this != &other) {
         if (IsOpen()) Close();
         handle = std::exchange(other.handle, -1);
+        found = other.found;
     }
     return *this;
 }
@@ -271,17 +275,6 @@ std::string LastFileError() {
     return disk.lastError;
 }
 
-bool FileExists(const std::string& path) {
-    if (!Operate()) return false;
-    const std::string key = KeyOf(path);
-    if (!disk.files.contains(key)) return Fail(NotFound);
-    return IsLockedAgainstReaders(key) ? Fail(Sharing) : true;
-}
-
-bool FileIsThere(const std::string& path) {
-    return !disk.powerOff && disk.files.contains(KeyOf(path));
-}
-
 bool FolderExists(const std::string& path) {
     if (!Operate()) return false;
     return FolderStands(KeyOf(path)) && !path.empty() ? true : Fail(PathNotFound);
@@ -320,7 +313,9 @@ bool CopyFileOver(const std::string& from, const std::string& to) {
     DropEntry(key);
     PutEntry(to, copy);
     const std::size_t size = works ? original->bytes.size() : original->bytes.size() / 2;
-    return WriteInto(*copy, 0, original->bytes.data(), size) && works;
+    const bool copied = WriteInto(*copy, 0, original->bytes.data(), size) && works;
+    if (copied) copy->flushed = size;
+    return copied;
 }
 
 MoveResult MoveFileOver(const std::string& from, const std::string& to) {

@@ -34,7 +34,7 @@ void MakeReadOnly(const std::string& folder);
 inline constexpr std::int64_t ForEver = INT64_MAX;
 void LockFile(const std::string& path, std::int64_t untilTick = ForEver);
 
-// The same, and nobody can read it either (FileExists says no, FileIsThere yes).
+// The same, and nobody can read it either (FileState::Held).
 void LockFileAgainstReaders(const std::string& path, std::int64_t untilTick = ForEver);
 
 // Every call of a function of platform/files.h is one operation, closing included. The failure strikes at the n-th

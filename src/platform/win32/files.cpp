@@ -35,6 +35,23 @@ bool HasAttribute(const std::string& path, DWORD attribute) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & attribute) != 0;
 }
 
+// Of the reasons why a file cannot be opened, those that say that there is none. Every other one leaves it open: in
+// use, no right to it, a drive that is not ready, a server that does not answer.
+FileState StateAfter(DWORD error, const std::string& path) {
+    switch (error) {
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_INVALID_NAME:
+        case ERROR_BAD_PATHNAME:
+        case ERROR_DIRECTORY:
+        case ERROR_INVALID_DRIVE:
+        case ERROR_FILENAME_EXCED_RANGE:
+            return FileState::Missing;
+        default:
+            return HasAttribute(path, FILE_ATTRIBUTE_DIRECTORY) ? FileState::Missing : FileState::Held;
+    }
+}
+
 // Runs `change` again without the read-only attribute of `path`, if that is what stood in the way. The attribute
 // comes back where the change fails all the same.
 template <class Change>
@@ -56,6 +73,15 @@ bool HeldForAMoment(const std::string& target) {
     return (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) == 0;
 }
 
+bool FlushCopy(const std::string& path) {
+    const HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (!Noted(file != INVALID_HANDLE_VALUE)) return false;
+    const bool flushed = Noted(FlushFileBuffers(file));
+    CloseHandle(file);
+    return flushed;
+}
+
 bool EndsIn(const std::string& name, const std::string& extension) {
     return name.size() >= extension.size() && LowerCase(name).ends_with(LowerCase(extension));
 }
@@ -74,6 +100,7 @@ File File::OpenForReading(const std::string& path) {
     file.handle =
         FromHandle(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    file.found = file.IsOpen() ? FileState::Readable : StateAfter(lastError, path);
     return file;
 }
 
@@ -86,12 +113,13 @@ File File::Create(const std::string& path) {
     return file;
 }
 
-File::File(File&& other) noexcept : handle(std::exchange(other.handle, -1)) {}
+File::File(File&& other) noexcept : handle(std::exchange(other.handle, -1)), found(other.found) {}
 
 File& File::operator=(File&& other) noexcept {
     if (this != &other) {
         if (IsOpen()) Close();
         handle = std::exchange(other.handle, -1);
+        found = other.found;
     }
     return *this;
 }
@@ -151,16 +179,8 @@ std::string LastFileError() {
     return end == std::string::npos ? "Error " + std::to_string(lastError) + "." : sentence.substr(0, end + 1);
 }
 
-bool FileExists(const std::string& path) {
-    return File::OpenForReading(path).IsOpen();
-}
-
 bool FolderExists(const std::string& path) {
     return HasAttribute(path, FILE_ATTRIBUTE_DIRECTORY);
-}
-
-bool FileIsThere(const std::string& path) {
-    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES && !FolderExists(path);
 }
 
 bool MakeFolder(const std::string& path) {
@@ -171,8 +191,14 @@ bool RemoveFile(const std::string& path) {
     return DespiteReadOnly(path, [&] { return DeleteFileA(path.c_str()); });
 }
 
+// A copy has the attributes of its original, and only a file that may be written can be flushed.
 bool CopyFileOver(const std::string& from, const std::string& to) {
-    return DespiteReadOnly(to, [&] { return CopyFileA(from.c_str(), to.c_str(), FALSE); });
+    if (!DespiteReadOnly(to, [&] { return CopyFileA(from.c_str(), to.c_str(), FALSE); })) return false;
+    const DWORD attributes = GetFileAttributesA(to.c_str());
+    SetFileAttributesA(to.c_str(), FILE_ATTRIBUTE_NORMAL);
+    const bool flushed = FlushCopy(to);
+    if (attributes != INVALID_FILE_ATTRIBUTES) SetFileAttributesA(to.c_str(), attributes);
+    return flushed;
 }
 
 MoveResult MoveFileOver(const std::string& from, const std::string& to) {
