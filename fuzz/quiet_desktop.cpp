@@ -2,6 +2,7 @@
 // and a clock that moves only in sleeps. A fuzzer runs millions of inputs in one process; nothing may pile up.
 #include "platform/boxes.h"
 #include "platform/clock.h"
+#include "platform/processes.h"
 #include "platform/registry.h"
 
 namespace {
@@ -17,6 +18,14 @@ namespace platform {
 void ShowBox(const std::string&, const std::string&, BoxIcon) {}
 
 bool AskYesNo(const std::string&, const std::string&, BoxIcon) {
+    return false;
+}
+
+std::uint32_t OwnProcess() {
+    return 1;
+}
+
+bool ProcessRuns(std::uint32_t) {
     return false;
 }
 

@@ -1,11 +1,11 @@
 #include "storage/save_file.h"
 
 #include <algorithm>
-#include <random>
 #include <vector>
 
 #include "base/runtime_failure.h"
 #include "platform/clock.h"
+#include "storage/temporary_name.h"
 
 namespace {
 
@@ -16,19 +16,15 @@ constexpr std::int64_t PauseMs = 4;
 constexpr int TriesInARow = 8;
 constexpr std::int64_t CopyBlock = 128 * 1024;
 
-// "~", seven random characters, ".tmp": as short as the shortest names that Windows leaves room for in every folder.
-std::string TemporaryBeside(const std::string& target) {
-    constexpr std::string_view digits = "0123456789abcdefghijklmnopqrstuv";
-    std::random_device random;
-    std::string name = "~";
-    for (int i = 0; i < 7; ++i) name += digits[random() % digits.size()];
-    return target.substr(0, target.rfind('\\') + 1) + name + ".tmp";
+std::string FolderOf(const std::string& path) {
+    const std::size_t end = path.rfind('\\');
+    return end == std::string::npos ? "." : path.substr(0, end);
 }
 
 }  // namespace
 
 SaveFile::SaveFile(const std::string& path)
-    : target(path), temporary(TemporaryBeside(path)), file(platform::File::Create(temporary)) {
+    : target(path), temporary(NewTemporaryPath(FolderOf(path))), file(platform::File::Create(temporary)) {
     if (!file.IsOpen()) Fail();
 }
 
@@ -66,7 +62,7 @@ bool SaveFile::WaitForTarget() {
 platform::File SaveFile::OpenOld() {
     for (;;) {
         platform::File old = platform::File::OpenForReading(target);
-        if (old.IsOpen() || !platform::FileIsThere(target)) return old;
+        if (old.Found() != platform::FileState::Held) return old;
         if (!WaitForTarget()) Fail();
     }
 }

@@ -4,7 +4,10 @@
 
 #include "base/runtime_failure.h"
 #include "platform/clock.h"
+#include "platform/simulated/desktop.h"
 #include "platform/simulated/files.h"
+#include "storage/kept_file.h"
+#include "storage/temporary_name.h"
 #include "support/disk_faults.h"
 
 using testing::HasSubstr;
@@ -119,16 +122,69 @@ TEST(SaveFile, TwoProcessesMaySaveAtOnce) {
 }
 
 TEST(SaveFile, LeftoversOfCrashesAreNotInTheWay) {
-    for (int crash = 0; crash < 20; ++crash) {
+    for (int crash = 0; crash < 10; ++crash) {
         simulated::PutFile(target, "old");
         simulated::FailAtOperation(3, simulated::Fault::PowerCut);
         EXPECT_NE(FailureOf("new"), "(none)");
         simulated::RestartDisk();
     }
-    EXPECT_EQ(simulated::AllFiles().size(), 21U);
+    EXPECT_EQ(simulated::AllFiles().size(), 11U);
     Save("new");
     EXPECT_EQ(simulated::FileBytes(target), "new");
-    EXPECT_EQ(simulated::AllFiles().size(), 21U);
+    EXPECT_EQ(simulated::AllFiles().size(), 11U);
+}
+
+std::string BaseOf(const std::string& path) {
+    return path.substr(path.rfind('\\') + 1);
+}
+
+// Only ours, and never one of a live process: what a name says decides, and what the system holds.
+TEST(TemporaryFiles, OfKilledSavesGoAtTheNextStart) {
+    constexpr std::uint32_t other = 4'294'967'295U;
+    simulated::LetProcessRun(other);
+    struct Case {
+        std::string name;
+        bool goes;
+    };
+    const Case cases[] = {
+        {BaseOf(NewTemporaryPath("C:\\data")), true},  // our number was that of a process that is gone
+        {"~00000rk.tmp", true},                        // process 62
+        {"~00000RM.tmp", false},
+        {"~vkhsvlf.tmp", false},  // the live one
+        {"~zzzzzzz.tmp", false},  // no process has such a number
+        {"~0000000.tsj", false},
+        {"~000000.tmp", false},
+        {"~00000000.tmp", false},
+        {"_00000rk.tmp", false},
+        {"~0000-rs.tmp", false},
+        {"a.tmp", false}};
+    for (const Case& one : cases) simulated::PutFile("C:\\data\\" + one.name, "left");
+    simulated::PutFile("C:\\data\\~00000rl.tmp", "held");
+    simulated::LockFile("C:\\data\\~00000rl.tmp");
+    simulated::PutFile("C:\\data\\sub\\~00000rk.tmp", "elsewhere");
+    RemoveLeftovers("C:\\data");
+    for (const Case& one : cases) {
+        EXPECT_EQ(simulated::FileBytes("C:\\data\\" + one.name).has_value(), !one.goes) << one.name;
+    }
+    EXPECT_TRUE(simulated::FileBytes("C:\\data\\~00000rl.tmp"));
+    EXPECT_TRUE(simulated::FileBytes("C:\\data\\sub\\~00000rk.tmp"));
+    RemoveLeftovers("C:\\none");
+}
+
+TEST(KeepUnderAnotherName, FindsAFreeNameAndMovesInOneStep) {
+    for (const char* name : {"a (kept).tsj", "a (kept 2).tsj", "a (kept 3).tsj"}) {
+        simulated::PutFile(target, name);
+        EXPECT_EQ(KeepUnderAnotherName(target), std::string("C:\\data\\") + name);
+        EXPECT_EQ(simulated::FileBytes(std::string("C:\\data\\") + name), name);
+        EXPECT_FALSE(simulated::FileBytes(target));
+    }
+    simulated::PutFile(target, "held");
+    simulated::LockFile(target, platform::TickCount() + 1000);
+    EXPECT_TRUE(KeepUnderAnotherName(target)) << "for a moment";
+    simulated::PutFile(target, "held");
+    simulated::LockFile(target);
+    EXPECT_EQ(KeepUnderAnotherName(target), std::nullopt);
+    EXPECT_EQ(simulated::FileBytes(target), "held");
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 #include "base/runtime_failure.h"
 #include "platform/simulated/files.h"
+#include "storage/temporary_name.h"
 
 struct SaveUnderFaults {
     std::string path;
@@ -43,6 +44,7 @@ inline bool SaveWithFaultAt(const SaveUnderFaults& test, std::int64_t n, simulat
 }
 
 inline void SurvivesEveryFault(const SaveUnderFaults& test) {
+    RemoveLeftovers(test.path.substr(0, test.path.rfind('\\')));  // of the power cuts of an earlier walk
     for (const simulated::Fault fault : {simulated::Fault::Failure, simulated::Fault::PowerCut}) {
         const std::size_t files = simulated::AllFiles().size() + (simulated::FileBytes(test.path) ? 0 : 1);
         std::int64_t n = 1;

@@ -29,7 +29,7 @@ Command Split(const std::string& commandLine) {
     }
     for (std::size_t end = commandLine.size(); end != std::string::npos && end > 0;
          end = commandLine.find_last_of(' ', end - 1)) {
-        if (FileExists(commandLine.substr(0, end))) return SplitAt(commandLine, end);
+        if (StateOf(commandLine.substr(0, end)) != FileState::Missing) return SplitAt(commandLine, end);
     }
     return SplitAt(commandLine, commandLine.find(' '));  // a name for the system to look for
 }
@@ -60,6 +60,17 @@ bool StartProgram(const std::string& commandLine, int windowStyle) {
     info.lpParameters = command.parameters.c_str();
     info.nShow = ShowCommand(windowStyle);
     return ShellExecuteExA(&info) != FALSE;
+}
+
+std::uint32_t OwnProcess() {
+    return GetCurrentProcessId();
+}
+
+// A process that has ended keeps its number for as long as somebody has a handle of it.
+bool ProcessRuns(std::uint32_t process) {
+    const OwnedHandle handle(OpenProcess(SYNCHRONIZE, FALSE, process));
+    if (handle.Get() == nullptr) return GetLastError() != ERROR_INVALID_PARAMETER;
+    return WaitForSingleObject(handle.Get(), 0) == WAIT_TIMEOUT;
 }
 
 }  // namespace platform
