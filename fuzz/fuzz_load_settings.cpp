@@ -22,6 +22,7 @@ void Load(std::size_t size) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    simulated::LosePath(folders.DataFolder);  // what the input before has left there
     PutJobs();
     simulated::PutFile(settingsPath, std::string(reinterpret_cast<const char*>(data), size));
     Load(size);

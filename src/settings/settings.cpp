@@ -1,18 +1,21 @@
 #include "settings/settings.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "base/product.h"
 #include "base/runtime_failure.h"
+#include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "platform/boxes.h"
-#include "platform/clock.h"
 #include "platform/files.h"
 #include "settings/folders.h"
 #include "settings/settings_fields.h"
 #include "settings/settings_view.h"
+#include "storage/held_file.h"
 #include "storage/input_file.h"
+#include "storage/kept_file.h"
 #include "storage/output_file.h"
 
 Settings settings;
@@ -22,17 +25,20 @@ namespace {
 // Version, options and the two counts.
 constexpr std::int64_t SmallestFile = 2642;
 
-constexpr int LongestHold = 2000;  // ms to wait for a file that another program holds
-constexpr int HoldPause = 20;
-
 enum class Outcome {
     Loaded,
-    Defaults,   // without a word
-    Corrupted,  // with a box
+    Missing,
+    Held,
+    Unreadable,
+    Corrupted,  // by this version or a newer one, which has words of its own
 };
 
 std::string SettingsPath() {
     return folders.DataFolder + "\\settings.binary";
+}
+
+bool IsMissing(const std::string& path) {
+    return platform::StateOf(path) == platform::FileState::Missing;
 }
 
 bool IsWithin(std::int32_t value, std::int32_t lowest, std::int32_t highest) {
@@ -67,39 +73,53 @@ bool ReadBody(InputFile& file, Settings& loaded) {
            ReadTable(file, needed, loaded.Schedules);
 }
 
-// A damaged file is spoken of only when this version or a newer one wrote it.
+// By the version that was read before; 0 for none.
 Outcome Damaged(std::int32_t version) {
-    return IsWithin(version, ProductVersionNumber, 999) ? Outcome::Corrupted : Outcome::Defaults;
+    return IsWithin(version, ProductVersionNumber, 999) ? Outcome::Corrupted : Outcome::Unreadable;
 }
 
 Outcome ReadSettings(InputFile& file, Settings& loaded) {
     if (file.Length() < SmallestFile) return Damaged(0);
     const std::int32_t version = file.Count();
-    if (version < 100) return Outcome::Defaults;
+    if (version < 100) return Outcome::Unreadable;
     if (version >= 1000) return Damaged(version);
-    if (version > ProductVersionNumber) return Outcome::Defaults;  // a newer one's; the next save takes its place
+    if (version > ProductVersionNumber) return Outcome::Unreadable;  // a newer one's
     return ReadBody(file, loaded) ? Outcome::Loaded : Damaged(version);
 }
 
-// A scanner or a backup may hold the file for a moment. Taken for missing, it would be overwritten with the defaults at
-// the next save, and every hotkey and schedule with it.
-bool BecomesReadable(const std::string& path) {
-    const std::int64_t deadline = platform::TickCount() + LongestHold;
-    while (!platform::FileExists(path)) {
-        if (!platform::FileIsThere(path) || platform::TickCount() >= deadline) return false;
-        platform::Sleep(HoldPause);
-    }
-    return true;
-}
-
 Outcome ReadSettingsFile(Settings& loaded) {
-    if (!BecomesReadable(SettingsPath())) return Outcome::Defaults;
+    const platform::FileState state = StateOnceFree(SettingsPath());
+    if (state == platform::FileState::Missing) return Outcome::Missing;
+    if (state == platform::FileState::Held) return Outcome::Held;
     try {
         InputFile file(SettingsPath());
         return ReadSettings(file, loaded);
     } catch (const RuntimeFailure&) {
-        return Outcome::Defaults;
+        return Outcome::Unreadable;
     }
+}
+
+// The user has the time that the box is open to end the other program.
+Outcome TryAgainAfterABox(Settings& loaded) {
+    platform::ShowBox(Translate("Your settings are in use by another program and cannot be read. Please close it and "
+                                "press OK to try again. If they still cannot be read then, Tessarine starts with "
+                                "default settings, and the old ones are kept under another name."),
+                      ProductName, platform::BoxIcon::Warning);
+    return ReadSettingsFile(loaded);
+}
+
+std::string TextOf(Outcome outcome) {
+    return outcome == Outcome::Corrupted
+               ? Translate("File 'settings.binary' is corrupted. Press OK to reset your settings to default.")
+               : Translate("Your settings cannot be read. They are reset to default.");
+}
+
+// The file holds what the user may want back: it is not written over.
+std::string KeepOldFile() {
+    const std::optional<std::string> name = KeepUnderAnotherName(SettingsPath());
+    settings.KeepOldFile = !name;
+    if (!name) return Translate("The old file will be kept under another name.");
+    return Translate1("The old file is kept as '%1'.", *name);
 }
 
 // Only what is needed until ApplyFirstRunValues sets everything. The countdown is 3 here and 5 there: of the two
@@ -115,7 +135,7 @@ Settings Defaults() {
 
 // No box, and no save: the records are dropped again at every start until something else writes the file.
 void DropHotkeysWithoutJob() {
-    std::erase_if(settings.Hotkeys, [](const Hotkey& hotkey) { return !platform::FileIsThere(hotkey.job_path); });
+    std::erase_if(settings.Hotkeys, [](const Hotkey& hotkey) { return IsMissing(hotkey.job_path); });
 }
 
 void TellMissing(const Schedule& schedule) {
@@ -129,7 +149,7 @@ bool DropSchedulesWithoutJob() {
     const std::size_t before = settings.Schedules.size();
     for (auto i = static_cast<std::ptrdiff_t>(before); i-- > 0;) {
         const Schedule schedule = settings.Schedules[static_cast<std::size_t>(i)];
-        if (platform::FileIsThere(schedule.job_path)) continue;
+        if (!IsMissing(schedule.job_path)) continue;
         TellMissing(schedule);
         DeleteSchedule(i);
     }
@@ -150,6 +170,15 @@ void CleanUp() {
     settings.SettingsLoaded = true;
 }
 
+void KeepWhatWasNeverRead() {
+    if (!settings.KeepOldFile) return;
+    if (!IsMissing(SettingsPath()) && !KeepUnderAnotherName(SettingsPath())) {
+        throw RuntimeFailure(FailureKind::File,
+                             "The file '" + SettingsPath() + "' cannot be saved. " + platform::LastFileError());
+    }
+    settings.KeepOldFile = false;
+}
+
 // A place with left and top of at least 1, and the window wholly on the screen.
 bool IsOnScreen(std::int32_t start, std::int32_t window, std::int32_t screen) {
     return start >= 1 && start <= screen - window;
@@ -158,18 +187,23 @@ bool IsOnScreen(std::int32_t start, std::int32_t window, std::int32_t screen) {
 }  // namespace
 
 void LoadSettings() {
+    settings = Defaults();
     Settings loaded;
-    const Outcome outcome = ReadSettingsFile(loaded);
-    if (outcome == Outcome::Corrupted) {
-        platform::ShowBox(Translate("File 'settings.binary' is corrupted. Press OK to reset your settings to default."),
-                          ProductName);
+    Outcome outcome = ReadSettingsFile(loaded);
+    const bool told = outcome == Outcome::Held;
+    if (told) outcome = TryAgainAfterABox(loaded);
+    if (outcome == Outcome::Loaded) {
+        settings = std::move(loaded);
+        CleanUp();
+    } else if (outcome != Outcome::Missing) {
+        const std::string kept = KeepOldFile();
+        if (!told) platform::ShowBox(TextOf(outcome) + LineBreak + kept, ProductName);
     }
-    settings = outcome == Outcome::Loaded ? std::move(loaded) : Defaults();
-    if (outcome == Outcome::Loaded) CleanUp();
 }
 
 void SaveSettings() {
     CopyControlsToSettings();
+    KeepWhatWasNeverRead();
     OutputFile file(SettingsPath());
     file.WriteCount(ProductVersionNumber);
     file.Write(settings);

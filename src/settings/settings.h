@@ -36,16 +36,19 @@ struct Settings {
 
     bool SettingsLoaded = false;  // false after a failed load: the main window then applies the first-run values
     bool NothingLoaded = false;   // tells the schedule page that there was nothing to load
+    bool KeepOldFile = false;  // the file in the data folder was never read: it gets another name before the next save
 };
 extern Settings settings;
 
 // Fills `settings` from the file and drops hotkeys and schedules whose job is gone; each such schedule shows a box,
-// and the file is then written again. A file that is missing, damaged or of another make gives the defaults, and
-// only one that this version wrote shows a box about it. Never throws: the program starts whatever the file holds.
+// and the file is then written again. A missing file gives the defaults without a word. One that is there and cannot be
+// read (held, damaged, of a newer version) gives the defaults too, and is kept beside the new one under another name:
+// at once if the system lets it, else by the next save. One box tells so; a file that is held is tried again after it.
+// Never throws: the program starts whatever the file holds.
 void LoadSettings();
 
 // Copies what lives on controls into `settings` and writes the file in one step. A file failure when it cannot be
-// written; the old file is then as it was.
+// written, or when an old one that was never read cannot be kept; the old file is then as it was.
 void SaveSettings();
 
 // What the main window does while it loads when nothing could be loaded: sets every option to the value of a first

@@ -1,3 +1,6 @@
+#include <algorithm>
+
+#include "base/runtime_failure.h"
 #include "settings/sample_settings.h"
 #include "support/allocation_meter.h"
 #include "support/story.h"
@@ -7,15 +10,27 @@ namespace {
 constexpr std::size_t VersionAt = 0, CountdownPeriodAt = 40, SettingsLoadedAt = 44, HotkeyCountAt = 2634;
 constexpr std::size_t ScheduleCountAt = 2638 + 518;
 
-enum class Outcome { Loaded, Quiet, Box };
+enum class Outcome { Loaded, Unreadable, Corrupted };
+
+const std::string keptPath = "C:\\data\\settings (kept).binary";
+const std::string corrupted =
+    "Tessarine|File 'settings.binary' is corrupted. Press OK to reset your settings to default.";
+const std::string unreadable = "Tessarine|Your settings cannot be read. They are reset to default.";
+const std::string keptLine = "\r\nThe old file is kept as '" + keptPath + "'.";
 
 Outcome Load(const std::string& bytes) {
+    simulated::LosePath(keptPath);
     simulated::PutFile(settingsPath, bytes);
     const std::size_t boxes = simulated::ShownBoxes().size();
     LoadSettings();
     EXPECT_EQ(settings.NothingLoaded, !settings.SettingsLoaded);
     if (settings.SettingsLoaded) return Outcome::Loaded;
-    return simulated::ShownBoxes().size() > boxes ? Outcome::Box : Outcome::Quiet;
+    EXPECT_EQ(simulated::ShownBoxes().size(), boxes + 1) << "told once";
+    EXPECT_EQ(simulated::FileBytes(keptPath), bytes);
+    EXPECT_FALSE(simulated::FileBytes(settingsPath)) << "which the next start does not speak of again";
+    const std::string told = LastBox();
+    EXPECT_TRUE(told == corrupted + keptLine || told == unreadable + keptLine) << told;
+    return told.starts_with(corrupted) ? Outcome::Corrupted : Outcome::Unreadable;
 }
 
 void ExpectDefaults() {
@@ -41,39 +56,36 @@ TEST_F(LoadingSettings, SampleIsReadFieldByField) {
     EXPECT_EQ(simulated::OpenFiles(), 0);
 }
 
-TEST_F(LoadingSettings, VersionAndLengthDecideWhetherItIsSpokenOf) {
+TEST_F(LoadingSettings, VersionAndLengthDecideWhatIsSaidOfAFileThatIsKept) {
     const std::string smallest = SmallestSettingsBytes();
     ASSERT_THAT(smallest, SizeIs(2642));
     EXPECT_EQ(Load(smallest), Outcome::Loaded);
-    EXPECT_EQ(Load(smallest.substr(0, 2641)), Outcome::Quiet);
+    EXPECT_EQ(Load(smallest.substr(0, 2641)), Outcome::Unreadable);
     ExpectDefaults();
     EXPECT_EQ(Load(smallest + "tail"), Outcome::Loaded);
     const std::tuple<std::int64_t, Outcome, Outcome> cases[] = {
-        {-1, Outcome::Quiet, Outcome::Quiet},   {99, Outcome::Quiet, Outcome::Quiet},
-        {100, Outcome::Loaded, Outcome::Quiet}, {305, Outcome::Loaded, Outcome::Quiet},
-        {306, Outcome::Loaded, Outcome::Box},   {307, Outcome::Quiet, Outcome::Quiet},
-        {999, Outcome::Quiet, Outcome::Quiet},  {1000, Outcome::Quiet, Outcome::Quiet},
+        {-1, Outcome::Unreadable, Outcome::Unreadable},  {99, Outcome::Unreadable, Outcome::Unreadable},
+        {100, Outcome::Loaded, Outcome::Unreadable},     {305, Outcome::Loaded, Outcome::Unreadable},
+        {306, Outcome::Loaded, Outcome::Corrupted},      {307, Outcome::Unreadable, Outcome::Unreadable},
+        {999, Outcome::Unreadable, Outcome::Unreadable}, {1000, Outcome::Unreadable, Outcome::Unreadable},
     };
     for (const auto& [version, good, badPeriod] : cases) {
         const std::string bytes = WithInt32(smallest, VersionAt, version);
         EXPECT_EQ(Load(bytes), good) << version;
         EXPECT_EQ(Load(WithInt32(bytes, CountdownPeriodAt, 11)), badPeriod) << version;
     }
-    EXPECT_THAT(
-        Boxes(),
-        ElementsAre("Tessarine|File 'settings.binary' is corrupted. Press OK to reset your settings to default."));
 }
 
 TEST_F(LoadingSettings, EachCheckedFieldHasItsRange) {
     const std::size_t flags[] = {32, 36, 46, 50, 54, 58, 2622, 2626, 2630};
     for (const std::size_t at : flags) {
         for (const int value : {-1, 0, 1, 2}) {
-            const Outcome expected = value == 0 || value == 1 ? Outcome::Loaded : Outcome::Box;
+            const Outcome expected = value == 0 || value == 1 ? Outcome::Loaded : Outcome::Corrupted;
             EXPECT_EQ(Load(WithInt32(SmallestSettingsBytes(), at, value)), expected) << value << " at " << at;
         }
     }
     for (const int seconds : {-1, 0, 10, 11}) {
-        const Outcome expected = seconds == 0 || seconds == 10 ? Outcome::Loaded : Outcome::Box;
+        const Outcome expected = seconds == 0 || seconds == 10 ? Outcome::Loaded : Outcome::Corrupted;
         EXPECT_EQ(Load(WithInt32(SmallestSettingsBytes(), CountdownPeriodAt, seconds)), expected) << seconds;
     }
     // What the file says about itself is not believed.
@@ -85,13 +97,13 @@ TEST_F(LoadingSettings, CountsThatTheFileCannotHoldAreDamage) {
     for (const std::size_t at : {HotkeyCountAt, ScheduleCountAt}) {
         for (const std::int64_t count : {-1, 9, 1'000'000, 0x7FFFFFFF}) {
             AllocationMeter meter;
-            EXPECT_EQ(Load(WithInt32(whole, at, count)), Outcome::Box) << count << " at " << at;
+            EXPECT_EQ(Load(WithInt32(whole, at, count)), Outcome::Corrupted) << count << " at " << at;
             EXPECT_LE(meter.Largest(), 20'000U);
             ExpectDefaults();
         }
     }
     for (std::size_t length = 2642; length < whole.size(); length += 7) {
-        EXPECT_EQ(Load(whole.substr(0, length)), Outcome::Box) << length;
+        EXPECT_EQ(Load(whole.substr(0, length)), Outcome::Corrupted) << length;
     }
 }
 
@@ -106,14 +118,55 @@ TEST_F(LoadingSettings, EveryByteAlteredLoadsOrGivesDefaults) {
     }
 }
 
-TEST_F(LoadingSettings, ReadFailureGivesDefaultsQuietly) {
-    simulated::FailAtOperation(1);
-    EXPECT_EQ(Load(SampleSettingsBytes()), Outcome::Loaded) << "the look whether it is there is taken again";
-    for (int operation = 2; operation <= 4; ++operation) {
-        simulated::FailAtOperation(operation);
-        EXPECT_EQ(Load(SampleSettingsBytes()), Outcome::Quiet) << operation;
-        ExpectDefaults();
+// A failure at any operation: the file is loaded, or it is there under one name or another. Nothing is written over.
+TEST_F(LoadingSettings, NoFailureLosesAFileThatCannotBeRead) {
+    for (const std::string& bytes : {SampleSettingsBytes(), SampleSettingsBytes().substr(0, 2641)}) {
+        for (const simulated::Fault fault : {simulated::Fault::Failure, simulated::Fault::PowerCut}) {
+            bool struck = true;
+            for (std::int64_t operation = 1; struck; ++operation) {
+                SCOPED_TRACE(operation);
+                simulated::RestartDisk();
+                simulated::LosePath("C:\\data");
+                PutJobs();
+                simulated::PutFile(settingsPath, bytes);
+                const std::int64_t before = simulated::FileOperations();
+                simulated::FailAtOperation(operation, fault);
+                LoadSettings();
+                try {
+                    SaveSettings();
+                } catch (const RuntimeFailure&) {
+                }
+                struck = simulated::FileOperations() - before >= operation;
+                simulated::RestartDisk();
+                EXPECT_TRUE(std::ranges::any_of(simulated::AllFiles(), [&](const std::string& file) {
+                    return simulated::FileBytes(file) == bytes;
+                }));
+                if (HasFailure()) return;
+            }
+        }
     }
+}
+
+TEST_F(LoadingSettings, AFileThatIsHeldIsTriedAgainAfterOneBoxAndKeptBeforeASave) {
+    simulated::PutFile(settingsPath, SampleSettingsBytes());
+    simulated::LockFileAgainstReaders(settingsPath);
+    simulated::AnswerNextBox({.whileOpen = [] { simulated::LockFile(settingsPath, 0); }});
+    LoadSettings();
+    EXPECT_EQ(Dump(settings), Dump(SampleSettings())) << "the other program was closed meanwhile";
+    ASSERT_THAT(Boxes(), ElementsAre(testing::HasSubstr("in use by another program")));
+
+    simulated::LockFileAgainstReaders(settingsPath);
+    LoadSettings();
+    ExpectDefaults();
+    EXPECT_THAT(Boxes(), SizeIs(2));
+    EXPECT_THROW(SaveSettings(), RuntimeFailure) << "still held: nothing may take its place";
+    simulated::LockFile(settingsPath, 0);
+    SaveSettings();
+    EXPECT_EQ(simulated::FileBytes(keptPath), SampleSettingsBytes());
+    EXPECT_EQ(simulated::FileBytes(settingsPath)->size(), 2642U);
+    SaveSettings();
+    EXPECT_THAT(simulated::AllFiles(), SizeIs(4)) << "kept once";
+    EXPECT_THAT(Boxes(), SizeIs(2));
 }
 
 TEST_F(LoadingSettings, WhatAnotherProgramHoldsIsNotMissing) {
