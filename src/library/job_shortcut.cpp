@@ -1,5 +1,6 @@
 #include "library/job_shortcut.h"
 
+#include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "dictionary/sentences.h"
 #include "jobs/job_file.h"
@@ -33,9 +34,9 @@ bool PointsAt(const std::string& link, const std::string& jobPath) {
     return BytesOf(link).find(jobPath) != std::string::npos;
 }
 
-// A shortcut of the user's own may have the job's name.
+// A shortcut of the user's own may have the job's name. One that cannot be read is not known to be ours.
 bool MayBeWritten(const std::string& link, const std::string& jobPath) {
-    if (!platform::FileExists(link) || PointsAt(link, jobPath)) return true;
+    if (platform::StateOf(link) == platform::FileState::Missing || PointsAt(link, jobPath)) return true;
     return platform::AskBeforeLoss(Translate1("File \"%1\" already exists", link) + ". " + Question("Overwrite"),
                                    Question("Overwrite"));
 }
@@ -47,6 +48,13 @@ void CreateJobShortcut(const std::string& jobPath, const std::string& desktopFol
     if (!MayBeWritten(LinkPath(desktopFolder, jobName), jobPath)) return;
     platform::WriteShortcut(LinkPath(desktopFolder, jobName),
                             {jobPath, folders.DataFolder, DescriptionOf(jobPath, jobName)});
+}
+
+void MoveJobShortcut(const std::string& oldPath, const std::string& newPath, const std::string& desktopFolder) {
+    const std::string name = BaseName(newPath);
+    const std::string link = LinkPath(desktopFolder, name);
+    if (!PointsAt(link, oldPath)) return;
+    platform::WriteShortcut(link, {newPath, folders.DataFolder, DescriptionOf(newPath, name)});
 }
 
 void DeleteJobShortcut(const std::string& jobPath, const std::string& desktopFolder, const std::string& jobName) {

@@ -14,11 +14,15 @@ void EnsureDataFolder();
 // True when a file can be created in the folder and removed again.
 bool IsFolderWritable(const std::string& folder);
 
-// Copies settings.binary and all jobs to the new folder, over what is there, then removes the old files. Log files
-// stay. 1 when all went well; else 0, after a box. A failed copy leaves every original in place, and the copies made so
-// far as well.
+// Moves settings.binary and all jobs from the data folder to another one, which is then in force: hotkeys, schedules,
+// log paths, recent jobs and desktop shortcuts point there. Log files stay. 1 when that went well; else 0, after a box,
+// with the old folder in force and everything in it; copies made so far stay in the new one.
+//
+// Nothing is lost whatever fails, and wherever: originals are removed only once the new folder holds everything and is
+// in force for this process and for the next start. One that cannot be removed is told. A job of the new folder that
+// bears the name of another one is kept under another name.
 int MoveFiles(const std::string& oldFolder, const std::string& newFolder);
 
 // The Options page's button "Change": lets the user choose a folder, offers to move the files, and makes it the data
-// folder. Cancelling, or a move that fails, leaves the old one in force.
+// folder. Cancelling, or a change that fails, leaves the old one in force.
 void ChangeDataFolder();
