@@ -10,6 +10,7 @@ void SetVisible(bool visible);
 bool IsMinimised();
 void BringToNormal();  // neither minimised nor maximised; may show a hidden window
 bool IsEnabled();
+void Enable(bool enable);  // for main_window_use alone
 
 void SetTrayOpenCaption(const std::string& caption);  // tray_open_tessarine
 void OpenTrayMenu();

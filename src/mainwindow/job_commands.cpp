@@ -2,17 +2,13 @@
 
 #include <optional>
 
-#include "base/text.h"
-#include "dictionary/dictionary.h"
-#include "dictionary/sentences.h"
 #include "editor/edit_job.h"
+#include "jobs/job_access.h"
 #include "library/job_library.h"
 #include "library/job_shortcut.h"
-#include "mainwindow/form_view.h"
 #include "mainwindow/job_page.h"
 #include "mainwindow/job_page_view.h"
-#include "platform/boxes.h"
-#include "platform/files.h"
+#include "mainwindow/main_window_use.h"
 #include "platform/pump.h"
 #include "recording/record_button.h"
 #include "recording/recording_state.h"
@@ -44,7 +40,7 @@ public:
 }  // namespace
 
 void record_new() {
-    if (RecordingActive() || runState.ReplayRunning || !form_view::IsEnabled()) return;
+    if (RecordingActive() || runState.ReplayRunning || !mainWindowUse.IsFree()) return;
     if (PitajSpremitiPromjene()) RecordNewJob();
 }
 
@@ -60,12 +56,8 @@ void run_job() {
 void edit_job() {
     const auto job = Selected();
     if (!job) return;
-    if (platform::FileExists(job->path)) {
-        editJob(job->path);
-        return;
-    }
-    platform::ShowBox(Label("File does not exist") + LineBreak + job->path, Translate("File access error"),
-                      platform::BoxIcon::Error);
+    const auto state = TellUnlessReadable(job->path, platform::BoxIcon::Error);
+    if (state == platform::FileState::Readable) editJob(job->path);
 }
 
 void schedule_job() {

@@ -2,6 +2,7 @@
 
 #include "mainwindow/form_view.h"
 #include "mainwindow/form_visible.h"
+#include "mainwindow/main_window_use.h"
 #include "platform/clock.h"
 #include "platform/pump.h"
 #include "recording/recording_state.h"
@@ -15,7 +16,7 @@ namespace {
 constexpr std::int64_t ToggleGuardMs = 80;
 
 bool InterfaceIsFree() {
-    return form_view::IsEnabled() && !runState.ReplayRunning;
+    return mainWindowUse.IsFree() && !runState.ReplayRunning;
 }
 
 void OnDoubleClick() {

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "platform/types.h"
+
 namespace platform {
 
 enum class BoxIcon { None, Error, Warning, Question, Information };
@@ -20,5 +22,13 @@ bool AskBeforeLoss(const std::string& text, const std::string& title, BoxIcon ic
 // A box with Yes, No and Cancel, for what waits to be saved. Esc is Cancel.
 enum class BoxChoice { Yes, No, Cancel };
 BoxChoice AskToSave(const std::string& text, const std::string& title, BoxIcon icon = BoxIcon::Question);
+
+// Told of every modal window of the system's, the folder browser among them: just before it opens, with the window that
+// it is modal to (0: all windows of the program), and when it has closed. One watch at a time.
+struct BoxWatch {
+    void (*opens)(WindowHandle owner) = nullptr;
+    void (*closed)() = nullptr;
+};
+void WatchBoxes(const BoxWatch& watch);
 
 }  // namespace platform

@@ -9,7 +9,7 @@ bool IsVisible();
 bool IsNormal();  // neither minimised nor maximised
 void Minimise();
 void Restore();
-void Enable(bool enable);
+void Enable(bool enable);  // false takes it from the user, true gives it back; a box may hold it as well
 void EnableExitButton(bool enable);
 
 }  // namespace main_window_view

@@ -63,6 +63,7 @@ void BringToNormal() {
 }
 
 ANSWERS(bool, IsEnabled, shellStandIn.enabled)
+KEEPS(Enable, bool, shellStandIn.enabled)
 KEEPS(SetTrayOpenCaption, const std::string&, shellStandIn.trayOpenCaption)
 NOTES(shellStandIn.calls, OpenTrayMenu)
 

@@ -19,6 +19,7 @@ namespace {
 struct BoxState {
     std::deque<BoxAnswer> answers;
     std::vector<ShownBox> shown;
+    platform::BoxWatch watch;
     std::deque<std::optional<std::string>> folders;
     std::vector<std::pair<std::string, std::string>> browsed;
 };
@@ -47,6 +48,7 @@ bool RunBox(ShownBox box) {
     if (platform::InHookCall()) Refuse(box);
     BoxState& state = State();
     box.time = NowMs();
+    if (state.watch.opens != nullptr) state.watch.opens(0);
     const BoxAnswer answer = TakeAnswer(state.answers, BoxAnswer{.yes = false});
     box.yes = box.question && answer.yes;
     box.cancel = box.question && answer.cancel;
@@ -58,6 +60,7 @@ bool RunBox(ShownBox box) {
     if (answer.whileOpen) answer.whileOpen();
     RunFor(answer.afterMs);
     Destroy(window);
+    if (state.watch.closed != nullptr) state.watch.closed();
     return box.yes;
 }
 
@@ -99,6 +102,10 @@ BoxChoice AskToSave(const std::string& text, const std::string& title, BoxIcon i
     const bool yes = AskYesNo(text, title, icon);
     if (yes) return BoxChoice::Yes;
     return simulated::ShownBoxes().back().cancel ? BoxChoice::Cancel : BoxChoice::No;
+}
+
+void WatchBoxes(const BoxWatch& watch) {
+    simulated::State().watch = watch;
 }
 
 std::optional<std::string> BrowseForFolder(const std::string& prompt, const std::string& start) {

@@ -1,6 +1,7 @@
 #include "platform/boxes.h"
 
 #include "win32/handles.h"
+#include "win32/open_box.h"
 
 namespace platform {
 namespace {
@@ -23,10 +24,26 @@ UINT IconFlag(BoxIcon icon) {
 
 // Modal to all windows of the program, and in front, since the program is often hidden when it has something to say.
 int Show(const std::string& text, const std::string& title, UINT flags) {
-    return MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(), flags | MB_TASKMODAL | MB_SETFOREGROUND);
+    const HWND owner = GetActiveWindow();
+    const OpenBox box(owner);
+    return MessageBoxA(owner, text.c_str(), title.c_str(), flags | MB_TASKMODAL | MB_SETFOREGROUND);
 }
 
+BoxWatch boxWatch;
+
 }  // namespace
+
+OpenBox::OpenBox(HWND owner) {
+    if (boxWatch.opens != nullptr) boxWatch.opens(FromHwnd(owner));
+}
+
+OpenBox::~OpenBox() {
+    if (boxWatch.closed != nullptr) boxWatch.closed();
+}
+
+void WatchBoxes(const BoxWatch& watch) {
+    boxWatch = watch;
+}
 
 void ShowBox(const std::string& text, const std::string& title, BoxIcon icon) {
     Show(text, title, MB_OK | IconFlag(icon));

@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "win32/handles.h"
+#include "win32/open_box.h"
 // After <windows.h>, which it needs.
 #include <shlobj.h>
 
@@ -24,6 +25,11 @@ std::optional<std::string> PathOf(const Items& items) {
 int CALLBACK SelectStart(HWND browser, UINT message, LPARAM, LPARAM start) noexcept {
     if (message == BFFM_INITIALIZED) SendMessageA(browser, BFFM_SETSELECTIONA, TRUE, start);
     return 0;
+}
+
+std::optional<std::string> Browse(BROWSEINFOA& info) {
+    const OpenBox box(info.hwndOwner);
+    return PathOf(Items(SHBrowseForFolderA(&info)));
 }
 
 }  // namespace
@@ -56,7 +62,7 @@ std::optional<std::string> BrowseForFolder(const std::string& prompt, const std:
     info.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
     info.lpfn = SelectStart;
     info.lParam = reinterpret_cast<LPARAM>(start.c_str());
-    const std::optional<std::string> chosen = PathOf(Items(SHBrowseForFolderA(&info)));
+    const std::optional<std::string> chosen = Browse(info);
     if (SUCCEEDED(com)) CoUninitialize();
     return chosen;
 }

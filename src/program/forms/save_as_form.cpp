@@ -5,9 +5,9 @@
 #include "base/runtime_failure.h"
 #include "dictionary/sentences.h"
 #include "forms/dialog_owner.h"
-#include "identity/window_identity.h"
 #include "jobs/job_fields.h"
 #include "library/save_as.h"
+#include "mainwindow/main_window_use.h"
 #include "recording/recording_session.h"
 #include "toolkit/window_tools.h"
 
@@ -54,7 +54,7 @@ std::vector<ControlRow> SaveAsForm::Rows() {
 }
 
 void SaveAsForm::OnInit() {
-    mainWindowWasDisabled = EnableWindow(platform::ToHwnd(ownWindows.main), FALSE);
+    mainWindowUse.Take(MainWindowHolder::Dialog);
     SendMessageA(Control(Save_As_Form_name), EM_SETLIMITTEXT, LongestName, 0);
     SendMessageA(Control(Save_As_Form_description), EM_SETLIMITTEXT, DescriptionWidth, 0);
     const SaveAsStart start = OpenSaveAs(recordingSession.stoppedByPauseKey);
@@ -71,7 +71,7 @@ bool SaveAsForm::OnLoad() {
 
 // The main window first: as long as it is disabled, the foreground would go to another program.
 void SaveAsForm::End(INT_PTR result) {
-    EnableWindow(platform::ToHwnd(ownWindows.main), !mainWindowWasDisabled);  // a box that is open holds it
+    mainWindowUse.GiveBack(MainWindowHolder::Dialog);
     Close(result);
 }
 

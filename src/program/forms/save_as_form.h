@@ -32,5 +32,4 @@ private:
     bool shortcut = false;
     std::string name;
     std::string description;
-    bool mainWindowWasDisabled = false;
 };

@@ -4,6 +4,7 @@
 #include "main/main_form.h"
 #include "mainwindow/form_view.h"
 #include "mainwindow/form_visible.h"
+#include "mainwindow/main_window_use.h"
 #include "replay/main_window_view.h"
 
 namespace main_window_view {
@@ -26,7 +27,7 @@ void Restore() {
 }
 
 void Enable(bool enable) {
-    EnableWindow(mainForm.Window(), enable);
+    enable ? mainWindowUse.GiveBack(MainWindowHolder::Run) : mainWindowUse.Take(MainWindowHolder::Run);
 }
 
 void EnableExitButton(bool enable) {
@@ -51,6 +52,10 @@ void BringToNormal() {
 
 bool IsEnabled() {
     return IsWindowEnabled(mainForm.Window());
+}
+
+void Enable(bool enable) {
+    EnableWindow(mainForm.Window(), enable);
 }
 
 void SetTrayOpenCaption(const std::string& caption) {

@@ -9,6 +9,7 @@
 #include "pages/job_page_form.h"
 #include "platform/pump.h"
 #include "replay/run_job.h"
+#include "win32/open_box.h"
 
 void hotkey_view::ClickCommand3() {
     record_new();
@@ -29,6 +30,7 @@ void TakeHotkeys() {
 }
 
 bool AskToStart(const std::string& text, const std::string& title) {
+    const platform::OpenBox box(mainForm.Window());
     const UINT flags = MB_OKCANCEL | MB_ICONINFORMATION | MB_TASKMODAL | MB_SETFOREGROUND;
     return MessageBoxA(mainForm.Window(), text.c_str(), title.c_str(), flags) == IDOK;
 }
