@@ -2,19 +2,44 @@
 // has dealt with the message: for as long as a job runs, if that is what it does with it.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 
 #include "platform/types.h"
 
 namespace platform {
 
-// True when another process of this user runs the program. The first call claims the place for this process.
-bool AnotherInstanceRuns();
+// True while another process of this user runs the program of this name. The first call that finds none claims the
+// place for this process, until it ends; one that ended without a word has left it.
+bool AnotherInstanceRuns(const std::string& name);
 
-// WM_COPYDATA with dwData 3, wParam 1: `bytes` is the whole payload.
-void SendCopyData(WindowHandle window, const std::string& bytes);
+// What a second start sends. `lpData` is another program's, and `cbData` what it says of it; valid during the call.
+struct SentMessage {
+    unsigned message = 0;  // WM_COPYDATA, or one of ShowYourselfMessage's kind
+    std::uintptr_t dwData = 0;
+    std::uint32_t cbData = 0;
+    const void* lpData = nullptr;
+};
 
-// SendMessageA with wParam 1.
-void SendPlainMessage(WindowHandle window, unsigned message);
+// A hidden window of this class, with `name` for its caption: it takes what second starts send until the main window
+// can, also while a box is open. `take` is called from whatever pumps.
+inline constexpr const char* DoorClass = "TessarineDoor";
+void OpenDoor(const std::string& name, std::function<void(const SentMessage&)> take);
+void CloseDoor();
+
+// WM_COPYDATA with dwData 3, wParam 1 (`bytes` is the whole payload), and SendMessageA with wParam 1. False when the
+// window's process did not deal with it: it has ended meanwhile, or does not take messages of a program of less
+// privilege.
+bool SendCopyData(WindowHandle window, const std::string& bytes);
+bool SendPlainMessage(WindowHandle window, unsigned message);
+
+// ReplyMessage: whoever waits for the message that is being dealt with now goes on, as if that were done. For a process
+// that ends because of it. Nothing happens outside of such a message.
+void ReplyToSender();
+
+// AllowSetForegroundWindow: the window's process may come to the foreground, which only the one that has it, or that
+// the user has just started, can grant.
+void LetComeForward(WindowHandle window);
 
 }  // namespace platform

@@ -1,17 +1,15 @@
 #include "shell/command_line.h"
 
 #include "base/text.h"
-#include "dictionary/dictionary.h"
-#include "dictionary/sentences.h"
 #include "editor/edit_job.h"
+#include "jobs/job_access.h"
 #include "mainwindow/form_visible.h"
-#include "platform/boxes.h"
-#include "platform/files.h"
 #include "platform/text.h"
 #include "platform/window_services.h"
 #include "recording/recording_state.h"
 #include "replay/run_job.h"
 #include "shell/exit.h"
+#include "shell/handed_over.h"
 
 namespace {
 
@@ -22,13 +20,24 @@ bool BeginsWith(const std::string& command, std::string_view word) {
     return platform::LowerCase(command.substr(0, word.size())) == word;
 }
 
-void RefuseMissingFile(const std::string& path) {
-    platform::ShowBox(Label("File does not exist") + LineBreak + path, Translate("File access error"));
-    if (!RecordingActive()) QuitProgram(false);  // what is being recorded, or waits to be saved, must not go along
+// What has come from second starts meanwhile is this process's own now: it was to end, and ends with the last of it.
+void EndOrGoOn() {
+    std::string next;
+    if (TakeNextHandedOver(next)) return HandleCommandParameter(next, false);
+    QuitProgram(false);
+}
+
+// True when the job can be read. Where there is none, the process ends after the box: this can come from a start that
+// was for that job alone.
+bool IsReadable(const std::string& path) {
+    const platform::FileState state = TellUnlessReadable(path, platform::BoxIcon::None);
+    // What is being recorded, or waits to be saved, must not go along.
+    if (state == platform::FileState::Missing && !RecordingActive()) EndOrGoOn();
+    return state == platform::FileState::Readable;
 }
 
 void EditFile(const std::string& path) {
-    if (!platform::FileExists(path)) return RefuseMissingFile(path);
+    if (!IsReadable(path)) return;
     FormVisible(true, false);
     const platform::WindowHandle editor = editJob(path);
     if (editor > 0) platform::BringToForeground(editor);
@@ -36,13 +45,13 @@ void EditFile(const std::string& path) {
 
 // After a run that did not succeed the window stays hidden: the user finds the program in the notification area.
 void RunFile(const std::string& path, bool fromOtherInstance) {
-    if (!platform::FileExists(path)) return RefuseMissingFile(path);
+    if (!IsReadable(path)) return;
     if (RecordingActive()) return static_cast<void>(RunJob(path, 0, "", false));  // which refuses
     const bool wasVisible = MainWindowVisible();
     FormVisible(false, false);
     const std::int32_t result = RunJob(path, 0, "", false);
     if (result < 1) return;
-    if (!fromOtherInstance) return QuitProgram(false);
+    if (!fromOtherInstance) return EndOrGoOn();
     if (wasVisible) FormVisible(true, false);
 }
 
@@ -50,6 +59,10 @@ void RunFile(const std::string& path, bool fromOtherInstance) {
 
 bool IsComputerStart(const std::string& commandLine) {
     return platform::LowerCase(commandLine).find("startup") != std::string::npos;
+}
+
+bool IsRunCommand(const std::string& commandLine) {
+    return BeginsWith(Trim(commandLine), RunSwitch);
 }
 
 void HandleCommandParameter(const std::string& commandLine, bool fromOtherInstance) {

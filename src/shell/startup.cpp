@@ -3,9 +3,11 @@
 #include "base/product.h"
 #include "base/runtime_failure.h"
 #include "base/text.h"
+#include "dictionary/dictionary.h"
 #include "hotkeys/hotkey_table.h"
 #include "mainwindow/form_visible.h"
 #include "mainwindow/job_list.h"
+#include "mainwindow/main_window_use.h"
 #include "mainwindow/recent_menu.h"
 #include "platform/boxes.h"
 #include "platform/clock.h"
@@ -20,11 +22,15 @@
 #include "shell/command_line.h"
 #include "shell/copy_data.h"
 #include "shell/data_folder.h"
+#include "shell/handed_over.h"
 #include "shell/shell_view.h"
+#include "storage/temporary_name.h"
 #include "update/version_check.h"
 
 namespace {
 
+constexpr std::int64_t LongestSilenceMs = 10'000;
+constexpr std::int64_t KnockPauseMs = 20;
 constexpr const char* ShellFoldersKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
 
 // A step of the start that fails is told, and the start goes on without it.
@@ -37,23 +43,43 @@ void TellFailure(Step step) {
     }
 }
 
-void HandOver(platform::WindowHandle first) {
-    const std::string commandLine = platform::CommandLineText();
-    if (Trim(commandLine).empty()) {
-        platform::SendPlainMessage(first, ShowYourselfMessage);
-        platform::BringToForeground(first);
-    } else {
-        platform::SendCopyData(first, CopyDataOfCommand(commandLine));
-    }
+// The window of the first instance that takes messages now: while it starts, its door. 0 for a moment when it has just
+// begun.
+platform::WindowHandle FirstInstance() {
+    const platform::WindowHandle door = platform::FindTopWindow(platform::DoorClass, MainCaption());
+    return door > 0 ? door : platform::FindTopWindow(MainWindowClass, MainCaption());
 }
 
-// A running instance of another version has another caption, and this one goes on beside it.
-bool HandedOver() {
-    if (!platform::AnotherInstanceRuns()) return false;
-    const platform::WindowHandle first = platform::FindTopWindow(MainWindowClass, MainCaption());
-    if (first < 1) return false;
-    HandOver(first);
+// Only the process that the user has just started can give the foreground on.
+bool Send(platform::WindowHandle first) {
+    platform::LetComeForward(first);
+    const std::string commandLine = platform::CommandLineText();
+    if (!Trim(commandLine).empty()) return platform::SendCopyData(first, CopyDataOfCommand(commandLine));
+    if (!platform::SendPlainMessage(first, ShowYourselfMessage)) return false;
+    platform::BringToForeground(first);
     return true;
+}
+
+void TellNoAnswer() {
+    platform::ShowBox(Translate("Tessarine is running already, but does not answer. Please try again in a moment."),
+                      ProductName, platform::BoxIcon::Warning);
+}
+
+// Two starts at the same moment end in one program: the second knocks until the first has taken what it brings. If the
+// first ends instead, this one takes its place. A running instance of another version has another name, and this one
+// goes on beside it.
+bool HandedOverToFirst() {
+    const std::int64_t deadline = platform::TickCount() + LongestSilenceMs;
+    while (platform::AnotherInstanceRuns(MainCaption())) {
+        const platform::WindowHandle first = FirstInstance();
+        if (first > 0 && Send(first)) return true;
+        if (platform::TickCount() >= deadline) {
+            TellNoAnswer();
+            return true;
+        }
+        platform::Sleep(KnockPauseMs);
+    }
+    return false;
 }
 
 void FindFolders() {
@@ -91,11 +117,14 @@ std::string MainCaption() {
 }
 
 bool Main() {
-    if (HandedOver()) return false;
+    if (HandedOverToFirst()) return false;
+    OpenFrontDoor();
     FindFolders();
+    RemoveLeftovers(folders.DataFolder);
     TellFailure(LoadSettings);
     if (settings.Check_updates == 1) CheckVersionQuietly();
     shell_view::CreateMainWindow();
+    HoldMainWindowDuringBoxes();
     LoadMainWindow();
     // A command line that asked for nothing has left the window as it was created.
     if (!formVisibility.visible) FormVisible(true, false);
@@ -115,13 +144,8 @@ void LoadMainWindow() {
     if (!settings.SettingsLoaded) ApplyFirstRunValues();
     shell_view::RestoreWindowPosition();
     shell_view::ShowOptions();
+    CloseFrontDoor();
     TellFailure([&] { ActOnCommandLine(withComputer); });
     FillRecentJobsMenu();
     shell_view::PodesiRjecnik();
-}
-
-void OnShowYourself() {
-    FormVisible(true, false);
-    shell_view::BringToNormal();
-    shell_view::StaviFocus();
 }

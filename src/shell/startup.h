@@ -15,13 +15,11 @@ inline constexpr unsigned ShowYourselfMessage = 123456;
 std::string MainCaption();
 
 // Main. False when another instance runs and has been given this one's command line or its wish to be shown: the
-// process is then to end. True when the main window stands; the message loop is the caller's. A range failure for a
-// command line that is too long to be handed over ends the process as well, with nothing sent; all other failures are
-// told in a box, and the start goes on.
+// process is then to end. One that is still starting takes it too (handed_over.h), and one that ends meanwhile makes
+// room for this one. True when the main window stands; the message loop is the caller's. A range failure for a command
+// line that is too long to be handed over ends the process as well, with nothing sent; all other failures are told in a
+// box, and the start goes on.
 bool Main();
 
 // The load event of the main window.
 void LoadMainWindow();
-
-// What the messages of a second start do.
-void OnShowYourself();

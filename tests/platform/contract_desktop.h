@@ -33,6 +33,8 @@ struct NewWindow {
     bool enabled = true;
 };
 
+inline constexpr const char* ProductOfTest = "Tessarine of a test";
+
 // Another program with one thread, which answers until it is told to hang. It ends with the object, its windows too.
 class OtherProgram {
 public:
@@ -48,7 +50,7 @@ public:
     std::string TextOf(WindowHandle edit);
     int ClicksOn(WindowHandle window);  // left button presses that the window was given
     std::string LastCopyData(WindowHandle window);
-    void RunTheProduct();      // claims the place that platform::AnotherInstanceRuns asks about
+    void RunTheProduct();      // claims the place of ProductOfTest that platform::AnotherInstanceRuns asks about
     void Hang();               // until the end
     std::uint32_t HoldDown();  // HeldKeys and HeldButton; the process id of its guard
     void Kill();
@@ -110,9 +112,11 @@ private:
     std::string path;
 };
 
+enum class Readers { LetIn, KeptOut };
+
 class HeldFile {
 public:
-    explicit HeldFile(const std::string& path);
+    explicit HeldFile(const std::string& path, Readers readers = Readers::LetIn);
     HeldFile(const HeldFile&) = delete;
     HeldFile& operator=(const HeldFile&) = delete;
     ~HeldFile();

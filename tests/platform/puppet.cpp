@@ -88,7 +88,7 @@ LRESULT Obey(Order order, const OrderData& data) {
         case Order::Focus:
             return SetForegroundWindow(GetAncestor(data.window, GA_ROOT)) && SetFocus(data.window);
         case Order::RunTheProduct:
-            return platform::AnotherInstanceRuns();
+            return platform::AnotherInstanceRuns(ProductOfTest);
         case Order::HoldDown:
             return HoldDown();
         case Order::Hang:

@@ -51,6 +51,7 @@ OtherProgram::OtherProgram() : inside(std::make_unique<Inside>()) {}
 
 OtherProgram::~OtherProgram() {
     for (const WindowHandle window : inside->windows) simulated::Destroy(window);
+    simulated::LetAnotherInstanceRun(ProductOfTest, false);
 }
 
 WindowHandle OtherProgram::Add(const NewWindow& window) {
@@ -86,7 +87,7 @@ std::string OtherProgram::LastCopyData(WindowHandle window) {
 }
 
 void OtherProgram::RunTheProduct() {
-    simulated::LetAnotherInstanceRun();
+    simulated::LetAnotherInstanceRun(ProductOfTest);
 }
 
 void OtherProgram::Hang() {
@@ -152,8 +153,8 @@ struct HeldFile::Inside {
     std::string path;
 };
 
-HeldFile::HeldFile(const std::string& path) : inside(std::make_unique<Inside>(Inside{path})) {
-    simulated::LockFile(path);
+HeldFile::HeldFile(const std::string& path, Readers readers) : inside(std::make_unique<Inside>(Inside{path})) {
+    readers == Readers::LetIn ? simulated::LockFile(path) : simulated::LockFileAgainstReaders(path);
 }
 
 HeldFile::~HeldFile() {

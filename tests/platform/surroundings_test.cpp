@@ -144,17 +144,39 @@ TEST(Load, IsAPercentageOfTheTimeBetween) {
     }
 }
 
-TEST(Instances, TheSecondKnowsOfTheFirst) {
-    OtherProgram program;
-    program.RunTheProduct();
-    EXPECT_TRUE(platform::AnotherInstanceRuns());
-    EXPECT_TRUE(platform::AnotherInstanceRuns());
+TEST(Instances, TheSecondKnowsOfTheFirstAndTakesItsPlaceWhenItEnds) {
+    {
+        OtherProgram program;
+        program.RunTheProduct();
+        EXPECT_TRUE(platform::AnotherInstanceRuns(contract::ProductOfTest));
+        EXPECT_TRUE(platform::AnotherInstanceRuns(contract::ProductOfTest));
+    }
+    EXPECT_TRUE(Within(5000, [] { return !platform::AnotherInstanceRuns(contract::ProductOfTest); }));
+}
+
+TEST(Instances, TheDoorTakesMessagesUntilItIsClosed) {
+    constexpr unsigned show = 123456;
+    std::vector<std::string> taken;
+    platform::OpenDoor("a door", [&](const platform::SentMessage& sent) {
+        taken.push_back(sent.message == show ? "show"
+                                             : std::string(static_cast<const char*>(sent.lpData), sent.cbData));
+    });
+    const WindowHandle door = platform::FindTopWindow(platform::DoorClass, "a door");
+    ASSERT_GT(door, 0);
+    EXPECT_TRUE(platform::SendCopyData(door, "-run C:\\my job.tsj"));
+    EXPECT_TRUE(platform::SendPlainMessage(door, show));
+    EXPECT_EQ(taken, (std::vector<std::string>{"-run C:\\my job.tsj", "show"}));
+    platform::CloseDoor();
+    EXPECT_EQ(platform::FindTopWindow(platform::DoorClass, "a door"), 0);
+    EXPECT_FALSE(platform::SendCopyData(door, "late"));
+    EXPECT_FALSE(platform::SendPlainMessage(door, show));
+    platform::CloseDoor();
 }
 
 TEST(Instances, BytesReachTheOtherWindow) {
     OtherProgram program;
     const WindowHandle window = program.Add({.caption = ""});
-    platform::SendCopyData(window, "-run C:\\my job.tsj");
+    EXPECT_TRUE(platform::SendCopyData(window, "-run C:\\my job.tsj"));
     EXPECT_EQ(program.LastCopyData(window), "-run C:\\my job.tsj");
 }
 

@@ -2,6 +2,7 @@
 #include "shell/command_line.h"
 
 #include "mainwindow/form_visible.h"
+#include "platform/clock.h"
 #include "shell/copy_data.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
@@ -89,6 +90,20 @@ TEST_F(CommandLine, ARunIsHiddenAndItsEndDependsOnWhoAskedForIt) {
         EXPECT_FALSE(visibleDuringRun);
         EXPECT_EQ(shellStandIn.visible, one.visibleAfterwards);
     }
+}
+
+// What another program has in its hands is not gone: nobody is told so, and the program does not end for it.
+TEST_F(CommandLine, AJobThatIsHeldIsToldAndKeepsTheProgramAlive) {
+    simulated::LockFileAgainstReaders(JobPath);
+    for (const std::string word : {"-run ", "-edit "}) {
+        EXPECT_TRUE(Handle(word + JobPath));
+        EXPECT_EQ(LastBox(), "File access error|The file '" + JobPath +
+                                 "' is in use by another program. Please try again in a moment.");
+    }
+    EXPECT_TRUE(shellStandIn.calls.empty());
+    simulated::LockFileAgainstReaders(JobPath, platform::TickCount() + 1000);
+    EXPECT_TRUE(Handle("-run " + JobPath, true));
+    EXPECT_TRUE(WasCalled("RunJob " + JobPath)) << "held for a moment only";
 }
 
 TEST(ComputerStart, IsTheWordAnywhere) {

@@ -3,14 +3,18 @@
 
 #include "mainwindow/form_visible.h"
 #include "mainwindow/tray_events.h"
-#include "platform/tray.h"
+#include "platform/clock.h"
+#include "platform/instances.h"
 #include "platform/registry.h"
+#include "platform/tray.h"
 #include "replay/run_job.h"
 #include "replay/timing.h"
 #include "scheduler/schedule_list.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
+#include "shell/copy_data.h"
 #include "shell/exit.h"
+#include "shell/handed_over.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
 
@@ -33,7 +37,7 @@ protected:
 
     // The main window of the program's first instance.
     static platform::WindowHandle FirstInstance(const std::string& caption = MainCaption()) {
-        simulated::LetAnotherInstanceRun();
+        simulated::LetAnotherInstanceRun(caption);
         return simulated::AddWindow({.className = MainWindowClass, .caption = caption, .active = false});
     }
 
@@ -60,6 +64,12 @@ TEST_F(Start, OnACleanMachineMakesTheFolderAndShowsTheWindow) {
     EXPECT_TRUE(scheduleDispatch.DispatchEnabled);
     EXPECT_EQ(folders.StartedAt, "");
     EXPECT_TRUE(simulated::ShownBoxes().empty());
+}
+
+TEST_F(Start, RemovesWhatKilledSavesHaveLeft) {
+    simulated::PutFile(std::string(DataFolder) + "\\~00000rk.tmp", "half a job");
+    EXPECT_TRUE(Main());
+    EXPECT_EQ(simulated::AllFiles(), std::vector<std::string>{"c:\\a.tsj"});
 }
 
 TEST_F(Start, WithTheComputerStaysHiddenAndNotesItsTime) {
@@ -103,7 +113,101 @@ TEST_F(Start, WithoutACommandRaisesTheFirstInstanceAndEnds) {
     EXPECT_EQ(simulated::SentMessages()[0].window, first);
     EXPECT_EQ(simulated::SentMessages()[0].message.message, 123456U);
     EXPECT_EQ(platform::ForegroundWindow(), first);
+    EXPECT_TRUE(simulated::MayComeForward(first));
     ExpectNothingPrepared();
+}
+
+// Two starts at the same moment: the first has nothing yet that could be spoken to.
+TEST_F(Start, KnocksUntilTheDoorOfTheFirstIsThere) {
+    simulated::LetAnotherInstanceRun(MainCaption());
+    simulated::SetCommandLine("-run C:\\a.tsj");
+    const auto door = simulated::AppearsAfter(
+        300, {.className = platform::DoorClass, .caption = MainCaption(), .visible = false, .active = false});
+    EXPECT_FALSE(Main());
+    EXPECT_GE(platform::TickCount(), 300);
+    ASSERT_EQ(simulated::SentMessages().size(), 1U);
+    EXPECT_EQ(simulated::SentMessages()[0].window, door);
+    EXPECT_TRUE(simulated::MayComeForward(door));
+    ExpectNothingPrepared();
+}
+
+TEST_F(Start, TakesThePlaceOfAFirstThatEndsMeanwhile) {
+    simulated::LetAnotherInstanceRun(MainCaption());
+    simulated::MeanwhileAfter(300, [] { simulated::LetAnotherInstanceRun(MainCaption(), false); });
+    simulated::SetCommandLine("-run C:\\a.tsj");
+    EXPECT_THROW(Main(), ProcessEnded);
+    EXPECT_TRUE(WasCalled("RunJob C:\\a.tsj"));
+}
+
+TEST_F(Start, TellsOfAFirstThatDoesNotAnswerAndEnds) {
+    simulated::LetAnotherInstanceRun(MainCaption());
+    EXPECT_FALSE(Main());
+    EXPECT_EQ(LastBox(), "Tessarine|Tessarine is running already, but does not answer. Please try again in a moment.");
+    ExpectNothingPrepared();
+}
+
+// What comes while a box of the start is open is done when the start is, in order, and not before.
+TEST_F(Start, DoesAfterItWhatWasHandedOverDuringABoxOfIt) {
+    struct Case {
+        std::string commandLine;
+        std::vector<std::string> sent;  // empty: the wish to be shown
+        std::vector<std::string> done;
+        bool ends;
+    };
+    const std::string a = "RunJob C:\\a.tsj", b = "RunJob C:\\b.tsj";
+    const Case cases[] = {{"", {"-run C:\\a.tsj", "-run C:\\b.tsj"}, {a, b}, false},
+                          {"", {"-run C:\\b.tsj", "-run C:\\none.tsj"}, {b, "EndProcess"}, true},
+                          {" -startup", {"-run C:\\b.tsj", ""}, {b, "StaviFocus"}, false},
+                          {"-run C:\\a.tsj", {"-run C:\\b.tsj"}, {a, b, "EndProcess"}, true},
+                          {"-run C:\\a.tsj", {"-run C:\\none.tsj", "-run C:\\b.tsj"}, {a, b, "EndProcess"}, true},
+                          {"-run C:\\a.tsj", {""}, {a, "Show"}, false}};
+    simulated::PutFile("C:\\b.tsj", "any bytes");
+    for (const Case& one : cases) {
+        SCOPED_TRACE("'" + one.commandLine + "', then '" + one.sent.front() + "'");
+        shellStandIn = {};
+        formVisibility = {};
+        simulated::SetCommandLine(one.commandLine);
+        simulated::PutFile(std::string(DataFolder) + "\\settings.binary", "damaged");
+        simulated::AnswerNextBox({.whileOpen = [&one] {
+            const auto door = platform::FindTopWindow(platform::DoorClass, MainCaption());
+            for (const std::string& line : one.sent) {
+                EXPECT_TRUE(line.empty() ? platform::SendPlainMessage(door, ShowYourselfMessage)
+                                         : platform::SendCopyData(door, CopyDataOfCommand(line)));
+            }
+            EXPECT_TRUE(shellStandIn.calls.empty());
+        }});
+        bool ended = false;
+        try {
+            EXPECT_TRUE(Main());
+            simulated::RunFor(2000);
+        } catch (const ProcessEnded&) {
+            ended = true;
+        }
+        EXPECT_EQ(ended, one.ends);
+        int last = -1;
+        for (const std::string& call : one.done) {
+            EXPECT_GT(PlaceOf(call), last) << call;
+            last = PlaceOf(call);
+        }
+        EXPECT_TRUE(handedOver.waiting.empty());
+        EXPECT_EQ(platform::FindTopWindow(platform::DoorClass, MainCaption()), 0);
+    }
+}
+
+// The job runner would refuse it without a word.
+TEST_F(Start, KeepsAJobThatIsHandedOverDuringARunUntilTheRunIsOver) {
+    simulated::PutFile("C:\\b.tsj", "any bytes");
+    Main();
+    runState.ReplayRunning = true;
+    OnCommandHandedOver("-run C:\\b.tsj");
+    OnCommandHandedOver("-run C:\\a.tsj");
+    simulated::RunFor(5000);
+    EXPECT_FALSE(WasCalled("RunJob C:\\b.tsj"));
+    runState.ReplayRunning = false;
+    simulated::RunFor(1000);
+    EXPECT_LT(PlaceOf("RunJob C:\\b.tsj"), PlaceOf("RunJob C:\\a.tsj"));
+    EXPECT_TRUE(WasCalled("RunJob C:\\b.tsj"));
+    EXPECT_EQ(handedOver.timer, 0);
 }
 
 TEST_F(Start, HandsItsCommandLineToTheFirstInstance) {
@@ -144,6 +248,7 @@ TEST_F(End, GivesBackWhatWasTakenInOrder) {
     EXPECT_THROW(QuitProgram(true), ProcessEnded);
     EXPECT_THAT(shellStandIn.calls, ElementsAre("Hide", "RestoreJobListProcedure", "RestoreScheduleListProcedure",
                                                 "RestoreMainProcedure", "RemoveTrayIcon", "EndProcess"));
+    EXPECT_EQ(simulated::RepliesToSenders(), 1) << "whoever asked for the end does not wait for ever";
     EXPECT_TRUE(simulated::FileBytes(std::string(DataFolder) + "\\settings.binary"));
 }
 

@@ -259,8 +259,14 @@ void ProgramShows(const std::string& part, std::int64_t afterMs, const WindowSpe
 // How often the program has asked for a guard.
 int GuardStarts();
 
+// Processes by their numbers.
+inline constexpr std::uint32_t OwnProcessNumber = 1234;
+void LetProcessRun(std::uint32_t process);
+
 // Instances.
-void LetAnotherInstanceRun(bool runs = true);
+void LetAnotherInstanceRun(const std::string& name, bool runs = true);
+int RepliesToSenders();                    // early ones
+bool MayComeForward(WindowHandle window);  // its process was granted the foreground
 struct SentMessage {
     WindowHandle window = 0;
     Message message;

@@ -5,6 +5,7 @@
 #include <cctype>
 #include <deque>
 #include <map>
+#include <set>
 
 #include "platform/guard.h"
 #include "platform/hotkeys.h"
@@ -49,10 +50,14 @@ struct Surroundings {
     std::vector<StartedProgram> started;
     std::vector<std::function<void(const StartedProgram&)>> onStart;
     bool refusesStarts = false;
+    std::set<std::uint32_t> processes;  // of others
 
     int guardStarts = 0;
 
-    bool anotherInstance = false;
+    std::set<std::string> otherInstances;
+    WindowHandle door = 0;
+    int repliesToSenders = 0;
+    std::set<WindowHandle> mayComeForward;
     std::vector<SentMessage> sent;
 
     std::string executableFolder = "C:\\Program Files\\Tessarine";
@@ -83,14 +88,15 @@ const Hotkey* FindHotkey(int modifiers, int virtualKey) {
 }
 
 // As SendMessage: the receiver deals with it before this returns. One that hangs never gets to it.
-void Send(WindowHandle window, const Message& message) {
+bool Send(WindowHandle window, const Message& message) {
     State().sent.push_back({window, message});
     const Window* receiver = Find(window);
     const Reactions* reactions = ReactionsOf(window);
-    if (receiver == nullptr || reactions == nullptr || !reactions->procedure) return;
-    if (IsHung(receiver->spec.thread)) return;
+    if (receiver == nullptr) return false;
+    if (reactions == nullptr || !reactions->procedure || IsHung(receiver->spec.thread)) return true;
     const auto procedure = reactions->procedure;
     procedure(message);
+    return true;
 }
 
 }  // namespace
@@ -156,8 +162,21 @@ int GuardStarts() {
     return State().guardStarts;
 }
 
-void LetAnotherInstanceRun(bool runs) {
-    State().anotherInstance = runs;
+void LetProcessRun(std::uint32_t process) {
+    State().processes.insert(process);
+}
+
+void LetAnotherInstanceRun(const std::string& name, bool runs) {
+    if (runs) State().otherInstances.insert(name);
+    if (!runs) State().otherInstances.erase(name);
+}
+
+int RepliesToSenders() {
+    return State().repliesToSenders;
+}
+
+bool MayComeForward(WindowHandle window) {
+    return State().mayComeForward.contains(window);
 }
 
 const std::vector<SentMessage>& SentMessages() {
@@ -262,16 +281,46 @@ void StartGuard() {
     ++State().guardStarts;
 }
 
-bool AnotherInstanceRuns() {
-    return State().anotherInstance;
+std::uint32_t OwnProcess() {
+    return simulated::OwnProcessNumber;
 }
 
-void SendCopyData(WindowHandle window, const std::string& bytes) {
-    simulated::Send(window, {simulated::CopyDataMessage, 1, 3, bytes});
+bool ProcessRuns(std::uint32_t process) {
+    return process == simulated::OwnProcessNumber || State().processes.contains(process);
 }
 
-void SendPlainMessage(WindowHandle window, unsigned message) {
-    simulated::Send(window, {message, 1, 0});
+bool AnotherInstanceRuns(const std::string& name) {
+    return State().otherInstances.contains(name);
+}
+
+void OpenDoor(const std::string& name, std::function<void(const SentMessage&)> take) {
+    State().door = simulated::AddWindow(
+        {.className = DoorClass, .caption = name, .thread = simulated::OwnThread, .visible = false, .active = false});
+    simulated::OnMessage(State().door, [take = std::move(take)](const simulated::Message& sent) {
+        take({sent.message, static_cast<std::uintptr_t>(sent.lParam), static_cast<std::uint32_t>(sent.bytes.size()),
+              sent.bytes.data()});
+    });
+}
+
+void CloseDoor() {
+    simulated::Destroy(State().door);
+    State().door = 0;
+}
+
+bool SendCopyData(WindowHandle window, const std::string& bytes) {
+    return simulated::Send(window, {simulated::CopyDataMessage, 1, 3, bytes});
+}
+
+bool SendPlainMessage(WindowHandle window, unsigned message) {
+    return simulated::Send(window, {message, 1, 0});
+}
+
+void ReplyToSender() {
+    ++State().repliesToSenders;
+}
+
+void LetComeForward(WindowHandle window) {
+    State().mayComeForward.insert(window);
 }
 
 std::string ExecutableFolder() {

@@ -1,36 +1,105 @@
 #include "platform/instances.h"
 
+#include <utility>
+
+#include "win32/failure_guard.h"
 #include "win32/handles.h"
 
 namespace platform {
 namespace {
 
-// Held until the process ends. "Local" keeps the sessions of several users on one machine apart.
-bool ClaimPlace() {
-    const HANDLE mutex = CreateMutexA(nullptr, FALSE, "Local\\Tessarine running");
+// Owned by the thread until the process ends, so that the system gives the place on when that happens. "Local" keeps
+// the sessions of several users on one machine apart.
+bool ClaimPlace(const std::string& name) {
+    const HANDLE mutex = CreateMutexA(nullptr, FALSE, ("Local\\" + name + " running").c_str());
     if (mutex == nullptr) return false;  // the name is held with higher privilege, by another instance then
-    if (GetLastError() != ERROR_ALREADY_EXISTS) return true;
-    CloseHandle(mutex);  // a second instance must not keep the name alive after the first
+    const DWORD answer = WaitForSingleObject(mutex, 0);
+    if (answer == WAIT_OBJECT_0 || answer == WAIT_ABANDONED) return true;
+    CloseHandle(mutex);
     return false;
+}
+
+// A process that ends in the middle answers as one that knows nothing of the message, and so does one that may not be
+// spoken to.
+bool Send(WindowHandle window, UINT message, LPARAM lParam) {
+    SetLastError(ERROR_SUCCESS);
+    if (SendMessageA(ToHwnd(window), message, 1, lParam) != 0) return true;
+    return GetLastError() == ERROR_SUCCESS && IsWindow(ToHwnd(window));
+}
+
+struct Door {
+    HWND window = nullptr;
+    std::function<void(const SentMessage&)> take;
+};
+Door door;
+
+bool IsSent(UINT message) {
+    return message == WM_COPYDATA || message > 0xFFFF;  // what no part of the system uses
+}
+
+SentMessage Unpacked(UINT message, LPARAM lParam) {
+    if (message != WM_COPYDATA || lParam == 0) return {message};
+    const auto& data = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+    return {message, data.dwData, data.cbData, data.lpData};
+}
+
+LRESULT CALLBACK DoorThunk(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    if (!IsSent(message)) return DefWindowProcA(window, message, wParam, lParam);
+    GuardedCall([&] {
+        const auto take = door.take;  // the door may be closed meanwhile
+        if (take) take(Unpacked(message, lParam));
+    });
+    return TRUE;
+}
+
+void RegisterDoorClass() {
+    WNDCLASSA description{};
+    description.lpfnWndProc = DoorThunk;
+    description.hInstance = GetModuleHandleA(nullptr);
+    description.lpszClassName = DoorClass;
+    RegisterClassA(&description);
 }
 
 }  // namespace
 
-bool AnotherInstanceRuns() {
-    static const bool first = ClaimPlace();
-    return !first;
+bool AnotherInstanceRuns(const std::string& name) {
+    static bool isFirst = false;
+    if (!isFirst) isFirst = ClaimPlace(name);
+    return !isFirst;
 }
 
-void SendCopyData(WindowHandle window, const std::string& bytes) {
+// Not a message-only window: those are not found by FindWindow.
+void OpenDoor(const std::string& name, std::function<void(const SentMessage&)> take) {
+    RegisterDoorClass();
+    door.take = std::move(take);
+    door.window = CreateWindowExA(WS_EX_TOOLWINDOW, DoorClass, name.c_str(), WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+                                  GetModuleHandleA(nullptr), nullptr);
+}
+
+void CloseDoor() {
+    if (door.window != nullptr) DestroyWindow(std::exchange(door.window, nullptr));
+    door.take = nullptr;
+}
+
+bool SendCopyData(WindowHandle window, const std::string& bytes) {
     COPYDATASTRUCT data{};
     data.dwData = 3;
     data.cbData = static_cast<DWORD>(bytes.size());
     data.lpData = const_cast<char*>(bytes.data());  // the system only reads it
-    SendMessageA(ToHwnd(window), WM_COPYDATA, 1, reinterpret_cast<LPARAM>(&data));
+    return Send(window, WM_COPYDATA, reinterpret_cast<LPARAM>(&data));
 }
 
-void SendPlainMessage(WindowHandle window, unsigned message) {
-    SendMessageA(ToHwnd(window), message, 1, 0);
+bool SendPlainMessage(WindowHandle window, unsigned message) {
+    return Send(window, message, 0);
+}
+
+void ReplyToSender() {
+    if (InSendMessage()) ReplyMessage(TRUE);
+}
+
+void LetComeForward(WindowHandle window) {
+    DWORD process = 0;
+    if (GetWindowThreadProcessId(ToHwnd(window), &process) != 0) AllowSetForegroundWindow(process);
 }
 
 }  // namespace platform

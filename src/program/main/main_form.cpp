@@ -23,9 +23,9 @@
 #include "scheduler/exit_request.h"
 #include "settings/settings.h"
 #include "settings/settings_view.h"
-#include "shell/command_line.h"
 #include "shell/copy_data.h"
 #include "shell/exit.h"
+#include "shell/handed_over.h"
 #include "shell/startup.h"
 #include "toolkit/window_tools.h"
 
@@ -206,7 +206,7 @@ void MainForm::OnEndSession() {
 void MainForm::OnCopyData(const COPYDATASTRUCT* data) {
     if (data == nullptr) return;
     const auto command = CommandFromCopyData(data->dwData, data->cbData, data->lpData);
-    if (command) platform::CallOutsideHooks([line = *command] { HandleCommandParameter(line, true); });
+    if (command) platform::CallOutsideHooks([line = *command] { OnCommandHandedOver(line); });
 }
 
 // Keys that no single control knows: Ctrl+Tab and Ctrl+Page Up or Down go through the tabs, as in the system's own

@@ -1,0 +1,120 @@
+"""Two starts at once, a hotkey behind a question, settings that cannot be read, and what killed saves leave behind."""
+
+import time
+
+import pytest
+from job_reader import read_job
+from stage import NOTEPAD_PLACE
+from test_program import settings_with_hotkey
+from wine_desktop import OUT, wait_for
+
+
+def main_windows(stage):
+    return [window for window in stage.probe.windows() if window.class_name == "TessarineMainWindow"]
+
+
+def typing_job(stage, notepad, text, name, pause=0):
+    job = stage.job()
+    edit = job.target(notepad.chain())
+    if pause:
+        job.pause(pause)
+    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
+    job.type(text, edit)
+    return stage.write(job, name)
+
+
+@pytest.mark.parametrize("attempt", range(5))
+def test_starts_at_the_same_moment_end_in_one_program(stage, attempt):
+    programs = [stage.tessarine() for _ in range(3)]
+    assert wait_for(lambda: sum(program.poll() is not None for program in programs) == 2, 30)
+    time.sleep(1)
+    assert [program.poll() for program in programs].count(0) == 2
+    assert wait_for(lambda: len(main_windows(stage)) == 1 and main_windows(stage)[0].visible)
+
+
+def test_jobs_of_two_starts_at_the_same_moment_run_one_after_the_other(stage):
+    notepad = stage.notepad()
+    paths = [typing_job(stage, notepad, letter * 10, f"job_{letter}") for letter in "ab"]
+    programs = [stage.tessarine("-run", path) for path in paths]
+    assert [program.wait(60) for program in programs] == [0, 0]
+    assert wait_for(lambda: len(notepad.text) == 20, 20), notepad.text
+    assert notepad.text in ("a" * 10 + "b" * 10, "b" * 10 + "a" * 10)
+    assert wait_for(lambda: not main_windows(stage)), "nobody asked for a program that stays"
+
+
+def test_a_start_during_a_box_of_the_first(stage, person):
+    """The settings are damaged and the user is told; a job is started meanwhile, by another start of the program."""
+    notepad = stage.notepad()
+    path = typing_job(stage, notepad, "handed over", "job")
+    damaged = b"\x32\x01\x00\x00" + b"half there"
+    (person.folder / "settings.binary").write_bytes(damaged)
+    first = stage.tessarine()
+
+    def box():
+        return next((window for window in stage.probe.windows() if window.class_name == "#32770" and window.visible
+                     and window.caption == "Tessarine"), None)
+
+    told = wait_for(box)
+    assert told and "settings (kept).binary" in stage.box_text(told)
+    stage.wine.screenshot(OUT / "test" / "settings_kept.png")
+    second = stage.tessarine("-run", path)
+    assert second.wait(20) == 0, "it need not wait for the user"
+    assert notepad.text == "" and first.poll() is None and not main_windows(stage)
+    stage.answer(told)
+    assert notepad.holds("handed over")
+    assert wait_for(lambda: len(main_windows(stage)) == 1)
+    assert first.poll() is None
+    assert (person.folder / "settings (kept).binary").read_bytes() == damaged
+    stage.end(first)
+    stage.tessarine()
+    assert wait_for(lambda: stage.main_window() and stage.main_window().visible)
+    assert box() is None, "told once"
+
+
+def test_a_hotkey_while_a_question_is_open(stage, person):
+    """The run leaves the question where it was, the window behind it disabled, and the answer counts."""
+    notepad = stage.notepad()
+    hotkey_job = typing_job(stage, notepad, "by hotkey", "hotkey", pause=800)
+    for name in ("a", "b"):
+        person.puts_job(name)
+    (person.folder / "settings.binary").write_bytes(settings_with_hotkey(hotkey_job, 1 | 2, "K"))
+    person.start_program()
+    person.clicks("job_page_other_option2")
+    person.clicks("job_page_similiar_window_names")
+    left, top, right, _ = person.waits_for("job_page_lista_jobs").rect
+    stage.hands.click((left + right) // 2, top + 55)  # the other job
+    question = person.box("Save Changes")
+    assert not stage.main_window().enabled
+    person.presses("Control_L", "Alt_L", "k")
+    assert wait_for(lambda: notepad.text == "by hotkey", 20), notepad.text
+    assert wait_for(lambda: (box := stage.probe.window(question.handle)) and box.visible, 10), "it is there again"
+    time.sleep(1)
+    stage.wine.screenshot(OUT / "test" / "hotkey_behind_a_question.png")
+    assert not stage.main_window().enabled, "the window behind it is not in use"
+    stage.probe.ask("post", question.handle, 0x111, 6, 0)  # Yes
+    assert wait_for(lambda: stage.main_window().enabled)
+    assert wait_for(lambda: read_job(person.folder / "a.tsj").similar == 1, 5), "the answer counts"
+    assert stage.box() is None
+
+
+def temporary_of(folder, process):
+    """The name that a save of this process has for its temporary file."""
+    digits, number, name = "0123456789abcdefghijklmnopqrstuvwxyz", process * 16, ""
+    while len(name) < 7:
+        number, digit = divmod(number, 36)
+        name = digits[digit] + name
+    return folder / f"~{name}.tmp"
+
+
+def test_leftovers_of_killed_saves(stage, person):
+    notepad = stage.notepad()
+    killed = stage.tessarine()
+    assert wait_for(stage.main_window)
+    dead, alive = (temporary_of(person.folder, window.process) for window in (stage.main_window(), notepad.top))
+    stage.end(killed)
+    assert wait_for(lambda: not stage.main_window())
+    others = person.folder / "notes.tmp"
+    for path in (dead, alive, others):
+        path.write_bytes(b"half a job")
+    person.start_program()
+    assert not dead.exists() and alive.exists() and others.exists()
