@@ -4,6 +4,7 @@
 #include "editor/edit_job.h"
 #include "jobs/job_access.h"
 #include "mainwindow/form_visible.h"
+#include "platform/instances.h"
 #include "platform/text.h"
 #include "platform/window_services.h"
 #include "recording/recording_state.h"
@@ -24,6 +25,7 @@ bool BeginsWith(const std::string& command, std::string_view word) {
 void EndOrGoOn() {
     std::string next;
     if (TakeNextHandedOver(next)) return HandleCommandParameter(next, false);
+    platform::ReplyToSender();  // a second start whose command ends this process must not take it for lost
     QuitProgram(false);
 }
 

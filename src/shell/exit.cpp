@@ -6,7 +6,6 @@
 #include "dictionary/sentences.h"
 #include "mainwindow/form_visible.h"
 #include "platform/boxes.h"
-#include "platform/instances.h"
 #include "replay/timing.h"
 #include "settings/settings.h"
 #include "shell/shell_view.h"
@@ -31,7 +30,6 @@ bool SettingsDealtWith() {
 void QuitProgram(bool save) {
     if (save && !SettingsDealtWith()) return;
     if (MainWindowVisible()) FormVisible(false, false);
-    platform::ReplyToSender();  // a second start whose command ends this process must not take it for lost
     // A procedure that outlived the process's end would be called for a window that is going away. The order is that
     // of ownership: the lists stand on the main window.
     shell_view::RestoreJobListProcedure();

@@ -54,10 +54,12 @@ TEST_F(CommandLine, TheFirstCharactersDecide) {
         formVisibility = {};
         shellStandIn.runResult = 0;
         const std::size_t boxesBefore = Boxes().size();
+        const int repliesBefore = simulated::RepliesToSenders();
         const bool ends = firstCall == "EndProcess";
         EXPECT_EQ(Handle(commandLine, true), !ends);
         EXPECT_TRUE(firstCall.empty() ? shellStandIn.calls.empty() : WasCalled(firstCall));
         ASSERT_EQ(Boxes().size(), boxesBefore + (ends ? 1 : 0));
+        EXPECT_EQ(simulated::RepliesToSenders(), repliesBefore + (ends ? 1 : 0)) << "the command was not lost";
         if (!ends) continue;
         EXPECT_EQ(LastBox(), "File access error|File does not exist:\r\n" + boxText);
         EXPECT_FALSE(WasCalled("Show"));
