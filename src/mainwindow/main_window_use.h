@@ -37,15 +37,3 @@ extern MainWindowUse mainWindowUse;
 
 // From now on boxes take the main window. Once, when it stands.
 void HoldMainWindowDuringBoxes();
-
-// For as long as it lives.
-class MainWindowHold {
-public:
-    explicit MainWindowHold(MainWindowHolder who) : holder(who) { mainWindowUse.Take(holder); }
-    ~MainWindowHold() { mainWindowUse.GiveBack(holder); }
-    MainWindowHold(const MainWindowHold&) = delete;
-    MainWindowHold& operator=(const MainWindowHold&) = delete;
-
-private:
-    MainWindowHolder holder;
-};
