@@ -18,6 +18,7 @@
 #include "platform/window_services.h"
 #include "replay/reach.h"
 #include "replay/run_job.h"
+#include "replay/similar_caption.h"
 #include "replay/target_search.h"
 #include "replay/timing.h"
 #include "settings/settings.h"
@@ -251,6 +252,12 @@ void BenchCrowd() {
         }
         bench::Report(search.title, bench::Median(ratios), 2.5);
     }
+    std::vector<double> ratios;
+    for (int round = 0; round < 7; ++round) {
+        const double bare = BareEnumeration();
+        ratios.push_back(MillisecondsOf([] { FindSimilarWindow(CrowdClass, "One of another crowd"); }) / bare);
+    }
+    bench::Report("a similar caption among 1,000 of the class / the same", bench::Median(ratios), 2.5);
     TerminateProcess(crowd, 0);
     CloseHandle(crowd);
 }

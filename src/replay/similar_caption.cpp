@@ -1,7 +1,9 @@
 #include "replay/similar_caption.h"
 
 #include <algorithm>
+#include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "identity/live_chain.h"
@@ -44,19 +46,28 @@ std::vector<platform::WindowHandle> Candidates() {
     return windows;
 }
 
+struct ScoredWindow {
+    LiveChain live;
+    std::ptrdiff_t score = 0;
+};
+
 }  // namespace
 
+// Classes are the cheapest to ask for, captions come next, and to be found by name costs a walk of the system over all
+// windows: so that is asked of the best first, mostly once.
 SimilarWindow FindSimilarWindow(const std::string& className, const std::string& caption) {
     const Words recorded = WordsOf(caption);
-    SimilarWindow best;
-    std::ptrdiff_t bestScore = 0;
+    std::vector<ScoredWindow> scored;
     for (const platform::WindowHandle window : Candidates()) {
         LiveChain live(window);
         if (live.ClassName(0) != className) continue;
         const std::ptrdiff_t score = Score(recorded, WordsOf(live.Caption(0)));
-        if (score < bestScore || !live.IsFoundByName(0)) continue;
-        bestScore = score;
-        best = {window, live.Caption(0)};
+        scored.push_back({std::move(live), score});
     }
-    return best;
+    std::reverse(scored.begin(), scored.end());  // on a tie the later one wins
+    std::ranges::stable_sort(scored, std::greater(), &ScoredWindow::score);
+    for (ScoredWindow& each : scored) {
+        if (each.live.IsFoundByName(0)) return {each.live.Handle(0), each.live.Caption(0)};
+    }
+    return {};
 }

@@ -30,7 +30,7 @@ InputRecord Button(std::int32_t flag, std::int32_t data = 0) {
     return record;
 }
 
-InputRecord RandomInput(std::mt19937& random) {
+InputRecord RandomInput(std::minstd_rand& random) {
     const bool up = random() % 2 == 0;
     if (random() % 4 != 0) {
         constexpr int keys[] = {'A', 'B', '7', 13, 37, 39, 91, 16, 17, 18, 160, 161, 162, 163, 164, 165};
@@ -55,10 +55,10 @@ enum class Death { BeforeSending, AfterSending, AfterAll };
 
 TEST(HeldState, NamesAllThatIsDownWheneverTheProgramDies) {
     for (unsigned seed = 0; seed < 300; ++seed) {
-        std::mt19937 random(seed);
+        std::minstd_rand random(seed + 1);
         HeldState held;
-        const auto length = static_cast<unsigned>(1 + random() % 30);
-        for (unsigned i = 0; i < length; ++i) {
+        const std::size_t length = 1 + random() % 30;
+        for (std::size_t i = 0; i < length; ++i) {
             const bool last = i + 1 == length;
             const auto death = last ? static_cast<Death>(random() % 3) : Death::AfterAll;
             const InputRecord record = RandomInput(random);

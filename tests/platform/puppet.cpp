@@ -35,15 +35,12 @@ LRESULT CALLBACK StubbornProcedure(HWND window, UINT message, WPARAM wParam, LPA
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-LRESULT CALLBACK ShyProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE)
-        SetForegroundWindow(FindWindowA(nullptr, RefugeCaption));
-    return DefWindowProcA(window, message, wParam, lParam);
-}
-
-WNDPROC ProcedureOf(const std::string& className) {
-    if (className == StubbornClass) return StubbornProcedure;
-    return className == ShyClass ? ShyProcedure : ContractProcedure;
+// A hook of this thread alone.
+LRESULT CALLBACK RefuseToBeActive(int code, WPARAM wParam, LPARAM lParam) {
+    char className[100] = "";
+    if (code == HCBT_ACTIVATE) GetClassNameA(reinterpret_cast<HWND>(wParam), className, sizeof className);
+    if (std::string(className) == ShyClass) return 1;
+    return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 // A class of this name would hide the system's own one, so that is left alone.
@@ -53,8 +50,9 @@ bool IsOfTheSystem(const char* name) {
 
 void RegisterClassOf(const char* name) {
     if (IsOfTheSystem(name)) return;
+    if (std::string(name) == ShyClass) SetWindowsHookExA(WH_CBT, RefuseToBeActive, nullptr, GetCurrentThreadId());
     WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = ProcedureOf(name);
+    windowClass.lpfnWndProc = std::string(name) == StubbornClass ? StubbornProcedure : ContractProcedure;
     windowClass.hInstance = GetModuleHandleA(nullptr);
     windowClass.lpszClassName = name;
     RegisterClassA(&windowClass);  // refused for a class that is there already, which is well

@@ -13,9 +13,8 @@ inline constexpr const char* ClicksProperty = "contract clicks";
 // The class of a window that answers messages but never finishes a change of its placement.
 inline constexpr const char* StubbornClass = "Contract stubborn";
 
-// The class of a window that gives the foreground to the window with this caption as soon as it gets it.
+// The class of a window that refuses to become active: the system then says that it did, and leaves it as it was.
 inline constexpr const char* ShyClass = "Contract shy";
-inline constexpr const char* RefugeCaption = "refuge";
 
 enum class Order : ULONG_PTR { Add, Remove, Rename, Focus, RunTheProduct, Hang, HoldDown };
 
