@@ -276,7 +276,7 @@ TEST(Guard, ReleasesWhatAKilledProgramHoldsAndEndsWithIt) {
     ASSERT_NE(guard, 0u);
     const platform::OwnedHandle process(OpenProcess(SYNCHRONIZE, FALSE, guard));
     ASSERT_TRUE(Within(PatienceMs, [] { return StillDown().size() == 3; }));
-    Within(500, [] { return false; });
+    Within(2000, [] { return false; });
     EXPECT_EQ(StillDown().size(), 3u) << "nothing is released while the program lives";
     EXPECT_EQ(WaitForSingleObject(process.Get(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
     program.Kill();
@@ -297,7 +297,7 @@ TEST(Guard, IsReplacedWhenItHasDied) {
     EXPECT_NE(second, 0u);
     EXPECT_NE(second, first);
     program.Kill();
-    EXPECT_TRUE(Within(1000, [] { return StillDown().empty(); })) << "it knows what was pressed before its time";
+    EXPECT_TRUE(Within(PatienceMs, [] { return StillDown().empty(); })) << "it knows what was pressed before its time";
 }
 
 // A failure in a hook is shown from the pump: a box inside the hook would hold up the whole desktop.

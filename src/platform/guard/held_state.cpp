@@ -15,7 +15,7 @@ std::uint32_t HowPressed(const InputRecord& record) {
     return scanCode << 16 | flags << 8 | 1;
 }
 
-InputRecord ReleaseOfKey(std::size_t virtualKey, std::uint32_t howPressed) {
+InputRecord ReleaseOfKey(int virtualKey, std::uint32_t howPressed) {
     InputRecord record;
     record.dwType() = platform::InputKeyboard;
     record.KeyCode() = static_cast<std::int32_t>((howPressed & 0xFFFF'0000U) | static_cast<std::uint32_t>(virtualKey));
@@ -25,14 +25,15 @@ InputRecord ReleaseOfKey(std::size_t virtualKey, std::uint32_t howPressed) {
 
 // The system knows keys of one byte only.
 std::atomic<std::uint32_t>& KeyOf(HeldState& held, const InputRecord& record) {
-    return held.keys[static_cast<std::size_t>(record.KeyCode() & 0xFF)];
+    const bool extended = (record.KeyState() & platform::KeyExtended) != 0;
+    return held.keys[static_cast<std::size_t>(record.KeyCode() & 0xFF) + (extended ? 256 : 0)];
 }
 
 bool IsXButton(std::int32_t number) {
     return number == 1 || number == 2;
 }
 
-bool IsModifier(std::size_t virtualKey) {
+bool IsModifier(int virtualKey) {
     return (virtualKey >= 16 && virtualKey <= 18) || virtualKey == 91 || virtualKey == 92 ||
            (virtualKey >= 160 && virtualKey <= 165);
 }
@@ -57,10 +58,11 @@ void ReleaseButtons(HeldState& held) {
 }
 
 void ReleaseKeys(HeldState& held, bool modifiers) {
-    for (std::size_t virtualKey = 0; virtualKey < held.keys.size(); ++virtualKey) {
-        if (IsModifier(virtualKey) != modifiers || held.keys[virtualKey] == 0) continue;
-        platform::SendInput(ReleaseOfKey(virtualKey, held.keys[virtualKey]));
-        held.keys[virtualKey] = 0;
+    for (std::size_t key = 0; key < held.keys.size(); ++key) {
+        const int virtualKey = static_cast<int>(key % 256);
+        if (IsModifier(virtualKey) != modifiers || held.keys[key] == 0) continue;
+        platform::SendInput(ReleaseOfKey(virtualKey, held.keys[key]));
+        held.keys[key] = 0;
     }
 }
 

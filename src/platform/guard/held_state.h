@@ -10,8 +10,9 @@
 #include "platform/input.h"
 
 struct HeldState {
-    // By virtual key: 0 for one that is up, else how it was pressed (scan code and flags).
-    std::array<std::atomic<std::uint32_t>, 256> keys{};
+    // By virtual key, and 256 on for extended keys: SHIFT, CTRL and ALT mean another key with that flag. 0 for one that
+    // is up, else how it was pressed (scan code and flags).
+    std::array<std::atomic<std::uint32_t>, 512> keys{};
     // The press flags of the buttons that are down. The X buttons have one flag between them: a word for each.
     std::atomic<std::uint32_t> buttons = 0;
     std::array<std::atomic<std::uint32_t>, 3> xButtons{};  // by their number, 1 and 2
