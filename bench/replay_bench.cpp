@@ -55,6 +55,24 @@ Job MixedJob() {
     return job;
 }
 
+// Keys into one edit control, which are looked after at High: the foreground is asked for at each.
+Job KeysJob(std::int32_t safetyLevel, platform::WindowHandle edit, platform::WindowHandle top) {
+    Job job;
+    job.SpeedPercent = MaximumSpeed;
+    job.SafetyLevel = safetyLevel;
+    job.Windows.push_back({platform::PlacementOf(edit), "", "Edit", 15});
+    job.Windows.push_back({platform::PlacementOf(top), "", "Target", 0});
+    WindowChain chain;
+    chain.Depth = 1;
+    chain.Path[1] = 1;
+    job.Chains.push_back(chain);
+    for (int i = 0; static_cast<int>(job.Events.size()) < EventCount; ++i) {
+        job.Events.push_back(Key(0, i));
+        job.Events.push_back(Key(platform::KeyUp, i));
+    }
+    return job;
+}
+
 void Replay(Job& job) {
     std::vector<ActionRow> rows;
     std::string reason;
@@ -83,10 +101,22 @@ void BareLoop(Job& job) {
 
 int main() {
     simulated::KeepJournals(false);
-    simulated::SetFocus(simulated::AddWindow({.className = "Target", .rect = {100, 100, 700, 500}}));
+    const platform::WindowHandle top = simulated::AddWindow({.className = "Target", .rect = {100, 100, 700, 500}});
+    const platform::WindowHandle edit =
+        simulated::AddWindow({.className = "Edit", .rect = {0, 0, 600, 400}, .parent = top, .controlId = 15});
+    simulated::SetFocus(edit);
     settings.Display_Executing_Status = 0;
     Job job = MixedJob();
     bench::ReportRatio(
         "replay at maximum speed / the same calls", [&] { Replay(job); }, [&] { BareLoop(job); }, 2.0, 7);
+    Job watched = KeysJob(SafetyHigh, edit, top);
+    Job unwatched = KeysJob(SafetyLow, edit, top);
+    const auto type = [&](Job& keys) {
+        simulated::SetText(edit, "");
+        Replay(keys);
+    };
+    bench::ReportRatio(
+        "keys into one window, foreground checked / not checked", [&] { type(watched); }, [&] { type(unwatched); }, 1.2,
+        7);
     return bench::ExitCode();
 }

@@ -29,7 +29,8 @@ void OnDoubleClick() {
 
 void ServeIcon(unsigned message) {
     if (message == TrayLeftDoubleClick) OnDoubleClick();
-    if (message == TrayRightUp && InterfaceIsFree()) form_view::OpenTrayMenu();
+    // After a run whose program was missing nothing else is left to the user but to end the program.
+    if (message == TrayRightUp && (InterfaceIsFree() || runState.programWasMissing)) form_view::OpenTrayMenu();
 }
 
 }  // namespace

@@ -145,6 +145,7 @@ private:
     platform::WindowHandle keyForeground = 0;  // that the last search for keys ended with; 0 when it failed
     std::int32_t lastFailedChain = -1;
     std::size_t rowIndex = 0;
+    std::size_t announcedAt = 0;  // where in the log's buffer the line of this pass begins
     std::int32_t passCount = 0;
     bool forever = false;
     bool skipMoves = false;
@@ -224,6 +225,9 @@ Replay::Ending Replay::Pass() {
 void Replay::AnnouncePass() {
     const std::string number = "Repeating job no: " + std::to_string(passCount + 1);
     if (forever) {
+        // Of a run without an end and without a log, only the pass under way: nobody else would ever empty the buffer.
+        if (!logged && passCount > 0) replayLog.LogBuffer.resize(announcedAt);
+        announcedAt = replayLog.LogBuffer.size();
         LogLine(number);
     } else if (job.RepeatCount >= 2) {
         LogLine(number + "/" + std::to_string(job.RepeatCount));
@@ -671,6 +675,7 @@ void Replay::SendMouse(JobEvent& event) {
     event.mouseTime() = 0;  // the system stamps what it injects
     lastResult = platform::SendInput(event);
     event.mouseTime() = progressTime;
+    if (lastResult > 0) NoteButton(event);
     if (lastResult > 0 && HasTarget(event.dwFlags()) && event.dwFlags() != WheelFlags) clickSpacing.Sent();
     if (event.dwFlags() == LeftDownFlags) DebugTrace("Left Down retval");
 }
@@ -680,6 +685,7 @@ void Replay::SendDoubleClick() {
     DebugTrace("Saljem DOUBLECLICK!");
     for (const platform::InputRecord& record : doubleClick) {
         lastResult = platform::SendInput(record);
+        if (lastResult > 0) NoteButton(record);
         if (record.dwFlags() == LeftDownFlags && lastResult > 0) clickSpacing.Sent();
         platform::Sleep(ShortPause);
     }

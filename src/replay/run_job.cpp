@@ -50,10 +50,41 @@ void EndInputBlock() {
     status_view::SetSecondLabel(Ellipsis("Press ESC to stop"));
 }
 
+// Without a timer to end it, there is no block.
 void StartInputBlock() {
-    platform::BlockInput(true);
     platform::StopTimer(inputBlock.unblock_input);
     inputBlock.unblock_input = platform::StartTimer(InputBlockMs, EndInputBlock);
+    if (inputBlock.unblock_input == 0) return EndInputBlock();
+    platform::BlockInput(true);
+}
+
+bool IsDown(int virtualKey) {
+    return platform::AsyncKeyState(virtualKey) < 0;
+}
+
+bool AnyHotkeyKeyIsDown() {
+    for (const int modifier : {16, 17, 18, 91, 92}) {  // VK_SHIFT, VK_CONTROL, VK_MENU, VK_LWIN, VK_RWIN
+        if (IsDown(modifier)) return true;
+    }
+    for (int letter = 'A'; letter <= 'Z'; ++letter) {
+        if (IsDown(letter)) return true;
+    }
+    return false;
+}
+
+// The user's fingers are still on the hotkey: what a job types must not arrive with Ctrl held. Who goes on holding the
+// keys for long means it. False when ESC was pressed.
+bool AwaitHotkeyRelease() {
+    constexpr std::int64_t LongestMs = 2000;
+    constexpr int LookMs = 10;
+    const std::int64_t end = platform::TickCount() + LongestMs;
+    EscapePressed(true);  // a tap from before the run is not meant for it
+    while (AnyHotkeyKeyIsDown() && platform::TickCount() < end) {
+        if (EscapePressed(false)) return false;
+        platform::Pump();
+        platform::Sleep(LookMs);
+    }
+    return true;
 }
 
 bool DisplaysStatus() {
@@ -83,6 +114,7 @@ private:
     void TellCanceled(int row) const;
     void TellFailed(int row) const;
     void LogFailure(const std::exception& failure) const;
+    void WriteLog() const;
     void Finish();
 
     // Copies: the caller's text may be an entry of a table that changes while this pumps, or that of the recent jobs.
@@ -104,10 +136,12 @@ std::int32_t JobRun::Run() {
     if (!StartsProgram()) {
         // A plain way out that puts nothing back: until the program is started anew, every run is refused. A job
         // whose program is missing must not be followed by others as if nothing had been.
+        runState.programWasMissing = true;
         return RunProgramMissing;
     }
     if (!noInputBlock) StartInputBlock();
-    result = ReplayEvents(job, rows, reason, logPath);
+    const bool begins = !noInputBlock || AwaitHotkeyRelease();
+    result = begins ? ReplayEvents(job, rows, reason, logPath) : ReplayCanceled;
     CleanUp();
     if (result < 1) Tell();
     Finish();
@@ -137,7 +171,6 @@ void JobRun::Prepare() {
     DebugTrace("Executing");
     if (!logPath.empty()) LogOptions();
     Premjesti(true);
-    runState.ReplayRunning = true;
     main_window_view::EnableExitButton(false);
 }
 
@@ -221,7 +254,7 @@ void JobRun::TellFailed(int row) const {
 }
 
 void JobRun::Finish() {
-    if (!logPath.empty()) WriteLogFile(logPath);
+    if (!logPath.empty()) WriteLog();
     runState.ReplayRunning = false;
     platform::Pump();
     main_window_view::EnableExitButton(true);
@@ -237,14 +270,18 @@ void JobRun::PutRight(const std::exception& failure) {
     if (!logPath.empty()) LogFailure(failure);
 }
 
-// A log that cannot be written must not hide why the run failed.
 void JobRun::LogFailure(const std::exception& failure) const {
     LogLine("Execution of job failed. Reason: ");
     LogLine(failure.what());
+    WriteLog();
+}
+
+// How the run went stays true when its log cannot be written. The lines wait in the buffer for the next log that can.
+void JobRun::WriteLog() const {
     try {
         WriteLogFile(logPath);
-    } catch (const RuntimeFailure&) {
-        DebugTrace("Log not written");
+    } catch (const RuntimeFailure& failure) {
+        if (DisplaysStatus()) status_view::AddLine(failure.what());
     }
 }
 
@@ -253,8 +290,12 @@ void JobRun::LogFailure(const std::exception& failure) const {
 std::int32_t RunJob(const std::string& jobPath, std::int32_t, const std::string& logPath, bool noInputBlock) {
     if (runState.ReplayRunning) return RunRefusedOrNoFile;
     if (RecordingActive() || KeyboardHookInstalled()) return RunRefusedRecording;
+    runState.ReplayRunning = true;  // at once: whatever pumps from here on can bring another start
     const platform::FileState state = TellUnlessReadable(jobPath, platform::BoxIcon::Error);
-    if (state != platform::FileState::Readable) return RunRefusedOrNoFile;
+    if (state != platform::FileState::Readable) {
+        runState.ReplayRunning = false;
+        return RunRefusedOrNoFile;
+    }
     JobRun run(jobPath, logPath, noInputBlock);
     try {
         return run.Run();

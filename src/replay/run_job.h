@@ -12,6 +12,7 @@ inline constexpr std::int32_t RunRefusedRecording = -11;  // a recording is unde
 
 struct RunState {
     bool ReplayRunning = false;
+    bool programWasMissing = false;  // nothing is under way, although ReplayRunning stays set until the program ends
 };
 extern RunState runState;
 

@@ -17,6 +17,17 @@ bool StandsOnTheRight(const platform::Rect& window) {
     return window.left * TwipsPerInch >= LeftSideTwips * status_view::PixelsPerInch();
 }
 
+bool Holds(const platform::Rect& window, const platform::Point& point) {
+    return window.left <= point.x && point.x < window.right && window.top <= point.y && point.y < window.bottom;
+}
+
+// On a narrow screen both places of a window can lie under the pointer. It would then dodge for ever.
+bool StaysUnderThePointer(const platform::Rect& window, std::int32_t newLeft) {
+    const platform::Rect there = {newLeft, window.top, newLeft + window.right - window.left, window.bottom};
+    const platform::Point pointer = platform::CursorPosition();
+    return Holds(window, pointer) && Holds(there, pointer);
+}
+
 std::int32_t LeftAtRightEdge(const platform::Rect& window) {
     return platform::ScreenSize().width - (window.right - window.left) - Margin;
 }
@@ -47,7 +58,14 @@ void setStatus(int code, const std::string& text) {
 
 void Premjesti(bool force) {
     const bool toTheLeft = !force && StandsOnTheRight(status_view::Executing2Rectangle());
-    status_view::MoveExecuting2(toTheLeft ? Margin : LeftAtRightEdge(status_view::Executing2Rectangle()));
-    if (!status_view::ExecutingVisible()) return;
-    status_view::MoveExecuting(toTheLeft ? Margin : LeftAtRightEdge(status_view::ExecutingRectangle()));
+    const auto newLeft = [&](const platform::Rect& window) { return toTheLeft ? Margin : LeftAtRightEdge(window); };
+    const platform::Rect executing2 = status_view::Executing2Rectangle();
+    const platform::Rect executing = status_view::ExecutingRectangle();
+    const bool both = status_view::ExecutingVisible();
+    if (!force && (StaysUnderThePointer(executing2, newLeft(executing2)) ||
+                   (both && StaysUnderThePointer(executing, newLeft(executing))))) {
+        return;
+    }
+    status_view::MoveExecuting2(newLeft(executing2));
+    if (both) status_view::MoveExecuting(newLeft(executing));
 }

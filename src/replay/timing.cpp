@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/runtime_failure.h"
 #include "platform/clock.h"
@@ -23,6 +24,25 @@ platform::InputRecord KeyboardRecord(int virtualKey, std::int32_t keyState) {
     record.KeyCode() = platform::ScanCodeOf(virtualKey) * 65536 + virtualKey;
     record.KeyState() = keyState;
     return record;
+}
+
+constexpr std::int32_t Downs =
+    platform::MouseLeftDown | platform::MouseRightDown | platform::MouseMiddleDown | platform::MouseXDown;
+constexpr std::int32_t Ups = Downs << 1;  // every release flag follows its press flag
+
+bool IsSameButton(const platform::InputRecord& press, std::int32_t downFlag, const platform::InputRecord& other) {
+    if ((press.dwFlags() & downFlag) == 0) return false;
+    return downFlag != platform::MouseXDown || press.mouseData() == other.mouseData();
+}
+
+void ReleaseButton(platform::InputRecord record) noexcept {
+    record.dwFlags() = (record.dwFlags() & Downs) << 1;
+    record.dx() = record.dy() = 0;
+    try {
+        platform::SendInput(record);
+    } catch (...) {
+        return;
+    }
 }
 
 // Feeds the progress bar in equal steps. It keeps the fraction that the bar cannot show.
@@ -82,9 +102,20 @@ void RestoreCapsLock(std::int32_t state) {
     platform::SendInput(KeyboardRecord(platform::VirtualKeyCapital, platform::KeyUp));
 }
 
-// The last thing that stands between a broken run and a keyboard that seems stuck: whatever goes wrong with one key,
-// the others still come up.
+void NoteButton(const platform::InputRecord& record) {
+    const std::int32_t action = record.dwFlags() & ~platform::MouseAbsolute;
+    if ((action & Downs) != 0) {
+        std::erase_if(heldInput.presses, [&](const auto& press) { return IsSameButton(press, action, record); });
+        heldInput.presses.push_back(record);
+    } else if ((action & Ups) != 0) {
+        std::erase_if(heldInput.presses, [&](const auto& press) { return IsSameButton(press, action >> 1, record); });
+    }
+}
+
+// The last thing that stands between a broken run and a keyboard or mouse that seems stuck: whatever goes wrong with
+// one key, the others still come up.
 void ReleaseStuckKeys() noexcept {
+    for (const platform::InputRecord& press : std::exchange(heldInput.presses, {})) ReleaseButton(press);
     for (int virtualKey = 0; virtualKey < KeyFlagCount; ++virtualKey) {
         bool& down = heldInput.KeysDown[static_cast<std::size_t>(virtualKey)];
         if (!down) continue;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "jobs/job_records.h"
 #include "platform/input.h"
@@ -16,6 +17,7 @@ struct HeldInput {
     std::array<bool, KeyFlagCount> KeysDown{};
     bool leftButton = false;
     bool rightButton = false;
+    std::vector<platform::InputRecord> presses;  // of the mouse buttons that are down, as they were sent
     platform::Point LastCursorPosition;  // in pixels, as MoveCursor was asked for
 };
 extern HeldInput heldInput;
@@ -36,7 +38,10 @@ int TimedWait(std::int32_t ms, bool escHeld, double share);
 // Taps Caps Lock when its raw state (GetKeyState) differs from `state`.
 void RestoreCapsLock(std::int32_t state);
 
-// Sends a key up for every key that replay still holds. No mouse button is released.
+// Notes a mouse record that was sent: which buttons replay holds down. Other records are ignored.
+void NoteButton(const platform::InputRecord& record);
+
+// Releases every key and every mouse button that replay still holds, the buttons where the cursor is.
 void ReleaseStuckKeys() noexcept;
 
 // True when ESC is down or was pressed since the last call, unless the job itself holds it.

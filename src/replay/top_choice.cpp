@@ -88,11 +88,12 @@ ShowState ShowStateOf(const platform::WindowPlacement& placement) {
 WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted) {
     // Mostly there is one such window, and it is asked for in one call.
     const WindowHandle first = platform::FindTopWindow(className, caption);
-    if (first == 0) return 0;
-    if (platform::IsShown(first) && LiveClass(first) == className && LiveCaption(first) == caption &&
+    if (first != 0 && platform::IsShown(first) && LiveClass(first) == className && LiveCaption(first) == caption &&
         HasRecordedRectangle(first, wanted)) {
         return first;
     }
+    // A caption with characters outside the code page is not found by what the code page makes of it, but compares
+    // with it.
     return ChooseFrom(NamedWindows(className, caption), wanted);
 }
 

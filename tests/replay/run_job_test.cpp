@@ -1,10 +1,12 @@
 #include "replay/run_job.h"
 
+#include <algorithm>
 #include <new>
 
 #include "base/text.h"
 #include "jobs/job_file.h"
 #include "platform/hooks.h"
+#include "replay/replay_log.h"
 #include "replay/timing.h"
 #include "replay_stage.h"
 #include "settings/folders.h"
@@ -41,6 +43,7 @@ protected:
         EXPECT_FALSE(statusViewStandIn.executing2.visible);
         EXPECT_GE(platform::AsyncKeyState(Shift), 0) << "Shift is up";
         for (const bool down : heldInput.KeysDown) EXPECT_FALSE(down);
+        for (const int button : {1, 2, 4, 5, 6}) EXPECT_GE(platform::AsyncKeyState(button), 0) << "button " << button;
     }
 
     StartProgramRecord program;
@@ -142,6 +145,60 @@ TEST_F(RunJobTest, AShortRunLeavesTheBlockToTheTimer) {
     EXPECT_FALSE(simulated::InputBlocked()) << "a hotkey's run does not block";
 }
 
+TEST_F(RunJobTest, WithoutATimerThereIsNoBlock) {
+    simulated::RefuseTimers();
+    InEdit().Type("a");
+    EXPECT_EQ(Run("", false), 1);
+    EXPECT_FALSE(simulated::InputBlocked());
+    EXPECT_EQ(statusViewStandIn.secondLabel, "Press ESC to stop...");
+}
+
+TEST_F(RunJobTest, AHotkeysRunBeginsWhenItsKeysAreUpOrAfterTwoSeconds) {
+    const int control = 162;
+    InEdit().Type("a");
+    simulated::UserHolds(control, 0, 700);
+    simulated::UserHolds('J', 0, 900);
+    simulated::RunFor(1);
+    simulated::SetText(edit, "");
+    EXPECT_EQ(Run(), 1);
+    EXPECT_GE(platform::TickCount(), 900);
+    EXPECT_LT(platform::TickCount(), 1800);
+    EXPECT_EQ(TextOf(edit), "a");
+
+    const std::int64_t began = platform::TickCount();
+    simulated::UserHolds(control, began, began + 9000);
+    simulated::RunFor(1);
+    EXPECT_EQ(Run(), 1);
+    EXPECT_GE(platform::TickCount() - began, 2000);
+    EXPECT_LT(platform::TickCount() - began, 4000) << "who holds on for long means it";
+    simulated::UserTaps(27);
+    EXPECT_EQ(Run(), 1) << "a tap from before the run";
+    simulated::UserHoldsEscapeFrom(platform::TickCount() + 300, platform::TickCount() + 400);
+    EXPECT_EQ(Run(), -2);
+    simulated::RunFor(10'000);
+    const std::int64_t noHotkey = platform::TickCount();
+    simulated::UserHolds(control, noHotkey, noHotkey + 9000);
+    simulated::RunFor(1);
+    EXPECT_EQ(Run("", false), 1);
+    EXPECT_LT(platform::TickCount() - noHotkey, 2000) << "only a hotkey's run waits";
+}
+
+// The steps before the first input pump, and every one of them can bring another start.
+TEST_F(RunJobTest, OneStartIsOneRunFromItsFirstStepOn) {
+    std::vector<std::int32_t> results;
+    simulated::At(0, [&] { results.push_back(RunJob(JobPath, 0, "", true)); });
+    simulated::AnswerNextBox({.afterMs = 50, .whileOpen = [&] { results.push_back(RunJob(JobPath, 0, "", true)); }});
+    InEdit().Type("a");
+    EXPECT_EQ(RunJob("C:\\Data\\gone.tsj", 0, "", true), -10);
+    EXPECT_THAT(results, testing::Each(-10));
+    EXPECT_THAT(Boxes(), SizeIs(1));
+    EXPECT_FALSE(runState.ReplayRunning);
+    simulated::At(platform::TickCount(), [&] { results.push_back(RunJob(JobPath, 0, "", true)); });
+    EXPECT_EQ(Run(), 1);
+    EXPECT_THAT(results, ElementsAre(-10, -10, -10));
+    EXPECT_EQ(TextOf(edit), "a");
+}
+
 TEST_F(RunJobTest, TheProgramOfTheJobIsStarted) {
     program = {"C:\\Windows\\notepad.exe", " C:\\a.txt ", 3};
     simulated::PutFile(program.ProgramPath, "");
@@ -162,6 +219,7 @@ TEST_F(RunJobTest, AMissingProgramEndsTheRunAndAllRunsAfterIt) {
     EXPECT_EQ(Run(), 0);
     EXPECT_THAT(Boxes(), ElementsAre("File not found|Cannot start program:\r\nC:\\gone.exe\r\nFile not found"));
     EXPECT_EQ(TextOf(edit), "");
+    EXPECT_TRUE(runState.programWasMissing) << "and nothing is under way";
     program = {};
     EXPECT_EQ(Run(), -10);
 }
@@ -183,6 +241,11 @@ TEST_F(RunJobTest, HeldKeysAreReleasedAfterEveryKindOfEnding) {
     InEdit().KeyDown(Shift);
     InLostWindow().IfNoWindow(StopExecuting, 0).Press(Left, 1, 1);
     EXPECT_EQ(Run(), -4);
+    ExpectAllPutRight();
+
+    job = JobBuilder();
+    InEdit().Press(Left, 300, 300).Press(Right, 300, 300).Press(XButton2, 300, 300);
+    EXPECT_EQ(Run(), 1);
     ExpectAllPutRight();
 
     job = JobBuilder();
@@ -294,6 +357,31 @@ TEST_F(RunJobTest, ARunWithALogWritesExactlyThis) {
               "\r\n\r\n\r\n\r\n");
     EXPECT_THAT(Boxes(), IsEmpty()) << "nobody is there to see one";
     EXPECT_EQ(settings.RecentJobs[0], "") << "an unattended run leaves the recent jobs alone";
+}
+
+TEST_F(RunJobTest, TheResultOfARunStaysWhenItsLogCannotBeWritten) {
+    settings.Display_Executing_Status = 1;
+    InEdit().Type("a");
+    const std::string nowhere = "C:\\Gone\\morning.log";
+    EXPECT_EQ(Run(nowhere), 1);
+    ExpectAllPutRight();
+    EXPECT_THAT(statusViewStandIn.list.back(), HasSubstr("morning.log"));
+    EXPECT_EQ(statusViewStandIn.statusLabel, "Finished");
+    EXPECT_EQ(Run(LogPath), 1);
+    EXPECT_EQ(std::count(Log().begin(), Log().end(), '<'), 2) << "the lines of both runs, in the next log that works";
+}
+
+TEST_F(RunJobTest, AnEndlessRunWithoutALogKeepsItsMemory) {
+    job.Header().RepeatCount = 0;
+    job.Header().SafetyLevel = SafetyLow;
+    InEdit().At(0).Key('A').At(10).Move(1, 1);
+    LogLine("from before");
+    simulated::UserHoldsEscapeFrom(5000, 5100);
+    EXPECT_EQ(Run(), -2);
+    EXPECT_THAT(replayLog.LogBuffer, HasSubstr("from before"));
+    EXPECT_LT(replayLog.LogBuffer.size(), 200U);
+    const std::string passes = replayLog.LogBuffer.substr(replayLog.LogBuffer.find("no: ") + 4);
+    EXPECT_GT(std::stoi(passes), 100);
 }
 
 TEST_F(RunJobTest, TheNewestRunStandsOnTopOfTheLog) {

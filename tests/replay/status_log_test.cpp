@@ -34,6 +34,21 @@ TEST(SetStatus, WritesTheLabelInTheLanguageInForce) {
     EXPECT_EQ(statusViewStandIn.statusLabel, platform::FromUtf8("De espera para la ventana\u00A0:\r\nx"));
 }
 
+TEST(Premjesti, StaysWhereBothPlacesLieUnderThePointer) {
+    auto& view = statusViewStandIn;
+    view.executing2.visible = view.executing.visible = true;
+    simulated::SetScreenSize({500, 1024});
+    simulated::PlaceCursor({250, 300});  // over the list, 400 pixels wide, on the left as on the right
+    const platform::Rect stood = view.executing.rectangle;
+    Premjesti(false);
+    EXPECT_EQ(view.executing.rectangle, stood);
+    simulated::PlaceCursor({30, 300});
+    Premjesti(false);
+    EXPECT_EQ(view.executing.rectangle.left, 80) << "here dodging helps";
+    Premjesti(true);
+    EXPECT_EQ(view.executing.rectangle.left, 80);
+}
+
 TEST(Premjesti, GoesToTheOtherSideAndTakesTheListAlong) {
     simulated::SetScreenSize({1280, 1024});
     auto& view = statusViewStandIn;

@@ -165,6 +165,20 @@ TEST_F(TargetSearch, AWindowMovedOrMaximisedLaterOnComesBackForAPress) {
     EXPECT_EQ(simulated::ScreenRectOf(editor).left, 110) << "keys do not mind";
 }
 
+TEST_F(TargetSearch, ACaptionBeyondTheCodePageIsFoundByWhatTheCodePageMakesOfIt) {
+    WindowSpec foreign = editorSpec;
+    foreign.className = "Foreign";
+    foreign.caption = "?????.txt - Editor";
+    foreign.captionBeyondCodePage = true;
+    const WindowHandle window = AddWindow(foreign);
+    for (request.safetyLevel = SafetyHigh; request.safetyLevel <= SafetyMedium; ++request.safetyLevel) {
+        RecordClick(window);
+        simulated::Minimise(window);
+        EXPECT_EQ(Find(), TargetReady) << reason;
+        EXPECT_EQ(platform::ForegroundWindow(), window);
+    }
+}
+
 TEST_F(TargetSearch, WhatTheRunHasCaughtUpIsWaitedForAtLeast) {
     simulated::Destroy(editor);
     request.graceMs = 3000;

@@ -94,7 +94,6 @@ TEST(RestoreCapsLock, KeyHeldDownIsADifference) {
 
 TEST(ReleaseStuckKeys, SendsAnUpForEachHeldKeyAndForgetsThem) {
     for (const int key : {65, 160, 161}) KeyDownFlag(key) = true;
-    heldInput.leftButton = true;
     ReleaseStuckKeys();
     std::vector<int> released;
     for (const simulated::InputEntry& entry : simulated::Journal()) {
@@ -111,6 +110,32 @@ TEST(ReleaseStuckKeys, SendsAnUpForEachHeldKeyAndForgetsThem) {
     simulated::SetInjection(simulated::Injection::Refused);
     ReleaseStuckKeys();
     EXPECT_FALSE(KeyDownFlag(17)) << "though the system refused it";
+}
+
+TEST(ReleaseStuckKeys, ReleasesTheButtonsThatWereSentDownAndNotUp) {
+    const auto send = [](std::int32_t action, std::int32_t data = 0) {
+        platform::InputRecord record;
+        record.dwFlags() = platform::MouseAbsolute + action;
+        record.mouseData() = data;
+        platform::SendInput(record);
+        NoteButton(record);
+    };
+    send(platform::MouseMove);
+    send(platform::MouseLeftDown);
+    send(platform::MouseMiddleDown);
+    send(platform::MouseXDown, 1);
+    send(platform::MouseXDown, 2);
+    send(platform::MouseXDown, 2);
+    send(platform::MouseMiddleUp);
+    send(platform::MouseXUp, 1);
+    simulated::ClearJournals();
+    ReleaseStuckKeys();
+    ReleaseStuckKeys();
+    ASSERT_EQ(simulated::Journal().size(), 2U);
+    EXPECT_EQ(simulated::Journal()[0].record.dwFlags(), platform::MouseLeftUp);
+    EXPECT_EQ(simulated::Journal()[1].record.dwFlags(), platform::MouseXUp);
+    EXPECT_EQ(simulated::Journal()[1].record.mouseData(), 2);
+    for (const int button : {1, 2, 4, 5, 6}) EXPECT_GE(platform::AsyncKeyState(button), 0) << button;
 }
 
 }  // namespace

@@ -328,7 +328,16 @@ TEST_F(MainWindowVisibility, IsLeftAloneByTheTrayWhileTheInterfaceIsHeld) {
         OnTrayMessage(TrayRightUp);
         EXPECT_TRUE(shellStandIn.calls.empty()) << (running ? "during a run" : "during a box");
     }
-    runState.ReplayRunning = false;
+    // Nothing is under way then, and to end the program is all that is left.
+    runState.programWasMissing = true;
+    shellStandIn.enabled = false;
+    OnTrayMessage(TrayLeftDoubleClick);
+    EXPECT_TRUE(shellStandIn.calls.empty());
+    OnTrayMessage(TrayRightUp);
+    EXPECT_TRUE(WasCalled("OpenTrayMenu"));
+    runState = {};
+    shellStandIn.enabled = true;
+    shellStandIn.calls.clear();
     OnTrayMessage(TrayLeftDown);
     EXPECT_TRUE(shellStandIn.calls.empty());
     OnTrayMessage(TrayRightUp);

@@ -37,6 +37,7 @@ struct ClockState {
     std::deque<std::function<void()>> posted;
     int hookCalls = 0;  // under way, one inside the other
     HappeningId lastId = 0;
+    bool refusesTimers = false;
     std::chrono::local_seconds wallAtStart =
         std::chrono::local_days{std::chrono::June / 15 / 2004} + std::chrono::hours(10);
 };
@@ -187,6 +188,10 @@ HappeningId Every(std::int64_t ms, Action action) {
     return Arrange(State().own, State().now + interval, interval, std::move(action));
 }
 
+void RefuseTimers(bool refuse) {
+    State().refusesTimers = refuse;
+}
+
 HappeningId MeanwhileAt(std::int64_t moment, Action action) {
     return Arrange(State().meanwhile, moment * 1000, 0, std::move(action));
 }
@@ -248,6 +253,7 @@ void CallFromPump(std::function<void()> call) {
 }
 
 TimerId StartTimer(int intervalMs, std::function<void()> handler) {
+    if (simulated::State().refusesTimers) return 0;
     return static_cast<TimerId>(simulated::Every(intervalMs, std::move(handler)));
 }
 

@@ -51,6 +51,7 @@ using HappeningId = std::uint64_t;
 // Run by the pump, once due. A late pump gets one call of an Every, not several.
 HappeningId At(std::int64_t moment, Action action);
 HappeningId After(std::int64_t ms, Action action);
+void RefuseTimers(bool refuse = true);  // platform::StartTimer then gives 0
 HappeningId Every(std::int64_t ms, Action action);
 
 // Run when the clock passes their moment. They must not sleep.
@@ -83,6 +84,7 @@ struct WindowSpec {
     bool enabled = true;
     bool topmost = false;
     bool active = true;
+    bool captionBeyondCodePage = false;  // `caption` is what the code page makes of it; FindTopWindow does not find it
     Point clientOrigin = {0, 0};  // how far frame and caption reach into the window
 };
 

@@ -105,6 +105,7 @@ WindowHandle ParentOf(WindowHandle window) {
 WindowHandle FindTopWindow(const std::string& className, const std::string& caption) {
     for (const WindowHandle each : simulated::Root().children) {
         const simulated::WindowSpec& spec = Find(each)->spec;
+        if (spec.captionBeyondCodePage) continue;
         if (SameText(spec.className, className) && SameText(spec.caption, caption)) return each;
     }
     return 0;

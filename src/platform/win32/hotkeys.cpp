@@ -5,7 +5,8 @@
 namespace platform {
 
 bool RegisterHotkey(WindowHandle window, int id, int modifiers, int virtualKey) {
-    return RegisterHotKey(ToHwnd(window), id, static_cast<UINT>(modifiers), static_cast<UINT>(virtualKey)) != FALSE;
+    const UINT flags = static_cast<UINT>(modifiers) | MOD_NOREPEAT;  // a key that is held is one press
+    return RegisterHotKey(ToHwnd(window), id, flags, static_cast<UINT>(virtualKey)) != FALSE;
 }
 
 bool UnregisterHotkey(WindowHandle window, int id) {
