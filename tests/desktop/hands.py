@@ -31,6 +31,13 @@ class Hands:
         time.sleep(ms / 1000)
         self.release(name)
 
+    def button(self, number, down):
+        self._send(X.ButtonPress if down else X.ButtonRelease, number)
+
+    def wheel(self, up):
+        self._send(X.ButtonPress, 4 if up else 5)
+        self._send(X.ButtonRelease, 4 if up else 5)
+
     def click(self, x, y, button=1):
         self.move(x, y)
         time.sleep(0.05)
