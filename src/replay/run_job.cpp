@@ -12,6 +12,7 @@
 #include "jobs/job_access.h"
 #include "jobs/job_file.h"
 #include "platform/boxes.h"
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/guard.h"
 #include "platform/input.h"

@@ -18,7 +18,7 @@ struct HeldInput {
     bool leftButton = false;
     bool rightButton = false;
     std::vector<platform::InputRecord> presses;  // of the mouse buttons that are down, as they were sent
-    platform::Point LastCursorPosition;  // in pixels, as MoveCursor was asked for
+    platform::Point LastCursorPosition;          // in pixels, as MoveCursor was asked for
 };
 extern HeldInput heldInput;
 

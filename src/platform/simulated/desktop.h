@@ -85,7 +85,7 @@ struct WindowSpec {
     bool topmost = false;
     bool active = true;
     bool captionBeyondCodePage = false;  // `caption` is what the code page makes of it; FindTopWindow does not find it
-    Point clientOrigin = {0, 0};  // how far frame and caption reach into the window
+    Point clientOrigin = {0, 0};         // how far frame and caption reach into the window
 };
 
 WindowHandle AddWindow(const WindowSpec& spec);
