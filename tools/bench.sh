@@ -2,7 +2,7 @@
 # Every figure, as a ratio against a plain baseline in the same run: the logic natively, the real desktop under Wine.
 # Fails when a figure is missed.
 set -uo pipefail
-cd "$(dirname "$0")/.."
+cd "$(dirname "$0")/.." || exit
 tools/set_up.sh windows native desktop || exit 1
 tools/build.sh native || exit 1
 tools/build.sh windows || exit 1

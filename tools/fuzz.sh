@@ -4,7 +4,7 @@
 #
 #   tools/fuzz.sh [SECONDS]
 set -uo pipefail
-cd "$(dirname "$0")/.."
+cd "$(dirname "$0")/.." || exit
 export seconds=${1:-60}
 tools/set_up.sh fuzz || exit 1
 tools/build.sh fuzz || exit 1

@@ -2,7 +2,7 @@
 # Every test: natively on the simulated desktop, the same under sanitizers, and the real program on a Wine desktop.
 # Ends in one summary. Reports lie in out/test/.
 set -uo pipefail
-cd "$(dirname "$0")/.."
+cd "$(dirname "$0")/.." || exit
 mkdir -p out
 exec 8>out/.test.lock
 flock --nonblock 8 || { echo "==> Another make test is at work here; waiting for it"; flock 8; }

@@ -1,4 +1,4 @@
-"""Adds up JUnit reports and prints one line for each and one for all; fails when a test failed or a report is missing."""
+"""Adds up JUnit reports: a line for each and one for all. Fails when a test failed or a report is missing."""
 
 import sys
 import xml.etree.ElementTree as ElementTree

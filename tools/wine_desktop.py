@@ -5,7 +5,8 @@
         desktop.screenshot("picture.png")
 
 What it starts, it ends, by its own process ids and its own prefix. Should this process be killed, the display goes with
-it and takes the programs along, and the next desktop clears away what is left. Programs are 64-bit and come from the package wine64 alone.
+it and takes the programs along, and the next desktop clears away what is left. Programs are 64-bit and come from the
+package wine64 alone.
 """
 
 import ctypes

@@ -1,4 +1,4 @@
-"""The stage of the desktop tests: one Wine desktop for all of them, and hands and eyes for each.
+"""The stage of the desktop tests: a Wine desktop for each process that runs them, and hands and eyes for each test.
 
 Input comes from outside, through the X server (XTest), as a person's does. What happened is read from the windows
 themselves by the probe.
@@ -6,6 +6,7 @@ themselves by the probe.
 
 import os
 import re
+import subprocess
 import sys
 from pathlib import Path
 
@@ -41,12 +42,23 @@ def hands(wine):
     return Hands(wine.display)
 
 
+def taken_picture(wine, path):
+    """Where it lies, or why there is none."""
+    try:
+        return str(wine.screenshot(path).relative_to(ROOT))
+    except (OSError, subprocess.CalledProcessError) as failure:
+        return f"could not be taken: {failure}"
+
+
 @pytest.hookimpl(hookwrapper=True)
 def pytest_runtest_makereport(item, call):
+    """Whatever fails tells where the picture of the desktop lies, as it was then."""
     outcome = yield
-    if call.when == "call" and outcome.get_result().failed and "stage" in item.fixturenames:
-        name = re.sub(r"[^\w.-]+", "_", item.name)
-        item.funcargs["stage"].wine.screenshot(OUT / "test" / f"{name}.png")
+    report = outcome.get_result()
+    wine = item.funcargs.get("wine")
+    if report.failed and wine is not None:
+        name = re.sub(r"[^\w.-]+", "_", f"{item.path.stem}.{item.name}.{call.when}").removesuffix(".call")
+        report.sections.append(("Picture of the desktop", taken_picture(wine, OUT / "test" / f"{name}.png")))
 
 
 @pytest.fixture

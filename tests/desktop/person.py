@@ -36,7 +36,8 @@ class Person:
 
     def speaks(self, language):
         """Chooses the program's language, for its next start."""
-        assert self.stage.wine.run("reg", "add", "HKCU\\Software\\Tessarine", "/v", "Language", "/d", language, "/f") == 0
+        key = "HKCU\\Software\\Tessarine"
+        assert self.stage.wine.run("reg", "add", key, "/v", "Language", "/d", language, "/f") == 0
 
     def puts_job(self, name, **options):
         job = self.stage.job(**options)

@@ -141,7 +141,7 @@ def answers_box(person):
 
 
 def test_names_that_no_file_can_have(stage, person):
-    """Each is refused in a sentence, what was typed stays, and the recording is saved under a good name all the same."""
+    """Each is refused in a sentence, what was typed stays, and the recording is saved under a good name after all."""
     person.start_program()
     record_a_key(person)
     person.presses("Tab")

@@ -86,7 +86,7 @@ def test_a_window_that_is_not_as_it_was(stage, what, level):
     elif what == "moved":
         stage.probe.place(notepad.handle, 1, (500, 500, 1100, 900))
     else:
-        other = stage.start("regedit.exe")
+        stage.start("regedit.exe")
         cover = wait_for(lambda: stage.probe.find("RegEdit_RegEdit", visible=True)).handle
         stage.probe.place(cover, 1, (0, 0, 1200, 900))
         stage.probe.ask("front", cover)
@@ -144,7 +144,8 @@ def test_a_window_with_another_caption(stage, similar):
         assert program.wait(30) == 0
         assert wait_for(lambda: stage.probe.text(text) == "abc")
     else:
-        assert wait_for(lambda: (lines := stage.status_lines()) and lines[1] == "Cannot find window: 'Untitled - Notepad'")
+        refusal = "Cannot find window: 'Untitled - Notepad'"
+        assert wait_for(lambda: (lines := stage.status_lines()) and lines[1] == refusal)
         assert stage.probe.text(text) == ""
 
 
