@@ -1,7 +1,7 @@
 // What a recording does to the input of the real desktop: how much longer input takes with it than with hooks that do
-// nothing, whether any of it is lost, doubled or out of order, and whether a window that does not answer makes it
-// slower. Input is injected from a second thread into another program. Runs on a Wine desktop
-// (tools/bench_on_desktop.py).
+// nothing, whether any of it is lost, doubled or out of order, and whether a window that does not answer, or a full
+// queue of our own, makes it slower. Input is injected from a second thread into another program. Runs on a Wine
+// desktop (tools/bench_on_desktop.py).
 
 #include <windows.h>
 
@@ -23,6 +23,7 @@
 #include "recording/recording_session.h"
 #include "settings/settings.h"
 #include "win32/handles.h"
+#include "win32/message_loop.h"
 
 namespace {
 
@@ -99,15 +100,22 @@ void PumpUntil(HANDLE event) {
     platform::Pump();
 }
 
+// The same, and whatever has been posted to this thread stays in its queue.
+void ServeHooksUntil(HANDLE event) {
+    while (MsgWaitForMultipleObjectsEx(1, &event, INFINITE, QS_SENDMESSAGE, MWMO_INPUTAVAILABLE) != WAIT_OBJECT_0) {
+        platform::TakeInSentMessages();
+    }
+}
+
 // Seconds.
-double Send(int count, const Maker& make) {
+double Send(int count, const Maker& make, void (*wait)(HANDLE) = PumpUntil) {
     const platform::OwnedHandle done(CreateEventA(nullptr, TRUE, FALSE, nullptr));
     double seconds = 0;
     std::thread sender([&] {
         seconds = bench::Seconds([&] { SendAll(count, make); });
         SetEvent(done.Get());
     });
-    PumpUntil(done.Get());
+    wait(done.Get());
     sender.join();
     return seconds;
 }
@@ -300,9 +308,9 @@ INPUT Look(int number) {
     }
 }
 
-std::vector<double> TimeLooks() {
+std::vector<double> TimeLooks(void (*wait)(HANDLE) = PumpUntil) {
     looks.clear();
-    Send(LooksPerRound, Look);
+    Send(LooksPerRound, Look, wait);
     return looks;
 }
 
@@ -326,6 +334,43 @@ void CompareWithHung(platform::WindowHandle target) {
     bench::Report("longest look at a hung window, ms", longest, LongestLookMs);
 }
 
+// --- a queue of our own that is full ---
+
+constexpr int Backlog = 1000;
+constexpr double BacklogLimit = 1.2;
+
+// How many of them were still waiting; each is of no window, as those that PostThreadMessage posts.
+int TakeBacklogAway() {
+    MSG message;
+    int count = 0;
+    while (PeekMessageA(&message, reinterpret_cast<HWND>(-1), WM_APP, WM_APP, PM_REMOVE)) ++count;
+    return count;
+}
+
+double MedianLookWithBacklog(int posted) {
+    for (int i = 0; i < posted; ++i) PostThreadMessageA(GetCurrentThreadId(), WM_APP, 0, 0);
+    const double look = bench::Median(TimeLooks(ServeHooksUntil));
+    if (TakeBacklogAway() != posted) std::exit(7);  // a hook call has dispatched what is not its business
+    return look;
+}
+
+void CompareWithBacklog() {
+    Send(1, Move);
+    StartRecording();
+    platform::InstallMouseHook(TimeLook);
+    std::vector<double> none;
+    std::vector<double> full;
+    for (int round = 0; round <= 2 * Rounds; ++round) {
+        const double without = MedianLookWithBacklog(0);
+        const double with = MedianLookWithBacklog(Backlog);
+        if (round == 0) continue;
+        none.push_back(without);
+        full.push_back(with);
+    }
+    AbandonRecording();
+    bench::Report("hook call, 1,000 messages of ours / none", bench::Median(full) / bench::Median(none), BacklogLimit);
+}
+
 }  // namespace
 
 int main(int count, char** words) {
@@ -336,6 +381,8 @@ int main(int count, char** words) {
     CompareCost("20,000 moves recorded / hooks that do nothing", Move, target);
     CompareCost("20,000 keys recorded / hooks that do nothing", Key, target);
     CountFaults();
+    LetSettle(target);
+    CompareWithBacklog();
     LetSettle(target);
     CompareWithHung(target);
     bench::CloseTarget(target);

@@ -37,6 +37,9 @@ void ZavrsiUmetanjeSnimanjem() {}
 void ShowSaveAs() {
     if (silentRecordingView.onSaveAs) silentRecordingView.onSaveAs();
 }
+std::string SaveRecovered(ListOfJobs) {
+    return "";
+}
 std::int32_t DoubleClickTime() {
     return 500;
 }

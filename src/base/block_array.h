@@ -41,11 +41,14 @@ public:
     Element& back() { return (*this)[count - 1]; }
 
     // Without memory for it, nothing changes.
-    void push_back(Element element) {
+    template <class... Arguments>
+    Element& emplace_back(Arguments&&... arguments) {
         Provide(count / PerBlock + 1);
-        blocks[count / PerBlock].push_back(std::move(element));
+        Element& element = blocks[count / PerBlock].emplace_back(std::forward<Arguments>(arguments)...);
         ++count;
+        return element;
     }
+    void push_back(Element element) { emplace_back(std::move(element)); }
 
     // Cuts off the end and gives its memory back.
     void Trim(std::size_t elements) {

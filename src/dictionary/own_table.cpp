@@ -33,6 +33,13 @@ constexpr DictionaryRow rows[] = {
      "Die Aufnahme ist noch nicht gespeichert. Möchten Sie sie speichern?",
      "L'enregistrement n'est pas encore sauvegardé. Voulez-vous le sauvegarder\u00A0?",
      "La grabación aún no está guardada. ¿Desea guardarla?"},
+    {"There is no memory left to go on recording. What was recorded until now can be saved.",
+     "Zum Weiteraufnehmen fehlt der Speicher. Was bisher aufgenommen wurde, kann gespeichert werden.",
+     "Il n'y a plus assez de mémoire pour continuer l'enregistrement. Ce qui a été enregistré jusqu'ici peut être "
+     "sauvegardé.",
+     "No queda memoria para seguir grabando. Lo grabado hasta ahora se puede guardar."},
+    {"What was recorded is saved as '%1'.", "Das Aufgenommene ist als '%1' gespeichert.",
+     "L'enregistrement est sauvegardé sous '%1'.", "Lo grabado está guardado como '%1'."},
     {"Scheduled items deleted", "Geplante Aufgaben gelöscht", "Tâches planifiées supprimées",
      "Tareas programadas eliminadas"},
     {"Select job on the list of jobs first.", "Wählen Sie zuerst eine Aufgabe in der Aufgabenliste aus.",

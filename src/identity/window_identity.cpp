@@ -38,6 +38,12 @@ bool IsOwnWindow(WindowHandle root) {
            (root == ownWindows.main || root == ownWindows.replayStatus || root == ownWindows.recordingStatus);
 }
 
+// The foreground window is a top-level one, as a rule.
+WindowHandle TopOfTarget(bool byFocus) {
+    return byFocus ? platform::ForegroundWindow()
+                   : platform::TopLevelOf(platform::WindowAt(platform::CursorPosition()));
+}
+
 // The window whose chain is to be captured; none when the input is not to be recorded at all.
 std::optional<LiveChain> CaptureTarget(bool byFocus) {
     WindowHandle foreground = 0;
@@ -99,7 +105,7 @@ std::vector<std::int32_t> BuildPath(LiveChain& target) {
 
 void StoreChain(std::int32_t index, const std::vector<std::int32_t>& path) {
     auto& chains = windowArrays.chains;
-    chains.push_back({});
+    chains.emplace_back();
     WindowChain& chain = chains[static_cast<std::size_t>(index)];
     if (index + 1 < CountOf(chains)) chain = {};  // another capture, inside this one, has filled it
     std::copy(path.begin(), path.end(), chain.Path.begin());
@@ -119,6 +125,11 @@ void ResetWindowArrays(const std::vector<WindowSignature>& windows, const std::v
     windowArrays.windows.Reserve(static_cast<std::size_t>(windowArrays.windowCapacity));
     windowArrays.chains.Reserve(static_cast<std::size_t>(windowArrays.chainCapacity));
     signatureIndex.Rebuild(windowArrays.windows);
+}
+
+bool IsForOwnBox(bool byFocus) {
+    const WindowHandle top = TopOfTarget(byFocus);
+    return top != 0 && !IsOwnWindow(top) && platform::ThreadOf(top) == platform::CurrentThread();
 }
 
 WindowHandle FocusedWindow(WindowHandle& foreground) {

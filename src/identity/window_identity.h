@@ -34,6 +34,10 @@ struct OwnWindows {
 };
 extern OwnWindows ownWindows;
 
+// True for what is aimed at a box or a form of our own that is none of these, by the focus or by the cursor: that is no
+// part of a recording at all, neither its press nor its release.
+bool IsForOwnBox(bool byFocus);
+
 // The window with the keyboard focus, of whatever program; the foreground window where its focus cannot be told, and
 // our main window when the foreground is our own. 0 when there is no foreground window.
 platform::WindowHandle FocusedWindow(platform::WindowHandle& foreground);

@@ -1,6 +1,8 @@
 #include "jobs/job_file.h"
 
+#include <algorithm>
 #include <array>
+#include <limits>
 #include <utility>
 
 #include "base/arithmetic.h"
@@ -46,16 +48,13 @@ void HandOver(std::vector<Record>& from, std::vector<Record>& to) {
     if (!from.empty()) to = std::move(from);
 }
 
-// The product is a 32-bit integer by definition, so a job of six hours has none and cannot be saved.
+// At a low speed a long job lasts longer than the field can hold, and is told to last as long as that.
 std::int32_t DurationAtSpeed(const Job& job) {
+    constexpr double Longest = std::numeric_limits<std::int32_t>::max();
     const std::int64_t time = job.Events.empty() ? 0 : job.Events.back().time();
-    const std::int64_t product = time * 100;
-    if (product != static_cast<std::int32_t>(product)) {
-        throw RuntimeFailure(FailureKind::Overflow,
-                             "The job lasts too long to be saved: " + std::to_string(time) + " milliseconds.");
-    }
-    if (product == 0) return 0;
-    return RoundHalfEven(static_cast<double>(product) / job.SpeedPercent);
+    if (time == 0) return 0;
+    if (job.SpeedPercent == 0) throw RuntimeFailure(FailureKind::Overflow, "A job cannot have a speed of 0 percent.");
+    return RoundHalfEven(std::clamp(static_cast<double>(time * 100) / job.SpeedPercent, -Longest, Longest));
 }
 
 JobHeader HeaderToWrite(const Job& job) {

@@ -1,5 +1,9 @@
 #include "library/save_as.h"
 
+#include <array>
+#include <cstdio>
+#include <exception>
+
 #include "base/product.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
@@ -9,6 +13,7 @@
 #include "library/job_library.h"
 #include "library/job_shortcut.h"
 #include "platform/boxes.h"
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
@@ -40,6 +45,23 @@ Job NewJob(const Job& recorded, const std::string& description) {
     job.CapsLockState = recorded.CapsLockState;
     job.Strings.clear();
     return job;
+}
+
+// In the same form in every language, so that the names stand in their order.
+std::string RecoveredName() {
+    const platform::LocalTime now = platform::LocalNow();
+    std::array<char, 40> text{};
+    std::snprintf(text.data(), text.size(), "Recovered %04d-%02d-%02d %02d.%02d.%02d", now.year, now.month, now.day,
+                  now.hour, now.minute, now.second);
+    return text.data();
+}
+
+std::string FreeName(const std::string& name) {
+    std::string free = name;
+    for (int i = 2; platform::FileExists(JobPathOf(folders.DataFolder, free)); ++i) {
+        free = name + " (" + std::to_string(i) + ")";
+    }
+    return free;
 }
 
 }  // namespace
@@ -74,4 +96,14 @@ SaveAsLeave LeaveSaveAs(bool anythingRecorded) {
                                             Translate("Save Job As"));
     if (answer == platform::BoxChoice::Yes) return SaveAsLeave::Save;
     return answer == platform::BoxChoice::No ? SaveAsLeave::Close : SaveAsLeave::Stay;
+}
+
+std::string SaveRecoveredJob(const Job& recorded) {
+    try {
+        const std::string name = FreeName(RecoveredName());
+        WriteJob(JobPathOf(folders.DataFolder, name), NewJob(recorded, ""));
+        return name;
+    } catch (const std::exception&) {  // there is nobody to tell, and no other place
+        return "";
+    }
 }

@@ -30,3 +30,7 @@ SaveAsOutcome SaveJobAs(const std::string& name, const std::string& description,
 // was still typing, so a recording with anything in it is asked about (pumps).
 enum class SaveAsLeave { Close, Save, Stay };
 SaveAsLeave LeaveSaveAs(bool anythingRecorded);
+
+// Writes what was recorded as a new job "Recovered" with date and time, over nothing that is there, for when nobody can
+// be asked. Returns its name; empty when it could not be written. The list is left alone.
+std::string SaveRecoveredJob(const Job& recorded);

@@ -40,6 +40,7 @@ FocusAnswer FocusOf(std::uint32_t thread);
 bool GiveFocus(WindowHandle window);
 
 WindowHandle ParentOf(WindowHandle window);  // GetParent: the parent, or the owner of a popup; 0 at the top
+WindowHandle TopLevelOf(WindowHandle window);  // GetAncestor(GA_ROOT): itself or its topmost parent; not an owner
 WindowHandle FindTopWindow(const std::string& className, const std::string& caption);  // FindWindowA: exact
 
 // EnumWindows and EnumChildWindows (all descendants), topmost first. The visitor returns false to stop.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
+#include <utility>
 
 #include "base/runtime_failure.h"
 #include "identity/window_identity.h"
@@ -107,6 +109,17 @@ void WriteKey(std::int32_t index, const platform::KeyboardHookRecord& key, std::
     event.keyTime() = RecordedTime();
 }
 
+bool IsDown(std::int32_t keyState) {
+    return (keyState & platform::KeyUp) == 0;
+}
+
+// A key on a box of our own, or its release, which can come after the box has closed.
+bool IsLeftOut(std::uint32_t virtualKey, std::int32_t state) {
+    bool& leftOut = CheckedAt(recordingSession.keyLeftOut, virtualKey, "Key code");
+    if (!IsDown(state)) return std::exchange(leftOut, false);
+    return leftOut = IsForOwnBox(true);
+}
+
 void NoteKey(bool& down, std::int32_t state) {
     if (state == 0) down = true;
     if (state == platform::KeyUp) down = false;
@@ -148,6 +161,20 @@ bool WriteTarget(std::int32_t index, JobEvent& event, const MouseAction& action)
     return foreign || !GiveBack(index, event);
 }
 
+constexpr std::int32_t ButtonDowns =
+    platform::MouseLeftDown | platform::MouseRightDown | platform::MouseMiddleDown | platform::MouseXDown;
+constexpr std::int32_t ButtonUps = ButtonDowns << 1;  // every release flag follows its press flag
+
+// A press on a box of our own, or its release, or a turn of the wheel while it has the keyboard.
+bool IsLeftOut(const MouseAction& action) {
+    std::int32_t& leftOut = recordingSession.buttonsLeftOut;
+    if ((action.flag & ButtonUps) != 0) return (std::exchange(leftOut, leftOut & ~action.flag) & action.flag) != 0;
+    if (!action.captured) return false;
+    const bool out = IsForOwnBox(action.flag == platform::MouseWheel);
+    if ((action.flag & ButtonDowns) != 0) leftOut = out ? leftOut | action.flag << 1 : leftOut & ~(action.flag << 1);
+    return out;
+}
+
 void TraceData(const MouseAction& action) {
     if (action.hasData) DebugTrace("mousedata: ");
 }
@@ -179,6 +206,25 @@ void Provide(Array& array, std::int32_t capacity) {
     array.Reserve(static_cast<std::size_t>(std::max(capacity, 0)));
 }
 
+void Grow() {
+    RecordingSession& session = recordingSession;
+    if (session.growEvents) {
+        session.growEvents = false;
+        session.eventCapacity = Grown(session.eventCapacity);
+        session.recordingEvents.Reserve(session.eventCapacity);
+    }
+    if (windowArrays.growChains) {
+        windowArrays.growChains = false;
+        windowArrays.chainCapacity = Grown(windowArrays.chainCapacity);
+        Provide(windowArrays.chains, windowArrays.chainCapacity);
+    }
+    if (windowArrays.growWindows) {
+        windowArrays.growWindows = false;
+        windowArrays.windowCapacity += SpareWindows;
+        Provide(windowArrays.windows, windowArrays.windowCapacity);
+    }
+}
+
 void RecordKey(const platform::KeyboardHookRecord& key) {
     bool& down = KeyDownFlag(key.vkCode);
     const std::int32_t state = ReducedState(key.flags);
@@ -187,9 +233,11 @@ void RecordKey(const platform::KeyboardHookRecord& key) {
         recordingSession.stoppedByPauseKey = true;
         return StopRecording();
     }
-    const std::int32_t index = TakeSlot();
-    NoteKey(down, state);
-    WriteKey(index, key, state);
+    if (!IsLeftOut(key.vkCode, state)) {
+        const std::int32_t index = TakeSlot();
+        NoteKey(down, state);
+        WriteKey(index, key, state);
+    }
     // Other programs' hooks hear of keys, but not of the stop key; of the mouse they hear nothing. It has always been
     // so.
     platform::PassKeyOn();
@@ -197,9 +245,10 @@ void RecordKey(const platform::KeyboardHookRecord& key) {
 }
 
 void RecordMouse(const platform::MouseHookRecord& mouse) {
+    const MouseAction action = ActionOf(mouse.message);
+    if (IsLeftOut(action)) return;
     const std::int32_t index = TakeSlot();
     if (mouse.message != MouseMoveMessage) recordingSession.LastCursorPosition = mouse.pt;
-    const MouseAction action = ActionOf(mouse.message);
     if (action.flag == 0) return RefuseMouseEvent();  // the slot stays all zero and counts
     JobEvent& event = recordingSession.recordingEvents[index];
     event = MouseEvent(mouse, action);
@@ -207,6 +256,17 @@ void RecordMouse(const platform::MouseHookRecord& mouse) {
     TraceData(action);
     PairWithLastClick(index);
     GrowArrays();
+}
+
+// Without memory the next event would be missing without a word. So the recording ends with what it has.
+template <class Call>
+void EndWithoutMemory(const Call& record) {
+    try {
+        record();
+    } catch (const std::bad_alloc&) {
+        recordingSession.outOfMemory = true;
+        StopRecording();
+    }
 }
 
 bool Listens() {
@@ -224,31 +284,19 @@ void OnKeyboardHook(const platform::KeyboardHookRecord& record) {
 void KeyboardHookProc(std::int32_t nCode, const platform::KeyboardHookRecord& record) {
     if (recordingStatus.stopRequested) return StopRecording();
     if (!Listens()) return;
-    if (nCode == HookAction) return RecordKey(record);
+    if (nCode == HookAction) return EndWithoutMemory([&record] { RecordKey(record); });
     recordingSession.hookBusy = true;  // no desktop calls with another code; the recording is deaf from then on
 }
 
 void MouseHookProc(const platform::MouseHookRecord& record) {
     NoteHookCall();
     if (record.message == MouseMoveMessage && settings.Capture_Mouse_Moves == 0) return;
-    if (Listens()) RecordMouse(record);
+    if (Listens()) EndWithoutMemory([&record] { RecordMouse(record); });
 }
 
 void GrowArrays() {
-    RecordingSession& session = recordingSession;
-    if (session.growEvents) {
-        session.growEvents = false;
-        session.eventCapacity = Grown(session.eventCapacity);
-        session.recordingEvents.Reserve(session.eventCapacity);
-    }
-    if (windowArrays.growChains) {
-        windowArrays.growChains = false;
-        windowArrays.chainCapacity = Grown(windowArrays.chainCapacity);
-        Provide(windowArrays.chains, windowArrays.chainCapacity);
-    }
-    if (windowArrays.growWindows) {
-        windowArrays.growWindows = false;
-        windowArrays.windowCapacity += SpareWindows;
-        Provide(windowArrays.windows, windowArrays.windowCapacity);
+    try {
+        Grow();
+    } catch (const std::bad_alloc&) {  // there is still room for what comes next, as a rule
     }
 }

@@ -1,6 +1,8 @@
 #include "recording/recording_session.h"
 
+#include <algorithm>
 #include <exception>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -91,6 +93,9 @@ void ResetSession(std::int64_t startTick, std::int32_t capacity) {
     recordingStatus.stopRequested = false;
     session.pausedTotalMs = 0;
     session.scrollLockLeftDown = false;
+    session.keyLeftOut = {};
+    session.buttonsLeftOut = 0;
+    session.outOfMemory = false;
     session.hookBusy = false;
     ResetHookWatch();
     ClearClickPairing();
@@ -160,6 +165,35 @@ void HandOver() {
     OfferToSave();
 }
 
+std::string Rescue(session_view::ListOfJobs list) {
+    return recordingSession.eventCount > 0 ? session_view::SaveRecovered(list) : std::string();
+}
+
+// A form that cannot be shown must not cost the user what was recorded.
+void HandOverOrRescue() {
+    try {
+        HandOver();
+    } catch (const std::exception& failure) {
+        const std::string name = Rescue(session_view::ListOfJobs::Shown);
+        if (name.empty()) throw;
+        platform::ShowBox(
+            failure.what() + std::string(LineBreak) + Translate1("What was recorded is saved as '%1'.", name),
+            ProductName, platform::BoxIcon::Error);
+    }
+}
+
+void TellWhyItEnded() {
+    if (!recordingSession.outOfMemory) return;
+    platform::ShowBox(
+        Translate("There is no memory left to go on recording. What was recorded until now can be saved."), ProductName,
+        platform::BoxIcon::Error);
+}
+
+void TakeWhatWasCaptured() {
+    ++recordingSession.eventCount;
+    RepairClicks();
+}
+
 void ReleaseProgram() {
     recordingSession.state = RecordingState::Idle;
     session_view::GiveHotkeys();
@@ -178,12 +212,12 @@ void Finish() {
     const ReleaseAtEnd release;
     CeaseCapture();
     UnloadRecordingStatus();
-    ++recordingSession.eventCount;
-    RepairClicks();
+    TakeWhatWasCaptured();
     session_view::ShowMainWindow();
     platform::Pump();
     platform::Pump();
-    HandOver();
+    TellWhyItEnded();
+    HandOverOrRescue();
 }
 
 // The whole desktop waits for a hook procedure, and the end of a recording goes on until the Save As form is closed. So
@@ -273,9 +307,20 @@ void AbandonRecording() {
     ReleaseProgram();
 }
 
+void RescueRecording() {
+    if (CaptureIsOn() || recordingSession.stopIsPutOff) {
+        recordingSession.state = RecordingState::Stopping;
+        CeaseCapture();
+        TakeWhatWasCaptured();
+    }
+    if (recordingSession.state == RecordingState::Stopping) Rescue(session_view::ListOfJobs::Left);
+}
+
+// From the 25th day on, the time stands still: an event has no room for a later one.
 std::int32_t RecordedTime() {
-    return static_cast<std::int32_t>(platform::TickCount() - recordingSession.recordingStartTick -
-                                     recordingSession.pausedTotalMs);
+    const std::int64_t time =
+        platform::TickCount() - recordingSession.recordingStartTick - recordingSession.pausedTotalMs;
+    return static_cast<std::int32_t>(std::min<std::int64_t>(time, std::numeric_limits<std::int32_t>::max()));
 }
 
 Job RecordedJob() {

@@ -46,6 +46,12 @@ struct RecordingSession {
     std::int32_t doubleClickTime = 0;  // ms
     platform::Size screen;             // as it was at the start
     bool scrollLockLeftDown = false;
+
+    // What went down on a box of our own comes up unrecorded, too.
+    std::array<bool, 301> keyLeftOut{};  // by virtual key
+    std::int32_t buttonsLeftOut = 0;     // the flags of their releases
+
+    bool outOfMemory = false;          // which is why it ended
     std::int32_t capsLockAtStart = 0;  // the raw value of GetKeyState(VK_CAPITAL)
     StartProgramRecord program;        // started when the recording began
 

@@ -15,6 +15,10 @@ bool KeyboardHookInstalled();
 // As form is closed.
 void EndRecording();
 
+// Windows ends: what is being recorded, or waits to be saved, is written as "Recovered", and nobody is asked. The
+// recording is over afterwards but for that the program is about to end.
+void RescueRecording();
+
 // Ends the recording that is under way; the click on the tray icon that asked for it is not part of it. Ignored before
 // a recording has begun, and while it is handed over. Pumps until the Save As form is closed.
 enum class TrayButton { Left, Right };

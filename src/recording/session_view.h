@@ -30,6 +30,11 @@ void ZavrsiUmetanjeSnimanjem();  // ("finish the insertion by recording")
 // The Save As form, modal; pumps until it is closed. RecordedJob is what it saves.
 void ShowSaveAs();
 
+// Writes RecordedJob where no form can ask for a name, and shows it in the list of jobs if there is still somebody to
+// see it. Returns its name; empty when it could not be written.
+enum class ListOfJobs { Shown, Left };
+std::string SaveRecovered(ListOfJobs list);
+
 // GetDoubleClickTime, ms.
 std::int32_t DoubleClickTime();
 

@@ -2,6 +2,8 @@
 // does. Nothing here pumps.
 #pragma once
 
+#include <string>
+
 namespace shell_view {
 
 // form1, not visible yet, with its controls and its tray icon.
@@ -25,6 +27,10 @@ void BringToNormal();  // a minimised main window
 void StaviFocus();     // ("set the focus"): to the front, with the keyboard
 
 void RemoveTrayIcon();
+
+// ShutdownBlockReasonCreate and its end: Windows waits for us, and tells the user why.
+void BlockShutdown(const std::string& reason);
+void UnblockShutdown();
 
 // At once: no form hears of it.
 [[noreturn]] void EndProcess();

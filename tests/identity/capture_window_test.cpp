@@ -100,6 +100,28 @@ TEST_F(CaptureWindowOf, OurOwnWindowsTakeNoClicksAndTheirKeysGoToTheDesktop) {
     EXPECT_THAT(CapturedClasses(), ElementsAre(IsEmpty())) << "no desktop: a signature that says nothing";
 }
 
+TEST_F(CaptureWindowOf, BoxesOfOursAreNeitherTheNamedWindowsNorAnotherProgram) {
+    ownWindows.main = AddWindow({.className = "Form", .rect = {600, 0, 900, 300}, .thread = simulated::OwnThread});
+    const WindowHandle page = AddWindow({.className = "Page", .rect = {0, 0, 90, 90}, .parent = ownWindows.main});
+    const WindowHandle box = AddWindow({.className = "#32770",
+                                        .rect = {600, 400, 900, 600},
+                                        .thread = simulated::OwnThread,
+                                        .owner = ownWindows.main});
+    const WindowHandle ok = AddWindow({.className = "Button", .rect = {9, 9, 90, 90}, .parent = box});
+    const struct {
+        WindowHandle window;
+        bool ownBox;
+    } cases[] = {{ok, true}, {box, true}, {page, false}, {button, false}, {dialog, false}};
+    for (const auto& each : cases) {
+        simulated::SetFocus(each.window);
+        simulated::PlaceCursor(simulated::CentreOf(each.window));
+        EXPECT_EQ(IsForOwnBox(true), each.ownBox) << platform::ClassOf(each.window);
+        EXPECT_EQ(IsForOwnBox(false), each.ownBox) << platform::ClassOf(each.window);
+    }
+    simulated::LeaveNoForeground();
+    EXPECT_FALSE(IsForOwnBox(true));
+}
+
 TEST_F(CaptureWindowOf, NoWindowIsNotTakenForOneOfOurs) {
     AddWindow({.className = "Progman", .caption = "Program Manager"});
     simulated::LeaveNoForeground();

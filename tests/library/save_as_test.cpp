@@ -170,4 +170,22 @@ TEST_F(SaveAs, EscAsksAboutARecordingAndOffersAWayBack) {
     EXPECT_EQ(LeaveSaveAs(true), SaveAsLeave::Stay);
 }
 
+// Windows has ended in the middle of a recording.
+TEST_F(SaveAs, ARecoveredRecordingStandsInTheListAtTheNextStart) {
+    simulated::SetLocalTime({2004, 2, 9, 7, 5, 3});
+    EXPECT_EQ(SaveRecoveredJob(recorded), "Recovered 2004-02-09 07.05.03");
+    EXPECT_EQ(SaveRecoveredJob(recorded), "Recovered 2004-02-09 07.05.03 (2)") << "nothing is overwritten";
+    EXPECT_EQ(Rows().size(), 0U) << "nobody is there to see it";
+    job_library::FillJobList();
+    EXPECT_EQ(Rows().size(), 2U);
+    Job saved;
+    ReadJob(PathOf("Recovered 2004-02-09 07.05.03"), saved);
+    EXPECT_EQ(saved.SpeedPercent, 100);
+    EXPECT_EQ(saved.Events.size(), 3U);
+    EXPECT_EQ(saved.StartProgram.ProgramPath, "C:\\paint.exe");
+    simulated::LosePath(folders.DataFolder);
+    EXPECT_EQ(SaveRecoveredJob(recorded), "");
+    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+}
+
 }  // namespace

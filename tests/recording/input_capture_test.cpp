@@ -1,6 +1,7 @@
 #include "recording/input_capture.h"
 
 #include "recording_stage.h"
+#include "support/allocation_meter.h"
 
 namespace {
 
@@ -99,6 +100,42 @@ TEST_F(InputCapture, WithoutMovesOnlyTheOthersCountAndTellWhereTheCursorIs) {
     platform::Pump();
     EXPECT_THAT(Captured(), ElementsAre("Left down", "Left up"));
     EXPECT_EQ(recordingSession.LastCursorPosition, (platform::Point{410, 310}));
+}
+
+// The box stands in the middle of the screen, over the Notepad, until Enter closes it.
+TEST_F(InputCapture, WhatTheUserDoesToABoxOfOursIsNoPart) {
+    constexpr int enter = 13, right = 39;
+    simulated::AnswerNextBox({.afterMs = 100, .whileOpen = [] {
+                                  simulated::UserClicks({500, 500});
+                                  simulated::UserClicks({500, 500}, simulated::Button::Right);
+                                  simulated::UserTurnsWheel(120);
+                                  simulated::UserTaps('A');
+                                  simulated::UserTaps(
+                                      right);  // an extended key, whose release is not left out by itself
+                                  simulated::UserPressesKey(enter);
+                                  simulated::UserPressesKey(right);
+                                  simulated::UserPresses();
+                              }});
+    Mouse(0x20E, {11, 22}, 120);
+    platform::Pump();
+    ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
+    simulated::UserReleasesKey(enter);  // the box has closed on its press
+    simulated::UserReleasesKey(right);
+    simulated::UserReleases();
+    platform::Pump();
+    EXPECT_THAT(Captured(), ElementsAre("0", "Move", "Move")) << "the moves are nobody's";
+    simulated::SetFocus(edit);
+    simulated::UserTaps(right);
+    simulated::UserClicks({500, 500});
+    platform::Pump();
+    EXPECT_THAT(Captured(), ElementsAre("0", "Move", "Move", "\x27 down", "\x27 up", "Move", "Left down", "Left up"));
+}
+
+TEST_F(InputCapture, TheStopKeyWorksInABoxOfOurs) {
+    simulated::AnswerNextBox({.whileOpen = [] { simulated::UserTaps(PauseBreak); }});
+    platform::ShowBox("", "");
+    platform::Pump();
+    EXPECT_EQ(saved.size(), 1U);
 }
 
 // --- keys that are held ---
@@ -208,6 +245,51 @@ TEST_F(InputCapture, GrowthIsAskedForAtNineTenthsAndIsByAFifth) {
         Key('A', 0);
     }
     EXPECT_EQ(windowArrays.windowCapacity, 125);
+}
+
+// --- memory ---
+
+TEST_F(InputCapture, AtTheStartItTakesNextToNoMemory) {
+    Stop();
+    const AllocationMeter meter;
+    Start();
+    EXPECT_LT(meter.Held(), 1'000'000);
+    EXPECT_LT(meter.Largest(), 100'000U);
+}
+
+// What grows without end is got in pieces of 60 KB and more.
+TEST_F(InputCapture, WithoutMemoryItEndsWithWhatItHas) {
+    constexpr std::size_t piece = 60'000;
+    const std::function<void()> acts[] = {
+        [this] {
+            Mouse(0x200, {1, 1});
+        },
+        [this] { Key('A', 0); },
+        [this] {
+            simulated::MoveWindow(notepad, {simulated::CentreOf(notepad).x % 300, 100});
+            Key('A', 0);
+        },
+    };
+    recordingViewStandIn.saveAs = nullptr;
+    for (const auto& act : acts) {
+        std::size_t before = 0;
+        {
+            const LackOfMemory lack(piece);
+            simulated::AnswerNextBox({.whileOpen = [] { EXPECT_FALSE(platform::InHookCall()); }});
+            for (int i = 0; i < 10'000 && RecordingActive(); ++i) {
+                before = static_cast<std::size_t>(Newest()) + 1;
+                act();
+            }
+        }
+        EXPECT_FALSE(RecordingActive());
+        EXPECT_GE(RecordedJob().Events.size(), before) << "all can be saved";
+        EXPECT_GT(before, 50U);
+        EXPECT_EQ(simulated::ShownBoxes().back().text,
+                  "There is no memory left to go on recording. What was recorded until now can be saved.");
+        Start();
+        Key('B', 0);
+        EXPECT_EQ(NameOf(Event(0)), "B down") << "the next recording is possible";
+    }
 }
 
 // --- windows that hang ---

@@ -11,6 +11,10 @@ OwnWindows ownWindows;
 
 void ResetWindowArrays(const std::vector<WindowSignature>&, const std::vector<WindowChain>&) {}
 
+bool IsForOwnBox(bool) {
+    return false;
+}
+
 int CaptureWindow(JobEvent&, bool) {
     platform::Pump();
     return 0;

@@ -1,5 +1,6 @@
 #include "recording/record_button.h"
 
+#include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "platform/files.h"
 #include "recording/countdown.h"
@@ -86,6 +87,31 @@ TEST_F(RecordButton, AFailedStartLeavesThePageUsable) {
     EXPECT_EQ(simulated::ShownBoxes().size(), 1U);
     EXPECT_FALSE(RecordingActive());
     EXPECT_THAT(Calls(), testing::IsSupersetOf({"GiveHotkeys", "ShowMainWindow"}));
+}
+
+// The pump behind TakeHotkeys lets a second press in.
+TEST_F(RecordButton, OneRecordingIsPreparedAtATime) {
+    simulated::After(0, [] {
+        EXPECT_TRUE(RecordingActive());
+        RecordNewJob();
+    });
+    RecordNewJob();
+    EXPECT_THAT(Calls(), ElementsAre("TakeHotkeys", "MinimiseMainWindow", "HideMainWindow", "Show"));
+}
+
+TEST_F(RecordButton, AFormThatCannotBeLoadedLeavesTheNextRecordingPossible) {
+    recordingViewStandIn.onLoad = [] { throw RuntimeFailure(FailureKind::Memory, "No form."); };
+    EXPECT_THROW(RecordNewJob(), RuntimeFailure);
+    EXPECT_FALSE(RecordingActive());
+    EXPECT_THAT(Calls(), testing::IsSupersetOf({"GiveHotkeys", "ShowMainWindow"}));
+    recordingViewStandIn.calls.clear();
+    EXPECT_THROW(StartInsertRecording(0, {}, {}), RuntimeFailure);
+    EXPECT_FALSE(RecordingActive());
+    EXPECT_THAT(Calls(), testing::IsSupersetOf({"ZavrsiUmetanjeSnimanjem", "GiveHotkeys", "ShowMainWindow"}));
+    recordingViewStandIn.onLoad = nullptr;
+    RecordNewJob();
+    EXPECT_TRUE(KeyboardHookInstalled());
+    EXPECT_FALSE(recordingSession.insertingRecording);
 }
 
 TEST_F(RecordButton, IsDeadDuringARunAndWhileKeysAreListenedTo) {

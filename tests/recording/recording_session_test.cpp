@@ -266,6 +266,63 @@ TEST_F(RecordingSessionTest, ASaveFormThatFailsLeavesTheProgramFree) {
     EXPECT_EQ(recordingViewStandIn.calls.back(), "GiveHotkeys");
 }
 
+TEST_F(RecordingSessionTest, ASaveFormThatFailsLosesNothing) {
+    Start();
+    Type("a");
+    recordingViewStandIn.saveAs = [] { throw RuntimeFailure(FailureKind::Memory, "No form."); };
+    recordingViewStandIn.recover = [this] {
+        saved.push_back(RecordedJob());
+        return "Recovered 1";
+    };
+    simulated::UserTaps(PauseBreak);
+    platform::Pump();
+    ASSERT_EQ(saved.size(), 1U);
+    EXPECT_THAT(NamesOf(saved[0].Events), ElementsAre("A down", "A up"));
+    EXPECT_THAT(recordingViewStandIn.calls, testing::Contains("SaveRecovered, shown"));
+    EXPECT_EQ(simulated::ShownBoxes().back().text, "No form.\r\nWhat was recorded is saved as 'Recovered 1'.");
+}
+
+// Windows ends, at whatever moment of a recording.
+TEST_F(RecordingSessionTest, ARescueWritesWhatThereIsAndAsksNobody) {
+    constexpr int insideAHookCall = 4;
+    int rescued = 0;
+    recordingViewStandIn.recover = [this, &rescued] {
+        ++rescued;
+        EXPECT_FALSE(KeyboardHookInstalled());
+        EXPECT_THAT(NamesOf(RecordedJob().Events), ElementsAre("A down", "A up"));
+        return "Recovered";
+    };
+    RescueRecording();
+    EXPECT_EQ(rescued, 0) << "idle";
+    for (int moment = 1; moment <= insideAHookCall; ++moment) {
+        StartShown();
+        recordingViewStandIn.saveAs = [] { RescueRecording(); };
+        Type("a");
+        if (moment == 1) RescueRecording();
+        if (moment == 2) Pause(), RescueRecording();
+        if (moment == 3) EndRecording();  // while the Save As form is open
+        if (moment == insideAHookCall) {
+            simulated::OnMessage(ownWindows.main, [](const simulated::Message&) { RescueRecording(); });
+            simulated::UserTaps(PauseBreak);
+            simulated::SendToProgram(ownWindows.main, {});
+            platform::Pump();
+        }
+        EXPECT_EQ(rescued, moment);
+        recordingSession.state = RecordingState::Idle;  // the process would have ended
+    }
+    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+    EXPECT_THAT(saved, IsEmpty());
+}
+
+// The time of an event has 32 bits.
+TEST_F(RecordingSessionTest, AfterManyDaysTheTimeStandsStill) {
+    Start();
+    simulated::RunFor(1000);
+    recordingSession.recordingStartTick -= 30LL * 24 * 3600 * 1000;
+    Key('A', 0);
+    EXPECT_EQ(Event(0).time(), 2147483647);
+}
+
 // Closing the main window takes the hooks out.
 TEST_F(RecordingSessionTest, WithoutItsHooksItEndsAndNothingIsLost) {
     Start();

@@ -32,6 +32,7 @@ namespace recording_view {
 
 void Load() {
     if (view.loaded) return;
+    if (view.onLoad) view.onLoad();
     view.loaded = true;
     view.window = simulated::AddWindow({.className = "Form",
                                         .caption = "recording",
@@ -142,6 +143,11 @@ void ZavrsiUmetanjeSnimanjem() {
 void ShowSaveAs() {
     Note("ShowSaveAs");
     if (view.saveAs) view.saveAs();
+}
+
+std::string SaveRecovered(ListOfJobs list) {
+    Note(list == ListOfJobs::Shown ? "SaveRecovered, shown" : "SaveRecovered");
+    return view.recover ? view.recover() : "";
 }
 
 ANSWERS(std::int32_t, DoubleClickTime, view.doubleClickTime)

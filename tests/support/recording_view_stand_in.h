@@ -13,6 +13,7 @@ struct RecordingViewStandIn {
     std::vector<std::string> calls;  // of all the views, in order: "HideMainWindow", "Show", "ShowSaveAs", ...
 
     // `recording`
+    std::function<void()> onLoad;
     bool loaded = false;
     bool shown = false;
     platform::WindowHandle window = 0;
@@ -42,5 +43,6 @@ struct RecordingViewStandIn {
     std::int32_t doubleClickTime = 500;
     std::function<void()> saveAs;
     std::function<void()> editor;
+    std::function<std::string()> recover;
 };
 extern RecordingViewStandIn recordingViewStandIn;

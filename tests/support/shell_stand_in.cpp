@@ -40,6 +40,11 @@ void BringToNormal() {
 
 NOTES(shellStandIn.calls, StaviFocus)
 NOTES(shellStandIn.calls, RemoveTrayIcon)
+NOTES(shellStandIn.calls, UnblockShutdown)
+
+void BlockShutdown(const std::string&) {
+    Note("BlockShutdown");
+}
 
 void EndProcess() {
     Note("EndProcess");

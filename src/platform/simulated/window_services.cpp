@@ -102,6 +102,11 @@ WindowHandle ParentOf(WindowHandle window) {
     return simulated::IsTopLevel(*found) ? found->spec.owner : found->parent;
 }
 
+WindowHandle TopLevelOf(WindowHandle window) {
+    const Window* top = simulated::TopLevelOf(window);
+    return top == nullptr ? 0 : top->handle;
+}
+
 WindowHandle FindTopWindow(const std::string& className, const std::string& caption) {
     for (const WindowHandle each : simulated::Root().children) {
         const simulated::WindowSpec& spec = Find(each)->spec;

@@ -163,6 +163,10 @@ WindowHandle ParentOf(WindowHandle window) {
     return FromHwnd(GetParent(ToHwnd(window)));
 }
 
+WindowHandle TopLevelOf(WindowHandle window) {
+    return FromHwnd(GetAncestor(ToHwnd(window), GA_ROOT));
+}
+
 WindowHandle FindTopWindow(const std::string& className, const std::string& caption) {
     return FromHwnd(FindWindowA(className.c_str(), caption.c_str()));
 }

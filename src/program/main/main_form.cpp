@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "base/runtime_failure.h"
 #include "controls/list_control.h"
 #include "controls/number_picker.h"
 #include "dictionary/dictionary.h"
@@ -26,6 +25,7 @@
 #include "shell/copy_data.h"
 #include "shell/exit.h"
 #include "shell/handed_over.h"
+#include "shell/session_end.h"
 #include "shell/startup.h"
 #include "toolkit/window_tools.h"
 
@@ -149,11 +149,8 @@ bool MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& re
         case WM_CLOSE:
             OnClose();
             return true;
-        case WM_QUERYENDSESSION:
-            result = MayEndSession();
-            return true;
         case WM_ENDSESSION:
-            if (wParam) OnEndSession();
+            if (wParam) EndWithSession();
             return true;
         case WM_SIZE:
             FormResized();
@@ -179,28 +176,6 @@ void MainForm::OnClose() {
     EndRecording();
     if (MainWindowVisible()) CopyControlsToSettings();
     CloseToTray();
-}
-
-// Windows is being shut down, or the user logs off. What waits to be saved would be gone: Windows asks the user then,
-// and says why.
-BOOL MainForm::MayEndSession() const {
-    const std::string reason = RecordingActive()             ? Translate("Save Job As")
-                               : jobPage.button_save_changes ? Translate("Save Changes")
-                                                             : "";
-    if (reason.empty()) return TRUE;
-    wchar_t text[MAX_STR_BLOCKREASON] = L"";
-    MultiByteToWideChar(CP_ACP, 0, reason.c_str(), -1, text, MAX_STR_BLOCKREASON - 1);
-    ShutdownBlockReasonCreate(Window(), text);
-    return FALSE;
-}
-
-// No question can be answered any more.
-void MainForm::OnEndSession() {
-    try {
-        SaveSettings();
-    } catch (const RuntimeFailure&) {
-    }
-    QuitProgram(false);
 }
 
 void MainForm::OnCopyData(const COPYDATASTRUCT* data) {

@@ -39,8 +39,6 @@ private:
     Page& CurrentPage() const;
     void ShowPageAt(int place);
     void OnClose();
-    BOOL MayEndSession() const;
-    void OnEndSession();
     void OnTrayMessageOf(WPARAM wParam, LPARAM lParam);
     void OnCopyData(const COPYDATASTRUCT* data);
     void PlacePages() const;

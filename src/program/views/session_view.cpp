@@ -1,14 +1,20 @@
 // What a recording and a hotkey ask of the main window. The editor, from which pieces are recorded, does not exist yet.
 #include "recording/session_view.h"
+
 #include "forms/save_as_form.h"
 #include "hotkeys/hotkey_table.h"
 #include "hotkeys/hotkey_view.h"
+#include "jobs/job_name.h"
+#include "library/job_library.h"
+#include "library/save_as.h"
 #include "main/main_form.h"
 #include "mainwindow/form_visible.h"
 #include "mainwindow/job_page.h"
 #include "pages/job_page_form.h"
 #include "platform/pump.h"
+#include "recording/recording_session.h"
 #include "replay/run_job.h"
+#include "settings/folders.h"
 #include "win32/open_box.h"
 
 void hotkey_view::ClickCommand3() {
@@ -61,6 +67,12 @@ void ShowSaveAs() {
     if (!saved) return;
     mainForm.ShowPage(jobPageForm);
     mainForm.StaviFocus();
+}
+
+std::string SaveRecovered(ListOfJobs list) {
+    const std::string name = SaveRecoveredJob(RecordedJob());
+    if (list == ListOfJobs::Shown && !name.empty()) job_library::ShowSavedJob(JobPathOf(folders.DataFolder, name));
+    return name;
 }
 
 std::int32_t DoubleClickTime() {

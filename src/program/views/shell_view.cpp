@@ -76,6 +76,16 @@ void StaviFocus() {
     mainForm.StaviFocus();
 }
 
+void BlockShutdown(const std::string& reason) {
+    wchar_t text[MAX_STR_BLOCKREASON] = L"";
+    MultiByteToWideChar(CP_ACP, 0, reason.c_str(), -1, text, MAX_STR_BLOCKREASON - 1);
+    ShutdownBlockReasonCreate(mainForm.Window(), text);
+}
+
+void UnblockShutdown() {
+    ShutdownBlockReasonDestroy(mainForm.Window());
+}
+
 void RemoveTrayIcon() {
     platform::RemoveTrayIcon();
 }

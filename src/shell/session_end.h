@@ -1,0 +1,8 @@
+// The user logs off, or the computer is shut down. The question before it (WM_QUERYENDSESSION) is always answered with
+// yes, which is the system's own answer: what would be lost is written down here, and what the user has not confirmed,
+// like a changed property of a job, keeps nobody at the computer. Nothing is asked any more.
+#pragma once
+
+// WM_ENDSESSION. Writes what is being recorded, or waits to be saved, as a job "Recovered", then the settings, and ends
+// the process. What cannot be written is lost without a word: there is nobody to hear it.
+void EndWithSession();

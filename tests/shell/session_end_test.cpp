@@ -1,0 +1,68 @@
+#include "shell/session_end.h"
+
+#include <gmock/gmock.h>
+
+#include "platform/pump.h"
+#include "platform/simulated/desktop.h"
+#include "platform/simulated/files.h"
+#include "recording/recording_session.h"
+#include "settings/folders.h"
+#include "settings/settings.h"
+#include "support/recording_view_stand_in.h"
+#include "support/shell_stand_in.h"
+
+using testing::ElementsAre;
+
+namespace {
+
+class SessionEnd : public testing::Test {
+protected:
+    SessionEnd() {
+        folders.DataFolder = "C:\\data";
+        simulated::PutFolder(folders.DataFolder);
+        settings.Display_Recording_Window = 0;
+        recordingViewStandIn.recover = [this] {
+            blocked = shellStandIn.calls;
+            return "Recovered";
+        };
+    }
+
+    static bool SettingsAreSaved() { return simulated::FileBytes("C:\\data\\settings.binary").has_value(); }
+
+    static void RecordAKey() {
+        StartRecording();
+        simulated::UserTaps('A');
+        platform::Pump();
+        shellStandIn.calls.clear();
+    }
+
+    std::vector<std::string> blocked;  // calls until the recording was written
+};
+
+TEST_F(SessionEnd, SavesTheSettingsAndAsksNobody) {
+    EXPECT_THROW(EndWithSession(), ProcessEnded);
+    EXPECT_TRUE(SettingsAreSaved());
+    EXPECT_FALSE(WasCalled("BlockShutdown"));
+    EXPECT_TRUE(simulated::ShownBoxes().empty());
+}
+
+// The session ends while Windows is told to wait, and no longer.
+TEST_F(SessionEnd, WritesARecordingWhileWindowsWaits) {
+    RecordAKey();
+    EXPECT_THROW(EndWithSession(), ProcessEnded);
+    EXPECT_THAT(blocked, ElementsAre("BlockShutdown"));
+    EXPECT_GT(PlaceOf("UnblockShutdown"), PlaceOf("BlockShutdown"));
+    EXPECT_LT(PlaceOf("UnblockShutdown"), PlaceOf("EndProcess"));
+    EXPECT_TRUE(SettingsAreSaved());
+}
+
+TEST_F(SessionEnd, WhateverFailsTheProcessEndsAndNothingIsBlocked) {
+    simulated::LosePath(folders.DataFolder);
+    RecordAKey();
+    recordingViewStandIn.recover = []() -> std::string { throw std::bad_alloc(); };
+    EXPECT_THROW(EndWithSession(), ProcessEnded);
+    EXPECT_TRUE(WasCalled("UnblockShutdown"));
+    EXPECT_TRUE(simulated::ShownBoxes().empty());
+}
+
+}  // namespace
