@@ -105,12 +105,8 @@ std::vector<std::int32_t> BuildPath(LiveChain& target) {
 
 void StoreChain(std::int32_t index, const std::vector<std::int32_t>& path) {
     auto& chains = windowArrays.chains;
-    chains.emplace_back();
-    WindowChain& chain = chains[static_cast<std::size_t>(index)];
-    if (index + 1 < CountOf(chains)) chain = {};  // another capture, inside this one, has filled it
-    std::copy(path.begin(), path.end(), chain.Path.begin());
-    chain.LeafWindow = path.front();
-    chain.Depth = CountOf(path) - 1;
+    chains.Append();
+    chains.Set(static_cast<std::size_t>(index), path);  // another capture, inside this one, may have done so before
     if (std::floor(0.9 * windowArrays.chainCapacity) <= CountOf(chains)) windowArrays.growChains = true;
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/block_array.h"
+#include "identity/chain_array.h"
 #include "jobs/job_records.h"
 #include "platform/types.h"
 
@@ -15,7 +16,7 @@
 // which also tells the index over it. Neither moves what it holds when it grows.
 struct WindowArrays {
     BlockArray<WindowSignature> windows;
-    BlockArray<WindowChain> chains;
+    ChainArray chains;
     std::int32_t windowCapacity = 100;
     std::int32_t chainCapacity = 100;
     bool growWindows = false;  // less than 20 free

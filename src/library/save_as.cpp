@@ -58,7 +58,11 @@ std::string RecoveredName() {
 
 std::string FreeName(const std::string& name) {
     std::string free = name;
-    for (int i = 2; platform::FileExists(JobPathOf(folders.DataFolder, free)); ++i) {
+    constexpr int most = 100;  // of a folder that is out of reach, every file may be there
+    const auto taken = [](const std::string& each) {
+        return platform::StateOf(JobPathOf(folders.DataFolder, each)) != platform::FileState::Missing;
+    };
+    for (int i = 2; i < most && taken(free); ++i) {
         free = name + " (" + std::to_string(i) + ")";
     }
     return free;

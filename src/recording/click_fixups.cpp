@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 
-#include "base/runtime_failure.h"
 #include "identity/window_identity.h"
 #include "platform/boxes.h"
 #include "recording/recording_session.h"
@@ -31,7 +30,7 @@ bool AreDoubleClick(const JobEvent& first, const JobEvent& second, std::int32_t 
 }
 
 std::int32_t LeafOf(const JobEvent& event) {
-    return CheckedAt(windowArrays.chains, event.WindowChainIndex, "Window chain").LeafWindow;
+    return windowArrays.chains.at(static_cast<std::size_t>(event.WindowChainIndex)).LeafWindow;
 }
 
 // The two presses need not have met the same window: a first click that opens a dialog under the cursor makes a double

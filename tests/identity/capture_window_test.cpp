@@ -35,9 +35,7 @@ protected:
         return chain.Path.at(static_cast<std::size_t>(level));
     }
     std::vector<std::string> CapturedClasses() const { return ClassesOf(Captured()); }
-    const WindowChain& Captured() const {
-        return windowArrays.chains.at(static_cast<std::size_t>(event.WindowChainIndex));
-    }
+    WindowChain Captured() const { return windowArrays.chains.at(static_cast<std::size_t>(event.WindowChainIndex)); }
 
     WindowHandle dialog = 0;
     WindowHandle group = 0;

@@ -52,13 +52,15 @@ protected:
     void Record(bool byFocus) {
         JobEvent event;
         CaptureWindow(event, byFocus);
+        windows = windowArrays.windows;
+        chains = windowArrays.chains;
         request.chainIndex = event.WindowChainIndex;
         request.useFocus = byFocus;
     }
 
     int Find() {
         const std::int64_t begin = platform::TickCount();
-        const int result = FindTarget(request, windowArrays.windows, windowArrays.chains, reason);
+        const int result = FindTarget(request, windows, chains, reason);
         took = platform::TickCount() - begin;
         return result;
     }
@@ -93,15 +95,17 @@ protected:
         EXPECT_LE(took, request.waitSeconds * 1000 + HungStep);
     }
 
-    WindowChain& Chain() { return windowArrays.chains.at(static_cast<std::size_t>(request.chainIndex)); }
+    WindowChain& Chain() { return chains.at(static_cast<std::size_t>(request.chainIndex)); }
     WindowSignature& Signature(std::int32_t level) {
-        return windowArrays.windows.at(static_cast<std::size_t>(Chain().Path.at(static_cast<std::size_t>(level))));
+        return windows.at(static_cast<std::size_t>(Chain().Path.at(static_cast<std::size_t>(level))));
     }
 
     const WindowSpec editorSpec = {.className = "Editor", .caption = "a.txt - Editor", .rect = {100, 100, 700, 600}};
     WindowHandle editor = 0;
     WindowHandle panel = 0;
     WindowHandle button = 0;
+    std::vector<WindowSignature> windows;  // as a job has them
+    std::vector<WindowChain> chains;
     SearchRequest request;
     std::string reason = "as before";
     std::int64_t took = 0;
@@ -681,7 +685,7 @@ TEST(CaptionAlias, TheFirstPairHolds) {
 
 TEST_F(TargetSearch, MatchWindowTellsWhatDiffers) {
     const auto match = [this](bool similar = false) {
-        return MatchWindow(button, request.chainIndex, windowArrays.windows, windowArrays.chains, similar);
+        return MatchWindow(button, request.chainIndex, windows, chains, similar);
     };
     EXPECT_EQ(match(), MatchAll);
     simulated::MoveWindow(button, {21, 20});
@@ -697,7 +701,7 @@ TEST_F(TargetSearch, MatchWindowTellsWhatDiffers) {
     EXPECT_EQ(match(true), MatchMoved);
     Signature(0).ClassName = "button";
     EXPECT_EQ(match(true), MatchNothing);
-    EXPECT_EQ(MatchWindow(0, request.chainIndex, windowArrays.windows, windowArrays.chains, true), MatchNothing);
+    EXPECT_EQ(MatchWindow(0, request.chainIndex, windows, chains, true), MatchNothing);
 }
 
 // The tails of these classes change from start to start. Upper and lower case matter for the leaf alone.
@@ -713,8 +717,7 @@ TEST_F(TargetSearch, GeneratedClassesMatchByTheirBeginning) {
         const WindowHandle parent = AddWindow({.className = live, .rect = {700, 10, 900, 90}});
         const WindowHandle child = AddWindow({.className = "Child", .rect = {0, 0, 50, 50}, .parent = parent});
         const auto matches = [this](WindowHandle window) {
-            return MatchWindow(window, request.chainIndex, windowArrays.windows, windowArrays.chains, false) ==
-                   MatchAll;
+            return MatchWindow(window, request.chainIndex, windows, chains, false) == MatchAll;
         };
         ResetWindowArrays();
         RecordClick(child);

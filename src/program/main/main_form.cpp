@@ -136,7 +136,7 @@ LRESULT CALLBACK MainForm::ProcedureThunk(HWND form, UINT message, WPARAM wParam
     });
 }
 
-bool MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+bool MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) {
     if (message == TaskbarCreated()) return platform::RestoreTrayIcon();
     switch (message) {
         case TrayMessage:
