@@ -16,7 +16,7 @@ public:
     using value_type = WindowChain;
 
     ChainArray() = default;
-    ChainArray(const std::vector<WindowChain>& chains) : given(chains) {}
+    ChainArray(const std::vector<WindowChain>& ofOpenJob) : given(ofOpenJob) {}
 
     // As a job has them.
     operator std::vector<WindowChain>() const;

@@ -368,7 +368,8 @@ TEST_F(RunJobTest, TheResultOfARunStaysWhenItsLogCannotBeWritten) {
     EXPECT_THAT(statusViewStandIn.list.back(), HasSubstr("morning.log"));
     EXPECT_EQ(statusViewStandIn.statusLabel, "Finished");
     EXPECT_EQ(Run(LogPath), 1);
-    EXPECT_EQ(std::count(Log().begin(), Log().end(), '<'), 2) << "the lines of both runs, in the next log that works";
+    const std::string log = Log();
+    EXPECT_EQ(std::count(log.begin(), log.end(), '<'), 2) << "the lines of both runs, in the next log that works";
 }
 
 TEST_F(RunJobTest, AnEndlessRunWithoutALogKeepsItsMemory) {
