@@ -131,7 +131,7 @@ TEST_F(CaptureWindowOf, KeysGoToTheFocusAndTheTaskBarTakesThemWhole) {
     simulated::SetFocus(button);
     EXPECT_EQ(KeyDown(), 3);
     const WindowHandle bar = AddWindow({.className = "Shell_TrayWnd", .rect = {0, 990, 1280, 1024}});
-    AddWindow({.className = "Start", .rect = {0, 0, 50, 30}, .parent = bar});
+    simulated::SetFocus(AddWindow({.className = "Start", .rect = {0, 0, 50, 30}, .parent = bar}));
     EXPECT_EQ(KeyDown(), 1);
     EXPECT_THAT(CapturedClasses(), ElementsAre("Shell_TrayWnd"));
 }

@@ -3,7 +3,6 @@
 
 namespace {
 
-using namespace std::string_literals;
 
 TEST(Tokens, TextIsCutAtCharactersAndClosedBraces) {
     const std::pair<std::string, std::vector<std::string>> cases[] = {
@@ -58,31 +57,6 @@ TEST(TokenUnder, FindsTheTokenThatCoversThePosition) {
     EXPECT_EQ(TokenUnder(text, 3).length, 4);
     EXPECT_EQ(TokenUnder("", 0).index, -1);
     EXPECT_EQ(TokenUnder(text, -1).index, -1);
-}
-
-TEST(ParseToken, TellsKeyAndAction) {
-    const std::tuple<std::string, int, int> cases[] = {
-        {"", -1, -1},
-        {"\0"s, -1, -1},
-        {"a", 65, ActionPress},
-        {"{a down}", 65, ActionDown},
-        {"{Enter DOWN}", 13, ActionDown},
-        {"{ENTER up}", 13, ActionUp},
-        {"{shift down}", 161, ActionDown},
-        {"{alt DOWN}", 164, ActionDown},
-        {"{wheel up}", WheelKey, ActionUp},
-        {"{NO_SUCH_KEY}", -1, ActionPress},
-        {"{NO_SUCH_KEY DOWN}", -1, ActionDown},
-        {"{}", -1, ActionPress},
-    };
-    for (const auto& [token, expectedKey, expectedAction] : cases) {
-        int vk = 77;
-        int action = 77;
-        ParseToken(token, vk, action);
-        EXPECT_EQ(vk, expectedKey) << token;
-        EXPECT_EQ(action, expectedAction) << token;
-    }
-    EXPECT_TRUE(simulated::ShownBoxes().empty());
 }
 
 TEST(ParseToken, AnotherWordShowsABoxAndKeepsTheAction) {

@@ -211,27 +211,6 @@ TEST(Pump, LeavesTheEndToTheMainLoop) {
     EXPECT_EQ(platform::RunMessageLoop(), 41);
 }
 
-// Tab walks the controls of a modeless form, in the main loop's way, from inside a pump.
-TEST(Pump, HandlesTheKeyboardOfModelessForms) {
-    const HWND form = CreateWindowExA(WS_EX_CONTROLPARENT, "#32770", "Form", WS_POPUP | WS_VISIBLE, 100, 100, 300, 200,
-                                      nullptr, nullptr, nullptr, nullptr);
-    const auto add = [&](int y) {
-        return CreateWindowA("Edit", "", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 10, y, 100, 20, form, nullptr, nullptr,
-                             nullptr);
-    };
-    const HWND first = add(10);
-    const HWND second = add(50);
-    SetFocus(first);
-    platform::AddModelessForm(form);
-    PostMessageA(first, WM_KEYDOWN, VK_TAB, 0x000F0001);
-    EXPECT_TRUE(Within(PatienceMs, [&] { return GetFocus() == second; }));
-    platform::RemoveModelessForm(form);
-    PostMessageA(second, WM_KEYDOWN, VK_TAB, 0x000F0001);
-    platform::Pump();
-    EXPECT_EQ(GetFocus(), second);
-    DestroyWindow(form);
-}
-
 bool AMessageOfTheThreadWaits() {
     MSG message;
     return PeekMessageA(&message, reinterpret_cast<HWND>(-1), WM_APP, WM_APP, PM_NOREMOVE) != 0;

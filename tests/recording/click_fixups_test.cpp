@@ -56,13 +56,6 @@ TEST_F(ClickFixups, ThirdAndFourthClicksBeginAnew) {
     EXPECT_THAT(Repaired(), ElementsAre("Double click", "Double click"));
 }
 
-TEST_F(ClickFixups, AClickThatIsTooFarIsTheNewFirstOne) {
-    Click({300, 500}, 100);
-    Click({302, 500}, 100);
-    Click({302, 500}, 100);
-    EXPECT_THAT(Repaired(), ElementsAre("Left down", "Left up", "Double click"));
-}
-
 TEST_F(ClickFixups, WhatLiesBetweenStaysBehindTheDoubleClick) {
     Click(Place, 100);
     simulated::UserMovesTo({501, 500});
@@ -105,56 +98,6 @@ TEST_F(ClickFixups, ScrollLockIsALeftButtonWithoutPlaceWindowAndTime) {
         EXPECT_EQ(event.word, (std::array<std::int32_t, 7>{0, 0, 0, 0, flags, 0, 0}));
         EXPECT_EQ(event.WindowChainIndex, NoWindowMarker);
     }
-}
-
-TEST_F(ClickFixups, AScrollLockThatOnlyComesUpIsARelease) {
-    Key(ScrollLockKey, 0x81);
-    EXPECT_THAT(Repaired(), ElementsAre("Left up"));
-    EXPECT_FALSE(recordingSession.scrollLockLeftDown);
-}
-
-// --- the alarms, which no input of a user should ring ---
-
-class BrokenFolds : public RecordingStage {
-protected:
-    std::vector<std::string> Repaired(const std::vector<std::int32_t>& flags) {
-        recordingSession.recordingEvents.Reset(100);
-        recordingSession.eventCount = static_cast<std::int32_t>(flags.size());
-        for (std::int32_t i = 0; i < recordingSession.eventCount; ++i) {
-            recordingSession.recordingEvents.NewSlot(i).dwFlags() = flags[static_cast<std::size_t>(i)];
-        }
-        RepairClicks();
-        return NamesOf(recordingSession.recordingEvents.First(recordingSession.eventCount));
-    }
-};
-
-TEST_F(BrokenFolds, AMarkInsideAFoldBeginsItAnew) {
-    EXPECT_THAT(Repaired({FirstHalfFlags, 0x8004, FirstHalfFlags, 0x8004, 0x8002, 0x8004, 0x8002}),
-                ElementsAre("Double click", "Double click", "Left down"));
-    ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
-    EXPECT_EQ(simulated::ShownBoxes()[0].text, "ovo ne valja");
-    EXPECT_EQ(simulated::ShownBoxes()[0].title, "");
-}
-
-TEST_F(BrokenFolds, AThirdDroppedPressSwallowsAllThatFollow) {
-    EXPECT_THAT(Repaired({FirstHalfFlags, 0x8002, 0x8002, 0x8002, 0x8001, 0x8004, 0x8002, 0x8004}),
-                ElementsAre("Double click", "Move"));
-    ASSERT_EQ(simulated::ShownBoxes().size(), 1U);
-    EXPECT_EQ(simulated::ShownBoxes()[0].text, "ovo fakat ne valja");
-}
-
-TEST_F(BrokenFolds, WhenAllIsDroppedTheArrayKeepsItsLength) {
-    recordingSession.scrollLockLeftDown = true;
-    recordingSession.recordingEvents.Reset(100);
-    recordingSession.eventCount = 2;
-    for (int i = 0; i < 2; ++i) {
-        JobEvent& event = recordingSession.recordingEvents.NewSlot(i);
-        event.dwType() = platform::InputKeyboard;
-        event.KeyCode() = 70 * 65536 + ScrollLockKey;
-    }
-    RepairClicks();
-    EXPECT_EQ(recordingSession.eventCount, 0);
-    EXPECT_EQ(recordingSession.recordingEvents.Size(), 2);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "recording/hook_watch.h"
 
-#include "recording/start_app.h"
 #include "recording_stage.h"
 
 namespace {
@@ -126,19 +125,6 @@ TEST_F(HookWatchTest, HooksThatWereRefusedAtTheStartAreAskedForAgain) {
     TypeFor(10);
     EXPECT_TRUE(platform::MouseHookInstalled() && platform::KeyboardHookInstalled());
     EXPECT_GE(Newest(), 0);
-}
-
-TEST_F(HookWatchTest, NothingIsPutInBeforeTheRecordingBeginsOrAfterIt) {
-    startProgram = {"C:\\slow.exe", "", 1};
-    simulated::OnStart([](const simulated::StartedProgram&) { TypeFor(8); });
-    simulated::MeanwhileAfter(4000, [] { EXPECT_FALSE(KeyboardHookInstalled()); });
-    Start();
-    EXPECT_FALSE(Told());
-    Stop();
-    startProgram = {};
-    TypeFor(10);
-    EXPECT_FALSE(KeyboardHookInstalled());
-    EXPECT_FALSE(platform::MouseHookInstalled());
 }
 
 }  // namespace

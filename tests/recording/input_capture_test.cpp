@@ -152,16 +152,6 @@ TEST_F(InputCapture, AutoRepeatIsADownEachTimeAndAKeyFromBeforeDoesNotComeUp) {
     EXPECT_EQ(windowArrays.chains.size(), 3U) << "each with a look of its own";
 }
 
-TEST_F(InputCapture, OnlyPlainKeysCountAsHeld) {
-    Key('A', 0);
-    Key('A', 0x81);
-    EXPECT_TRUE(recordingSession.keyDown['A']) << "an extended up clears nothing";
-    Key('A', 0x80);
-    EXPECT_FALSE(recordingSession.keyDown['A']);
-    Key('A', 1);
-    EXPECT_FALSE(recordingSession.keyDown['A']);
-}
-
 // --- our own windows ---
 
 TEST_F(InputCapture, APressOnOurOwnWindowIsDroppedAndItsReleaseStays) {
@@ -170,23 +160,6 @@ TEST_F(InputCapture, APressOnOurOwnWindowIsDroppedAndItsReleaseStays) {
     platform::Pump();
     EXPECT_THAT(Captured(), ElementsAre("Move", "Left up"));
     EXPECT_TRUE(windowArrays.chains.empty());
-}
-
-TEST_F(InputCapture, KeysForOurOwnWindowAreTypedAtTheDesktop) {
-    simulated::SetVisible(ownWindows.main, true);
-    simulated::SetFocus(ownWindows.main);
-    Key('A', 0);
-    EXPECT_EQ(TargetOf(Event(0)), "Progman");
-    simulated::Destroy(desktop);
-    Key('A', 0);
-    EXPECT_GE(Event(1).WindowChainIndex, 0) << "a window of which nothing is known";
-    EXPECT_EQ(TargetOf(Event(1)), "");
-}
-
-TEST_F(InputCapture, TheTaskBarTakesKeysAsAWhole) {
-    simulated::SetFocus(tray);
-    Key('A', 0);
-    EXPECT_EQ(TargetOf(Event(0)), "Shell_TrayWnd");
 }
 
 // --- one hook call inside another ---

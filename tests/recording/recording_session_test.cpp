@@ -89,15 +89,6 @@ TEST_F(RecordingSessionTest, AProgramThatCannotBeStartedLeavesNoRecordingBehind)
     EXPECT_EQ(recordingViewStandIn.calls.back(), "ShowMainWindow");
 }
 
-TEST_F(RecordingSessionTest, AStopBeforeTheHooksAreInKeepsThemOut) {
-    settings.Display_Recording_Window = 1;
-    simulated::After(0, [] { Command1_MouseDown(); });
-    StartRecording();
-    EXPECT_FALSE(RecordingActive());
-    EXPECT_FALSE(KeyboardHookInstalled());
-    EXPECT_EQ(saved.size(), 1U);
-}
-
 // --- the three ways to stop ---
 
 TEST_F(RecordingSessionTest, PauseBreakEndsItAndIsNoPartOfIt) {
@@ -181,24 +172,6 @@ TEST_F(RecordingSessionTest, TheStopButtonLeavesNoTraceOfItsClick) {
     EXPECT_FALSE(recordingSession.stoppedByPauseKey);
 }
 
-TEST_F(RecordingSessionTest, TheTrayTakesItsOwnPressOff) {
-    Start();
-    simulated::OnMessage(ownWindows.main, [](const simulated::Message&) { StopRecordingFromTray(TrayButton::Left); });
-    Type("a");
-    simulated::PlaceCursor(simulated::CentreOf(tray));
-    simulated::UserPresses();
-    platform::Pump();
-    EXPECT_THAT(Captured(), ElementsAre("A down", "A up", "Left down"));
-    simulated::UserOnTray(WmLeftDown);
-    platform::Pump();
-    simulated::UserReleases();
-    platform::Pump();
-    ASSERT_EQ(saved.size(), 1U);
-    EXPECT_THAT(NamesOf(saved[0].Events), ElementsAre("A down", "A up"));
-    StopRecordingFromTray(TrayButton::Left);
-    EXPECT_EQ(saved.size(), 1U) << "nothing is running any more";
-}
-
 // What stays down in a job is held down at its replay.
 TEST_F(RecordingSessionTest, TheTrayLeavesNoHalfOfItsClick) {
     constexpr std::uint32_t move = 0x200, leftDown = 0x201, rightDown = 0x204, rightUp = 0x205;
@@ -232,13 +205,6 @@ TEST_F(RecordingSessionTest, TheTrayOfAPausedRecordingTakesNothing) {
     Pause();
     StopRecordingFromTray(TrayButton::Left);
     EXPECT_THAT(NamesOf(saved[1].Events), ElementsAre("A down", "A up"));
-}
-
-TEST_F(RecordingSessionTest, NothingCapturedIsOfferedAllTheSame) {
-    Start();
-    const Job job = Stop();
-    EXPECT_THAT(job.Events, IsEmpty());
-    EXPECT_EQ(recordingSession.eventCount, 0);
 }
 
 TEST_F(RecordingSessionTest, WhileTheSaveFormIsOpenNothingElseBegins) {

@@ -64,15 +64,6 @@ TEST_F(ReplayEventsTest, AfterALateWindowTheEventsCatchUp) {
     EXPECT_EQ(downs[2].time, 9000) << "and the recording's clock holds again";
 }
 
-TEST_F(ReplayEventsTest, PassesFollowEachOtherWithoutDrift) {
-    job.Header().RepeatCount = 3;
-    job.Header().SafetyLevel = SafetyLow;
-    InEdit().At(7).KeyDown(KeyA).At(1000).KeyUp(KeyA);
-    EXPECT_EQ(Replay(), 3);
-    EXPECT_THAT(TimesSince(0, Keys()), ElementsAre(7, 1000, 1007, 2000, 2007, 3000));
-    EXPECT_EQ(TextOf(edit), "aaa");
-}
-
 // --- mouse ---
 
 TEST_F(ReplayEventsTest, AClickLandsOnItsPixelAndTheCursorReturns) {

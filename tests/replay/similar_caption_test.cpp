@@ -45,10 +45,4 @@ TEST(FindSimilarWindow, NeverTakesTheLastOfTheEnumeration) {
     EXPECT_EQ(found.caption, "Other");
 }
 
-TEST(FindSimilarWindow, WantsExactlyTheClass) {
-    simulated::AddWindow({.className = "Last"});
-    simulated::AddWindow({.className = "EDITOR", .caption = "a - Editor"});
-    EXPECT_EQ(FindSimilarWindow("Editor", "a - Editor").window, 0);
-}
-
 }  // namespace

@@ -202,12 +202,6 @@ TEST_F(TargetSearch, InPlaceCostsAPauseOnceARun) {
     ExpectReadyAfter(Placed);
 }
 
-TEST_F(TargetSearch, MediumPaysThePauseEveryTime) {
-    request.safetyLevel = SafetyMedium;
-    ExpectReadyAfter(Placed);
-    ExpectReadyAfter(Placed);
-}
-
 TEST_F(TargetSearch, AMatchPutsEveryLevelBackInPlace) {
     FindOnce();
     simulated::MoveWindow(button, {23, 20});
@@ -251,13 +245,6 @@ TEST_F(TargetSearch, AMinimisedWindowIsRestoredAndAMaximisedOneIsMaximised) {
     EXPECT_EQ(platform::PlacementOf(editor).showCmd, platform::ShowMaximized);
 }
 
-TEST_F(TargetSearch, AnElementFoundByTheSearchGetsItsParentsPutBack) {
-    FindOnce();
-    simulated::MoveWindow(panel, {90, 90});
-    ExpectReadyAfter(Pause);
-    EXPECT_EQ(platform::PlacementOf(panel).rcNormalPosition, PanelIn(editor).rect);
-}
-
 TEST_F(TargetSearch, ACoveredWindowComesToTheFront) {
     simulated::Cover(editor);
     ExpectReadyAfter(Pause + Placed);
@@ -297,22 +284,6 @@ TEST_F(TargetSearch, ALateWindowIsWaitedFor) {
     EXPECT_EQ(statusViewStandIn.statusLabel, "Waiting for window:\r\na.txt - Editor");
 }
 
-TEST_F(TargetSearch, AWindowThatWasWaitedForGetsABreath) {
-    FindOnce();
-    simulated::SetCaption(editor, "Busy");
-    simulated::MeanwhileAfter(500, [this] { simulated::SetCaption(editor, "a.txt - Editor"); });
-    request.waitSeconds = 10;
-    ExpectReadyAfter(600 + Pause);
-}
-
-TEST_F(TargetSearch, ALateElementIsWaitedFor) {
-    simulated::Destroy(button);
-    const WindowHandle late = simulated::AppearsAfter(1000, ButtonIn(panel));
-    request.waitSeconds = 5;
-    ExpectReadyAfter(1000 + Placed);
-    EXPECT_EQ(searchState.current, late);
-}
-
 TEST_F(TargetSearch, AMissingWindowFailsWhenTheWaitIsOver) {
     simulated::SetCaption(editor, "b.txt - Editor");
     const std::string text = "Cannot find window: 'a.txt - Editor'";
@@ -321,13 +292,6 @@ TEST_F(TargetSearch, AMissingWindowFailsWhenTheWaitIsOver) {
     ExpectFailureAfter(1200, TargetWindowMissing, text);  // more than the wait must have passed
     request.safetyLevel = SafetyMedium;
     ExpectFailureAfter(1200, TargetWindowMissing, text);
-}
-
-TEST_F(TargetSearch, TheStatusIsLeftAloneWhenItIsNotShown) {
-    settings.Display_Executing_Status = 0;
-    simulated::Destroy(editor);
-    EXPECT_EQ(Find(), TargetWindowMissing);
-    EXPECT_TRUE(statusViewStandIn.statusHistory.empty());
 }
 
 TEST_F(TargetSearch, AMissingElementFailsWhenTheWaitIsOver) {
@@ -391,34 +355,6 @@ TEST_F(TargetSearch, AHungWindowEndsWithTheWait) {
     ExpectHungUntilTheWaitIsOver();
 }
 
-TEST_F(TargetSearch, AHungWindowIsFoundWhenItGoesOn) {
-    simulated::MoveWindow(editor, {800, 500});
-    simulated::SetHung(editor);
-    simulated::MeanwhileAfter(1500, [this] { simulated::SetHung(editor, false); });
-    request.waitSeconds = 10;
-    EXPECT_EQ(Find(), TargetReady);
-    EXPECT_EQ(simulated::ScreenRectOf(editor), editorSpec.rect);
-    EXPECT_EQ(platform::WindowAt(simulated::CentreOf(button)), button);
-}
-
-TEST_F(TargetSearch, EscapeEndsTheWaitForAHungWindow) {
-    request.waitSeconds = 60;
-    simulated::SetHung(editor);
-    for (const bool bare : {false, true}) {
-        if (bare) {
-            Signature(0).ClassName = "#32770";
-            Signature(0).Caption = "";
-        }
-        for (const bool useFocus : {false, true}) {
-            SCOPED_TRACE(testing::Message() << "bare " << bare << ", by focus " << useFocus);
-            request.useFocus = useFocus;
-            simulated::Activate(editor);
-            simulated::Cover(editor);
-            ExpectCancelledAt(1000, HungStep);
-        }
-    }
-}
-
 TEST_F(TargetSearch, AWindowThatCannotComeForwardIsNotReady) {
     request.safetyLevel = SafetyMedium;
     request.waitSeconds = 2;
@@ -428,13 +364,6 @@ TEST_F(TargetSearch, AWindowThatCannotComeForwardIsNotReady) {
     EXPECT_EQ(Find(), TargetWindowMissing);
     simulated::MeanwhileAfter(500, [this] { simulated::RefuseForeground(editor, false); });
     ExpectReadyAfter(600 + Placed);
-}
-
-TEST_F(TargetSearch, AWindowThatIsGoneInTheMiddleOfTheSearchIsNotFound) {
-    request.waitSeconds = 2;
-    simulated::Cover(editor);
-    simulated::MeanwhileAfter(100, [this] { simulated::Destroy(editor); });
-    EXPECT_EQ(Find(), TargetWindowMissing);
 }
 
 // --- several windows that look alike ---
@@ -580,15 +509,6 @@ TEST_F(BrowserSearch, ANewPageGetsTimeAtMoreThanRecordedSpeed) {
     }
 }
 
-TEST_F(BrowserSearch, TheTitleAfterTheWaitIsTheOneToRemember) {
-    Browse("IEFrame");
-    TurnPage();
-    request.speedPercent = 200;
-    simulated::MeanwhileAfter(1000, [this] { simulated::SetCaption(browser, "Two - loaded"); });
-    ExpectReadyAfter(NewPage);
-    EXPECT_EQ(searchState.lastTopCaption, "Two - loaded");
-}
-
 // --- the desktop and the task bar ---
 
 class DesktopSearch : public TargetSearch {
@@ -630,14 +550,6 @@ TEST_F(DesktopSearch, WithoutAShellNothingIsMinimised) {
     ExpectFailureAfter(Pause, TargetWindowMissing, "Cannot find window: 'Program Manager'");
 }
 
-TEST_F(DesktopSearch, KeysGoAtOnceWhenTheDesktopWasTheLastTarget) {
-    simulated::Activate(desktop);
-    RecordKeys(desktop);
-    FindOnce();
-    AddWindow({.className = "Other"});
-    ExpectReadyAfter(0);
-}
-
 TEST_F(TargetSearch, KeysForTheTaskBarAreNotSearchedFor) {
     const WindowHandle bar = AddWindow({.className = "Shell_TrayWnd", .rect = {0, 990, 1280, 1024}});
     Record(true);
@@ -673,36 +585,7 @@ TEST_F(TargetSearch, WithoutPermissionNothingStandsIn) {
     EXPECT_EQ(Find(), TargetWindowMissing);
 }
 
-TEST(CaptionAlias, TheFirstPairHolds) {
-    CaptionAliasTable aliases;
-    aliases.Add(" a ", "one ");
-    aliases.Add("a", "two");
-    EXPECT_EQ(aliases.Find("a"), "one");
-    EXPECT_EQ(aliases.Find("b"), "");
-}
-
 // --- the compare ---
-
-TEST_F(TargetSearch, MatchWindowTellsWhatDiffers) {
-    const auto match = [this](bool similar = false) {
-        return MatchWindow(button, request.chainIndex, windows, chains, similar);
-    };
-    EXPECT_EQ(match(), MatchAll);
-    simulated::MoveWindow(button, {21, 20});
-    EXPECT_EQ(match(), MatchMoved);
-    simulated::SetCaption(editor, "b.txt - Editor");
-    EXPECT_EQ(match(), MatchOtherParents);
-    searchState.CaptionAlias.Add("a.txt - Editor", "b.txt - Editor");
-    EXPECT_EQ(match(), MatchOtherParents);
-    EXPECT_EQ(match(true), MatchMoved);
-    simulated::SetCaption(button, "Cancel");
-    EXPECT_EQ(match(true), MatchClassOnly);
-    searchState.CaptionAlias.Add("OK", "Cancel");
-    EXPECT_EQ(match(true), MatchMoved);
-    Signature(0).ClassName = "button";
-    EXPECT_EQ(match(true), MatchNothing);
-    EXPECT_EQ(MatchWindow(0, request.chainIndex, windows, chains, true), MatchNothing);
-}
 
 // The tails of these classes change from start to start. Upper and lower case matter for the leaf alone.
 TEST_F(TargetSearch, GeneratedClassesMatchByTheirBeginning) {
@@ -726,21 +609,6 @@ TEST_F(TargetSearch, GeneratedClassesMatchByTheirBeginning) {
         RecordClick(parent);
         Signature(0).ClassName = recorded;
         EXPECT_EQ(matches(parent), asLeaf) << recorded << " " << live;
-    }
-}
-
-TEST_F(TargetSearch, SameChainComparesTheLevelsInUse) {
-    WindowChain other = Chain();
-    other.Path[3] = 77;
-    EXPECT_TRUE(SameChain(Chain(), other));
-    other.Path[2] = 77;
-    EXPECT_FALSE(SameChain(Chain(), other));
-    other = Chain();
-    other.Depth = 1;
-    EXPECT_FALSE(SameChain(Chain(), other));
-    for (const std::int32_t depth : {-2'000'000'000, 300, 2'147'483'647}) {
-        other.Depth = Chain().Depth = depth;  // from a damaged file
-        EXPECT_TRUE(SameChain(Chain(), other));
     }
 }
 
