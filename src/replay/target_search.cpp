@@ -150,6 +150,7 @@ private:
     int result = 0;
     int lastMatch = MatchNothing;
     LiveChain live;           // what is known of searchState.current
+    bool several = false;     // windows of the name were there, and nothing to tell the recorded one by
     bool similar = false;     // captions may match through CaptionAlias in this round
     bool childPhase = false;  // the top-level window was brought forward: its elements are looked at
     bool waited = false;      // something was not there at once
@@ -260,7 +261,7 @@ bool Search::UncoverDesktop() {
 
 Search::Step Search::LookForTop() {
     const WindowSignature& top = wanted.Top();
-    WindowHandle window = ChooseTop(top.ClassName, top.Caption, wanted);
+    WindowHandle window = ChooseTop(top.ClassName, top.Caption, wanted, several);
     if (window == 0 && request.similarAllowed) window = FindStandIn();
     SetCurrent(window);
     // A recorded minimised or maximised state comes back with the placement.
@@ -271,7 +272,7 @@ Search::Step Search::LookForTop() {
 WindowHandle Search::FindStandIn() {
     const WindowSignature& top = wanted.Top();
     const std::string alias = searchState.CaptionAlias.Find(top.Caption);
-    if (!alias.empty()) return ChooseTop(top.ClassName, alias, wanted);
+    if (!alias.empty()) return ChooseTop(top.ClassName, alias, wanted, several);
     if (!TimeIsUp()) return 0;
     DebugTrace("Trazim similiar window: ");
     const SimilarWindow found = FindSimilarWindow(top.ClassName, top.Caption);
@@ -487,7 +488,10 @@ Search::Step Search::NotReady() {
     if (StatusShown()) setStatus(StatusWaitingForWindow, caption);
     ++tries;
     if (TimeIsUp()) {
-        reason = Labelled("Cannot find window", "'" + caption + "'");
+        reason = several
+                     ? Translate1("More than one window is called '%1', and none of them stands where it was recorded.",
+                                  caption)
+                     : Labelled("Cannot find window", "'" + caption + "'");
         return End(TargetWindowMissing);
     }
     waited = true;

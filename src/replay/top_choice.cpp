@@ -85,7 +85,9 @@ ShowState ShowStateOf(const platform::WindowPlacement& placement) {
     }
 }
 
-WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted) {
+WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted,
+                       bool& several) {
+    several = false;
     // Mostly there is one such window, and it is asked for in one call.
     const WindowHandle first = platform::FindTopWindow(className, caption);
     if (first != 0 && platform::IsShown(first) && LiveClass(first) == className && LiveCaption(first) == caption &&
@@ -94,7 +96,10 @@ WindowHandle ChooseTop(const std::string& className, const std::string& caption,
     }
     // A caption with characters outside the code page is not found by what the code page makes of it, but compares
     // with it.
-    return ChooseFrom(NamedWindows(className, caption), wanted);
+    const std::vector<WindowHandle> windows = NamedWindows(className, caption);
+    const WindowHandle chosen = ChooseFrom(windows, wanted);
+    several = chosen == 0 && !windows.empty();
+    return chosen;
 }
 
 bool IsTheTop(WindowHandle window, const WantedChain& wanted) {

@@ -8,9 +8,10 @@
 #include "platform/types.h"
 #include "replay/window_match.h"
 
-// 0 when there is none of this class and caption (live texts, exact), or more than one and nothing to tell them by.
-// Hidden windows count only when none is shown.
-platform::WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted);
+// 0 when there is none of this class and caption (live texts, exact), or more than one and nothing to tell them by:
+// then `several` is set. Hidden windows count only when none is shown.
+platform::WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted,
+                                 bool& several);
 
 // Whether ChooseTop would take this window, which has the right class and caption. 0 is as good as any.
 bool IsTheTop(platform::WindowHandle window, const WantedChain& wanted);

@@ -107,14 +107,15 @@ class Session:
         self.person.presses("Control_L", "v")
 
     def menu(self):
-        """Edit, Select All or Time/Date would differ at replay; Word Wrap comes and goes."""
-        self.person.presses("Alt_L", "o")
-        assert wait_for(lambda: self.probe.find("#32768", visible=True), 5), "the Format menu did not open"
+        """Undo, Select All or nothing, from the Edit menu."""
+        self.person.presses("Alt_L", "e")
+        assert wait_for(lambda: self.probe.find("#32768", visible=True), 5), "the Edit menu did not open"
         time.sleep(0.3)
-        self.person.presses("Return" if self.random.random() < 0.5 else "Escape")
-        time.sleep(0.3)
-        if self.probe.find("#32768", visible=True) or self.random.random() < 0.5:
-            self.person.presses("Escape")
+        choice = self.random.choice(["u", "a", "Escape"])
+        self.person.presses(choice)
+        assert choice == "Escape" or wait_for(lambda: not self.probe.find("#32768", visible=True), 5), choice
+        time.sleep(0.2)
+        self.person.presses("Escape" if choice == "Escape" else "Right")
 
     def wheel(self):
         self.hands.move(*self.place())
@@ -149,7 +150,9 @@ class Sessions:
         """The text that the person left, and what was done."""
         self.notepad = self.stage.notepad()
         self.set_up()
-        self.person.starts_recording()
+        self.person.presses("Control_L", "Shift_L", "n")
+        self.person.waits_for("recording_Command1", 30)
+        time.sleep(0.5)
         session = Session(self.person, self.notepad, seed)
         session.play()
         self.person.presses("Pause")

@@ -145,6 +145,13 @@ TEST(Input, AClickGoesToTheWindowUnderTheCursor) {
     }
 }
 
+TEST(Input, ADoubleClickHasItsTimeAndItsSize) {
+    EXPECT_GE(platform::DoubleClickTime(), 1);
+    EXPECT_LE(platform::DoubleClickTime(), 5000);
+    EXPECT_GE(platform::DoubleClickSize().width, 1);
+    EXPECT_GE(platform::DoubleClickSize().height, 1);
+}
+
 TEST(Input, AsyncKeyStateRemembersATapOnce) {
     contract::AddOwn({.caption = "front"});
     platform::AsyncKeyState(VirtualKeyF9);

@@ -286,6 +286,39 @@ TEST(Windows, TheFocusOfAnotherThreadIsSeen) {
     EXPECT_EQ(platform::FocusOf(platform::ThreadOf(other)).window, other);
 }
 
+TEST(Windows, TheFocusIsGivenToAnElementOfTheForeground) {
+    OtherProgram program;
+    const WindowHandle top = program.Add({.caption = "Focus"});
+    const WindowHandle first = program.Add({.className = "Edit", .rect = {10, 10, 60, 60}, .parent = top});
+    const WindowHandle second = program.Add({.className = "Edit", .rect = {70, 10, 120, 60}, .parent = top});
+    const WindowHandle off =
+        program.Add({.className = "Edit", .rect = {130, 10, 180, 60}, .parent = top, .enabled = false});
+    program.Focus(first);
+    const std::uint32_t thread = platform::ThreadOf(top);
+    for (const WindowHandle window : {second, first, top}) {
+        EXPECT_TRUE(platform::GiveFocus(window));
+        EXPECT_EQ(platform::FocusOf(thread).window, window);
+    }
+    EXPECT_FALSE(platform::GiveFocus(off));
+    EXPECT_EQ(platform::FocusOf(thread).window, top);
+    program.Remove(second);
+    EXPECT_FALSE(platform::GiveFocus(second));
+    EXPECT_FALSE(platform::GiveFocus(0));
+}
+
+TEST(Windows, AreShownWithAllTheyLieIn) {
+    OtherProgram program;
+    const WindowHandle hidden = program.Add({.caption = "Hidden", .visible = false});
+    const WindowHandle inHidden = program.Add({.rect = {0, 0, 9, 9}, .parent = hidden});
+    const WindowHandle top = program.Add({.caption = "Shown"});
+    EXPECT_TRUE(platform::IsShown(top));
+    EXPECT_FALSE(platform::IsShown(hidden));
+    EXPECT_FALSE(platform::IsShown(inHidden));
+    program.Remove(top);
+    EXPECT_FALSE(platform::IsShown(top));
+    EXPECT_FALSE(platform::IsShown(0));
+}
+
 TEST(Windows, AHungOneHoldsNobodyUp) {
     OtherProgram program;
     OtherProgram front;

@@ -435,7 +435,7 @@ TEST_F(TwinDialogs, ThatWasMetBeforeIsKnownAndAStrangerIsNotTaken) {
     simulated::MoveWindow(dialog, {500, 500});
     for (request.safetyLevel = SafetyHigh; request.safetyLevel <= SafetyMedium; ++request.safetyLevel) {
         EXPECT_EQ(Find(), TargetWindowMissing) << "one of the two, but nothing tells which";
-        EXPECT_EQ(reason, "Cannot find window: 'Save'");
+        EXPECT_EQ(reason, "More than one window is called 'Save', and none of them stands where it was recorded.");
     }
 }
 
