@@ -174,6 +174,7 @@ int Search::Run() {
 
 Search::Step Search::Round() {
     if (EscapePressed(request.escHeld)) return End(TargetCanceled);
+    several = false;
     Step step = LookAtLiveWindow();
     if (step == Step::Next) step = LookForTop();
     if (step == Step::Next) step = childPhase ? LookForElement() : BringTopForward();
