@@ -29,7 +29,8 @@ def display_size(monitors):
 
 
 def set_monitors(display_name, monitors):
-    """Divides the screen of a display; the first monitor is the primary one."""
+    """Divides the screen of a display; the first monitor is the primary one. Holds until the connection that this
+    returns is closed: a display forgets everything when nobody is connected to it."""
     connection = display.Display(display_name)
     root = connection.screen().root
     outputs = list(root.xrandr_get_screen_resources().outputs)
@@ -43,4 +44,4 @@ def set_monitors(display_name, monitors):
             outputs=outputs if number == 0 else [],
         )
     connection.sync()
-    connection.close()
+    return connection

@@ -56,6 +56,7 @@ class WineDesktop:
         self.drive_c = self.prefix / "drive_c"
         self._own_display = display is None
         self._monitors = monitors
+        self._held_display = None
         self._dpi = dpi
         self._size = tuple(length * dpi // 96 for length in SIZE)
         self.display = display
@@ -135,7 +136,7 @@ class WineDesktop:
     # --- life ---
 
     def _use_monitors(self):
-        set_monitors(self.display, self._monitors)
+        self._held_display = set_monitors(self.display, self._monitors)
         self._run_checked("reg.exe", "delete", "HKCU\\Software\\Wine\\Explorer", "/v", "Desktop", "/f")
         # Wine asks RandR for outputs, of which a virtual display has one; Xinerama tells the monitors.
         self._run_checked("reg.exe", "add", "HKCU\\Software\\Wine\\X11 Driver", "/v", "UseXRandR", "/d", "N", "/f")
@@ -240,6 +241,9 @@ class WineDesktop:
                 program.kill()
                 program.wait()
         self._programs.clear()
+        if self._held_display is not None:
+            self._held_display.close()
+            self._held_display = None
         if self._xvfb is not None:
             self._xvfb.terminate()
             self._xvfb.wait()

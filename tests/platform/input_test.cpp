@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 
 #include "contract_desktop.h"
 #include "platform/clock.h"
@@ -150,6 +151,22 @@ TEST(Input, ADoubleClickHasItsTimeAndItsSize) {
     EXPECT_LE(platform::DoubleClickTime(), 5000);
     EXPECT_GE(platform::DoubleClickSize().width, 1);
     EXPECT_GE(platform::DoubleClickSize().height, 1);
+}
+
+TEST(Input, AClickArrivesOnEveryMonitor) {
+    OtherProgram program;
+    const auto monitors = contract::Monitors();
+    for (const platform::Rect& monitor : monitors) {
+        const platform::Point corner{monitor.left + 150, monitor.top + 150};
+        const WindowHandle window =
+            program.Add({.caption = "Clicked", .rect = {corner.x, corner.y, corner.x + 300, corner.y + 200}});
+        SendMoveTo({corner.x + 299, corner.y + 199});
+        SendMouse(platform::MouseLeftDown);
+        SendMouse(platform::MouseLeftUp);
+        EXPECT_TRUE(Within(PatienceMs, [&] { return program.ClicksOn(window) == 1; }))
+            << "on the monitor at " << monitor.left << ", " << monitor.top;
+    }
+    std::printf("Clicked on %d monitors.\n", static_cast<int>(monitors.size()));
 }
 
 TEST(Input, AsyncKeyStateRemembersATapOnce) {
