@@ -19,7 +19,7 @@ class _SetMonitor(rq.Request):
 def _move_to_origin(monitors):
     """What a display calls them: its own corner is the upper left one of all."""
     left, top = min(monitor[0] for monitor in monitors), min(monitor[1] for monitor in monitors)
-    return [(l - left, t - top, r - left, b - top) for l, t, r, b in monitors]
+    return [(x1 - left, y1 - top, x2 - left, y2 - top) for x1, y1, x2, y2 in monitors]
 
 
 def display_size(monitors):

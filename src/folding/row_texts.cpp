@@ -189,7 +189,7 @@ std::string WindowName(std::int32_t chainIndex) {
 std::string WindowNameiElement(std::int32_t& chainIndex) {
     if (chainIndex == NoWindowMarker) return {};
     if (chainIndex < 0) chainIndex = Difference(0, chainIndex);
-    const std::string name = NameOfTop(OutermostWindow(editState.Arrays(), chainIndex));
+    std::string name = NameOfTop(OutermostWindow(editState.Arrays(), chainIndex));
     const WindowChain& chain = CheckedAt(editState.Chains, chainIndex, "Window chain");
     if (name == "Desktop" || chain.Depth <= 0) return name;
     return name + (name.empty() ? "" : " -> ") + NameOfElement(CheckedAt(editState.Windows, chain.Path[0], "Window"));

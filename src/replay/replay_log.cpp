@@ -29,7 +29,7 @@ void AppendLineBreaks(int count) {
 }
 
 std::string WholeFile(const std::string& path) {
-    constexpr std::int64_t Block = 64 * 1024;
+    constexpr std::int64_t Block = 64LL * 1024;
     InputFile file(path);
     std::string text;
     for (std::int64_t left = file.Length(); left > 0; left -= Block) {

@@ -45,12 +45,16 @@ void ReleaseButton(platform::InputRecord record) noexcept {
     }
 }
 
+std::int32_t SlicesOf(std::int32_t ms) {
+    return ms / SliceMs + 1;
+}
+
 // Feeds the progress bar in equal steps. It keeps the fraction that the bar cannot show.
 class BarFeed {
 public:
     BarFeed(std::int32_t ms, double share)
         : active(settings.Display_Executing_Status == 1 && share > 0),
-          step(ms > SliceMs ? share / (ms / SliceMs + 1) : 0),
+          step(ms > SliceMs ? share / SlicesOf(ms) : 0),
           value(status_view::BarValue()) {}
 
     void Advance() {

@@ -64,7 +64,7 @@ std::vector<std::string> FilesToMove(const std::string& folder) {
 }
 
 bool HoldTheSame(const std::string& first, const std::string& second) {
-    constexpr std::int64_t Block = 64 * 1024;
+    constexpr std::int64_t Block = 64LL * 1024;
     InputFile one(first);
     InputFile other(second);
     if (one.Length() != other.Length()) return false;

@@ -9,7 +9,7 @@
 namespace {
 
 // Large enough that the calls do not count, small enough to stay in the processor's cache.
-constexpr std::int64_t BlockSize = 128 * 1024;
+constexpr std::int64_t BlockSize = 128LL * 1024;
 
 [[noreturn]] void FailWithSystemWords(const std::string& path) {
     throw RuntimeFailure(FailureKind::File, "The file '" + path + "' cannot be read. " + platform::LastFileError());

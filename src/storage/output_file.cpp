@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t BlockSize = 128 * 1024;  // every record of today and every string fits
+constexpr std::size_t BlockSize = 128ULL * 1024;  // every record of today and every string fits
 
 }  // namespace
 

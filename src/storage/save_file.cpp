@@ -14,7 +14,7 @@ constexpr std::int64_t MaximumWaitMs = 2000;
 // meet one; pauses that grow would leave a single try for the second half of the wait.
 constexpr std::int64_t PauseMs = 4;
 constexpr int TriesInARow = 8;
-constexpr std::int64_t CopyBlock = 128 * 1024;
+constexpr std::int64_t CopyBlock = 128LL * 1024;
 
 std::string FolderOf(const std::string& path) {
     const std::size_t end = path.rfind('\\');

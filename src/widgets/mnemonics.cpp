@@ -66,6 +66,7 @@ std::string Mnemonics::Mark(const std::string& caption, unsigned panels) {
 
 void MarkAll(std::vector<MnemonicCaption>& captions, Mnemonics& letters) {
     std::vector<MnemonicCaption*> order;
+    order.reserve(captions.size());
     for (MnemonicCaption& caption : captions) order.push_back(&caption);
     std::stable_sort(order.begin(), order.end(), [](const MnemonicCaption* left, const MnemonicCaption* right) {
         return Choices(left->text) < Choices(right->text);

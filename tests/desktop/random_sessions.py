@@ -30,8 +30,9 @@ class Session:
     def play(self):
         self.click()
         for _ in range(self.random.randint(5, 9)):
-            act = self.random.choice([self.click, self.type, self.type, self.select_by_keys, self.drag, self.double_click,
-                                      self.clicks_on_one_spot, self.copy_and_paste, self.menu, self.wheel, self.find])
+            act = self.random.choice([self.click, self.type, self.type, self.select_by_keys, self.drag,
+                                      self.double_click, self.clicks_on_one_spot, self.copy_and_paste, self.menu,
+                                      self.wheel, self.find])
             self.story.append(act.__name__)
             act()
             time.sleep(self.random.choice([0.05, 0.2, 0.7]))

@@ -3,10 +3,10 @@
 
 #include <windows.h>
 
-#include "gallery_ids.h"
 #include "controls/list_control.h"
 #include "controls/number_picker.h"
 #include "controls/time_picker.h"
+#include "gallery_ids.h"
 #include "toolkit/window_tools.h"
 
 namespace {

@@ -279,8 +279,8 @@ std::string ActOnPart(Words& words, bool select) {
     if (object == nullptr) return "null";
     long part = 0;
     words >> part;
-    const HRESULT result = select ? object->accSelect(SELFLAG_TAKESELECTION, Part(part))
-                                  : object->accDoDefaultAction(Part(part));
+    const HRESULT result =
+        select ? object->accSelect(SELFLAG_TAKESELECTION, Part(part)) : object->accDoDefaultAction(Part(part));
     object->Release();
     return Number(result);
 }
