@@ -1,9 +1,11 @@
 # Thin names over tools/ and the CMake presets.
-.PHONY: run test bench fuzz circle windows
+.PHONY: run test lint bench coverage fuzz circle windows
 
 run:      ; @tools/run.sh
 test:     ; @tools/test.sh
+lint:     ; @tools/lint.sh
 bench:    ; @tools/bench.sh
+coverage: ; @tools/coverage.sh
 fuzz:     ; @tools/fuzz.sh $(SECONDS)
 circle:   ; @tools/circle.sh "$(SESSIONS)" "$(FROM)" "$(DESKTOP)"
 windows:  ; @tools/build_windows.sh

@@ -2,7 +2,7 @@
 # Installs the Debian packages that a purpose needs and that are missing. Costs a fraction of a second when nothing
 # is. Safe to run twice, at the same time, and after an interrupted run.
 #
-#   tools/set_up.sh PURPOSE...      windows  native  desktop  fuzz
+#   tools/set_up.sh PURPOSE...      windows  native  desktop  lint  coverage  fuzz
 set -euo pipefail
 
 packages() {
@@ -10,6 +10,8 @@ packages() {
         windows) echo cmake ninja-build make g++-mingw-w64-x86-64-posix googletest ;;
         native) echo cmake ninja-build make g++ googletest libgtest-dev libgmock-dev libbenchmark-dev ;;
         desktop) echo wine64 fonts-wine xvfb xdotool imagemagick x11-utils python3 python3-xlib python3-pytest ;;
+        lint) echo clang-format-14 clang-tidy-14 shellcheck python3 python3-flake8 ;;
+        coverage) echo gcovr ;;
         fuzz) echo cmake ninja-build make clang-14 libclang-rt-14-dev llvm-14 ;;
         *) echo "set_up.sh: unknown purpose '$1'" >&2; exit 2 ;;
     esac

@@ -1,0 +1,190 @@
+"""Every linter over the whole tree: clang-format, clang-tidy, shellcheck, flake8. Fails when one has a finding.
+
+    tools/lint.py [WORD]      only clang-tidy, and only over the sources with WORD in their path
+
+Most of what clang-tidy does is to read the same headers again, so sources are read together, as one translation unit,
+as long as no two of them have a name of their own for different things. A batch without a finding is remembered under
+out/lint by the contents of all files of the project that it reads, and costs nothing the next time.
+"""
+
+import hashlib
+import os
+import re
+import subprocess
+import sys
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+MEMORY = ROOT / "out" / "lint"
+FOLDERS = ("src", "tests", "bench", "fuzz")
+INCLUDE = [ROOT / "src", ROOT / "src" / "platform", ROOT / "tests", ROOT]
+LARGEST_BATCH = 12
+CLANG_TIDY = "clang-tidy-14"
+WARNINGS = ["-Wall", "-Wextra", "-Wreserved-identifier"]
+MINGW = "x86_64-w64-mingw32"
+
+
+def listed(ending, folders=(*FOLDERS, "tools")):
+    """The files of the project with this ending, in order."""
+    return sorted(path for folder in folders for path in (ROOT / folder).rglob("*" + ending))
+
+
+# --- the quick ones ---
+
+
+def complains(command):
+    """Runs a linter; True when it has findings, which it prints itself."""
+    return subprocess.run(command, cwd=ROOT).returncode != 0
+
+
+def quick_linters():
+    findings = [
+        complains(["clang-format-14", "--dry-run", "--Werror", *listed(".cpp"), *listed(".h")]),
+        complains(["shellcheck", *listed(".sh"), ROOT / ".ci" / "run"]),
+        complains(["/usr/bin/python3", "-m", "flake8", *listed(".py")]),
+    ]
+    return any(findings)
+
+
+# --- clang-tidy ---
+
+
+class Source:
+    """A source file with the headers of the project that it reads, and the names that only it knows."""
+
+    _read = {}
+
+    def __init__(self, path):
+        self.path = path
+        self.text = path.read_text(encoding="utf-8")
+        self.closure = sorted(self._closure(path, set()))
+        self.windows = any("windows.h" in self._includes(file)[1] for file in self.closure)
+        self.own_names = self._own_names()
+
+    @classmethod
+    def _includes(cls, path):
+        """The project's files that `path` includes itself, and the names of all others."""
+        if path not in cls._read:
+            ours, others = [], set()
+            for name in re.findall(r'^#include ["<]([^">]+)[">]', path.read_text(encoding="utf-8"), re.MULTILINE):
+                places = [folder / name for folder in (path.parent, *INCLUDE) if (folder / name).is_file()]
+                ours += places[:1]
+                if not places:
+                    others.add(name.lower())
+            cls._read[path] = (ours, others)
+        return cls._read[path]
+
+    def _closure(self, path, known):
+        known.add(path)
+        for header in self._includes(path)[0]:
+            if header not in known:
+                self._closure(header, known)
+        return known
+
+    def _own_names(self):
+        names = set(re.findall(r"^TEST(?:_F|_P)?\((\w+)", self.text, re.MULTILINE))
+        names.update(re.findall(r"^[\w:<][^\n;({=]*?(?<!:)\b(\w+)\(", self.text, re.MULTILINE))
+        for block in re.findall(r"^namespace \{$(.*?)^\}  // namespace$", self.text, re.MULTILINE | re.DOTALL):
+            names.update(re.findall(r"^(?:class|struct|enum|enum class|union) (\w+)", block, re.MULTILINE))
+            names.update(re.findall(r"^[\w:<][^\n;({=]*?\b(\w+) ?(?:\(|\[|=|\{|;)", block, re.MULTILINE))
+            names.update(re.findall(r"^\} (\w+)(?: =.*)?;", block, re.MULTILINE))
+        names.update(re.findall(r"^#define (\w+)", self.text, re.MULTILINE))
+        names.update(re.findall(r"^static [^\n;({=]*?\b(\w+) ?(?:\(|\[|=|\{|;)", self.text, re.MULTILINE))
+        return names
+
+
+def batches(sources):
+    """Sources of one system in each, without two that have a name of their own for different things."""
+    found = []
+    for source in sources:
+        for batch in found:
+            if (batch[0].windows == source.windows and len(batch) < LARGEST_BATCH
+                    and not any(other.own_names & source.own_names for other in batch)):
+                batch.append(source)
+                break
+        else:
+            found.append([source])
+    return found
+
+
+def mingw_flags():
+    """The cross compiler's own headers, as it tells them, for clang."""
+    told = subprocess.run([MINGW + "-g++-posix", "-E", "-v", "-x", "c++", os.devnull], capture_output=True, text=True,
+                          check=True).stderr
+    folders = re.search(r"#include <\.\.\.> search starts here:\n(.*?)End of search list", told, re.DOTALL).group(1)
+    # Not the compiler's intrinsics: clang has its own.
+    return [f"--target={MINGW}", "-nostdinc++", "-DWINVER=0x0A00", "-D_WIN32_WINNT=0x0A00", "-DWIN32_LEAN_AND_MEAN",
+            "-DNOMINMAX", *(flag for folder in folders.split()
+                            if "include" in folder and not re.search(r"posix/include(-fixed)?$", folder)
+                            for flag in ("-isystem", folder))]
+
+
+class Tidy:
+    def __init__(self):
+        version = subprocess.run([CLANG_TIDY, "--version"], capture_output=True, text=True, check=True).stdout
+        self.flags = ["-std=c++20", *WARNINGS, *(f"-I{folder}" for folder in INCLUDE)]
+        self.mingw = mingw_flags()
+        rules = (ROOT / ".clang-tidy").read_text(encoding="utf-8") + Path(__file__).read_text(encoding="utf-8")
+        self.common = hashlib.sha256((version + rules).encode())
+        self.kept = set()
+
+    def key(self, batch):
+        digest = self.common.copy()
+        for file in sorted({file for source in batch for file in source.closure}):
+            digest.update(f"{file.relative_to(ROOT)}\n".encode() + file.read_bytes())
+        return digest.hexdigest()
+
+    def findings(self, batch):
+        """The text of what is found in a batch; empty when there is nothing."""
+        memory = MEMORY / self.key(batch)
+        self.kept.add(memory.name)
+        if memory.exists():
+            return ""
+        found = self._look(batch)
+        if len(batch) > 1 and "[clang-diagnostic-error" in found:  # two that cannot be read together after all
+            found = "".join(self._look([source]) for source in batch)
+        if not found:
+            memory.touch()
+        return found
+
+    def _look(self, batch):
+        unit = MEMORY / f"{self.key(batch)}.cpp"
+        unit.write_text("".join(f'#include "{source.path}"  // NOLINT(bugprone-suspicious-include)\n'
+                                for source in batch), encoding="utf-8")
+        flags = self.flags + (self.mingw if batch[0].windows else [])
+        try:
+            ended = subprocess.run([CLANG_TIDY, "--quiet", str(unit), "--", *flags], cwd=ROOT, capture_output=True,
+                                   text=True)
+        finally:
+            unit.unlink()
+        return "" if ended.returncode == 0 else (ended.stdout or ended.stderr).replace(f"{ROOT}/", "")
+
+    def forget_others(self):
+        for file in MEMORY.iterdir():
+            if file.name not in self.kept:
+                file.unlink()
+
+
+def tidy(word):
+    MEMORY.mkdir(parents=True, exist_ok=True)
+    linter = Tidy()
+    wanted = batches([Source(path) for path in listed(".cpp") if word in str(path.relative_to(ROOT))])
+    good = True
+    with ThreadPoolExecutor(os.cpu_count()) as workers:
+        for found in workers.map(linter.findings, wanted):
+            good = good and not found
+            print(found, end="", flush=True)
+    if good and not word:
+        linter.forget_others()
+    return not good
+
+
+def main(words):
+    found = bool(not words and quick_linters())
+    found = tidy(words[0] if words else "") or found
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
