@@ -24,8 +24,8 @@ template <class Container>
 auto& CheckedAt(Container& container, long long index, const char* what) {
     if (index < 0 || index >= static_cast<long long>(container.size())) {
         throw RuntimeFailure(FailureKind::Range, std::string(what) + " " + std::to_string(index) +
-                                                     " does not exist (there are " +
-                                                     std::to_string(container.size()) + ").");
+                                                     " does not exist (there are " + std::to_string(container.size()) +
+                                                     ").");
     }
     return container[static_cast<std::size_t>(index)];
 }

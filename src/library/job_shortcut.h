@@ -4,8 +4,8 @@
 
 #include <string>
 
-// Writes "<desktopFolder>\<jobName>.lnk". Does nothing without a path or a folder. Asks before it takes the place of one
-// that is made for another target, and pumps meanwhile.
+// Writes "<desktopFolder>\<jobName>.lnk". Does nothing without a path or a folder. Asks before it takes the place of
+// one that is made for another target, and pumps meanwhile.
 void CreateJobShortcut(const std::string& jobPath, const std::string& desktopFolder, const std::string& jobName);
 
 // The desktop's shortcut to a job whose file has moved, if there is one, points to the new place.

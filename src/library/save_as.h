@@ -26,8 +26,8 @@ enum class SaveAsOutcome {
 // in the job list. The recording is untouched, so that after a file failure the user can try another name.
 SaveAsOutcome SaveJobAs(const std::string& name, const std::string& description, const Job& recorded);
 
-// The form is being left without its buttons: by Esc, or by the corner of the window. It may have come up while the user
-// was still typing, so a recording with anything in it is asked about (pumps).
+// The form is being left without its buttons: by Esc, or by the corner of the window. It may have come up while the
+// user was still typing, so a recording with anything in it is asked about (pumps).
 enum class SaveAsLeave { Close, Save, Stay };
 SaveAsLeave LeaveSaveAs(bool anythingRecorded);
 

@@ -12,8 +12,8 @@ bool AddTrayIcon(WindowHandle window, const std::string& tip);
 bool ChangeTrayTip(const std::string& tip);
 void RemoveTrayIcon();
 
-// A balloon at the icon, which goes by itself: a title of at most 63 characters and a text of at most 255. False without
-// an icon.
+// A balloon at the icon, which goes by itself: a title of at most 63 characters and a text of at most 255. False
+// without an icon.
 bool ShowTrayBalloon(const std::string& title, const std::string& text);
 
 // The shell was started anew and has forgotten the icon: adds it as it was. False when there was none.

@@ -18,9 +18,10 @@ WindowHandle WindowAt(Point point);  // WindowFromPoint; 0 where there is none
 WindowHandle ForegroundWindow();     // GetForegroundWindow
 WindowHandle DesktopRoot();          // GetDesktopWindow
 
-// SetForegroundWindow, for a child too (its top-level window comes forward, over the other windows). Where the system refuses, as it does when
-// the user has touched the mouse last, it is asked once more after an input that does nothing. True when the window, or
-// one that it owns, is in the foreground after that (GetForegroundWindow); false too when it did not answer in time.
+// SetForegroundWindow, for a child too (its top-level window comes forward, over the other windows). Where the system
+// refuses, as it does when the user has touched the mouse last, it is asked once more after an input that does nothing.
+// True when the window, or one that it owns, is in the foreground after that (GetForegroundWindow); false too when it
+// did not answer in time.
 bool BringToForeground(WindowHandle window);
 
 // The thread that owns the window; 0 for a window that is gone.
@@ -39,7 +40,7 @@ FocusAnswer FocusOf(std::uint32_t thread);
 // False when it cannot have it, or its thread did not answer in time. The window may hand it on to one inside it.
 bool GiveFocus(WindowHandle window);
 
-WindowHandle ParentOf(WindowHandle window);  // GetParent: the parent, or the owner of a popup; 0 at the top
+WindowHandle ParentOf(WindowHandle window);    // GetParent: the parent, or the owner of a popup; 0 at the top
 WindowHandle TopLevelOf(WindowHandle window);  // GetAncestor(GA_ROOT): itself or its topmost parent; not an owner
 WindowHandle FindTopWindow(const std::string& className, const std::string& caption);  // FindWindowA: exact
 

@@ -24,8 +24,8 @@ struct KeystrokeGuard {
 
 // Types `text`. Returns the sum of the SendInput results; 0 or less when the text does not compile (after a box, with
 // nothing sent); -2 when canceled by ESC, DesktopOutOfReach (reach.h) when the desktop went away: what was sent stays
-// sent, and held keys stay in KeysDown. `escHeld` is in and out: whether the job itself holds ESC. When the guard leaves
-// the rest of the text out, or stops it, the result is 0.
+// sent, and held keys stay in KeysDown. `escHeld` is in and out: whether the job itself holds ESC. When the guard
+// leaves the rest of the text out, or stops it, the result is 0.
 std::int32_t SendKeystrokes(const std::string& text, const KeystrokePacing& pacing, bool& escHeld,
                             const KeystrokeGuard& guard = {});
 

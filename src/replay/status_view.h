@@ -26,7 +26,7 @@ void InsertLine(int index, const std::string& text);
 void SetLine(int index, const std::string& text);
 std::string LineText(int index);  // empty for an index that does not exist
 void SelectLine(int index);
-int SelectedLine();  // -1 for none
+int SelectedLine();     // -1 for none
 void ScrollListDown();  // TopIndex + 1
 
 // Pbar.

@@ -20,8 +20,8 @@ inline constexpr int TargetWindowMissing = -4;
 inline constexpr int TargetElementMissing = -6;
 
 // Results of MatchWindow.
-inline constexpr int MatchAll = 3;            // class, caption, placement, parents
-inline constexpr int MatchMoved = 2;          // all but the placement
+inline constexpr int MatchAll = 3;    // class, caption, placement, parents
+inline constexpr int MatchMoved = 2;  // all but the placement
 inline constexpr int MatchClassOnly = 1;
 inline constexpr int MatchNothing = 0;
 inline constexpr int MatchOtherParents = -1;
@@ -63,7 +63,7 @@ struct SearchRequest {
     bool similarAllowed = false;
     std::int32_t waitSeconds = 0;
     std::int64_t graceMs = 0;  // waited at least: what the run has caught up since it was late
-    bool useFocus = false;  // keys, text rows and the wheel; clicks look under the cursor
+    bool useFocus = false;     // keys, text rows and the wheel; clicks look under the cursor
 };
 
 // Makes sure that the window of the request's chain is what input will reach. `reason` is set with

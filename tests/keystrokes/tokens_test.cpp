@@ -3,7 +3,6 @@
 
 namespace {
 
-
 TEST(Tokens, TextIsCutAtCharactersAndClosedBraces) {
     const std::pair<std::string, std::vector<std::string>> cases[] = {
         {"", {}},

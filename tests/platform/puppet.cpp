@@ -86,7 +86,7 @@ LRESULT Obey(Order order, const OrderData& data) {
         case Order::Focus:
             return SetForegroundWindow(GetAncestor(data.window, GA_ROOT)) && SetFocus(data.window);
         case Order::RunTheProduct:
-            return platform::AnotherInstanceRuns(ProductOfTest);
+            return platform::AnotherInstanceRuns(contract::ProductOfTest);
         case Order::HoldDown:
             return HoldDown();
         case Order::Hang:

@@ -77,8 +77,7 @@ public:
     // --- IUnknown, IDispatch ---
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) noexcept override {
-        const bool known =
-            IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch) || IsEqualIID(id, InterfaceId);
+        const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch) || IsEqualIID(id, InterfaceId);
         *result = known ? this : nullptr;
         if (known) AddRef();
         return known ? S_OK : E_NOINTERFACE;
