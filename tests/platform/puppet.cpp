@@ -1,5 +1,7 @@
 #include "puppet.h"
 
+#include "contract_desktop.h"
+
 #include <string>
 #include <thread>
 
