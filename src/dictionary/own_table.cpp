@@ -110,7 +110,7 @@ constexpr DictionaryRow rows[] = {
      "the job again after that.",
      "Der Desktop ist nicht erreichbar: Der Computer ist gesperrt, oder Windows stellt eine Frage, die nur Sie "
      "beantworten können. Führen Sie die Aufgabe danach noch einmal aus.",
-     "Le bureau est inaccessible\u00A0: l'ordinateur est verrouillé, ou Windows pose une question à laquelle vous seul "
+     "Le Bureau est inaccessible\u00A0: l'ordinateur est verrouillé, ou Windows pose une question à laquelle vous seul "
      "pouvez répondre. Relancez la tâche ensuite.",
      "No se puede acceder al escritorio: el equipo está bloqueado, o Windows hace una pregunta que solo usted puede "
      "responder. Después vuelva a ejecutar la tarea."},
@@ -124,6 +124,7 @@ constexpr DictionaryRow rows[] = {
     {"Job name", "Name der Aufgabe", "Nom de la tâche", "Nombre de la tarea"},
     {"Countdown period", "Dauer des Countdowns", "Durée du compte à rebours", "Duración de la cuenta atrás"},
 
+    // a second start
     {"Tessarine is running already, but does not answer. Please try again in a moment.",
      "Tessarine läuft bereits, antwortet aber nicht. Bitte versuchen Sie es gleich noch einmal.",
      "Tessarine est déjà lancé, mais ne répond pas. Veuillez réessayer dans un instant.",
@@ -164,7 +165,7 @@ constexpr DictionaryRow rows[] = {
      "anterior"},
     {"The new location cannot be stored in the registry.",
      "Der neue Speicherort kann nicht in der Registrierung gespeichert werden.",
-     "Le nouvel emplacement ne peut pas être inscrit dans le registre.",
+     "Le nouvel emplacement ne peut pas être inscrit dans le Registre.",
      "La nueva ubicación no se puede guardar en el Registro."},
     {"More than one window is called '%1', and none of them stands where it was recorded.",
      "Mehrere Fenster heißen '%1', und keines davon steht dort, wo es aufgezeichnet wurde.",
