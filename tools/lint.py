@@ -149,16 +149,33 @@ class Tidy:
         return found
 
     def _look(self, batch):
+        # One text and not one list of includes: the analyzer follows the paths of the main file's functions alone.
         unit = MEMORY / f"{self.key(batch)}.cpp"
-        unit.write_text("".join(f'#include "{source.path}"  // NOLINT(bugprone-suspicious-include)\n'
-                                for source in batch), encoding="utf-8")
-        flags = self.flags + (self.mingw if batch[0].windows else [])
+        unit.write_text("".join(source.text for source in batch), encoding="utf-8")
+        folders = sorted({f"-iquote{source.path.parent}" for source in batch})
+        flags = self.flags + folders + (self.mingw if batch[0].windows else [])
         try:
             ended = subprocess.run([CLANG_TIDY, "--quiet", str(unit), "--", *flags], cwd=ROOT, capture_output=True,
                                    text=True)
         finally:
             unit.unlink()
-        return "" if ended.returncode == 0 else (ended.stdout or ended.stderr).replace(f"{ROOT}/", "")
+        if ended.returncode == 0:
+            return ""
+        return self._in_the_sources(ended.stdout or ended.stderr, unit, batch).replace(f"{ROOT}/", "")
+
+    @staticmethod
+    def _in_the_sources(found, unit, batch):
+        """The findings with the places where the lines of the unit come from."""
+        def place(match):
+            line = int(match[1])
+            for source in batch:
+                lines = source.text.count("\n")
+                if line <= lines:
+                    return f"{source.path}:{line}:"
+                line -= lines
+            return match[0]
+
+        return re.sub(re.escape(str(unit)) + r":(\d+):", place, found)
 
     def forget_others(self):
         for file in MEMORY.iterdir():
