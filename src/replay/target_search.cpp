@@ -365,12 +365,16 @@ bool Search::FocusIsIn(WindowHandle window) const {
     return BelongsTo(window, FocusedWindow(foreground));
 }
 
-// Whether input for `window` is input for `outer`, in a recording's eyes: a dialog that has a name is a window of its
-// own, although another one owns it.
+// Whether input for `window` is input for `outer`. A dialog is a window of its own, although another one owns it; a
+// popup without a name may have been recorded as a part of its owner, and then its whole chain fits.
 bool Search::BelongsTo(WindowHandle outer, WindowHandle window) const {
     if (outer != target) return Contains(outer, window);
     LiveChain chain(window);
-    return chain.Handle(chain.Depth(ChainLevels)) == outer || chain.Handle(wanted.Depth()) == outer;
+    for (std::int32_t level = 0; chain.Handle(level) != 0; ++level) {
+        if (!IsTopLevel(chain.Handle(level))) continue;
+        return chain.Handle(level) == outer || MatchNames(chain, wanted, similar) >= MatchMoved;
+    }
+    return false;
 }
 
 // --- the last look ---
@@ -395,7 +399,7 @@ Search::Step Search::Confirmed(const WindowSignature& as) {
     RememberTop(liveDepth);
     platform::Pump();
     if (unsettled && !InputArrives()) return NotThere();
-    Meet(target, wanted);
+    Meet(target, wanted, placed.has_value());
     return End(TargetReady);
 }
 

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -39,7 +40,7 @@ struct CaptionAliasTable {
 struct MetTop {
     std::int32_t signature = 0;
     platform::WindowHandle window = 0;
-    platform::WindowPlacement placed;
+    std::optional<platform::WindowPlacement> placed;
 };
 
 struct SearchState {

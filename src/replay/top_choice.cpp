@@ -110,16 +110,16 @@ bool IsTheTop(WindowHandle window, const WantedChain& wanted) {
     return windows.size() < 2 || ChooseFrom(windows, wanted) == window;
 }
 
-void Meet(WindowHandle window, const WantedChain& wanted) {
+void Meet(WindowHandle window, const WantedChain& wanted, bool putInPlace) {
     if (window == 0) return;
     MetTop* met = FindMet(window, wanted.TopIndex());
     if (met == nullptr) met = &searchState.metTops.emplace_back(MetTop{wanted.TopIndex(), window, {}});
-    met->placed = platform::PlacementOf(window);
+    if (putInPlace) met->placed = platform::PlacementOf(window);
 }
 
 bool IsInPlace(WindowHandle window, const WantedChain& wanted) {
     const platform::WindowPlacement standing = platform::PlacementOf(window);
     if (StandsAs(standing, wanted.Top().Placement)) return true;
     const MetTop* const met = FindMet(window, wanted.TopIndex());
-    return met != nullptr && StandsAs(standing, met->placed);
+    return met != nullptr && met->placed && StandsAs(standing, *met->placed);
 }

@@ -18,8 +18,9 @@ bool IsTheTop(platform::WindowHandle window, const WantedChain& wanted);
 
 bool IsTopLevel(platform::WindowHandle window);
 
-// Notes that the top-level window of `wanted` was found in this one, as it stands now.
-void Meet(platform::WindowHandle window, const WantedChain& wanted);
+// Notes that the top-level window of `wanted` was found in this one, and how it stands when it has just been put in
+// place.
+void Meet(platform::WindowHandle window, const WantedChain& wanted, bool putInPlace);
 
 // Whether a window begins at its recorded place, neither minimised nor maximised unless it was, or stands as it did
 // when it was last put there.

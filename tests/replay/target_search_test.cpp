@@ -167,6 +167,9 @@ TEST_F(TargetSearch, AWindowMovedOrMaximisedLaterOnComesBackForAPress) {
     simulated::MoveWindow(editor, {110, 103});
     ExpectReadyAfter(0);
     EXPECT_EQ(simulated::ScreenRectOf(editor).left, 110) << "keys do not mind";
+    request.useFocus = false;
+    ExpectReadyAfter(Placed);
+    EXPECT_EQ(simulated::ScreenRectOf(editor).left, 105) << "and the next press does";
 }
 
 TEST_F(TargetSearch, ACaptionBeyondTheCodePageIsFoundByWhatTheCodePageMakesOfIt) {
@@ -419,6 +422,19 @@ TEST_F(TwinDialogs, TheOneThatStandsAsRecordedIsTaken) {
         request.safetyLevel = SafetyHigh;
         simulated::Destroy(twin);
     }
+}
+
+// A dialog lies over its owner whatever comes forward.
+TEST_F(TwinDialogs, ADialogOverTheTargetIsNotTheTarget) {
+    simulated::MoveWindow(dialog, {110, 110});
+    simulated::Resize(dialog, {300, 300});
+    RecordClick(yes);
+    simulated::SetVisible(dialog, false);
+    RecordClick(button);
+    simulated::SetVisible(dialog, true);
+    request.safetyLevel = SafetyMedium;
+    EXPECT_EQ(Find(), TargetWindowMissing);
+    EXPECT_EQ(reason, "Cannot find window: 'a.txt - Editor'");
 }
 
 TEST_F(TwinDialogs, ThatWasMetBeforeIsKnownAndAStrangerIsNotTaken) {
