@@ -142,7 +142,7 @@ void PressCarefully(const SearchRequest& request) {
     std::string reason;
     platform::MoveCursorTo(PressedAt);
     Search(request);
-    if (CheckDesktop(reason) < 1 || CheckReach(Receiver::Mouse, reason) < 1) std::exit(3);
+    if (CheckDesktop(reason) < 1 || CheckReach(searchState.current, reason) < 1) std::exit(3);
     platform::SendInput(LeftButton(platform::MouseLeftDown));
     platform::SendInput(LeftButton(platform::MouseLeftUp));
 }

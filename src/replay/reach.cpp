@@ -15,14 +15,13 @@ struct DesktopAnswer {
     std::int64_t validUntil = -1;
 } desktopAnswer;
 
+}  // namespace
+
 platform::WindowHandle WindowOf(Receiver receiver) {
     return receiver == Receiver::Keys ? platform::ForegroundWindow() : platform::WindowAt(platform::CursorPosition());
 }
 
-}  // namespace
-
-std::int32_t CheckReach(Receiver receiver, std::string& reason) {
-    const platform::WindowHandle window = WindowOf(receiver);
+std::int32_t CheckReach(platform::WindowHandle window, std::string& reason) {
     if (window == 0 || platform::TakesOurInput(window)) return 1;
     LiveChain chain(window);
     reason = Translate1(

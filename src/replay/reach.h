@@ -11,11 +11,12 @@
 inline constexpr std::int32_t WindowOutOfReach = -7;   // a failed check of one action, like a window that is not found
 inline constexpr std::int32_t DesktopOutOfReach = -8;  // the end of the run
 
-// What gets the keys now, and what gets the buttons of the mouse.
+// What gets the keys now (the window in front), and what gets the buttons of the mouse (the one under the cursor).
 enum class Receiver { Keys, Mouse };
+platform::WindowHandle WindowOf(Receiver receiver);
 
 // 1, or WindowOutOfReach with a `reason` that says what to do.
-std::int32_t CheckReach(Receiver receiver, std::string& reason);
+std::int32_t CheckReach(platform::WindowHandle window, std::string& reason);
 
 // Cheap enough for every event: the system is asked at most every 10 ms.
 bool DesktopReachable();

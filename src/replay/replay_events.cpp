@@ -379,7 +379,9 @@ int Replay::Search(const JobEvent& event, bool useFocus, std::int32_t waitSecond
     const int found = FindTarget(request, job.Windows, job.Chains, reason);
     // While the desktop is away no window is found either; that is the reason to tell.
     if (const std::int32_t desktop = CheckDesktop(reason); desktop < 1) return desktop;
-    return found < 1 ? found : CheckReach(useFocus ? Receiver::Keys : Receiver::Mouse, reason);
+    if (found < 1) return found;
+    // A press goes to the window that has just been confirmed.
+    return CheckReach(useFocus ? WindowOf(Receiver::Keys) : searchState.current, reason);
 }
 
 int Replay::SearchForKeys(const JobEvent& event, std::int32_t waitSeconds) {
@@ -438,7 +440,7 @@ Replay::Ending Replay::CheckKeyWindow(const JobEvent& event) {
 void Replay::SearchForKey(const JobEvent& event) {
     const WindowChain& chain = ChainOf(event);
     if (!ChecksWindows()) {
-        lastResult = CheckReach(Receiver::Keys, reason);
+        lastResult = CheckReach(WindowOf(Receiver::Keys), reason);
     } else if (KeysStillGoTo(chain)) {
         lastResult = 1;
     } else if (lastFailedChain < 0) {
@@ -515,7 +517,7 @@ std::int32_t Replay::RecordedLength(const JobEvent& event, const JobEvent& next)
 
 Replay::Ending Replay::CheckTextWindow(const JobEvent& event) {
     if (!ChecksWindows() || event.WindowChainIndex < 0) {
-        lastResult = CheckReach(Receiver::Keys, reason);
+        lastResult = CheckReach(WindowOf(Receiver::Keys), reason);
     } else if (KeysStillGoTo(ChainOf(event))) {
         lastResult = 1;
     } else {
@@ -653,8 +655,9 @@ Replay::Ending Replay::CheckMouseWindow(const JobEvent& event) {
     if (recorded && LeafOf(event).ClassName == "NetUIHWND") platform::Sleep(PaneDrawing);
     // The wheel goes to the focus, as it was captured; clicks to what is under the cursor, which is in place already.
     const bool useFocus = event.dwFlags() == WheelFlags;
-    lastResult = recorded && ChecksWindows() ? Search(event, useFocus, event.WaitForWindow)
-                                             : CheckReach(useFocus ? Receiver::Keys : Receiver::Mouse, reason);
+    lastResult = recorded && ChecksWindows()
+                     ? Search(event, useFocus, event.WaitForWindow)
+                     : CheckReach(WindowOf(useFocus ? Receiver::Keys : Receiver::Mouse), reason);
     if (lastResult > 0) return std::nullopt;
     if (logged) {
         LogLine("Cannot execute command:");
