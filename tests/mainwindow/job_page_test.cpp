@@ -113,6 +113,21 @@ TEST_F(JobPageRules, SpeakTheLanguage) {
     }
 }
 
+TEST_F(JobPageRules, OfferToSaveWhateverControlWasTouched) {
+    const std::function<void()> touches[] = {
+        [] { SetSpeed(42); },      [] { ClickSkipMoves(true); },    [] { ClickRepeat(false); }, [] { EditRepeat("3"); },
+        [] { SetSafetyLevel(1); }, [] { ClickSimilarNames(true); }, [] { NoteHotkeyChange(); },
+    };
+    for (const auto& touch : touches) {
+        Select("a");
+        Select("b");
+        EXPECT_FALSE(jobPage.button_save_changes);
+        touch();
+        EXPECT_TRUE(jobPage.button_save_changes) << &touch - touches;
+        jobPage.button_save_changes = false;
+    }
+}
+
 TEST_F(JobPageRules, TakeASpeedThatIsTyped) {
     const std::pair<const char*, std::int32_t> cases[] = {{"1", 1},      {" 250 ", 250}, {"1001", 1001},
                                                           {"1002", 100}, {"0", 100},     {"-5", 100},

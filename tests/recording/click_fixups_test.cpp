@@ -100,4 +100,22 @@ TEST_F(ClickFixups, ScrollLockIsALeftButtonWithoutPlaceWindowAndTime) {
     }
 }
 
+// No input of a user should ring these alarms.
+TEST_F(ClickFixups, AFoldThatCannotBeIsTold) {
+    const auto repaired = [](const std::vector<std::int32_t>& flags) {
+        recordingSession.recordingEvents.Reset(100);
+        recordingSession.eventCount = static_cast<std::int32_t>(flags.size());
+        for (std::int32_t i = 0; i < recordingSession.eventCount; ++i) {
+            recordingSession.recordingEvents.NewSlot(i).dwFlags() = flags[static_cast<std::size_t>(i)];
+        }
+        RepairClicks();
+        return NamesOf(recordingSession.recordingEvents.First(recordingSession.eventCount));
+    };
+    EXPECT_THAT(repaired({FirstHalfFlags, 0x8004, FirstHalfFlags, 0x8004, 0x8002, 0x8004, 0x8002}),
+                ElementsAre("Double click", "Double click", "Left down"));
+    EXPECT_THAT(repaired({FirstHalfFlags, 0x8002, 0x8002, 0x8002, 0x8001, 0x8004, 0x8002, 0x8004}),
+                ElementsAre("Double click", "Move"));
+    EXPECT_THAT(Boxes(), ElementsAre("|ovo ne valja", "|ovo fakat ne valja"));
+}
+
 }  // namespace

@@ -288,7 +288,8 @@ TEST_F(RunJobTest, ACancelIsToldInTheListAndInTheLog) {
     settings.Display_Executing_Status = 1;
     InEdit().Click(Left, 300, 300).Wait(5000).Type("a");
     simulated::MeanwhileAt(2000, [] { simulated::UserTaps(27); });
-    EXPECT_EQ(Run(), -2);
+    EXPECT_EQ(Run(LogPath), -2);
+    EXPECT_THAT(Log(), HasSubstr("  Execution of job was canceled by user.\r\n"));
     EXPECT_EQ(statusViewStandIn.list.at(0), "OK   1. MOUSE: Left click at: Untitled - Notepad");
     EXPECT_EQ(statusViewStandIn.list.at(1), "Execution of job was canceled by user");
     EXPECT_EQ(statusViewStandIn.selectedLine, 1);
@@ -404,7 +405,14 @@ TEST_F(RunJobTest, ARunTimeFailureIsLoggedToo) {
     settings.Display_Executing_Status = 1;
     InEdit().Click(Left, 300, 300).KeyUp(300);
     job.Last().KeyCode() = 301;  // a release before all keystroke rows, which the fold passes over
-    EXPECT_THROW(Run(LogPath), RuntimeFailure);
+    std::string told;
+    try {
+        Run(LogPath);
+    } catch (const RuntimeFailure& failure) {
+        told = failure.what();
+    }
+    EXPECT_THAT(told, Not(IsEmpty()));
+    EXPECT_THAT(Log(), HasSubstr("  " + told + "\r\n"));
     EXPECT_TRUE(statusViewStandIn.closeButtonVisible);
     EXPECT_FALSE(statusViewStandIn.barVisible) << "the button stands where the bar was";
     EXPECT_THAT(Log(), HasSubstr("Execution of job failed. Reason: \r\n"));

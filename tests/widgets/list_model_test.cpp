@@ -135,7 +135,7 @@ TEST_F(List, SelectsByAClickOnOneRow) {
     }
 }
 
-TEST_F(List, WalksWithTheArrowsToItsEnds) {
+TEST_F(List, WalksWithTheKeysToItsEnds) {
     list.KeyDown(Down, 0);
     EXPECT_EQ(list.listindex(), 0);
     list.KeyDown(Up, 0);
@@ -144,6 +144,14 @@ TEST_F(List, WalksWithTheArrowsToItsEnds) {
     EXPECT_EQ(list.listindex(), 9);
     EXPECT_EQ(list.ScrollValue(), 5);
     EXPECT_EQ(heard.size(), 10U);
+    constexpr int PageUp = 33, PageDown = 34, End = 35, Home = 36, Left = 37, Right = 39;
+    const std::pair<int, int> walk[] = {{Up, 8},  {PageUp, 3}, {PageUp, 0}, {PageDown, 5},
+                                        {End, 9}, {Home, 0},   {Right, 1},  {Left, 0}};
+    for (const auto& [key, row] : walk) {
+        EXPECT_TRUE(list.KeyDown(key, 0));
+        EXPECT_EQ(list.listindex(), row) << key;
+    }
+    for (const int key : {PageUp - 1, Down + 1}) EXPECT_FALSE(list.KeyDown(key, 0)) << key;
 }
 
 TEST_F(List, TypingFindsTheNextRowInAnyCase) {
