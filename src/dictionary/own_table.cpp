@@ -168,7 +168,7 @@ constexpr DictionaryRow rows[] = {
      "Le nouvel emplacement ne peut pas être inscrit dans le Registre.",
      "La nueva ubicación no se puede guardar en el Registro."},
     {"More than one window is called '%1', and none of them stands where it was recorded.",
-     "Mehrere Fenster heißen '%1', und keines davon steht dort, wo es aufgezeichnet wurde.",
+     "Mehrere Fenster heißen '%1', und keines davon steht dort, wo es aufgenommen wurde.",
      "Plusieurs fenêtres s'appellent '%1', et aucune ne se trouve là où elle a été enregistrée.",
      "Hay más de una ventana llamada '%1' y ninguna está donde se grabó."},
 };
