@@ -26,7 +26,7 @@ def typing_job(stage, notepad, text, name, pause=0):
 @pytest.mark.parametrize("attempt", range(5))
 def test_starts_at_the_same_moment_end_in_one_program(stage, attempt):
     programs = [stage.tessarine() for _ in range(3)]
-    assert wait_for(lambda: sum(program.poll() is not None for program in programs) == 2, 30)
+    assert wait_for(lambda: sum(program.poll() is not None for program in programs) == 2, 60)
     time.sleep(1)
     assert [program.poll() for program in programs].count(0) == 2
     assert wait_for(lambda: len(main_windows(stage)) == 1 and main_windows(stage)[0].visible)
@@ -36,7 +36,7 @@ def test_jobs_of_two_starts_at_the_same_moment_run_one_after_the_other(stage):
     notepad = stage.notepad()
     paths = [typing_job(stage, notepad, letter * 10, f"job_{letter}") for letter in "ab"]
     programs = [stage.tessarine("-run", path) for path in paths]
-    assert [program.wait(60) for program in programs] == [0, 0]
+    assert [program.wait(90) for program in programs] == [0, 0]
     assert wait_for(lambda: len(notepad.text) == 20, 20), notepad.text
     assert notepad.text in ("a" * 10 + "b" * 10, "b" * 10 + "a" * 10)
     assert wait_for(lambda: not main_windows(stage)), "nobody asked for a program that stays"
@@ -54,7 +54,7 @@ def test_a_start_during_a_box_of_the_first(stage, person):
         return next((window for window in stage.probe.windows() if window.class_name == "#32770" and window.visible
                      and window.caption == "Tessarine"), None)
 
-    told = wait_for(box)
+    told = wait_for(box, 60)
     assert told and "settings (kept).binary" in stage.box_text(told)
     stage.wine.screenshot(OUT / "test" / "settings_kept.png")
     second = stage.tessarine("-run", path)
@@ -107,7 +107,7 @@ def temporary_of(folder, process):
 def test_leftovers_of_killed_saves(stage, person):
     notepad = stage.notepad()
     killed = stage.tessarine()
-    assert wait_for(stage.main_window)
+    assert wait_for(stage.main_window, 60)
     dead, alive = (temporary_of(person.folder, window.process) for window in (stage.main_window(), notepad.top))
     stage.end(killed)
     assert wait_for(lambda: not stage.main_window())
