@@ -113,11 +113,19 @@ bool IsDown(std::int32_t keyState) {
     return (keyState & platform::KeyUp) == 0;
 }
 
-// A key on a box of our own, or its release, which can come after the box has closed.
+// A key on a box of our own, or its release, which can come after the box has closed. A key that was recorded as it
+// went down, before the box came, comes up in the recording, too: no job may hold a key for ever.
 bool IsLeftOut(std::uint32_t virtualKey, std::int32_t state) {
     bool& leftOut = CheckedAt(recordingSession.keyLeftOut, virtualKey, "Key code");
-    if (!IsDown(state)) return std::exchange(leftOut, false);
-    return leftOut = IsForOwnBox(true);
+    bool& recorded = CheckedAt(recordingSession.keyRecorded, virtualKey, "Key code");
+    if (!IsDown(state)) {
+        recorded = false;
+        return std::exchange(leftOut, false);
+    }
+    const bool out = IsForOwnBox(true);
+    recorded = recorded || !out;
+    leftOut = out && !recorded;
+    return out;
 }
 
 void NoteKey(bool& down, std::int32_t state) {

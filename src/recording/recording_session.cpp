@@ -94,6 +94,7 @@ void ResetSession(std::int64_t startTick, std::int32_t capacity) {
     session.pausedTotalMs = 0;
     session.scrollLockLeftDown = false;
     session.keyLeftOut = {};
+    session.keyRecorded = {};
     session.buttonsLeftOut = 0;
     session.outOfMemory = false;
     session.hookBusy = false;
@@ -169,9 +170,20 @@ std::string Rescue(session_view::ListOfJobs list) {
     return recordingSession.eventCount > 0 ? session_view::SaveRecovered(list) : std::string();
 }
 
+void TellWhyItEnded() {
+    if (!recordingSession.outOfMemory) return;
+    platform::ShowBox(
+        Translate("There is no memory left to go on recording. What was recorded until now can be saved."), ProductName,
+        platform::BoxIcon::Error);
+}
+
 // A form that cannot be shown must not cost the user what was recorded.
 void HandOverOrRescue() {
     try {
+        session_view::ShowMainWindow();
+        platform::Pump();
+        platform::Pump();
+        TellWhyItEnded();
         HandOver();
     } catch (const std::exception& failure) {
         const std::string name = Rescue(session_view::ListOfJobs::Shown);
@@ -180,13 +192,6 @@ void HandOverOrRescue() {
             failure.what() + std::string(LineBreak) + Translate1("What was recorded is saved as '%1'.", name),
             ProductName, platform::BoxIcon::Error);
     }
-}
-
-void TellWhyItEnded() {
-    if (!recordingSession.outOfMemory) return;
-    platform::ShowBox(
-        Translate("There is no memory left to go on recording. What was recorded until now can be saved."), ProductName,
-        platform::BoxIcon::Error);
 }
 
 void TakeWhatWasCaptured() {
@@ -213,10 +218,6 @@ void Finish() {
     CeaseCapture();
     UnloadRecordingStatus();
     TakeWhatWasCaptured();
-    session_view::ShowMainWindow();
-    platform::Pump();
-    platform::Pump();
-    TellWhyItEnded();
     HandOverOrRescue();
 }
 
@@ -262,7 +263,7 @@ void StartRecording() {
 
 void StartInsertRecording(std::int64_t startTick, std::vector<WindowSignature> windows,
                           std::vector<WindowChain> chains) {
-    if (platform::MouseHookInstalled() || platform::KeyboardHookInstalled()) {
+    if (platform::MouseHookInstalled() || platform::KeyboardHookInstalled() || RecordingActive()) {
         platform::ShowBox("Greska! MouseHook <> 0 i KeyboardHook <>0", ProductName);
         return;
     }

@@ -47,9 +47,10 @@ struct RecordingSession {
     platform::Size screen;             // as it was at the start
     bool scrollLockLeftDown = false;
 
-    // What went down on a box of our own comes up unrecorded, too.
-    std::array<bool, 301> keyLeftOut{};  // by virtual key
-    std::int32_t buttonsLeftOut = 0;     // the flags of their releases
+    // What goes down on a box of our own comes up unrecorded, too.
+    std::array<bool, 301> keyLeftOut{};   // by virtual key
+    std::array<bool, 301> keyRecorded{};  // as it went down
+    std::int32_t buttonsLeftOut = 0;      // the flags of their releases
 
     bool outOfMemory = false;          // which is why it ended
     std::int32_t capsLockAtStart = 0;  // the raw value of GetKeyState(VK_CAPITAL)

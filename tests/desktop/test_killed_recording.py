@@ -90,3 +90,49 @@ def test_input_that_no_hook_heard_is_told(stage, person):
     job = read_job(person.saves_job_as("gap"))
     assert typed(job) == "ABCHIJ"
     assert notepad.holds("abcdhij")
+
+
+def test_the_end_of_windows_keeps_a_recording(stage, person):
+    """As when the user logs off: Windows asks, is not held up, and says that it ends."""
+    notepad_in_front(stage)
+    program = person.start_program()
+    starts_recording(person)
+    clicks_into_notepad(person)
+    person.types("abc")
+    main = stage.main_window().handle
+    assert stage.probe.ask("send", main, 0x11, 0, 0) == 1, "WM_QUERYENDSESSION"
+    stage.probe.ask("post", main, 0x16, 1, 0)  # WM_ENDSESSION
+    assert wait_for(lambda: program.poll() is not None, 20)
+    [recovered] = person.folder.glob("Recovered *.tsj")
+    assert typed(read_job(recovered)) == "ABC"
+    person.start_program()
+    assert person.text_of("job_page_lista_jobs").startswith(recovered.stem)
+
+
+def test_a_box_of_ours_is_no_part_of_a_recording(stage, person):
+    """The box that refuses a horizontal wheel is closed by a click, and then by a key."""
+    sideways = 7
+    notepad_in_front(stage)
+    person.start_program()
+    starts_recording(person)
+    clicks_into_notepad(person)
+    person.types("a")
+
+    def click_its_button(box):
+        button = next(child for child in stage.children(box) if child.class_name == "Button")
+        left, top, right, bottom = button.rect
+        person.hands.click((left + right) // 2, (top + bottom) // 2)
+
+    for close in (click_its_button, lambda _: person.presses("Return")):
+        clicks_into_notepad(person)
+        person.hands.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, sideways)
+        box = person.box("Unknown mouse event")
+        time.sleep(0.3)
+        close(box)
+        assert wait_for(lambda: stage.box("Unknown mouse event") is None)
+    clicks_into_notepad(person)
+    person.types("b")
+    person.presses("Pause")
+    job = read_job(person.saves_job_as("boxes"))
+    assert typed(job) == "AB"
+    assert job.targets() == {"Untitled - Notepad"}

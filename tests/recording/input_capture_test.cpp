@@ -131,6 +131,19 @@ TEST_F(InputCapture, WhatTheUserDoesToABoxOfOursIsNoPart) {
     EXPECT_THAT(Captured(), ElementsAre("0", "Move", "Move", "\x27 down", "\x27 up", "Move", "Left down", "Left up"));
 }
 
+// Its repeats go to the box and are left out, and its release is not.
+TEST_F(InputCapture, AKeyThatIsHeldWhenABoxComesIsNotHeldForEver) {
+    for (const std::uint32_t extended : {0U, 1U}) {
+        Key('A', extended);
+        simulated::AnswerNextBox({.whileOpen = [extended] {
+            Key('A', extended);
+            Key('A', extended | 0x80);
+        }});
+        platform::ShowBox("", "");
+    }
+    EXPECT_THAT(Captured(), ElementsAre("A down", "A up", "A down", "A up"));
+}
+
 TEST_F(InputCapture, TheStopKeyWorksInABoxOfOurs) {
     simulated::AnswerNextBox({.whileOpen = [] { simulated::UserTaps(PauseBreak); }});
     platform::ShowBox("", "");
