@@ -126,6 +126,9 @@ void ReleaseStuckKeys() noexcept {
         down = false;
         try {
             platform::SendInput(KeyboardRecord(virtualKey, platform::KeyUp));
+            // Right Ctrl and right Alt are extended keys: the plain release may have been taken for that of the left.
+            const bool stays = platform::AsyncKeyState(virtualKey) < 0;
+            if (stays) platform::SendInput(KeyboardRecord(virtualKey, platform::KeyUp + platform::KeyExtended));
         } catch (...) {
             continue;
         }

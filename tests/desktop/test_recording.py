@@ -166,7 +166,7 @@ def test_names_that_no_file_can_have(stage, person):
 def find_question(person):
     """The question behind Esc has the form's own title."""
     return next((box for box in person.probe.windows() if box.class_name == "#32770" and box.caption == "Save Job As"
-                 and person.stage.box_text(box) == "Save?"), None)
+                 and person.stage.box_text(box).endswith("Do you want to save it?")), None)
 
 
 def test_leaving_loses_no_recording(stage, person):
@@ -180,7 +180,12 @@ def test_leaving_loses_no_recording(stage, person):
     time.sleep(0.3)
     person.types("kept")
     person.presses("Escape")
-    assert wait_for(lambda: find_question(person)), "Save?"
+    assert wait_for(lambda: find_question(person))
+    person.presses("Escape")
+    assert wait_for(lambda: not find_question(person))
+    assert person.text_of("Save_As_Form_name") == "kept", "a way back"
+    person.presses("Escape")
+    assert wait_for(lambda: find_question(person))
     person.presses("Return")
     person.waits_for_end_of("Save_As_Form_name")
     assert [key for key in read_job(person.folder / "kept.tsj").keys() if key[0] == ord("A")]
