@@ -148,8 +148,13 @@ bool ExecutingForm::OnClicked(int id) {
     return id == IDCANCEL;
 }
 
+// A move that was on its way when the window dodged tells of where it stood before: it must not bring it back.
 void ExecutingForm::OnMouseMove() {
-    if (dodging) Premjesti(false);
+    RECT place{};
+    POINT pointer{};
+    GetWindowRect(Window(), &place);
+    GetCursorPos(&pointer);
+    if (dodging && PtInRect(&place, pointer)) Premjesti(false);
 }
 
 // True when the list itself is not to see the message. During a run a click would take the focus away from the target,
