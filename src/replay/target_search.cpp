@@ -403,6 +403,14 @@ Search::Step Search::Confirmed(const WindowSignature& as) {
     return End(TargetReady);
 }
 
+// Labels let the mouse through to what lies behind them in the same window.
+bool LiesBehindLabel(WindowHandle element, WindowHandle hit) {
+    if (platform::ClassOf(hit) != "Static" || platform::ParentOf(hit) != platform::ParentOf(element)) return false;
+    const platform::Rect label = platform::PlacementOf(hit).rcNormalPosition;
+    const platform::Rect place = platform::PlacementOf(element).rcNormalPosition;
+    return label.left < place.right && place.left < label.right && label.top < place.bottom && place.top < label.bottom;
+}
+
 // Whether input reaches the target as things are now. Something may have come in between while it was put in place, and
 // a window in front can have another element under the cursor or in the focus.
 bool Search::InputArrives() {
@@ -413,7 +421,8 @@ bool Search::InputArrives() {
         return false;
     }
     const WindowHandle hit = platform::WindowAt(platform::CursorPosition());
-    return IsHigh() ? hit == reached : BelongsTo(reached, hit);
+    if (!IsHigh()) return BelongsTo(reached, hit);
+    return hit == reached || LiesBehindLabel(reached, hit);
 }
 
 // The right name in the right place, but not the target. The limit counts all misses and no time.
