@@ -116,7 +116,7 @@ def test_without_a_guard_they_stay_down_and_a_second_run_gets_a_second_guard(sta
     os.kill(first, signal.SIGKILL)
     assert wait_for(lambda: guards(stage) == [])
     stage.hands.tap("Escape")
-    assert wait_for(lambda: keys_down(stage) == []), "the run releases what it held, guard or not"
+    assert wait_for(lambda: keys_down(stage) == []), (keys_down(stage), stage.status_lines())
     assert wait_for(lambda: (lines := stage.status_lines()) and "Execution of job was canceled by user" in lines)
 
     stage.tessarine("-run", path)  # handed over to the first
