@@ -63,13 +63,6 @@ std::string SafetyParagraphs() {
     return text;
 }
 
-// What is typed by the user keeps its caret when it stays as it was.
-void ShowTyped(HWND box, const std::string& text) {
-    if (WindowText(box) == text) return;
-    SetWindowTextA(box, text.c_str());
-    SendMessageA(box, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
-}
-
 // The box of one key of the hotkey.
 Member KeyOfHotkey(bool& value) {
     return Tick(value, [&value](bool ticked) {

@@ -16,18 +16,17 @@ bool TickOf(HWND control) {
     return SendMessageA(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
-// What is typed by the user keeps its caret when it stays as it was.
-void ShowTyped(HWND control, const std::string& text) {
-    if (WindowText(control) == text) return;
-    SetWindowTextA(control, text.c_str());
-    SendMessageA(control, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
-}
-
 std::int32_t SliderPlace(HWND slider) {
     return static_cast<std::int32_t>(SendMessageA(slider, TBM_GETPOS, 0, 0));
 }
 
 }  // namespace
+
+void ShowTyped(HWND control, const std::string& text) {
+    if (WindowText(control) == text) return;
+    SetWindowTextA(control, text.c_str());
+    SendMessageA(control, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
+}
 
 Member Tick(bool& value, std::function<void(bool)> changed) {
     if (!changed) changed = [&value](bool ticked) { value = ticked; };

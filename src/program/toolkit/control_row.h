@@ -53,6 +53,9 @@ Member Shown(FormText text);
 // A text box; what is typed is taken as it is typed.
 Member Typed(std::string& value, std::function<void(const std::string&)> changed = nullptr);
 
+// Shows a text in a box. What is typed by the user keeps its caret when it stays as it was.
+void ShowTyped(HWND box, const std::string& text);
+
 // A slider; a list to choose from, by the place in it.
 Member Slider(std::int32_t& value, std::function<void(std::int32_t)> changed);
 Member Choice(int& place, std::function<void()> changed = nullptr);
