@@ -34,6 +34,24 @@ void CloseDoor();
 bool SendCopyData(WindowHandle window, const std::string& bytes);
 bool SendPlainMessage(WindowHandle window, unsigned message);
 
+// A named event: the first instance has begun what a second start of this process's kind sent to it. Should it end in
+// the middle, the second knows that it must not be begun again. Lives with the second start's wait.
+class BegunSign {
+public:
+    explicit BegunSign(const std::string& commandLine);
+    BegunSign(const BegunSign&) = delete;
+    BegunSign& operator=(const BegunSign&) = delete;
+    ~BegunSign();
+
+    bool IsSet() const;
+
+private:
+    void* event;
+};
+
+// Sets the sign of those that wait for this command line, if any does.
+void TellBegun(const std::string& commandLine);
+
 // ReplyMessage: whoever waits for the message that is being dealt with now goes on, as if that were done. For a process
 // that ends because of it. Nothing happens outside of such a message.
 void ReplyToSender();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "identity/live_chain.h"
 #include "platform/clock.h"
 #include "platform/input.h"
 #include "platform/window_services.h"
@@ -21,6 +22,16 @@ bool WithinReach(std::int32_t a, std::int32_t b, std::int32_t size) {
     return 2 * std::abs(std::int64_t{a} - b) <= size;
 }
 
+// Of a window and all that it lies in.
+std::vector<platform::WindowPlacement> PlacementsFrom(platform::WindowHandle window) {
+    std::vector<platform::WindowPlacement> placements;
+    LiveChain chain(window);
+    for (std::int32_t level = 0; chain.Handle(level) != 0; ++level) {
+        placements.push_back(platform::PlacementOf(chain.Handle(level)));
+    }
+    return placements;
+}
+
 }  // namespace
 
 std::int32_t ClickSpacing::HoldBack(const JobEvent& event) {
@@ -32,6 +43,7 @@ std::int32_t ClickSpacing::HoldBack(const JobEvent& event) {
     next.window = platform::WindowAt(next.position);
     if (!last || !OnOneSpot(*last, next)) return 0;
     if (last->pass == pass && !RecordedApart(last->recordedMs, next.recordedMs)) return 0;
+    next.placements = PlacementsFrom(next.window);
     const std::int64_t earliest =
         last->sentAt + (platform::DoubleClickTime() + TickStepMs) * MicrosecondsPerMs + MicrosecondsPerMs - 1;
     return static_cast<std::int32_t>(
@@ -39,7 +51,8 @@ std::int32_t ClickSpacing::HoldBack(const JobEvent& event) {
 }
 
 bool ClickSpacing::NothingMoved() const {
-    return platform::CursorPosition() == next.position && platform::WindowAt(next.position) == next.window;
+    return platform::CursorPosition() == next.position && platform::WindowAt(next.position) == next.window &&
+           PlacementsFrom(next.window) == next.placements;
 }
 
 void ClickSpacing::Sent() {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "jobs/job_records.h"
 #include "platform/types.h"
@@ -19,7 +20,8 @@ public:
     // recorded as close together as a double click is.
     std::int32_t HoldBack(const JobEvent& event);
 
-    // Whether cursor and window are still those that the last HoldBack saw.
+    // Whether cursor and window are still those that the last HoldBack saw, and where it saw them. For a press that it
+    // told to wait.
     bool NothingMoved() const;
 
     // The press of the last HoldBack went out just now.
@@ -33,7 +35,8 @@ private:
         std::int32_t recordedMs = 0;  // of a double click, when its first half was pressed
         platform::Point position;
         platform::WindowHandle window = 0;
-        std::int64_t sentAt = 0;  // microseconds
+        std::vector<platform::WindowPlacement> placements;  // of the window and its parents, where it has to wait
+        std::int64_t sentAt = 0;                            // microseconds
     };
 
     static bool OnOneSpot(const Press& a, const Press& b);

@@ -372,7 +372,8 @@ bool Search::BelongsTo(WindowHandle outer, WindowHandle window) const {
     LiveChain chain(window);
     for (std::int32_t level = 0; chain.Handle(level) != 0; ++level) {
         if (!IsTopLevel(chain.Handle(level))) continue;
-        return chain.Handle(level) == outer || MatchNames(chain, wanted, similar) >= MatchMoved;
+        if (chain.Handle(level) == outer) return true;
+        return chain.Handle(wanted.Depth()) == outer && MatchNames(chain, wanted, similar) >= MatchMoved;
     }
     return false;
 }
@@ -399,7 +400,7 @@ Search::Step Search::Confirmed(const WindowSignature& as) {
     RememberTop(liveDepth);
     platform::Pump();
     if (unsettled && !InputArrives()) return NotThere();
-    Meet(target, wanted, placed.has_value());
+    Meet(target, wanted, placed);
     return End(TargetReady);
 }
 
@@ -417,8 +418,9 @@ bool Search::InputArrives() {
     const WindowHandle reached = IsHigh() ? searchState.current : target;
     if (request.useFocus) return FocusIsIn(reached);
     // Some windows go on to another place by themselves; they are not put back for ever.
-    if (IsHigh() && placed && !StandsAs(platform::PlacementOf(target), *placed) && ++restless <= RestlessLimit) {
-        return false;
+    if (const auto standing = platform::PlacementOf(target); IsHigh() && placed && !StandsAs(standing, *placed)) {
+        if (++restless <= RestlessLimit) return false;
+        placed = standing;
     }
     const WindowHandle hit = platform::WindowAt(platform::CursorPosition());
     if (!IsHigh()) return BelongsTo(reached, hit);

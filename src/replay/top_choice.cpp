@@ -110,11 +110,11 @@ bool IsTheTop(WindowHandle window, const WantedChain& wanted) {
     return windows.size() < 2 || ChooseFrom(windows, wanted) == window;
 }
 
-void Meet(WindowHandle window, const WantedChain& wanted, bool putInPlace) {
+void Meet(WindowHandle window, const WantedChain& wanted, const std::optional<platform::WindowPlacement>& placed) {
     if (window == 0) return;
     MetTop* met = FindMet(window, wanted.TopIndex());
     if (met == nullptr) met = &searchState.metTops.emplace_back(MetTop{wanted.TopIndex(), window, {}});
-    if (putInPlace) met->placed = platform::PlacementOf(window);
+    if (placed) met->placed = placed;
 }
 
 bool IsInPlace(WindowHandle window, const WantedChain& wanted) {

@@ -3,6 +3,7 @@
 // the only one. When that leaves several, none is taken: the wrong one would be worse. Never pumps.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/types.h"
@@ -18,9 +19,10 @@ bool IsTheTop(platform::WindowHandle window, const WantedChain& wanted);
 
 bool IsTopLevel(platform::WindowHandle window);
 
-// Notes that the top-level window of `wanted` was found in this one, and how it stands when it has just been put in
-// place.
-void Meet(platform::WindowHandle window, const WantedChain& wanted, bool putInPlace);
+// Notes that the top-level window of `wanted` was found in this one, and how it stood when it had just been put in
+// place. (Not how it stands now: somebody may have moved it since.)
+void Meet(platform::WindowHandle window, const WantedChain& wanted,
+          const std::optional<platform::WindowPlacement>& placed);
 
 // Whether a window begins at its recorded place, neither minimised nor maximised unless it was, or stands as it did
 // when it was last put there.

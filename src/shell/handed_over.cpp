@@ -24,6 +24,7 @@ void Show() {
 }
 
 void Do(const std::string& commandLine) {
+    platform::TellBegun(commandLine);
     if (Trim(commandLine).empty()) return Show();
     HandleCommandParameter(commandLine, true);
 }

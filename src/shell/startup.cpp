@@ -66,13 +66,14 @@ void TellNoAnswer() {
 }
 
 // Two starts at the same moment end in one program: the second knocks until the first has taken what it brings. If the
-// first ends instead, this one takes its place. A running instance of another version has another name, and this one
-// goes on beside it.
+// first ends instead, this one takes its place; but a job that the first had begun is not run a second time. A running
+// instance of another version has another name, and this one goes on beside it.
 bool HandedOverToFirst() {
     const std::int64_t deadline = platform::TickCount() + LongestSilenceMs;
+    const platform::BegunSign begun(platform::CommandLineText());
     while (platform::AnotherInstanceRuns(MainCaption())) {
         const platform::WindowHandle first = FirstInstance();
-        if (first > 0 && Send(first)) return true;
+        if (first > 0 && (Send(first) || begun.IsSet())) return true;
         if (platform::TickCount() >= deadline) {
             TellNoAnswer();
             return true;

@@ -173,6 +173,19 @@ TEST(Instances, TheDoorTakesMessagesUntilItIsClosed) {
     platform::CloseDoor();
 }
 
+TEST(Instances, TheSecondIsToldThatTheFirstHasBegun) {
+    const std::string commandLine = "-run C:\\my job.tsj";
+    platform::TellBegun(commandLine);
+    for (int start = 0; start < 2; ++start) {
+        const platform::BegunSign sign(commandLine);
+        EXPECT_FALSE(sign.IsSet());
+        platform::TellBegun("-run C:\\another.tsj");
+        EXPECT_FALSE(sign.IsSet());
+        platform::TellBegun(commandLine);
+        EXPECT_TRUE(sign.IsSet());
+    }
+}
+
 TEST(Instances, BytesReachTheOtherWindow) {
     OtherProgram program;
     const WindowHandle window = program.Add({.caption = ""});

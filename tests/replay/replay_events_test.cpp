@@ -191,10 +191,20 @@ TEST_F(ReplayEventsTest, TheDoubleClickTimeIsThatOfThisSystem) {
 TEST_F(ReplayEventsTest, APressThatIsHeldBackIsCheckedAgainAndCanBeCanceled) {
     job.Header().SpeedPercent = MaximumSpeed;
     InEdit().At(0).Click(Left, 300, 300).At(2000).Click(Left, 300, 300);
-    simulated::MeanwhileAt(800, [&] { simulated::Cover(notepad); });
-    EXPECT_EQ(Replay(), 1);
-    EXPECT_EQ(Actions(platform::MouseLeftDown).back().window, edit) << "not what came to lie over it meanwhile";
-    simulated::ClearJournals();
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"what came to lie over it meanwhile", [&] { simulated::Cover(notepad); }},
+        {"its window was moved, with the cursor still in it", [&] {
+             simulated::MoveWindow(notepad, {150, 130});
+         }}};
+    for (const auto& [what, change] : changes) {
+        simulated::MeanwhileAfter(800, change);
+        EXPECT_EQ(Replay(), 1);
+        const auto downs = Actions(platform::MouseLeftDown);
+        EXPECT_EQ(downs.back().window, edit) << what;
+        EXPECT_EQ(downs.back().place, downs.front().place) << what;
+        simulated::ClearJournals();
+        platform::Sleep(1000);
+    }
     simulated::UserHoldsEscapeFrom(platform::TickCount() + 700, platform::TickCount() + 720);
     EXPECT_EQ(Replay(), ReplayCanceled);
     EXPECT_EQ(Pairing(), "1") << "and it does not pair with the run before";

@@ -170,6 +170,15 @@ TEST_F(TargetSearch, AWindowMovedOrMaximisedLaterOnComesBackForAPress) {
     request.useFocus = false;
     ExpectReadyAfter(Placed);
     EXPECT_EQ(simulated::ScreenRectOf(editor).left, 105) << "and the next press does";
+
+    ResetSearch();
+    RecordKeys(button);
+    simulated::MeanwhileAfter(100, [&] { simulated::MoveWindow(editor, {300, 150}); });
+    ExpectReadyAfter(Placed);
+    request.useFocus = false;
+    FindOnce();
+    EXPECT_EQ(simulated::ScreenRectOf(editor).left, 105)
+        << "moved in the pause of a search for keys, it is not in place";
 }
 
 TEST_F(TargetSearch, ACaptionBeyondTheCodePageIsFoundByWhatTheCodePageMakesOfIt) {
@@ -263,6 +272,14 @@ TEST_F(TargetSearch, MediumIsContentWithTheTopLevelWindow) {
     ExpectReadyAfter(Placed);
     EXPECT_EQ(platform::ForegroundWindow(), editor);
     EXPECT_EQ(searchState.current, editor);
+
+    request.waitSeconds = 10;
+    const WindowHandle twin = AddWindow(editorSpec);
+    AddWindow(ButtonIn(AddWindow(PanelIn(twin))));
+    simulated::MoveWindow(twin, {120, 120});
+    simulated::MeanwhileAfter(Placed / 2, [&] { simulated::MoveWindow(editor, {800, 100}); });
+    FindOnce();
+    EXPECT_EQ(platform::WindowAt(platform::CursorPosition()), panel) << "and not its twin, which came to light";
 }
 
 TEST_F(TargetSearch, KeysGetTheirFocusBack) {

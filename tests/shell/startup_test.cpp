@@ -139,6 +139,25 @@ TEST_F(Start, TakesThePlaceOfAFirstThatEndsMeanwhile) {
     EXPECT_TRUE(WasCalled("RunJob C:\\a.tsj"));
 }
 
+TEST_F(Start, DoesNotRunAJobAgainThatTheFirstHadBegunWhenItEnded) {
+    for (const bool hadBegun : {true, false}) {
+        simulated::SetCommandLine("-run C:\\a.tsj");
+        const platform::WindowHandle first = FirstInstance();
+        simulated::OnMessage(first, [&](const simulated::Message&) {
+            if (hadBegun) platform::TellBegun("-run C:\\a.tsj");
+            simulated::Destroy(first);
+            simulated::LetAnotherInstanceRun(MainCaption(), false);
+        });
+        if (hadBegun) {
+            EXPECT_FALSE(Main());
+            ExpectNothingPrepared();
+        } else {
+            EXPECT_THROW(Main(), ProcessEnded);
+            EXPECT_TRUE(WasCalled("RunJob C:\\a.tsj"));
+        }
+    }
+}
+
 TEST_F(Start, TellsOfAFirstThatDoesNotAnswerAndEnds) {
     simulated::LetAnotherInstanceRun(MainCaption());
     EXPECT_FALSE(Main());

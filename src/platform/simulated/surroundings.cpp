@@ -6,6 +6,7 @@
 #include <deque>
 #include <map>
 #include <set>
+#include <utility>
 
 #include "platform/guard.h"
 #include "platform/hotkeys.h"
@@ -57,6 +58,7 @@ struct Surroundings {
     std::set<std::string> otherInstances;
     WindowHandle door = 0;
     int repliesToSenders = 0;
+    std::pair<std::string, bool> begun;  // what a second start waits for, and whether it has begun
     std::set<WindowHandle> mayComeForward;
     std::vector<SentMessage> sent;
 
@@ -96,7 +98,7 @@ bool Send(WindowHandle window, const Message& message) {
     if (reactions == nullptr || !reactions->procedure || IsHung(receiver->spec.thread)) return true;
     const auto procedure = reactions->procedure;
     procedure(message);
-    return true;
+    return Find(window) != nullptr;
 }
 
 }  // namespace
@@ -313,6 +315,23 @@ bool SendCopyData(WindowHandle window, const std::string& bytes) {
 
 bool SendPlainMessage(WindowHandle window, unsigned message) {
     return simulated::Send(window, {message, 1, 0});
+}
+
+// One second start at a time is enough here.
+BegunSign::BegunSign(const std::string& commandLine) : event(nullptr) {
+    State().begun = {commandLine, false};
+}
+
+BegunSign::~BegunSign() {
+    State().begun = {};
+}
+
+bool BegunSign::IsSet() const {
+    return State().begun.second;
+}
+
+void TellBegun(const std::string& commandLine) {
+    if (commandLine == State().begun.first) State().begun.second = true;
 }
 
 void ReplyToSender() {

@@ -1,5 +1,7 @@
 #include "platform/instances.h"
 
+#include <functional>
+#include <string>
 #include <utility>
 
 #include "win32/failure_guard.h"
@@ -32,6 +34,12 @@ struct Door {
     std::function<void(const SentMessage&)> take;
 };
 Door door;
+
+// A name of the system's objects has no backslash and a limited length, so the command line's hash stands for it: at
+// worst, two starts at one moment take one another's sign for their own.
+std::string SignName(const std::string& commandLine) {
+    return "Local\\TessarineBegun " + std::to_string(std::hash<std::string>{}(commandLine));
+}
 
 bool IsSent(UINT message) {
     return message == WM_COPYDATA || message > 0xFFFF;  // what no part of the system uses
@@ -91,6 +99,22 @@ bool SendCopyData(WindowHandle window, const std::string& bytes) {
 
 bool SendPlainMessage(WindowHandle window, unsigned message) {
     return Send(window, message, 0);
+}
+
+BegunSign::BegunSign(const std::string& commandLine)
+    : event(CreateEventA(nullptr, TRUE, FALSE, SignName(commandLine).c_str())) {}
+
+BegunSign::~BegunSign() {
+    if (event != nullptr) CloseHandle(event);
+}
+
+bool BegunSign::IsSet() const {
+    return event != nullptr && WaitForSingleObject(event, 0) == WAIT_OBJECT_0;
+}
+
+void TellBegun(const std::string& commandLine) {
+    const OwnedHandle event(OpenEventA(EVENT_MODIFY_STATE, FALSE, SignName(commandLine).c_str()));
+    if (event.Get() != nullptr) SetEvent(event.Get());
 }
 
 void ReplyToSender() {
