@@ -4,8 +4,8 @@
 set -uo pipefail
 cd "$(dirname "$0")/.." || exit
 tools/set_up.sh windows native desktop || exit 1
-tools/build.sh native || exit 1
-tools/build.sh windows || exit 1
+tools/build.sh native benches || exit 1
+tools/build.sh windows all benches || exit 1
 failed=0
 for benchmark in out/build/native/bench/*_bench; do
     "$benchmark" || failed=1

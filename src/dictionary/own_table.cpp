@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr DictionaryRow rows[] = {
+constexpr DictionaryRow ownRows[] = {
     // keys: by the names that stand on the keyboards of the countries
     {"Shift", "Umschalt", "Maj", "Mayús"},
     {"Alt", "Alt", "Alt", "Alt"},
@@ -176,5 +176,5 @@ constexpr DictionaryRow rows[] = {
 }  // namespace
 
 std::span<const DictionaryRow> OwnRows() {
-    return rows;
+    return ownRows;
 }

@@ -7,15 +7,20 @@
 namespace {
 
 constexpr std::int64_t LongestHoldMs = 2000;
-constexpr std::int64_t PauseMs = 20;
+constexpr std::int64_t HoldPauseMs = 20;
 
 }  // namespace
 
-platform::File OpenOnceFree(const std::string& path) {
+void WaitWhileHeld(const std::function<bool()>& isHeld) {
     const std::int64_t deadline = platform::TickCount() + LongestHoldMs;
-    for (;;) {
-        platform::File file = platform::File::OpenForReading(path);
-        if (file.Found() != platform::FileState::Held || platform::TickCount() >= deadline) return file;
-        platform::Sleep(PauseMs);
-    }
+    while (isHeld() && platform::TickCount() < deadline) platform::Sleep(HoldPauseMs);
+}
+
+platform::File OpenOnceFree(const std::string& path) {
+    platform::File file;
+    WaitWhileHeld([&] {
+        file = platform::File::OpenForReading(path);
+        return file.Found() == platform::FileState::Held;
+    });
+    return file;
 }

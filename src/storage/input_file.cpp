@@ -9,7 +9,7 @@
 namespace {
 
 // Large enough that the calls do not count, small enough to stay in the processor's cache.
-constexpr std::int64_t BlockSize = 128LL * 1024;
+constexpr std::int64_t ReadBlockSize = 128LL * 1024;
 
 [[noreturn]] void FailWithSystemWords(const std::string& path) {
     throw RuntimeFailure(FailureKind::File, "The file '" + path + "' cannot be read. " + platform::LastFileError());
@@ -21,7 +21,7 @@ InputFile::InputFile(const std::string& filePath) : path(filePath), file(OpenOnc
     if (file.IsOpen()) length = file.Length();
     if (!file.IsOpen() || length < 0) FailWithSystemWords(path);
     unread = length;
-    block.resize(static_cast<std::size_t>(std::min(length, BlockSize)));
+    block.resize(static_cast<std::size_t>(std::min(length, ReadBlockSize)));
     next = end = block.data();
 }
 

@@ -1,14 +1,10 @@
 #include "storage/kept_file.h"
 
-#include <cstdint>
-
-#include "platform/clock.h"
 #include "platform/files.h"
+#include "storage/held_file.h"
 
 namespace {
 
-constexpr std::int64_t LongestHoldMs = 2000;
-constexpr std::int64_t PauseMs = 20;
 constexpr int MostKept = 1000;
 
 std::string OtherName(const std::string& path, int number) {
@@ -31,12 +27,11 @@ std::optional<std::string> FreeName(const std::string& path) {
 std::optional<std::string> KeepUnderAnotherName(const std::string& path) {
     const std::optional<std::string> name = FreeName(path);
     if (!name) return std::nullopt;
-    const std::int64_t deadline = platform::TickCount() + LongestHoldMs;
-    platform::MoveResult result = platform::MoveFileOver(path, *name);
-    while (result == platform::MoveResult::Busy && platform::TickCount() < deadline) {
-        platform::Sleep(PauseMs);
+    platform::MoveResult result = platform::MoveResult::Busy;
+    WaitWhileHeld([&] {
         result = platform::MoveFileOver(path, *name);
-    }
+        return result == platform::MoveResult::Busy;
+    });
     if (result != platform::MoveResult::Done) return std::nullopt;
     return name;
 }

@@ -7,11 +7,11 @@
 
 namespace {
 
-constexpr std::size_t BlockSize = 128ULL * 1024;  // every record of today and every string fits
+constexpr std::size_t WriteBlockSize = 128ULL * 1024;  // every record of today and every string fits
 
 }  // namespace
 
-OutputFile::OutputFile(const std::string& path) : file(path), block(BlockSize) {
+OutputFile::OutputFile(const std::string& path) : file(path), block(WriteBlockSize) {
     next = block.data();
     end = next + block.size();
 }

@@ -19,6 +19,9 @@ using platform::Point;
 using platform::Rect;
 using platform::WindowHandle;
 
+// How long is waited for what always comes.
+inline constexpr int PatienceMs = 10'000;
+
 // A frameless window: its client area is the whole of it. A top-level window's rectangle is in screen pixels, a
 // child's in the parent's. A visible top-level window comes to the front and to the foreground. Class "Edit" takes
 // typed text.

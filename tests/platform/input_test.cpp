@@ -24,7 +24,6 @@ constexpr int VirtualKeyShift = 16;
 constexpr int VirtualKeyLeftMenu = 0xA4;
 constexpr int VirtualKeyRight = 39;
 constexpr int VirtualKeyF9 = 120;
-constexpr int PatienceMs = 10'000;
 
 void SendKey(int virtualKey, std::int32_t state) {
     InputRecord key;
@@ -55,7 +54,7 @@ void SendMoveTo(platform::Point pixel) {
 
 void MoveTo(platform::Point pixel) {
     SendMoveTo(pixel);
-    EXPECT_TRUE(Within(PatienceMs, [&] { return platform::CursorPosition() == pixel; }))
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return platform::CursorPosition() == pixel; }))
         << "sent to " << pixel.x << ", " << pixel.y << ", but at " << platform::CursorPosition().x << ", "
         << platform::CursorPosition().y;
 }
@@ -69,7 +68,7 @@ TEST(Input, AMoveLandsOnItsPixel) {
         MoveTo({(screen.width - 1) * step / steps, (screen.height - 1) * (steps - step) / steps});
     }
     SendMouse(platform::MouseMove | platform::MouseAbsolute, {77, 88});
-    EXPECT_TRUE(Within(PatienceMs, [] {
+    EXPECT_TRUE(Within(contract::PatienceMs, [] {
         return platform::CursorPosition() == platform::Point{77, 88};
     })) << "a record speaks of pixels, too";
 }
@@ -86,7 +85,7 @@ TEST(Input, AMoveReachesEveryMonitor) {
     }
     SendMoveTo({-100'000, -100'000});
     // Windows keeps the cursor on a monitor; an X display of Wine lets it stand where there is none, at that edge.
-    EXPECT_TRUE(Within(PatienceMs, [] {
+    EXPECT_TRUE(Within(contract::PatienceMs, [] {
         return platform::CursorPosition().x == std::ranges::min(contract::Monitors(), {}, &platform::Rect::left).left;
     })) << "beyond the desktop lies its edge";
 }
@@ -115,10 +114,10 @@ TEST(Input, KeysArriveWhereTheFocusIs) {
     Tap('B');
     SendKey(VirtualKeyShift, platform::KeyUp);
     Tap('7');
-    EXPECT_TRUE(Within(PatienceMs, [&] { return program.TextOf(edit) == "aB7"; })) << program.TextOf(edit);
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return program.TextOf(edit) == "aB7"; })) << program.TextOf(edit);
     program.Focus(other);
     Tap('C');
-    EXPECT_TRUE(Within(PatienceMs, [&] { return program.TextOf(other) == "c"; })) << program.TextOf(other);
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return program.TextOf(other) == "c"; })) << program.TextOf(other);
     EXPECT_EQ(program.TextOf(edit), "aB7");
 }
 
@@ -161,7 +160,7 @@ TEST(Input, AClickArrivesOnEveryMonitor) {
         SendMoveTo({corner.x + 299, corner.y + 199});
         SendMouse(platform::MouseLeftDown);
         SendMouse(platform::MouseLeftUp);
-        EXPECT_TRUE(Within(PatienceMs, [&] { return program.ClicksOn(window) == 1; }))
+        EXPECT_TRUE(Within(contract::PatienceMs, [&] { return program.ClicksOn(window) == 1; }))
             << "on the monitor at " << monitor.left << ", " << monitor.top;
     }
     std::printf("Clicked on %d monitors.\n", static_cast<int>(monitors.size()));
@@ -189,13 +188,13 @@ TEST(Input, KeyStateFollowsInjectedKeys) {
     };
     const bool atFirst = toggled();
     Tap(platform::VirtualKeyCapital);
-    EXPECT_TRUE(Within(PatienceMs, [&] { return toggled() != atFirst; }));
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return toggled() != atFirst; }));
     Tap(platform::VirtualKeyCapital);
-    EXPECT_TRUE(Within(PatienceMs, [&] { return toggled() == atFirst; }));
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return toggled() == atFirst; }));
     SendKey(VirtualKeyShift, 0);
-    EXPECT_TRUE(Within(PatienceMs, [] { return platform::KeyState(VirtualKeyShift) < 0; }));
+    EXPECT_TRUE(Within(contract::PatienceMs, [] { return platform::KeyState(VirtualKeyShift) < 0; }));
     SendKey(VirtualKeyShift, platform::KeyUp);
-    EXPECT_TRUE(Within(PatienceMs, [] { return platform::KeyState(VirtualKeyShift) >= 0; }));
+    EXPECT_TRUE(Within(contract::PatienceMs, [] { return platform::KeyState(VirtualKeyShift) >= 0; }));
 }
 
 TEST(Input, KeysMapToScanCodesAndCharacters) {
@@ -223,7 +222,7 @@ TEST(Input, TheLastInputIsTimed) {
             const std::int64_t before = platform::TickCount();
             EXPECT_LT(platform::LastInputTick(), before - coarseMs);
             key ? Tap(VirtualKeyF9) : SendMoveTo({hooked ? 210 : 310, 220});
-            EXPECT_TRUE(Within(PatienceMs, [&] { return platform::LastInputTick() >= before - coarseMs; }))
+            EXPECT_TRUE(Within(contract::PatienceMs, [&] { return platform::LastInputTick() >= before - coarseMs; }))
                 << key << hooked;
             EXPECT_LE(platform::LastInputTick(), platform::TickCount() + coarseMs);
         }
@@ -251,7 +250,7 @@ struct Listening {
 };
 
 bool HeardKeys(std::size_t count) {
-    return Within(PatienceMs, [=] { return keysHeard.size() >= count; });
+    return Within(contract::PatienceMs, [=] { return keysHeard.size() >= count; });
 }
 
 TEST(Hooks, HearInjectedKeysWithTheirFlags) {
@@ -299,7 +298,7 @@ TEST(Hooks, HearTheInjectedMouse) {
     SendMouse(platform::MouseLeftUp);
     SendMouse(platform::MouseWheel, {}, -120);
     constexpr std::uint32_t move = 0x200;
-    ASSERT_TRUE(Within(PatienceMs, [] { return !mouseHeard.empty() && mouseHeard.back().message == 0x20A; }));
+    ASSERT_TRUE(Within(contract::PatienceMs, [] { return !mouseHeard.empty() && mouseHeard.back().message == 0x20A; }));
     const auto injected = [](const auto& record) { return (record.flags & 1) != 0; };
     const auto first = std::find_if(mouseHeard.begin(), mouseHeard.end(), injected);  // a display adds moves of its own
     ASSERT_NE(first, mouseHeard.end());
@@ -332,7 +331,8 @@ TEST(Hooks, HearTheButtonThatWasSentAlsoWhenTheyAreSwapped) {
         SendMouse(platform::MouseMiddleDown);
         SendMouse(platform::MouseMiddleUp);
         constexpr std::uint32_t middleUp = 0x208;
-        ASSERT_TRUE(Within(PatienceMs, [] { return !mouseHeard.empty() && mouseHeard.back().message == middleUp; }));
+        ASSERT_TRUE(
+            Within(contract::PatienceMs, [] { return !mouseHeard.empty() && mouseHeard.back().message == middleUp; }));
         std::vector<std::uint32_t> messages;
         for (const auto& record : mouseHeard) {
             if (record.message != 0x200) messages.push_back(record.message);
@@ -353,7 +353,8 @@ TEST(Hooks, HearTheUserAsNotInjected) {
     EXPECT_EQ(keysHeard[0].vkCode, static_cast<std::uint32_t>('K'));
     EXPECT_EQ(keysHeard[0].flags, 0u);
     EXPECT_EQ(keysHeard[1].flags, 128u);
-    EXPECT_TRUE(Within(PatienceMs, [&] { return program.TextOf(edit) == "k"; })) << "a hook takes nothing away";
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return program.TextOf(edit) == "k"; }))
+        << "a hook takes nothing away";
     EXPECT_NE(platform::AsyncKeyState('K'), 0) << "the tap is over and still seen";
 }
 
@@ -367,7 +368,7 @@ TEST(Hooks, AreThereFromInstallToRemove) {
         static int heardBySecond = 0;
         EXPECT_TRUE(platform::InstallKeyboardHook([](const auto&) { ++heardBySecond; }));
         Tap('A');
-        EXPECT_TRUE(Within(PatienceMs, [] { return heardBySecond == 2; }));
+        EXPECT_TRUE(Within(contract::PatienceMs, [] { return heardBySecond == 2; }));
         EXPECT_TRUE(keysHeard.empty()) << "the first procedure is replaced";
     }
     EXPECT_FALSE(platform::KeyboardHookInstalled());
@@ -398,7 +399,8 @@ struct InsideACall {
         platform::CallFromPump([] { ++putOff; });
         platform::CallOutsideHooks([] { ++putOff; });
         contract::OthersTap('B');
-        EXPECT_TRUE(Within(PatienceMs, [] { return calls == 3 && !Messages().empty(); })) << calls << " calls";
+        EXPECT_TRUE(Within(contract::PatienceMs, [] { return calls == 3 && !Messages().empty(); }))
+            << calls << " calls";
         Within(50, [] { return false; });  // for whatever would come besides
         EXPECT_EQ(Messages(), std::vector<int>{2});
         EXPECT_EQ(ticks, 0);
@@ -415,12 +417,13 @@ TEST(Hooks, InsideACallThePumpLetsInWhatIsSentAndNothingOfOurs) {
     EXPECT_FALSE(platform::InHookCall());
     ASSERT_TRUE(platform::InstallKeyboardHook(Inside::OnKey));
     SendKey('A', 0);
-    EXPECT_TRUE(Within(PatienceMs, [] { return Inside::pumped; }));
+    EXPECT_TRUE(Within(contract::PatienceMs, [] { return Inside::pumped; }));
     SendKey('A', platform::KeyUp);
-    EXPECT_TRUE(Within(PatienceMs, [] { return Inside::calls == 4; }));
+    EXPECT_TRUE(Within(contract::PatienceMs, [] { return Inside::calls == 4; }));
     platform::RemoveKeyboardHook();
     EXPECT_FALSE(platform::InHookCall());
-    EXPECT_TRUE(Within(PatienceMs, [] { return Inside::putOff == 2 && Inside::ticks > 0; })) << "it was only put off";
+    EXPECT_TRUE(Within(contract::PatienceMs, [] { return Inside::putOff == 2 && Inside::ticks > 0; }))
+        << "it was only put off";
     EXPECT_EQ(Inside::Messages(), (std::vector<int>{2, 1}));
     platform::StopTimer(timer);
     bool called = false;
@@ -439,7 +442,7 @@ TEST(Hotkeys, ArriveInsideThePumpWhateverHasTheFocus) {
     ASSERT_TRUE(platform::RegisterHotkey(own, 7, 0, VirtualKeyF9));
     EXPECT_FALSE(platform::RegisterHotkey(own, 8, 0, VirtualKeyF9)) << "a combination has one holder";
     contract::UserTaps(VirtualKeyF9);
-    EXPECT_TRUE(Within(PatienceMs, [&] { return contract::HotkeysAt(own) == std::vector<int>{7}; }));
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return contract::HotkeysAt(own) == std::vector<int>{7}; }));
     EXPECT_TRUE(platform::UnregisterHotkey(own, 7));
     EXPECT_FALSE(platform::UnregisterHotkey(own, 7));
     contract::UserTaps(VirtualKeyF9);

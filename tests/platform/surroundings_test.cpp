@@ -18,8 +18,6 @@ using platform::WindowHandle;
 
 namespace {
 
-constexpr int PatienceMs = 10'000;
-
 // --- Timers ---
 
 TEST(Timers, RunInsideThePumpOnly) {
@@ -60,7 +58,7 @@ TEST(Timers, AHandlerMayStopItselfAndPump) {
         platform::StopTimer(timer);
         once += keptAlive == std::string(100, 'k') ? 1 : 100;
     });
-    EXPECT_TRUE(Within(PatienceMs, [&] { return once > 0; }));
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return once > 0; }));
     Within(100, [] { return false; });
     EXPECT_EQ(once, 1);
 
@@ -69,9 +67,10 @@ TEST(Timers, AHandlerMayStopItselfAndPump) {
     timer = platform::StartTimer(20, [&] {
         platform::StopTimer(timer);
         const int before = inner;
-        sawInner = Within(PatienceMs, [&] { return inner > before; });
+        sawInner = Within(contract::PatienceMs, [&] { return inner > before; });
     });
-    EXPECT_TRUE(Within(PatienceMs, [&] { return sawInner; })) << "other timers run in a pump inside a handler";
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return sawInner; }))
+        << "other timers run in a pump inside a handler";
     platform::StopTimer(other);
 }
 
@@ -82,7 +81,7 @@ TEST(Timers, AFailureInAHandlerIsShown) {
         timer = platform::StartTimer(20, [&] {
             if (++ticks == 1) throw RuntimeFailure(FailureKind::File, "The file a.tsj is gone.");
         });
-        Within(PatienceMs, [&] { return ticks >= 2; });
+        Within(contract::PatienceMs, [&] { return ticks >= 2; });
     });
     EXPECT_EQ(shown, "Tessarine|The file a.tsj is gone.");
     EXPECT_GE(ticks, 2) << "the timer goes on";

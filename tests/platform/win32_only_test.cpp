@@ -35,8 +35,6 @@ using platform::WindowHandle;
 
 namespace {
 
-constexpr int PatienceMs = 10'000;
-
 int ThreadsOfThisProcess() {
     const platform::OwnedHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
     THREADENTRY32 thread{};
@@ -70,7 +68,7 @@ TEST(HungWindows, OnesThatHangInTheCallAreBoundedInTimeAndThreads) {
             OtherProgram& program = *programs.emplace_back(std::make_unique<OtherProgram>());
             const WindowHandle window = program.Add({.className = contract::StubbornClass, .visible = false});
             ShowWindowAsync(ToHwnd(window), SW_SHOWNOACTIVATE);
-            Within(PatienceMs, [&] { return IsWindowVisible(ToHwnd(window)) != FALSE; });
+            Within(contract::PatienceMs, [&] { return IsWindowVisible(ToHwnd(window)) != FALSE; });
             platform::WindowPlacement placement = platform::PlacementOf(window);
             placement.rcNormalPosition = {300, 300, 400 + round, 400};
             EXPECT_LE(TimeOf([&] { EXPECT_FALSE(platform::SetPlacement(window, placement)); }), BoundMs);
@@ -79,7 +77,8 @@ TEST(HungWindows, OnesThatHangInTheCallAreBoundedInTimeAndThreads) {
         EXPECT_LE(most, before + 8);
         EXPECT_GT(most, before) << "the windows were not as stubborn as the test needs them";
     }
-    EXPECT_TRUE(Within(PatienceMs, [&] { return ThreadsOfThisProcess() <= before; })) << "left-behind calls ended";
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return ThreadsOfThisProcess() <= before; }))
+        << "left-behind calls ended";
 }
 
 TEST(BringToForeground, IsCheckedByWhatIsInFrontAfterIt) {
@@ -148,8 +147,8 @@ TEST(OwnWindows, OfAnotherThreadDoNotDeadlock) {
         ended = true;
     });
     auto future = made.get_future();
-    ASSERT_TRUE(
-        Within(PatienceMs, [&] { return future.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
+    ASSERT_TRUE(Within(contract::PatienceMs,
+                       [&] { return future.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
     const WindowHandle window = platform::FromHwnd(future.get());
     platform::WindowPlacement placement = platform::PlacementOf(window);
     placement.rcNormalPosition = {150, 150, 350, 350};
@@ -157,7 +156,7 @@ TEST(OwnWindows, OfAnotherThreadDoNotDeadlock) {
     EXPECT_TRUE(platform::BringToForeground(own));
     EXPECT_LE(TimeOf([&] { EXPECT_TRUE(platform::BringToForeground(window)); }), BoundMs);
     PostThreadMessageA(threadId, WM_QUIT, 0, 0);
-    EXPECT_TRUE(Within(PatienceMs, [&] { return ended.load(); }));  // it may still be asking us something
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return ended.load(); }));  // it may still be asking us something
     second.join();
     contract::RemoveOwn(own);
 }
@@ -232,7 +231,7 @@ TEST(Pump, InsideAHookCallLeavesMessagesOfTheThread) {
     platform::SendInput(key);
     key.KeyState() = platform::KeyUp;
     platform::SendInput(key);
-    EXPECT_TRUE(Within(PatienceMs, [] { return waited; }));
+    EXPECT_TRUE(Within(contract::PatienceMs, [] { return waited; }));
     platform::RemoveKeyboardHook();
     platform::Pump();
     EXPECT_FALSE(AMessageOfTheThreadWaits());
@@ -254,13 +253,13 @@ TEST(Guard, ReleasesWhatAKilledProgramHoldsAndEndsWithIt) {
     const std::uint32_t guard = program.HoldDown();
     ASSERT_NE(guard, 0u);
     const platform::OwnedHandle process(OpenProcess(SYNCHRONIZE, FALSE, guard));
-    ASSERT_TRUE(Within(PatienceMs, [] { return StillDown().size() == 3; }));
+    ASSERT_TRUE(Within(contract::PatienceMs, [] { return StillDown().size() == 3; }));
     Within(2000, [] { return false; });
     EXPECT_EQ(StillDown().size(), 3u) << "nothing is released while the program lives";
     EXPECT_EQ(WaitForSingleObject(process.Get(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
     program.Kill();
     EXPECT_TRUE(Within(1000, [] { return StillDown().empty(); }));
-    EXPECT_EQ(WaitForSingleObject(process.Get(), PatienceMs), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(process.Get(), contract::PatienceMs), WAIT_OBJECT_0);
 }
 
 TEST(Guard, IsReplacedWhenItHasDied) {
@@ -271,12 +270,13 @@ TEST(Guard, IsReplacedWhenItHasDied) {
     EXPECT_EQ(program.HoldDown(), first) << "one is enough";
     const platform::OwnedHandle process(OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, first));
     TerminateProcess(process.Get(), 1);
-    WaitForSingleObject(process.Get(), PatienceMs);
+    WaitForSingleObject(process.Get(), contract::PatienceMs);
     const std::uint32_t second = program.HoldDown();
     EXPECT_NE(second, 0u);
     EXPECT_NE(second, first);
     program.Kill();
-    EXPECT_TRUE(Within(PatienceMs, [] { return StillDown().empty(); })) << "it knows what was pressed before its time";
+    EXPECT_TRUE(Within(contract::PatienceMs, [] { return StillDown().empty(); }))
+        << "it knows what was pressed before its time";
 }
 
 // A failure in a hook is shown from the pump: a box inside the hook would hold up the whole desktop.
@@ -319,7 +319,7 @@ TEST(StartProgram, FindsAProgramWhosePathHasBlanks) {
         const std::string name = "started " + std::to_string(++number);
         EXPECT_TRUE(platform::StartProgram(line + " " + contract::PuppetSwitch + " \"" + name + "\" " + parent, 1));
         HWND control = nullptr;
-        EXPECT_TRUE(Within(PatienceMs, [&] {
+        EXPECT_TRUE(Within(contract::PatienceMs, [&] {
             control = FindWindowExA(HWND_MESSAGE, nullptr, contract::PuppetClass, name.c_str());
             return control != nullptr;
         })) << line;
@@ -327,11 +327,11 @@ TEST(StartProgram, FindsAProgramWhosePathHasBlanks) {
         GetWindowThreadProcessId(control, &process);
         const platform::OwnedHandle handle(OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, process));
         TerminateProcess(handle.Get(), 0);
-        WaitForSingleObject(handle.Get(), PatienceMs);
+        WaitForSingleObject(handle.Get(), contract::PatienceMs);
     }
     EXPECT_FALSE(platform::StartProgram(folder / "no such program.exe -x", 1));
     EXPECT_FALSE(platform::StartProgram("", 1));
-    Within(PatienceMs, [&] { return platform::RemoveFile(copy); });
+    Within(contract::PatienceMs, [&] { return platform::RemoveFile(copy); });
 }
 
 TEST(ShellFolders, AreFoldersWithoutATrailingBackslash) {

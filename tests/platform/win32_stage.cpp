@@ -26,7 +26,7 @@ using platform::OwnedHandle;
 using platform::ToHwnd;
 
 constexpr int FocusSettlesMs = 150;
-constexpr int PatienceMs = 15'000;  // for what always comes, be the machine as busy as it may
+constexpr int StagePatienceMs = 15'000;  // be the machine as busy as it may
 
 int lastNumber = 0;
 std::map<WindowHandle, std::vector<int>> hotkeys;
@@ -83,7 +83,7 @@ struct OtherProgram::Inside {
 
     ~Inside() {
         End();
-        Within(PatienceMs, [&] { return !IsWindow(control); });
+        Within(StagePatienceMs, [&] { return !IsWindow(control); });
     }
 
     void StartAnew() {
@@ -95,19 +95,20 @@ struct OtherProgram::Inside {
             control = FindWindowExA(HWND_MESSAGE, nullptr, PuppetClass, name.c_str());
             return control != nullptr;
         };
-        Within(PatienceMs, appeared);
+        Within(StagePatienceMs, appeared);
     }
 
     void End() const {
         TerminateProcess(process.hProcess, 0);
-        WaitForSingleObject(process.hProcess, PatienceMs);
+        WaitForSingleObject(process.hProcess, StagePatienceMs);
         CloseHandle(process.hProcess);
     }
 
     LRESULT Give(Order order, OrderData data) {
         COPYDATASTRUCT copied{static_cast<ULONG_PTR>(order), sizeof data, &data};
         DWORD_PTR result = 0;
-        if (!SendMessageTimeoutA(control, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&copied), 0, PatienceMs, &result)) {
+        if (!SendMessageTimeoutA(control, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&copied), 0, StagePatienceMs,
+                                 &result)) {
             ADD_FAILURE() << "the other program did not answer";
         }
         return static_cast<LRESULT>(result);
@@ -130,7 +131,8 @@ OtherProgram::~OtherProgram() = default;
 WindowHandle OtherProgram::Add(const NewWindow& window) {
     const WindowHandle added = inside->Give(Order::Add, ToOrder(window));
     EXPECT_NE(added, 0);
-    if (window.parent == 0 && window.visible) Within(PatienceMs, [&] { return platform::ForegroundWindow() == added; });
+    if (window.parent == 0 && window.visible)
+        Within(StagePatienceMs, [&] { return platform::ForegroundWindow() == added; });
     return added;
 }
 
@@ -148,7 +150,7 @@ void OtherProgram::Rename(WindowHandle window, const std::string& caption) {
 void OtherProgram::Focus(WindowHandle window) {
     inside->Give(Order::Focus, window);
     const std::uint32_t thread = platform::ThreadOf(window);
-    EXPECT_TRUE(Within(PatienceMs, [&] {
+    EXPECT_TRUE(Within(StagePatienceMs, [&] {
         GUITHREADINFO info{};
         info.cbSize = sizeof info;
         return GetGUIThreadInfo(thread, &info) && info.hwndFocus == ToHwnd(window);
@@ -158,7 +160,8 @@ void OtherProgram::Focus(WindowHandle window) {
 std::string OtherProgram::TextOf(WindowHandle edit) {
     char text[1100] = "";
     DWORD_PTR length = 0;
-    SendMessageTimeoutA(ToHwnd(edit), WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text), 0, PatienceMs, &length);
+    SendMessageTimeoutA(ToHwnd(edit), WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text), 0, StagePatienceMs,
+                        &length);
     return text;
 }
 
@@ -186,7 +189,7 @@ void OtherProgram::Kill() {
 void OtherProgram::Hang() {
     inside->Give(Order::Hang, WindowHandle{0});
     // It hangs when it no longer answers.
-    Within(PatienceMs, [&] {
+    Within(StagePatienceMs, [&] {
         DWORD_PTR result = 0;
         return SendMessageTimeoutA(inside->control, WM_NULL, 0, 0, 0, 50, &result) == 0;
     });
@@ -229,7 +232,7 @@ WindowHandle AddOwn(const NewWindow& window) {
     const HWND made = MakeWindow(ToOrder(window));
     if (window.className != "Edit") SetWindowLongPtrA(made, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(OwnProcedure));
     if (window.parent == 0 && window.visible) {
-        Within(PatienceMs, [&] { return platform::ForegroundWindow() == FromHwnd(made); });
+        Within(StagePatienceMs, [&] { return platform::ForegroundWindow() == FromHwnd(made); });
         // With the focus the display tells the state of its keys, a moment later, and that would undo a key that is
         // injected in between.
         Within(FocusSettlesMs, [] { return false; });
@@ -282,7 +285,7 @@ void UserTaps(int virtualKey) {
     std::ostringstream commandLine;
     commandLine << "Z:\\bin\\sh -c \"xdotool key --delay 20 " << name << "; : > " << done.str() << '"';
     Start(commandLine.str());
-    EXPECT_TRUE(Within(PatienceMs, [&] { return platform::RemoveFile("Z:" + done.str()); })) << "no key was typed";
+    EXPECT_TRUE(Within(StagePatienceMs, [&] { return platform::RemoveFile("Z:" + done.str()); })) << "no key was typed";
 }
 
 void OthersTap(int virtualKey) {

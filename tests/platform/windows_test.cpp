@@ -35,13 +35,11 @@ std::vector<WindowHandle> DescendantsOf(WindowHandle window) {
 
 using Handles = std::vector<WindowHandle>;
 
-constexpr int PatienceMs = 10'000;
-
 // Brings `window` to the foreground and waits until it is also the frontmost of `others`.
 void BringForward(WindowHandle window, Handles others) {
     EXPECT_TRUE(platform::BringToForeground(window));
     others.push_back(window);
-    EXPECT_TRUE(contract::Within(PatienceMs, [&] {
+    EXPECT_TRUE(contract::Within(contract::PatienceMs, [&] {
         return platform::ForegroundWindow() == window && TopWindowsAmong(others).front() == window;
     }));
 }
@@ -260,7 +258,7 @@ TEST(Windows, BringingAChildForwardActivatesItsTop) {
     const WindowHandle front = second.Add({.caption = "front"});
     EXPECT_EQ(platform::ForegroundWindow(), front);
     EXPECT_TRUE(platform::BringToForeground(child));
-    EXPECT_TRUE(contract::Within(PatienceMs, [&] {
+    EXPECT_TRUE(contract::Within(contract::PatienceMs, [&] {
         return platform::ForegroundWindow() == back && TopWindowsAmong({back, front}) == Handles{back, front};
     }));
     const WindowHandle own = contract::AddOwn({.caption = "own"});

@@ -20,7 +20,7 @@ namespace {
 const std::string JobPath = "C:\\Data\\morning.tsj";
 const std::string LogPath = "C:\\Data\\morning.log";
 const std::string Failed = "Tessarine|Execution of job 'morning' failed. Reason:\r\n";
-constexpr int Shift = 160;
+constexpr int LeftShift = 160;
 
 class RunJobTest : public ReplayStage {
 protected:
@@ -41,7 +41,7 @@ protected:
         EXPECT_TRUE(mainWindowViewStandIn.exitButtonEnabled);
         EXPECT_FALSE(mainWindowViewStandIn.minimised);
         EXPECT_FALSE(statusViewStandIn.executing2.visible);
-        EXPECT_GE(platform::AsyncKeyState(Shift), 0) << "Shift is up";
+        EXPECT_GE(platform::AsyncKeyState(LeftShift), 0) << "Shift is up";
         for (const bool down : heldInput.KeysDown) EXPECT_FALSE(down);
         for (const int button : {1, 2, 4, 5, 6}) EXPECT_GE(platform::AsyncKeyState(button), 0) << "button " << button;
     }
@@ -80,7 +80,7 @@ TEST_F(RunJobTest, ARunHasAGuardBeforeItSendsAnything) {
 
 TEST_F(RunJobTest, ARunIsRefusedDuringAnotherAndDuringARecording) {
     std::int32_t second = 0;
-    InEdit().KeyDown(Shift).Wait(2000).KeyUp(Shift);
+    InEdit().KeyDown(LeftShift).Wait(2000).KeyUp(LeftShift);
     simulated::After(1000, [&] { second = RunJob(JobPath, 0, "", true); });
     EXPECT_EQ(Run(), 1);
     EXPECT_EQ(second, -10);
@@ -227,18 +227,18 @@ TEST_F(RunJobTest, AMissingProgramEndsTheRunAndAllRunsAfterIt) {
 // --- held keys ---
 
 TEST_F(RunJobTest, HeldKeysAreReleasedAfterEveryKindOfEnding) {
-    InEdit().KeyDown(Shift).Wait(100).Type("a");
+    InEdit().KeyDown(LeftShift).Wait(100).Type("a");
     EXPECT_EQ(Run(), 1);
     ExpectAllPutRight();
 
     job = JobBuilder();
-    InEdit().KeyDown(Shift).Wait(5000).Type("a");
+    InEdit().KeyDown(LeftShift).Wait(5000).Type("a");
     simulated::MeanwhileAt(platform::TickCount() + 2000, [] { simulated::UserTaps(27); });
     EXPECT_EQ(Run(), -2);
     ExpectAllPutRight();
 
     job = JobBuilder();
-    InEdit().KeyDown(Shift);
+    InEdit().KeyDown(LeftShift);
     InLostWindow().IfNoWindow(StopExecuting, 0).Press(Left, 1, 1);
     EXPECT_EQ(Run(), -4);
     ExpectAllPutRight();
@@ -254,12 +254,12 @@ TEST_F(RunJobTest, HeldKeysAreReleasedAfterEveryKindOfEnding) {
     ExpectAllPutRight();
 
     job = JobBuilder();
-    InEdit().KeyDown(Shift).Wait(100).UseChain(99).Press(Left, 1, 1);
+    InEdit().KeyDown(LeftShift).Wait(100).UseChain(99).Press(Left, 1, 1);
     EXPECT_THROW(Run(), RuntimeFailure);
     ExpectAllPutRight();
 
     job = JobBuilder();
-    InEdit().KeyDown(Shift).Wait(5000).Type("a");
+    InEdit().KeyDown(LeftShift).Wait(5000).Type("a");
     settings.Display_Executing_Status = 1;
     statusViewStandIn.noMemoryForBar = true;
     EXPECT_THROW(Run(), std::bad_alloc);

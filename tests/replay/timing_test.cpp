@@ -10,7 +10,6 @@ namespace {
 
 using platform::TickCount;
 
-constexpr int Escape = platform::VirtualKeyEscape;
 constexpr int CapsLock = platform::VirtualKeyCapital;
 
 // A run with its status window up.
@@ -40,10 +39,10 @@ TEST_F(TimedWaiting, EndsOnTimeAndNotOnTheGrid) {
 }
 
 TEST_F(TimedWaiting, EscapeIsSeenAtTheNextSliceOrAfterTheLast) {
-    simulated::MeanwhileAt(120, [] { simulated::UserTaps(Escape); });
+    simulated::MeanwhileAt(120, [] { simulated::UserTaps(platform::VirtualKeyEscape); });
     EXPECT_EQ(TimedWait(500, false, 0), WaitCanceled);
     EXPECT_EQ(TickCount(), 150);
-    simulated::MeanwhileAt(150 + 460, [] { simulated::UserTaps(Escape); });
+    simulated::MeanwhileAt(150 + 460, [] { simulated::UserTaps(platform::VirtualKeyEscape); });
     EXPECT_EQ(TimedWait(500, false, 0), WaitDone) << "the first tap was taken away";
     EXPECT_TRUE(EscapePressed(false)) << "one in the last slice is left for the next poll";
 }

@@ -23,14 +23,14 @@ namespace {
 constexpr const char* Documents = "C:\\Users\\Ana\\Documents";
 constexpr const char* DataFolder = "C:\\Users\\Ana\\Documents\\Tessarine";
 constexpr const char* ShellFolders = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
-constexpr const char* JobPath = "C:\\a.tsj";
+constexpr const char* FirstJob = "C:\\a.tsj";
 
 class Start : public testing::Test {
 protected:
     Start() {
         platform::WriteRegistry(ShellFolders, "Personal", std::string(Documents) + "\\");
         simulated::PutFolder(Documents);
-        simulated::PutFile(JobPath, "any bytes");
+        simulated::PutFile(FirstJob, "any bytes");
         simulated::SetExecutableFolder("C:\\Program Files\\Tessarine");
         simulated::SetDesktopDirectory("C:\\Users\\Ana\\Desktop");
     }
@@ -90,7 +90,7 @@ TEST_F(Start, WithTheWordInAFileNameRunsNothing) {
 }
 
 TEST_F(Start, ToRunAJobNeverShowsTheWindowAndEndsTheProcess) {
-    simulated::SetCommandLine(std::string("-run ") + JobPath);
+    simulated::SetCommandLine(std::string("-run ") + FirstJob);
     EXPECT_THROW(Main(), ProcessEnded);
     EXPECT_TRUE(WasCalled("RunJob C:\\a.tsj"));
     EXPECT_FALSE(WasCalled("Show"));
@@ -98,7 +98,7 @@ TEST_F(Start, ToRunAJobNeverShowsTheWindowAndEndsTheProcess) {
 }
 
 TEST_F(Start, GoesOnAfterAFailureThatItHasTold) {
-    simulated::SetCommandLine(std::string("-run ") + JobPath);
+    simulated::SetCommandLine(std::string("-run ") + FirstJob);
     shellStandIn.duringRun = [] { throw RuntimeFailure(FailureKind::File, "The job is damaged."); };
     EXPECT_TRUE(Main());
     EXPECT_THAT(Boxes(), ElementsAre("Tessarine|The job is damaged."));
