@@ -94,9 +94,9 @@ double LatenessOfReplay() {
 }
 
 void BenchLateness() {
-    std::vector<double> rounds;
+    std::vector<double> rounds(5);
     LatenessOfReplay();  // the first run builds the dictionary and starts the display driver
-    for (int round = 0; round < 5; ++round) rounds.push_back(LatenessOfReplay());
+    std::ranges::generate(rounds, LatenessOfReplay);
     bench::Report("lateness at the end of 500 events, ms (worst of 5)", Sorted(rounds).back(), 1.0);
 }
 
@@ -230,10 +230,8 @@ void BenchSearch() {
         if (FindTarget(request, windowArrays.windows, windowArrays.chains, reason) != TargetReady) std::exit(3);
     };
     search();  // puts the window in place; from now on it is
-    std::vector<double> ratios;
-    for (int round = 0; round < 15; ++round) {
-        ratios.push_back(MicrosecondsOf(200, search) / MicrosecondsOf(200, BareQueries));
-    }
+    std::vector<double> ratios(15);
+    std::ranges::generate(ratios, [&] { return MicrosecondsOf(200, search) / MicrosecondsOf(200, BareQueries); });
     bench::Report("FindTarget when all is in place / the bare window queries", Quantile(Sorted(ratios), 0.5), 1.3);
     bench::CloseTarget(target);
 }

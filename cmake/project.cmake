@@ -35,7 +35,7 @@ if(TESSARINE_FUZZ)
 endif()
 if(WIN32)
     add_compile_definitions(WINVER=0x0A00 _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
-    add_link_options(-static)
+    add_link_options(-static -Wl,--stack,1048576)  # the stack that Windows gives by itself; mingw-w64 asks for two
 endif()
 
 # A library declares what it calls (views, the desktop); the program or the test that links it supplies the bodies.

@@ -9,7 +9,7 @@
 namespace {
 
 // A save writes in blocks of this size or less.
-constexpr std::size_t Block = 128 * 1024;
+constexpr std::size_t Block = std::size_t{128} * 1024;
 
 void Load(std::size_t size) {
     const AllocationMeter meter;

@@ -18,7 +18,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 MEMORY = ROOT / "out" / "lint"
 FOLDERS = ("src", "tests", "bench", "fuzz")
-INCLUDE = [ROOT / "src", ROOT / "src" / "platform", ROOT / "tests", ROOT]
+INCLUDE = [ROOT / "src", ROOT / "src" / "platform", ROOT / "src" / "program", ROOT / "tests", ROOT]
 LARGEST_BATCH = 12
 CLANG_TIDY = "clang-tidy-14"
 WARNINGS = ["-Wall", "-Wextra", "-Wreserved-identifier"]

@@ -8,4 +8,4 @@ cd "$(dirname "$0")/.."
 tools/set_up.sh windows desktop
 tools/build.sh windows
 TESSARINE_SESSIONS=${1:-50} TESSARINE_FROM=${2:-1} \
-    /usr/bin/python3 -m pytest -q -s -p no:cacheprovider tests/desktop/test_random_sessions.py
+    /usr/bin/python3 -m pytest -q -n 2 -p no:cacheprovider tests/desktop/test_random_sessions.py

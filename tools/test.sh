@@ -26,7 +26,7 @@ native native
 native sanitize
 
 echo "==> Desktop tests (the real program under Wine; pictures of failures in out/test/)"
-/usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml "$reports/desktop.xml" tests/desktop || failed=1
+/usr/bin/python3 -m pytest -q -n 2 -p no:cacheprovider --junitxml "$reports/desktop.xml" tests/desktop || failed=1
 
 /usr/bin/python3 tools/test_summary.py "$reports"/native.xml "$reports"/sanitize.xml "$reports"/desktop.xml || failed=1
 exit "$failed"

@@ -104,7 +104,7 @@ SaveAsLeave LeaveSaveAs(bool anythingRecorded) {
 
 std::string SaveRecoveredJob(const Job& recorded) {
     try {
-        const std::string name = FreeName(RecoveredName());
+        std::string name = FreeName(RecoveredName());
         WriteJob(JobPathOf(folders.DataFolder, name), NewJob(recorded, ""));
         return name;
     } catch (const std::exception&) {  // there is nobody to tell, and no other place

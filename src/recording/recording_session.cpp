@@ -261,8 +261,8 @@ void StartRecording() {
     if (StopIsWanted()) Finish();
 }
 
-void StartInsertRecording(std::int64_t startTick, std::vector<WindowSignature> windows,
-                          std::vector<WindowChain> chains) {
+void StartInsertRecording(std::int64_t startTick, const std::vector<WindowSignature>& windows,
+                          const std::vector<WindowChain>& chains) {
     if (platform::MouseHookInstalled() || platform::KeyboardHookInstalled() || RecordingActive()) {
         platform::ShowBox("Greska! MouseHook <> 0 i KeyboardHook <>0", ProductName);
         return;

@@ -73,8 +73,8 @@ void StartRecording();
 // afterwards, with indexes as they were. `startTick` is the tick at which the job's time was 0, so that the new times
 // run on from the insertion point. Refused, with a box, while a hook is installed. A run-time failure leaves no
 // recording behind, and gives the editor a piece with nothing in it.
-void StartInsertRecording(std::int64_t startTick, std::vector<WindowSignature> windows,
-                          std::vector<WindowChain> chains);
+void StartInsertRecording(std::int64_t startTick, const std::vector<WindowSignature>& windows,
+                          const std::vector<WindowChain>& chains);
 
 // Puts both hooks in, or in again; platform/hooks.h tells which of them the system granted.
 void InstallRecordingHooks();

@@ -208,14 +208,13 @@ class Sessions:
         self.stage.end(self.notepad.process)
 
 
-def differences(stage, person, seeds):
-    """A line for each replay that left another text than the person did."""
+def differences(stage, person, seed):
+    """A line for each replay of this session that left another text than the person did."""
     sessions = Sessions(stage, person)
-    for seed in seeds:
-        typed, story = sessions.record(seed)
-        for way in WAYS:
-            played = sessions.play(way)
-            if played != typed:
-                yield (f"session {seed}, Notepad {way}, {', '.join(story)}: {sessions.reason}\n"
-                       f"  typed    {typed!r}\n  replayed {played!r}")
-        sessions.finish()
+    typed, story = sessions.record(seed)
+    for way in WAYS:
+        played = sessions.play(way)
+        if played != typed:
+            yield (f"session {seed}, Notepad {way}, {', '.join(story)}: {sessions.reason}\n"
+                   f"  typed    {typed!r}\n  replayed {played!r}")
+    sessions.finish()

@@ -70,7 +70,7 @@ inline std::string SampleBytes() {
 inline constexpr std::size_t EventCountAt = 2134;
 inline constexpr std::size_t StringCountAt = 2138;
 inline constexpr std::size_t WindowCountAt = 2142 + (2 + 11) + 2 + (2 + 2) + 3 * 37;
-inline constexpr std::size_t ChainCountAt = WindowCountAt + 4 + 2 * 1172;
+inline constexpr std::size_t ChainCountAt = WindowCountAt + 4 + std::size_t{2} * 1172;
 
 // All of a job, one field a line.
 inline std::string Dump(const Job& job) {

@@ -221,8 +221,8 @@ void User::DoubleClick() {
     Wait(60);
     Release(simulated::Button::Left);
     Wait(60);
-    // Over the edge between two windows the halves would be meant for different ones, and a double click of a job goes to
-    // the window of its first half.
+    // Over the edge between two windows the halves would be meant for different ones, and a double click of a job goes
+    // to the window of its first half.
     const Point beside = {cursor.x + 1, cursor.y};
     if (Sometimes(2) && platform::WindowAt(beside) == platform::WindowAt(cursor)) MoveTo(beside);
     Press(simulated::Button::Left);

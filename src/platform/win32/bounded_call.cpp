@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <atomic>
 #include <memory>
-#include <system_error>
-#include <thread>
 
 #include "platform/clock.h"
 #include "win32/message_loop.h"
@@ -13,6 +11,7 @@ namespace platform {
 namespace {
 
 constexpr int MostCallsUnderWay = 8;
+constexpr SIZE_T StackBytes = 256 * 1024;  // ample for one call of the system; such threads come and go all the time
 std::atomic<int> callsUnderWay = 0;
 
 // Owned by the caller and the thread together: whoever is last frees it.
@@ -26,18 +25,22 @@ DWORD MillisecondsLeft(std::int64_t deadline) {
     return static_cast<DWORD>(std::max<std::int64_t>(0, deadline - Microseconds()) / 1000);
 }
 
-void Perform(const std::shared_ptr<Call>& call) {
-    call->answer = call->function();
-    SetEvent(call->done.Get());
+DWORD WINAPI Perform(void* parameter) noexcept {
+    const std::unique_ptr<std::shared_ptr<Call>> call(static_cast<std::shared_ptr<Call>*>(parameter));
+    (*call)->answer = (*call)->function();
+    SetEvent((*call)->done.Get());
     --callsUnderWay;
+    return 0;
 }
 
 bool StartThread(const std::shared_ptr<Call>& call) {
     if (++callsUnderWay <= MostCallsUnderWay) {
-        try {
-            std::thread(Perform, call).detach();
+        auto parameter = std::make_unique<std::shared_ptr<Call>>(call);
+        const OwnedHandle thread(
+            CreateThread(nullptr, StackBytes, Perform, parameter.get(), STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr));
+        if (thread.Get() != nullptr) {
+            static_cast<void>(parameter.release());  // the thread's own now
             return true;
-        } catch (const std::system_error&) {  // no more threads to be had
         }
     }
     --callsUnderWay;

@@ -88,6 +88,7 @@ bool EndsIn(const std::string& name, const std::string& extension) {
 
 void SortByLowerCase(std::vector<std::string>& names) {
     std::vector<std::pair<std::string, std::string>> keyed;
+    keyed.reserve(names.size());
     for (std::string& name : names) keyed.emplace_back(LowerCase(name), std::move(name));
     std::sort(keyed.begin(), keyed.end());
     std::transform(keyed.begin(), keyed.end(), names.begin(), [](auto& entry) { return std::move(entry.second); });

@@ -62,7 +62,7 @@ std::optional<std::string> BrowseForFolder(const std::string& prompt, const std:
     info.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
     info.lpfn = SelectStart;
     info.lParam = reinterpret_cast<LPARAM>(start.c_str());
-    const std::optional<std::string> chosen = Browse(info);
+    std::optional<std::string> chosen = Browse(info);
     if (SUCCEEDED(com)) CoUninitialize();
     return chosen;
 }
