@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Every test: natively on the simulated desktop, the same under sanitizers, and the real program on a Wine desktop.
-# Ends in one summary. Reports lie in out/test/.
+# Every test: natively on the simulated desktop, the same under sanitizers, the real program on a Wine desktop, and the
+# linters. Ends in one summary. Reports lie in out/test/.
 set -uo pipefail
 cd "$(dirname "$0")/.." || exit
 mkdir -p out
@@ -10,7 +10,7 @@ reports=$PWD/out/test
 rm -rf "$reports"
 mkdir -p "$reports"
 
-tools/set_up.sh windows native desktop || exit 1
+tools/set_up.sh windows native desktop lint || exit 1
 for preset in native sanitize windows; do tools/build.sh "$preset" || exit 1; done
 
 failed=0
@@ -25,8 +25,15 @@ native() {
 native native
 native sanitize
 
+# The linters take what the desktop tests, which wait most of the time, leave of the processor.
+nice -n 19 tools/lint.sh >"$reports/lint.log" 2>&1 &
+linters=$!
+
 echo "==> Desktop tests (the real program under Wine; pictures of failures in out/test/)"
 /usr/bin/python3 -m pytest -q -n 2 -p no:cacheprovider --junitxml "$reports/desktop.xml" tests/desktop || failed=1
+
+echo "==> Linters"
+wait "$linters" || { failed=1; cat "$reports/lint.log"; }
 
 /usr/bin/python3 tools/test_summary.py "$reports"/native.xml "$reports"/sanitize.xml "$reports"/desktop.xml || failed=1
 exit "$failed"

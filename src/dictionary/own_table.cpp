@@ -33,6 +33,8 @@ constexpr DictionaryRow ownRows[] = {
      "Die Aufnahme ist noch nicht gespeichert. Möchten Sie sie speichern?",
      "L'enregistrement n'est pas encore sauvegardé. Voulez-vous le sauvegarder\u00A0?",
      "La grabación aún no está guardada. ¿Desea guardarla?"},
+    {"A recording is being saved.", "Eine Aufnahme wird gespeichert.", "Un enregistrement est en cours de sauvegarde.",
+     "Se está guardando una grabación."},
     {"There is no memory left to go on recording. What was recorded until now can be saved.",
      "Zum Weiteraufnehmen fehlt der Speicher. Was bisher aufgenommen wurde, kann gespeichert werden.",
      "Il n'y a plus assez de mémoire pour continuer l'enregistrement. Ce qui a été enregistré jusqu'ici peut être "

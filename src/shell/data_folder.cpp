@@ -178,7 +178,7 @@ bool IsRefused(const std::string& folder) {
 std::optional<std::string> ChooseFolder() {
     const std::string prompt = Translate("Select new folder where your jobs and settings will be stored") + ".";
     for (;;) {
-        const std::optional<std::string> chosen = platform::BrowseForFolder(prompt, folders.DataFolder);
+        std::optional<std::string> chosen = platform::BrowseForFolder(prompt, folders.DataFolder);
         if (!chosen || !IsRefused(*chosen)) return chosen;
     }
 }

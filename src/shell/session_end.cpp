@@ -12,7 +12,7 @@ namespace {
 
 // Windows gives a program five seconds here, and more to one that says what it is busy with.
 struct BlockedShutdown {
-    BlockedShutdown() { shell_view::BlockShutdown(Translate("Save Job As")); }
+    BlockedShutdown() { shell_view::BlockShutdown(Translate("A recording is being saved.")); }
     ~BlockedShutdown() { shell_view::UnblockShutdown(); }
     BlockedShutdown(const BlockedShutdown&) = delete;
     BlockedShutdown& operator=(const BlockedShutdown&) = delete;

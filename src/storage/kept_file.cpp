@@ -25,7 +25,7 @@ std::optional<std::string> FreeName(const std::string& path) {
 }  // namespace
 
 std::optional<std::string> KeepUnderAnotherName(const std::string& path) {
-    const std::optional<std::string> name = FreeName(path);
+    std::optional<std::string> name = FreeName(path);
     if (!name) return std::nullopt;
     platform::MoveResult result = platform::MoveResult::Busy;
     WaitWhileHeld([&] {
