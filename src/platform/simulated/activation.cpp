@@ -122,10 +122,6 @@ void SetFocus(WindowHandle window) {
     if (Window* found = Find(window)) GiveFocus(*found);
 }
 
-void TakeFocusFrom(std::uint32_t thread) {
-    PutFocus(thread, 0);
-}
-
 void LeaveNoForeground() {
     if (Window* old = Find(State().foreground)) DropFocusOf(*old);
     State().foreground = 0;

@@ -103,12 +103,11 @@ void Maximise(WindowHandle window);
 void Restore(WindowHandle window);
 void SetVisible(WindowHandle window, bool visible);
 void SetEnabled(WindowHandle window, bool enabled);
-void Raise(WindowHandle window);           // to the front; foreground and focus stay
-void Activate(WindowHandle window);        // to the front and to the foreground
-void SetFocus(WindowHandle window);        // activates its top-level window and gives it the focus
-void TakeFocusFrom(std::uint32_t thread);  // the thread stays where it is and has no focus
-void LeaveNoForeground();                  // as between two programs
-WindowHandle Cover(WindowHandle window);   // another program's window, exactly over it and not active
+void Raise(WindowHandle window);          // to the front; foreground and focus stay
+void Activate(WindowHandle window);       // to the front and to the foreground
+void SetFocus(WindowHandle window);       // activates its top-level window and gives it the focus
+void LeaveNoForeground();                 // as between two programs
+WindowHandle Cover(WindowHandle window);  // another program's window, exactly over it and not active
 void SetText(WindowHandle window, const std::string& text);
 std::string TextOf(WindowHandle window);  // what was typed into an Edit; ENTER is "\r\n"
 Rect ScreenRectOf(WindowHandle window);   // as it stands now; minimised far off the screen
@@ -126,7 +125,6 @@ void KeepInputFrom(WindowHandle window, bool keep = true);
 
 void RefuseForeground(WindowHandle window, bool refuse = true);
 void RefusePlacement(WindowHandle window, bool refuse = true);
-void RefuseAttachment(std::uint32_t thread, bool refuse = true);
 
 // What a window does when it is clicked (left button down and up on it), when a key goes down in it. Handlers of
 // OwnThread run in the pump, all others at once. A second handler replaces the first. A window that has yet to appear
@@ -238,12 +236,7 @@ const TrayIcon& Tray();
 void UserOnTray(unsigned mouseMessage);  // WM_MOUSEMOVE 0x200, WM_LBUTTONUP 0x202, ...
 
 // Hotkeys. Modifiers: 1 Alt, 2 Ctrl, 4 Shift.
-void OtherProgramHoldsHotkey(int modifiers, int virtualKey);
 bool HotkeyRegistered(int modifiers, int virtualKey);  // by the program
-int RegisteredHotkeys();
-
-// The processor: what the calls after the first answer, one after the other; the last stays. 0 at first.
-void ScriptLoad(std::vector<std::optional<int>> answers);
 
 // Programs that were started.
 struct StartedProgram {

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <deque>
 #include <map>
 #include <set>
 #include <utility>
@@ -34,7 +33,6 @@ struct Hotkey {
     int id = 0;
     int modifiers = 0;
     int virtualKey = 0;
-    bool ofOtherProgram = false;
 };
 
 struct Surroundings {
@@ -45,7 +43,6 @@ struct Surroundings {
 
     std::vector<Hotkey> hotkeys;
 
-    std::deque<std::optional<int>> load = {0};
     bool loadWasAsked = false;
 
     std::vector<StartedProgram> started;
@@ -107,7 +104,7 @@ bool TakeHotkey(int modifiers, int virtualKey) {
     if (State().hotkeys.empty()) return false;
     const Hotkey* hotkey = FindHotkey(modifiers, virtualKey);
     if (hotkey == nullptr) return false;
-    if (!hotkey->ofOtherProgram) PostTo(hotkey->window, {HotkeyMessage, hotkey->id, virtualKey * 65536 + modifiers});
+    PostTo(hotkey->window, {HotkeyMessage, hotkey->id, virtualKey * 65536 + modifiers});
     return true;
 }
 
@@ -124,22 +121,8 @@ void UserOnTray(unsigned mouseMessage) {
         SendToProgram(State().tray.window, {TrayMessage, 0, static_cast<std::intptr_t>(mouseMessage)});
 }
 
-void OtherProgramHoldsHotkey(int modifiers, int virtualKey) {
-    State().hotkeys.push_back({0, 0, modifiers, virtualKey, true});
-}
-
 bool HotkeyRegistered(int modifiers, int virtualKey) {
-    const Hotkey* hotkey = FindHotkey(modifiers, virtualKey);
-    return hotkey != nullptr && !hotkey->ofOtherProgram;
-}
-
-int RegisteredHotkeys() {
-    return static_cast<int>(std::ranges::count(State().hotkeys, false, &Hotkey::ofOtherProgram));
-}
-
-void ScriptLoad(std::vector<std::optional<int>> answers) {
-    State().load.assign(answers.begin(), answers.end());
-    if (answers.empty()) State().load.push_back(0);
+    return FindHotkey(modifiers, virtualKey) != nullptr;
 }
 
 const std::vector<StartedProgram>& StartedPrograms() {
@@ -256,18 +239,13 @@ bool RegisterHotkey(WindowHandle window, int id, int modifiers, int virtualKey) 
 
 bool UnregisterHotkey(WindowHandle window, int id) {
     return std::erase_if(State().hotkeys, [window, id](const simulated::Hotkey& each) {
-               return !each.ofOtherProgram && each.window == window && each.id == id;
+               return each.window == window && each.id == id;
            }) > 0;
 }
 
 std::optional<int> ProcessorLoad() {
-    if (!State().loadWasAsked) {
-        State().loadWasAsked = true;
-        return std::nullopt;
-    }
-    const std::optional<int> load = State().load.front();
-    if (State().load.size() > 1) State().load.pop_front();
-    return load;
+    if (std::exchange(State().loadWasAsked, true)) return 0;
+    return std::nullopt;
 }
 
 bool StartProgram(const std::string& commandLine, int windowStyle) {

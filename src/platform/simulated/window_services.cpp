@@ -79,7 +79,6 @@ FocusAnswer FocusOf(std::uint32_t thread) {
     }
     const WindowHandle focus = simulated::FocusOfThread(thread);
     if (focus == 0 && !ThreadHasWindows(thread)) return {};
-    if (simulated::RefusesAttachment(thread)) return {};
     return {true, focus};
 }
 

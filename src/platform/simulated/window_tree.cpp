@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cctype>
 #include <iterator>
-#include <set>
 #include <utility>
 
 #include "simulated/activation.h"
@@ -22,7 +21,6 @@ struct TreeState {
     WindowHandle lastHandle = RootHandle;
     std::vector<Rect> monitors = {{0, 0, 1280, 1024}};
     std::unordered_map<std::uint32_t, std::vector<Action>> backlog;  // the threads that hang, with what waits for them
-    std::set<std::uint32_t> detached;
 };
 
 TreeState& State() {
@@ -227,10 +225,6 @@ bool IsHung(std::uint32_t thread) {
     return State().backlog.contains(thread);
 }
 
-bool RefusesAttachment(std::uint32_t thread) {
-    return State().detached.contains(thread);
-}
-
 bool DeliversAtOnce(std::uint32_t thread) {
     return thread != OwnThread && !IsHung(thread);
 }
@@ -286,14 +280,6 @@ void SetHung(WindowHandle window, bool hung) {
     const auto waiting = State().backlog.extract(thread);
     if (waiting.empty()) return;
     for (const Action& action : waiting.mapped()) Deliver(thread, action);
-}
-
-void RefuseAttachment(std::uint32_t thread, bool refuse) {
-    if (refuse) {
-        State().detached.insert(thread);
-    } else {
-        State().detached.erase(thread);
-    }
 }
 
 // The desktop's own rectangle is the smallest that holds them all.

@@ -63,7 +63,6 @@ WindowHandle HitTest(Point point);
 void BringToFront(Window& window);
 
 bool IsHung(std::uint32_t thread);
-bool RefusesAttachment(std::uint32_t thread);
 
 // Hands `action` to a window as its thread would get it: in the pump for the program's own, at once for others, when
 // it goes on for a thread that hangs. It must look its window up again.
