@@ -2,6 +2,7 @@
 
 #include "library/library_stage.h"
 #include "platform/registry.h"
+#include "platform/text.h"
 #include "support/wording.h"
 
 namespace {

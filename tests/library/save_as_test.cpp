@@ -4,6 +4,7 @@
 #include "library/job_shortcut.h"
 #include "library/library_stage.h"
 #include "platform/clock.h"
+#include "platform/text.h"
 #include "support/wording.h"
 
 namespace {

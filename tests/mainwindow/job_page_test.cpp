@@ -2,6 +2,7 @@
 
 #include "jobs/job_file.h"
 #include "library/job_library.h"
+#include "platform/text.h"
 #include "recording/recording_state.h"
 #include "settings/folders.h"
 #include "settings/settings.h"

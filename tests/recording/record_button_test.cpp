@@ -3,6 +3,7 @@
 #include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "platform/files.h"
+#include "platform/text.h"
 #include "recording/countdown.h"
 #include "recording/start_app.h"
 #include "recording_stage.h"

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "jobs/job_file.h"
 #include "platform/hooks.h"
+#include "platform/text.h"
 #include "replay/replay_log.h"
 #include "replay/timing.h"
 #include "replay_stage.h"

@@ -3,6 +3,7 @@
 #include "jobs/job_file.h"
 #include "platform/files.h"
 #include "platform/registry.h"
+#include "platform/text.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
 #include "support/library_view_stand_in.h"

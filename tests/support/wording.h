@@ -1,103 +1,16 @@
 // What a reader would find wrong with a text on the screen, whatever it says.
 #pragma once
 
-#include <algorithm>
-#include <iterator>
-#include <map>
-#include <regex>
 #include <string>
 #include <vector>
 
 #include "dictionary/dictionary.h"
-#include "platform/text.h"
-#include "simulated/desktop.h"
 
 inline constexpr int AllLanguages[] = {LanguageEnglish, LanguageGerman, LanguageSpanish, LanguageFrench};
 
-namespace wording {
-
-// The text in plain letters, for the patterns below: "~" is the no-break space, "{" and "}" open a question and an
-// exclamation, letters with accents are "x" and "X".
-inline std::string Plain(const std::string& text) {
-    const auto plain = [](char each) {
-        const std::string one(1, each);
-        if (one == platform::FromUtf8("\u00A0")) return '~';
-        if (one == platform::FromUtf8("¿")) return '{';
-        if (one == platform::FromUtf8("¡")) return '}';
-        if (static_cast<unsigned char>(each) < 128) return each;
-        return platform::LowerCase(one) != one ? 'X' : 'x';
-    };
-    std::string result;
-    std::transform(text.begin(), text.end(), std::back_inserter(result), plain);
-    return result;
-}
-
-struct Rule {
-    const char* fault;
-    std::regex pattern;
-
-    Rule(const char* name, const char* found) : fault(name), pattern(found) {}
-};
-
-inline std::vector<Rule> MakeRules(int language) {
-    std::vector<Rule> rules = {
-        {"not in the dictionary", "<\\w"},
-        {"an open marker", "%[12]"},
-        {"two blanks", "  |~~| ~|~ "},
-        {"a blank at an end", "^[ ~]|[ ~]$"},
-        {"a blank before a mark", " [.,:;?!]([ \r'\"]|$)"},
-        {"two marks", "[:;,?!][.:;,?!]|\\.[:;,?!]|(^|[^.])\\.\\.([^.]|$)|\\.{4}|\\{\\{|\\}\\}"},
-        {"no blank between two words", "[a-z][A-Z]|[,;?!][A-Za-z{}]|:[A-Za-z{}'\"]|\\w\"\\w"},
-        {"no blank between two sentences", "[a-z]\\.[A-Z{}]"},
-        {"an opening mark behind a word", "[^ \r\n'\"]+[{}]"},
-    };
-    if (language == LanguageFrench) {
-        rules.emplace_back("no no-break space before a mark", "[^~:;?!/ ][:;?!]([ \r'\"]|$)");
-    } else {
-        rules.emplace_back("a no-break space", "~");
-        rules.emplace_back("no blank before a name", "\\w'\\w");
-    }
-    if (language == LanguageSpanish) {
-        rules.emplace_back("a question that is not opened", "^[^{]*\\?|\\?[^{]*\\?");
-        rules.emplace_back("an exclamation that is not opened", "^[^}]*!|![^}]*!");
-        rules.emplace_back("an opening mark without its end", "\\{[^?]*$|\\}[^!]*$");
-    } else {
-        rules.emplace_back("an opening mark", "[{}]");
-    }
-    if (language == LanguageEnglish) {
-        rules.emplace_back("a decimal comma", "\\d,\\d");
-    } else {
-        rules.emplace_back("a decimal point", "\\d\\.\\d");
-    }
-    return rules;
-}
-
-inline const std::vector<Rule>& RulesOf(int language) {
-    static std::map<int, std::vector<Rule>> made;
-    std::vector<Rule>& rules = made[language];
-    if (rules.empty()) rules = MakeRules(language);
-    return rules;
-}
-
-}  // namespace wording
-
 // The faults of `text` (in the system code page) as one of the present language, each with the text; a good one has
 // none.
-inline std::vector<std::string> FaultsOf(const std::string& text) {
-    const std::string plain = wording::Plain(text);
-    std::vector<std::string> faults;
-    for (const wording::Rule& rule : wording::RulesOf(GetLanguage())) {
-        if (!std::regex_search(plain, rule.pattern)) continue;
-        faults.push_back(std::string(rule.fault) + ": " + platform::ToUtf8(text));
-    }
-    return faults;
-}
+std::vector<std::string> FaultsOf(const std::string& text);
 
 // The faults of the last box, in its title and its text.
-inline std::vector<std::string> FaultsOfLastBox() {
-    const simulated::ShownBox& box = simulated::ShownBoxes().back();
-    std::vector<std::string> faults = FaultsOf(box.title);
-    const std::vector<std::string> more = FaultsOf(box.text);
-    faults.insert(faults.end(), more.begin(), more.end());
-    return faults;
-}
+std::vector<std::string> FaultsOfLastBox();
