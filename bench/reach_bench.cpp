@@ -66,7 +66,7 @@ std::string SmallJob() {
     move.dwFlags() = MouseFlagBase + platform::MouseMove;
     move.dx() = move.dy() = 300;
     job.Events.push_back(move);
-    const std::string path = folder + std::string("start bench.tsj");
+    std::string path = folder + std::string("start bench.tsj");
     WriteJob(path, job);
     return path;
 }

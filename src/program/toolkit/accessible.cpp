@@ -163,7 +163,8 @@ public:
     }
     HRESULT STDMETHODCALLTYPE accSelect(long, VARIANT child) noexcept override {
         if (view == nullptr) return CO_E_OBJNOTCONNECTED;
-        return IsPart(child) && Changed([&] { return view->Select(child.lVal); }) ? S_OK : E_INVALIDARG;
+        const Held held(*this);
+        return IsPart(child) && Guarded<bool>(false, [&] { return view->Select(child.lVal); }) ? S_OK : E_INVALIDARG;
     }
     HRESULT STDMETHODCALLTYPE accLocation(long* left, long* top, long* width, long* height,
                                           VARIANT child) noexcept override {
@@ -199,7 +200,8 @@ public:
     }
     HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) noexcept override {
         if (view == nullptr) return CO_E_OBJNOTCONNECTED;
-        if (Changed([&] { return view->DoAction(child.lVal); })) return S_OK;
+        const Held held(*this);
+        if (Guarded<bool>(false, [&] { return view->DoAction(child.lVal); })) return S_OK;
         return standard == nullptr ? DISP_E_MEMBERNOTFOUND : standard->accDoDefaultAction(child);
     }
     HRESULT STDMETHODCALLTYPE put_accName(VARIANT, BSTR) noexcept override { return DISP_E_MEMBERNOTFOUND; }
@@ -233,14 +235,17 @@ private:
         return view == nullptr ? CO_E_OBJNOTCONNECTED : Guarded<HRESULT>(E_FAIL, call);
     }
 
-    // What changes the control may end it, and this object with it.
-    template <class Call>
-    bool Changed(Call&& call) noexcept {
-        AddRef();
-        const bool done = Guarded<bool>(false, call);
-        Release();
-        return done;
-    }
+    // What changes the control may end it, and this object with it, if nobody else holds it.
+    class Held {
+    public:
+        explicit Held(Object& heldObject) : object(heldObject) { object.AddRef(); }
+        Held(const Held&) = delete;
+        Held& operator=(const Held&) = delete;
+        ~Held() { object.Release(); }
+
+    private:
+        Object& object;
+    };
 
     HRESULT Text(const VARIANT& child, BSTR* result, std::optional<std::string> (AccessibleView::*ask)(int) const,
                  HRESULT (STDMETHODCALLTYPE IAccessible::*askStandard)(VARIANT, BSTR*)) noexcept {

@@ -39,7 +39,7 @@ Member Tick(std::int32_t& option) {
             .take = [&option](HWND control) { option = TickOf(control) ? 1 : 0; }};
 }
 
-Member Option(std::function<bool()> chosen, std::function<void()> choose) {
+Member Option(const std::function<bool()>& chosen, std::function<void()> choose) {
     return {.show = [chosen](HWND control) { ShowTick(control, chosen()); },
             .take =
                 [chosen, choose = std::move(choose)](HWND) {

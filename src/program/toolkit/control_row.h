@@ -45,7 +45,7 @@ Member Tick(bool& value, std::function<void(bool)> changed = nullptr);
 Member Tick(std::int32_t& option);  // 0 or 1, as in the settings
 
 // One of several option buttons, of which the user chooses one.
-Member Option(std::function<bool()> chosen, std::function<void()> choose);
+Member Option(const std::function<bool()>& chosen, std::function<void()> choose);
 
 // A text that the user cannot change.
 Member Shown(FormText text);
