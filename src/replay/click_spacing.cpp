@@ -1,6 +1,5 @@
 #include "replay/click_spacing.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 #include "identity/live_chain.h"
@@ -43,11 +42,12 @@ std::int32_t ClickSpacing::HoldBack(const JobEvent& event) {
     next.window = platform::WindowAt(next.position);
     if (!last || !OnOneSpot(*last, next)) return 0;
     if (last->pass == pass && !RecordedApart(last->recordedMs, next.recordedMs)) return 0;
-    next.placements = PlacementsFrom(next.window);
     const std::int64_t earliest =
         last->sentAt + (platform::DoubleClickTime() + TickStepMs) * MicrosecondsPerMs + MicrosecondsPerMs - 1;
-    return static_cast<std::int32_t>(
-        std::max<std::int64_t>((earliest - platform::Microseconds()) / MicrosecondsPerMs, 0));
+    const std::int64_t hold = (earliest - platform::Microseconds()) / MicrosecondsPerMs;
+    if (hold <= 0) return 0;
+    next.placements = PlacementsFrom(next.window);
+    return static_cast<std::int32_t>(hold);
 }
 
 bool ClickSpacing::NothingMoved() const {

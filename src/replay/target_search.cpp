@@ -418,8 +418,9 @@ bool Search::InputArrives() {
     const WindowHandle reached = IsHigh() ? searchState.current : target;
     if (request.useFocus) return FocusIsIn(reached);
     // Some windows go on to another place by themselves; they are not put back for ever.
-    if (const auto standing = platform::PlacementOf(target); IsHigh() && placed && !StandsAs(standing, *placed)) {
-        if (++restless <= RestlessLimit) return false;
+    if (IsHigh() && placed) {
+        const platform::WindowPlacement standing = platform::PlacementOf(target);
+        if (!StandsAs(standing, *placed) && ++restless <= RestlessLimit) return false;
         placed = standing;
     }
     const WindowHandle hit = platform::WindowAt(platform::CursorPosition());
