@@ -20,6 +20,7 @@ WindowHandle DesktopRoot();          // GetDesktopWindow
 
 // SetForegroundWindow, for a child too (its top-level window comes forward, over the other windows). Where the system
 // refuses, as it does when the user has touched the mouse last, it is asked once more after an input that does nothing.
+// What was sent to the window that was in front may arrive there first (LetInputArrive).
 // True when the window, or one that it owns, is in the foreground after that (GetForegroundWindow); false too when it
 // did not answer in time.
 bool BringToForeground(WindowHandle window);

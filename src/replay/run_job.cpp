@@ -201,6 +201,7 @@ bool JobRun::StartsProgram() const {
 
 void JobRun::CleanUp() {
     ReleaseStuckKeys();
+    platform::LetInputArrive();  // before a window of ours takes the focus from the one that the last keys went to
     if (logPath.empty()) AddRecentJob(jobPath);
     if (DisplaysStatus()) LeaveStatusWindow();
     RestoreMainWindow();

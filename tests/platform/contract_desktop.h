@@ -55,6 +55,7 @@ public:
     std::string LastCopyData(WindowHandle window);
     void RunTheProduct();      // claims the place of ProductOfTest that platform::AnotherInstanceRuns asks about
     void Hang();               // until the end
+    void Nap(int ms);          // what comes meanwhile is dealt with after it
     std::uint32_t HoldDown();  // HeldKeys and HeldButton; the process id of its guard
     void Kill();
 

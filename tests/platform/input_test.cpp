@@ -122,6 +122,19 @@ TEST(Input, KeysArriveWhereTheFocusIs) {
 }
 
 // With and without a pause between the move and the press, which the display may use to interfere.
+TEST(Input, KeysStillOnTheirWayArriveBeforeTheFocusGoes) {
+    OtherProgram busy;
+    OtherProgram next;
+    const WindowHandle nextWindow = next.Add({.rect = {600, 600, 700, 700}});
+    const WindowHandle top = busy.Add({.rect = {100, 100, 500, 400}});
+    const WindowHandle edit = busy.Add({.className = "Edit", .rect = {10, 10, 300, 60}, .parent = top});
+    busy.Focus(edit);
+    busy.Nap(200);
+    for (int times = 0; times < 5; ++times) Tap('A');
+    EXPECT_TRUE(platform::BringToForeground(nextWindow));
+    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return busy.TextOf(edit).size() == 5; })) << busy.TextOf(edit);
+}
+
 TEST(Input, AClickGoesToTheWindowUnderTheCursor) {
     OtherProgram program;
     const WindowHandle top = program.Add({.caption = "Clicked", .rect = {100, 100, 500, 400}});

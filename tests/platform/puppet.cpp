@@ -91,8 +91,8 @@ LRESULT Obey(Order order, const OrderData& data) {
             return platform::AnotherInstanceRuns(contract::ProductOfTest);
         case Order::HoldDown:
             return HoldDown();
-        case Order::Hang:
-            return PostThreadMessageA(GetCurrentThreadId(), WM_APP, 0, 0);  // after the answer
+        case Order::Nap:
+            return PostThreadMessageA(GetCurrentThreadId(), WM_APP, data.ms, 0);  // after the answer
     }
     return 0;
 }
@@ -136,7 +136,7 @@ int RunPuppet(const char* name, DWORD parentProcess) {
     CreateWindowExA(0, PuppetClass, name, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, windowClass.hInstance, nullptr);
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
-        if (message.hwnd == nullptr && message.message == WM_APP) ::Sleep(INFINITE);
+        if (message.hwnd == nullptr && message.message == WM_APP) ::Sleep(static_cast<DWORD>(message.wParam));
         TranslateMessage(&message);
         DispatchMessageA(&message);
     }

@@ -16,7 +16,7 @@ inline constexpr const char* StubbornClass = "Contract stubborn";
 // The class of a window that refuses to become active: the system then says that it did, and leaves it as it was.
 inline constexpr const char* ShyClass = "Contract shy";
 
-enum class Order : ULONG_PTR { Add, Remove, Rename, Focus, RunTheProduct, Hang, HoldDown };
+enum class Order : ULONG_PTR { Add, Remove, Rename, Focus, RunTheProduct, Nap, HoldDown };
 
 struct OrderData {
     HWND window = nullptr;
@@ -24,6 +24,7 @@ struct OrderData {
     HWND owner = nullptr;
     RECT rect = {};
     int controlId = 0;
+    DWORD ms = 0;
     bool visible = true;
     bool enabled = true;
     char className[100] = "";

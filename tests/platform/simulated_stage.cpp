@@ -94,6 +94,13 @@ void OtherProgram::Hang() {
     for (const WindowHandle window : inside->windows) simulated::SetHung(window);
 }
 
+void OtherProgram::Nap(int ms) {
+    Hang();
+    simulated::MeanwhileAfter(ms, [windows = inside->windows] {
+        for (const WindowHandle window : windows) simulated::SetHung(window, false);
+    });
+}
+
 WindowHandle AddOwn(const NewWindow& window) {
     const WindowHandle handle = AddTo(simulated::OwnThread, window);
     simulated::OnMessage(handle, [handle](const simulated::Message& message) {

@@ -186,8 +186,14 @@ void OtherProgram::Kill() {
     TerminateProcess(inside->process.hProcess, 1);
 }
 
+void OtherProgram::Nap(int ms) {
+    OrderData data;
+    data.ms = static_cast<DWORD>(ms);
+    inside->Give(Order::Nap, data);
+}
+
 void OtherProgram::Hang() {
-    inside->Give(Order::Hang, WindowHandle{0});
+    Nap(static_cast<int>(INFINITE));
     // It hangs when it no longer answers.
     Within(StagePatienceMs, [&] {
         DWORD_PTR result = 0;

@@ -122,6 +122,16 @@ TEST_F(RunJobTest, TheMainWindowStepsAsideAndComesBackOnlyIfItDid) {
     EXPECT_TRUE(mainWindowViewStandIn.minimised) << "it was minimised before, and stays so";
 }
 
+TEST_F(RunJobTest, ItComesBackWhenTheLastKeysHaveArrived) {
+    InEdit().Type("ab");
+    simulated::OnKey(edit, 'A', [this] {
+        simulated::SetHung(edit);
+        simulated::MeanwhileAfter(300, [this] { simulated::SetHung(edit, false); });
+    });
+    EXPECT_EQ(Run(), 1);
+    EXPECT_EQ(TextOf(edit), "ab");
+}
+
 TEST_F(RunJobTest, InputIsBlockedForTheFirstSecond) {
     InEdit().KeyDown('A').Wait(3000).KeyUp('A');
     bool early = false;

@@ -1,4 +1,5 @@
 // Input that the program injects.
+#include "platform/clock.h"
 #include "platform/hooks.h"
 #include "platform/input.h"
 #include "simulated/activation.h"
@@ -93,6 +94,14 @@ int SendInput(const InputRecord& record) {
         simulated::InjectKey(record);
     }
     return 1;
+}
+
+void LetInputArrive() {
+    const simulated::Window* const front = simulated::Find(simulated::Foreground());
+    if (front == nullptr) return;
+    const std::uint32_t thread = front->spec.thread;
+    constexpr std::int64_t LongestMs = 500;
+    for (std::int64_t ms = 0; ms < LongestMs && simulated::IsHung(thread); ++ms) Sleep(1);
 }
 
 bool InputReachesDesktop() {

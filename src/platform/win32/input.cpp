@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/clock.h"
+#include "win32/bounded_call.h"
 #include "win32/guard.h"
 #include "win32/handles.h"
 #include "win32/wine.h"
@@ -62,6 +63,9 @@ KEYBDINPUT ToKeyboardInput(const InputRecord& record) {
     return keyboard;
 }
 
+constexpr int ArrivalQuestions = 30;
+constexpr std::int64_t ArrivalMicroseconds = 500'000;
+
 }  // namespace
 
 int SendInput(const InputRecord& record) {
@@ -77,6 +81,16 @@ int SendInput(const InputRecord& record) {
     const UINT sent = ::SendInput(1, &input, sizeof input);
     if (sent == 1) NoteAfterSending(OwnHeldState(), record);
     return static_cast<int>(sent);
+}
+
+void LetInputArrive() {
+    const HWND front = GetForegroundWindow();
+    if (front == nullptr || GetWindowThreadProcessId(front, nullptr) == GetCurrentThreadId()) return;
+    const std::int64_t deadline = Microseconds() + ArrivalMicroseconds;
+    for (int question = 0; question < ArrivalQuestions && Microseconds() < deadline; ++question) {
+        if (!Answers(front, deadline)) return;
+        Sleep(1);
+    }
 }
 
 std::int16_t AsyncKeyState(int virtualKey) {
@@ -106,7 +120,6 @@ Size ScreenSize() {
     return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
 }
 
-// The age is taken with the system's own count, which wraps after 49 days, and then laid on ours.
 int DoubleClickTime() {
     return static_cast<int>(GetDoubleClickTime());
 }
@@ -115,6 +128,7 @@ Size DoubleClickSize() {
     return {GetSystemMetrics(SM_CXDOUBLECLK), GetSystemMetrics(SM_CYDOUBLECLK)};
 }
 
+// The age is taken with the system's own count, which wraps after 49 days, and then laid on ours.
 std::int64_t LastInputTick() {
     LASTINPUTINFO info{};
     info.cbSize = sizeof info;

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "platform/clock.h"
+#include "platform/input.h"
 #include "win32/bounded_call.h"
 #include "win32/handles.h"
 #include "win32/wine.h"
@@ -129,6 +130,7 @@ WindowHandle DesktopRoot() {
 bool BringToForeground(WindowHandle window) {
     const HWND top = GetAncestor(ToHwnd(window), GA_ROOT);
     if (top == nullptr) return false;
+    if (!IsInFront(top)) LetInputArrive();
     const std::int64_t deadline = DeadlineFromNow();
     if (!IsOfThisThread(top) && !Answers(top, deadline)) return false;
     if (AskForForeground(top, deadline)) return true;
