@@ -40,7 +40,4 @@ void ShowSaveAs() {
 std::string SaveRecovered(ListOfJobs) {
     return "";
 }
-std::int32_t DoubleClickTime() {
-    return 500;
-}
 }  // namespace session_view

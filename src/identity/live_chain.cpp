@@ -9,6 +9,7 @@
 namespace {
 
 const std::string noText;
+const platform::WindowPlacement noPlacement;
 
 // Most texts need no trimming, and then are not copied either.
 std::string Trimmed(std::string text) {
@@ -31,7 +32,7 @@ LiveChain::Level* LiveChain::At(std::int32_t level) {
     const auto wanted = static_cast<std::size_t>(level);
     while (levels.size() <= wanted) {
         if (levels.back().handle == 0) return nullptr;
-        levels.push_back({platform::ParentOf(levels.back().handle), {}, {}});
+        levels.push_back({platform::ParentOf(levels.back().handle), {}, {}, {}});
     }
     return &levels[wanted];
 }
@@ -53,6 +54,13 @@ const std::string& LiveChain::Caption(std::int32_t level) {
     if (found == nullptr) return noText;
     if (!found->caption) found->caption = LiveCaption(found->handle);
     return *found->caption;
+}
+
+const platform::WindowPlacement& LiveChain::Placement(std::int32_t level) {
+    Level* const found = At(level);
+    if (found == nullptr) return noPlacement;
+    if (!found->placement) found->placement = platform::PlacementOf(found->handle);
+    return *found->placement;
 }
 
 platform::WindowHandle LiveChain::Root() {

@@ -13,7 +13,7 @@ class LiveChain {
 public:
     explicit LiveChain(platform::WindowHandle window = 0) {
         levels.reserve(UsualLevels);
-        levels.push_back({window, {}, {}});
+        levels.push_back({window, {}, {}, {}});
     }
 
     // Level 0 is the window itself, each next one its parent; 0 above the last.
@@ -22,6 +22,9 @@ public:
     // Empty above the last window. Valid until a higher level is asked for.
     const std::string& ClassName(std::int32_t level);
     const std::string& Caption(std::int32_t level);
+
+    // All zero above the last window.
+    const platform::WindowPlacement& Placement(std::int32_t level);
 
     // The last window of the walk over the parents; the owners of popups count as parents.
     platform::WindowHandle Root();
@@ -38,6 +41,7 @@ private:
         platform::WindowHandle handle = 0;
         std::optional<std::string> className;
         std::optional<std::string> caption;
+        std::optional<platform::WindowPlacement> placement;
     };
 
     static constexpr std::size_t UsualLevels = 8;

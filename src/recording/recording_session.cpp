@@ -100,7 +100,7 @@ void ResetSession(std::int64_t startTick, std::int32_t capacity) {
     session.hookBusy = false;
     ResetHookWatch();
     ClearClickPairing();
-    session.doubleClickTime = session_view::DoubleClickTime();
+    session.doubleClickTime = platform::DoubleClickTime();
     session.screen = platform::ScreenSize();
     session.recordingStartTick = startTick;
     session.eventCount = -1;

@@ -35,7 +35,4 @@ void ShowSaveAs();
 enum class ListOfJobs { Shown, Left };
 std::string SaveRecovered(ListOfJobs list);
 
-// GetDoubleClickTime, ms.
-std::int32_t DoubleClickTime();
-
 }  // namespace session_view

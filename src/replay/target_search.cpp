@@ -229,7 +229,7 @@ bool Search::IsTop(WindowHandle window) const {
 Search::Step Search::Compare() {
     lastMatch = MatchLive(live, wanted, similar);
     if (lastMatch >= MatchMoved) target = live.Handle(wanted.Depth());
-    if (lastMatch >= MatchMoved && IsTheTop(target, wanted) && IsTheElement()) {
+    if (lastMatch >= MatchMoved && IsTheTop(live, wanted) && IsTheElement()) {
         moved = lastMatch == MatchMoved;
         unsettled = false;
         return Confirmed(wanted.Leaf());
@@ -456,7 +456,9 @@ Search::Step Search::PutInPlace(std::int32_t liveDepth) {
 // At High a press lands where it did in its window, also when somebody has moved that since it was put in place. Keys
 // do not mind.
 bool Search::TopWasMoved() {
-    return IsHigh() && !request.useFocus && PositionedFlag(target) && !IsInPlace(target, wanted);
+    if (!IsHigh() || request.useFocus || !PositionedFlag(target)) return false;
+    if (unsettled) return !IsInPlace(target, platform::PlacementOf(target), wanted);
+    return !IsInPlace(target, live.Placement(wanted.Depth()), wanted);  // as the compare has just seen it
 }
 
 // Top-level window first. False when one of them cannot be placed now.

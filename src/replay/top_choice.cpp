@@ -11,8 +11,12 @@ using platform::WindowHandle;
 
 namespace {
 
+bool HasRecordedRectangle(const platform::WindowPlacement& placement, const WantedChain& wanted) {
+    return placement.rcNormalPosition == wanted.Top().Placement.rcNormalPosition;
+}
+
 bool HasRecordedRectangle(WindowHandle window, const WantedChain& wanted) {
-    return platform::PlacementOf(window).rcNormalPosition == wanted.Top().Placement.rcNormalPosition;
+    return HasRecordedRectangle(platform::PlacementOf(window), wanted);
 }
 
 MetTop* FindMet(WindowHandle window, std::int32_t signature) {
@@ -102,11 +106,12 @@ WindowHandle ChooseTop(const std::string& className, const std::string& caption,
     return chosen;
 }
 
-bool IsTheTop(WindowHandle window, const WantedChain& wanted) {
-    if (window == 0 || HasRecordedRectangle(window, wanted) || FindMet(window, wanted.TopIndex()) != nullptr) {
-        return true;
-    }
-    const std::vector<WindowHandle> windows = NamedWindows(LiveClass(window), LiveCaption(window));
+bool IsTheTop(LiveChain& live, const WantedChain& wanted) {
+    const std::int32_t level = wanted.Depth();
+    const WindowHandle window = live.Handle(level);
+    if (window == 0 || HasRecordedRectangle(live.Placement(level), wanted)) return true;
+    if (FindMet(window, wanted.TopIndex()) != nullptr) return true;
+    const std::vector<WindowHandle> windows = NamedWindows(live.ClassName(level), live.Caption(level));
     return windows.size() < 2 || ChooseFrom(windows, wanted) == window;
 }
 
@@ -117,8 +122,7 @@ void Meet(WindowHandle window, const WantedChain& wanted, const std::optional<pl
     if (placed) met->placed = placed;
 }
 
-bool IsInPlace(WindowHandle window, const WantedChain& wanted) {
-    const platform::WindowPlacement standing = platform::PlacementOf(window);
+bool IsInPlace(WindowHandle window, const platform::WindowPlacement& standing, const WantedChain& wanted) {
     if (StandsAs(standing, wanted.Top().Placement)) return true;
     const MetTop* const met = FindMet(window, wanted.TopIndex());
     return met != nullptr && met->placed && StandsAs(standing, *met->placed);

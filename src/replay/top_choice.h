@@ -14,8 +14,9 @@
 platform::WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted,
                                  bool& several);
 
-// Whether ChooseTop would take this window, which has the right class and caption. 0 is as good as any.
-bool IsTheTop(platform::WindowHandle window, const WantedChain& wanted);
+// Whether ChooseTop would take the window at the recorded depth of `live`, which has the right class and caption. None
+// is as good as any.
+bool IsTheTop(LiveChain& live, const WantedChain& wanted);
 
 bool IsTopLevel(platform::WindowHandle window);
 
@@ -24,9 +25,9 @@ bool IsTopLevel(platform::WindowHandle window);
 void Meet(platform::WindowHandle window, const WantedChain& wanted,
           const std::optional<platform::WindowPlacement>& placed);
 
-// Whether a window begins at its recorded place, neither minimised nor maximised unless it was, or stands as it did
-// when it was last put there.
-bool IsInPlace(platform::WindowHandle window, const WantedChain& wanted);
+// Whether the top-level window `window`, which stands as `standing`, begins at its recorded place, neither minimised
+// nor maximised unless it was, or stands as it did when it was last put there.
+bool IsInPlace(platform::WindowHandle window, const platform::WindowPlacement& standing, const WantedChain& wanted);
 
 // The same beginning, and both or neither minimised or maximised. Another size alone leaves what lies at a recorded
 // place where it is.

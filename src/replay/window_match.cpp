@@ -74,8 +74,7 @@ int MatchNames(LiveChain& live, const WantedChain& wanted, bool similar) {
 int MatchLive(LiveChain& live, const WantedChain& wanted, bool similar) {
     const int match = MatchNames(live, wanted, similar);
     if (match != MatchMoved) return match;
-    const platform::WindowPlacement placement = platform::PlacementOf(live.Handle(0));
-    return WindowPlacementsEqual(wanted.Leaf().Placement, placement) ? MatchAll : MatchMoved;
+    return WindowPlacementsEqual(wanted.Leaf().Placement, live.Placement(0)) ? MatchAll : MatchMoved;
 }
 
 int MatchWindow(platform::WindowHandle window, std::int32_t chainIndex, const std::vector<WindowSignature>& windows,

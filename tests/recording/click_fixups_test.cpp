@@ -79,7 +79,7 @@ TEST_F(ClickFixups, OtherWindowsDoNotMatterAndAPauseIsNoTime) {
 
 TEST_F(ClickFixups, TheSystemsDoubleClickTimeIsReadAtTheStart) {
     Stop();
-    recordingViewStandIn.doubleClickTime = 100;
+    simulated::SetDoubleClick(100, {4, 4});
     Start();
     Click(Place, 100);
     Click(Place, 101);

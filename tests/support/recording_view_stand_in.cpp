@@ -150,6 +150,4 @@ std::string SaveRecovered(ListOfJobs list) {
     return view.recover ? view.recover() : "";
 }
 
-ANSWERS(std::int32_t, DoubleClickTime, view.doubleClickTime)
-
 }  // namespace session_view

@@ -40,7 +40,6 @@ struct RecordingViewStandIn {
     // everything above a recording
     bool runUnderWay = false;
     bool mainWindowVisible = true;
-    std::int32_t doubleClickTime = 500;
     std::function<void()> saveAs;
     std::function<void()> editor;
     std::function<std::string()> recover;

@@ -75,8 +75,4 @@ std::string SaveRecovered(ListOfJobs list) {
     return name;
 }
 
-std::int32_t DoubleClickTime() {
-    return static_cast<std::int32_t>(GetDoubleClickTime());
-}
-
 }  // namespace session_view
