@@ -60,7 +60,7 @@ void Save(const std::string& path, const std::string& bytes) {
 }
 
 std::string RandomFile(Dice& dice) {
-    return WholeFile(dice.Word(), static_cast<std::size_t>(1000 + dice.UpTo(200'000)));
+    return WholeFile(dice.Word(), std::size_t{1000} + static_cast<std::size_t>(dice.UpTo(200'000)));
 }
 
 bool Saved(const std::string& path, const std::string& bytes) {
