@@ -126,7 +126,7 @@ def mingw_flags():
 class Tidy:
     def __init__(self, shallow):
         version = subprocess.run([CLANG_TIDY, "--version"], capture_output=True, text=True, check=True).stdout
-        self.flags = ["-std=c++20", *WARNINGS, *(f"-I{folder}" for folder in INCLUDE)]
+        self.flags = ["-std=c++20", '-DSOURCE_FOLDER="src"', *WARNINGS, *(f"-I{folder}" for folder in INCLUDE)]
         self.mingw = mingw_flags()
         self.depth = SHALLOW if shallow else []
         rules = (ROOT / ".clang-tidy").read_text(encoding="utf-8") + Path(__file__).read_text(encoding="utf-8")

@@ -1,5 +1,7 @@
 #include "folding/popuni_listu.h"
 
+#include <algorithm>
+
 #include "folding/puni_listu.h"
 #include "folding/random_job.h"
 #include "folding/row_lines.h"
@@ -30,8 +32,8 @@ JobBuilder InNotepad() {
 }
 
 std::vector<std::int32_t> Types(const std::vector<JobEvent>& events) {
-    std::vector<std::int32_t> types;
-    for (const JobEvent& event : events) types.push_back(event.dwType());
+    std::vector<std::int32_t> types(events.size());
+    std::ranges::transform(events, types.begin(), [](const JobEvent& event) { return event.dwType(); });
     return types;
 }
 

@@ -32,8 +32,9 @@ protected:
 
     // "name: second line" of every row.
     static std::vector<std::string> Rows() {
-        std::vector<std::string> rows;
         const ListModel& list = jobLibrary.lista_jobs;
+        std::vector<std::string> rows;
+        rows.reserve(static_cast<std::size_t>(list.ListCount()));
         for (int i = 0; i < list.ListCount(); ++i) rows.push_back(list.List(i) + ": " + list.Row(i).Text2);
         return rows;
     }

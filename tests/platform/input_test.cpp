@@ -223,7 +223,7 @@ TEST(Input, KeysMapToScanCodesAndCharacters) {
 
 // Whether hooks listen or not.
 TEST(Input, TheLastInputIsTimed) {
-    constexpr int coarseMs = 50;
+    constexpr std::int64_t coarseMs = 50;
     contract::AddOwn({.caption = "front"});
     for (const bool hooked : {false, true}) {
         if (hooked) {
