@@ -3,12 +3,20 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <utility>
 
 #include "platform/clock.h"
 #include "win32/system_library.h"
 
 namespace platform {
 namespace {
+
+// The extra information of our own moves: those that go somewhere, and those that do not and get no answer.
+constexpr ULONG_PTR MarkOfMove = 0x54657373;
+constexpr ULONG_PTR MarkOfNoMove = MarkOfMove + 1;
+constexpr int AnswersToMove = 2;
+
+constexpr DWORD Presses = MOUSEEVENTF_LEFTDOWN | MOUSEEVENTF_RIGHTDOWN | MOUSEEVENTF_MIDDLEDOWN | MOUSEEVENTF_XDOWN;
 
 POINT CursorNow() {
     POINT point{};
@@ -25,13 +33,32 @@ class SteadyCursor {
 public:
     SteadyCursor() { passed.fill({-1, -1}); }
 
-    void Moved(const MOUSEINPUT& sent) {
+    void Moved(MOUSEINPUT& sent) {
         if (!IsFresh()) Remember(CursorNow());
         Remember(target);
-        move = sent;
         target = {OffScale(sent.dx, SM_XVIRTUALSCREEN, SM_CXVIRTUALSCREEN),
                   OffScale(sent.dy, SM_YVIRTUALSCREEN, SM_CYVIRTUALSCREEN)};
+        const bool moves = !Same(CursorNow(), target);
+        sent.dwExtraInfo = moves ? MarkOfMove : MarkOfNoMove;
+        moved = moved || moves;
+        move = sent;
         time = TickCount();
+    }
+
+    // The driver tells of a move once more, by an event of the new place and one of the place before, in either order,
+    // when the window's thread gets to them. What they leave the cursor at is put right, and then that is told.
+    void AwaitAnswer() {
+        if (!std::exchange(moved, false)) return;
+        const std::int64_t end = TickCount() + LongestAnswerMs;
+        while (!IsWithTheUser() && TickCount() < end) {
+            if (!IsAnswered()) {
+                Sleep(1);
+            } else if (Same(CursorNow(), target)) {
+                return;
+            } else {
+                SendAgain();
+            }
+        }
     }
 
     void SendAlong(MOUSEINPUT& press) const {
@@ -43,14 +70,33 @@ public:
 
     void PutRight() const {
         if (!IsFresh() || Same(CursorNow(), target) || IsWithTheUser()) return;
-        INPUT again{};
-        again.type = INPUT_MOUSE;
-        again.mi = move;
-        ::SendInput(1, &again, sizeof again);
+        SendAgain();
     }
 
 private:
     static constexpr std::int64_t FreshMs = 2000;
+    static constexpr std::int64_t LongestAnswerMs = 1000;
+
+    bool IsAnswered() const {
+        const POINT now = CursorNow();
+        MOUSEMOVEPOINT newest{now.x, now.y, 0, 0};
+        std::array<MOUSEMOVEPOINT, 8> points{};
+        const int count = GetMouseMovePointsEx(sizeof newest, &newest, points.data(), static_cast<int>(points.size()),
+                                               GMMP_USE_DISPLAY_POINTS);
+        int answers = 0;
+        for (int i = 0; i < count && points[static_cast<std::size_t>(i)].dwExtraInfo != MarkOfMove; ++i) {
+            if (points[static_cast<std::size_t>(i)].dwExtraInfo != MarkOfNoMove) ++answers;
+        }
+        return answers >= AnswersToMove;
+    }
+
+    void SendAgain() const {
+        INPUT again{};
+        again.type = INPUT_MOUSE;
+        again.mi = move;
+        again.mi.dwExtraInfo = MarkOfMove;
+        ::SendInput(1, &again, sizeof again);
+    }
 
     static bool Same(POINT a, POINT b) { return a.x == b.x && a.y == b.y; }
     bool IsFresh() const { return time != 0 && TickCount() - time <= FreshMs; }
@@ -71,6 +117,7 @@ private:
     std::array<POINT, 8> passed{};  // where the cursor was before
     std::size_t next = 0;
     std::int64_t time = 0;
+    bool moved = false;  // and no press since
 } steadyCursor;
 
 }  // namespace
@@ -86,6 +133,7 @@ void SteadyWineCursor(MOUSEINPUT& next) {
     if ((next.dwFlags & absoluteMove) == absoluteMove) {
         steadyCursor.Moved(next);
     } else if ((next.dwFlags & MOUSEEVENTF_MOVE) == 0) {
+        if ((next.dwFlags & Presses) != 0) steadyCursor.AwaitAnswer();
         steadyCursor.SendAlong(next);
     }
 }

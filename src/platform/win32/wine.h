@@ -10,9 +10,11 @@ namespace platform {
 bool RunsOnWine();
 
 // Some injected moves of the mouse are taken back: Wine's display driver answers them with an event of a position that
-// the pointer had before, and a press would land there. For two seconds after a move of ours its position is watched;
-// as soon as the cursor is anywhere else, the user has the mouse, and it is left alone.
-void SteadyWineCursor(MOUSEINPUT& next);  // an input that is about to be sent; a press takes the position along
+// the pointer had before, and mostly with one of the right position after it; a press would land at the first, and a
+// double click that meets either would select something else. For two seconds after a move of ours its position is
+// watched; as soon as the cursor is anywhere else, the user has the mouse, and it is left alone. A press waits for the
+// answer to the move before it (a few ms, on a busy machine up to a second) and takes the position along.
+void SteadyWineCursor(MOUSEINPUT& next);  // an input that is about to be sent
 void PutWineCursorRight();                // the position of the cursor is about to be asked for
 
 // The setting for swapped buttons is kept, and nothing is swapped.
