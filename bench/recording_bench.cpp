@@ -187,7 +187,7 @@ void FindLongestCall() {
 
 }  // namespace
 
-int main() {
+int main() {  // NOLINT(bugprone-exception-escape): a bench that fails ends
     simulated::KeepJournals(false);
     settings.Capture_Mouse_Moves = 1;
     const WindowHandle editor = SetStage();

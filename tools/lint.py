@@ -21,7 +21,7 @@ ROOT = Path(__file__).resolve().parent.parent
 MEMORY = ROOT / "out" / "lint"
 FOLDERS = ("src", "tests", "bench", "fuzz")
 INCLUDE = [ROOT / "src", ROOT / "src" / "platform", ROOT / "src" / "program", ROOT / "tests", ROOT]
-LARGEST_BATCH = 12
+LARGEST_BATCH = 24
 CLANG_TIDY = "clang-tidy-14"
 SHALLOW = ["-Xclang", "-analyzer-config", "-Xclang", "mode=shallow"]
 WARNINGS = ["-Wall", "-Wextra", "-Wreserved-identifier"]
@@ -62,6 +62,7 @@ class Source:
         self.path = path
         self.text = path.read_text(encoding="utf-8")
         self.closure = sorted(self._closure(path, set()))
+        self.enclosed = self._all_in_one_namespace()
         self.windows = any("windows.h" in self._includes(file)[1] for file in self.closure)
         self.own_names = self._own_names()
 
@@ -85,7 +86,23 @@ class Source:
                 self._closure(header, known)
         return known
 
+    def _all_in_one_namespace(self):
+        """Whether all of it but includes and aliases stands in one namespace without a name, as tests mostly do."""
+        outside = re.sub(r"^namespace \{$.*^\}  // namespace$", "", self.text, count=1, flags=re.MULTILINE | re.DOTALL)
+        more = re.sub(r"^(?:#include .*|//.*|using .*;)$", "", outside, flags=re.MULTILINE)
+        return outside != self.text and not more.strip()
+
+    def part_of(self, number):
+        """The text for a unit of several; what stands in one namespace gets one of its own."""
+        if not self.enclosed:
+            return self.text
+        begin, end = self.text.index("\nnamespace {\n") + 1, self.text.rindex("\n}  // namespace\n") + 1
+        body = self.text[begin:end]
+        return f"{self.text[:begin]}namespace part{number} {{ {body}}} {self.text[end:]}"
+
     def _own_names(self):
+        if self.enclosed:
+            return set(re.findall(r"^using (\w+) =", self.text, re.MULTILINE))
         names = set(re.findall(r"^TEST(?:_F|_P)?\((\w+)", self.text, re.MULTILINE))
         names.update(re.findall(r"^[\w:<][^\n;({=]*?(?<!:)\b(\w+)\(", self.text, re.MULTILINE))
         for block in re.findall(r"^namespace \{$(.*?)^\}  // namespace$", self.text, re.MULTILINE | re.DOTALL):
@@ -157,7 +174,7 @@ class Tidy:
     def _look(self, batch):
         # One text and not one list of includes: the analyzer follows the paths of the main file's functions alone.
         unit = MEMORY / f"{self.key(batch)}.cpp"
-        unit.write_text("".join(source.text for source in batch), encoding="utf-8")
+        unit.write_text("".join(source.part_of(number) for number, source in enumerate(batch)), encoding="utf-8")
         folders = sorted({f"-iquote{source.path.parent}" for source in batch})
         flags = self.flags + self.depth + folders + (self.mingw if batch[0].windows else [])
         try:
