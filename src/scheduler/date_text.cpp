@@ -29,3 +29,7 @@ std::string TodayText() {
 std::string NowText() {
     return TimeText(platform::LocalNow());
 }
+
+std::string NowStamp() {
+    return StampText(platform::LocalNow());
+}

@@ -15,3 +15,6 @@ std::string StampText(const platform::LocalTime& moment);
 
 std::string TodayText();
 std::string NowText();
+
+// Today and now from one reading of the clock: of two, one may lie before midnight and the other behind it.
+std::string NowStamp();
