@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <string>
 
 #include "base/runtime_failure.h"
@@ -11,25 +10,16 @@
 #include "library/library_view.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
-#include "platform/text.h"
 #include "scheduler/schedule_list.h"
+#include "scheduler/schedule_table.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
 
 namespace {
 
-bool IsOfJob(const Schedule& schedule, const std::string& jobPath) {
-    return platform::LowerCase(TrimView(schedule.job_path)) == platform::LowerCase(jobPath);
-}
-
-bool IsScheduled(const std::string& jobPath) {
-    return std::any_of(settings.Schedules.begin(), settings.Schedules.end(),
-                       [&](const Schedule& schedule) { return IsOfJob(schedule, jobPath); });
-}
-
 // These questions are asked in English in all languages.
 bool UserIsSure(const std::string& jobPath, const std::string& name) {
-    if (IsScheduled(jobPath)) {
+    if (FindScheduleByJob(jobPath) != NoSchedule) {
         return platform::AskBeforeLoss(
             "This is scheduled job. Deleting this job will also delete all schedules containing this job. Are you sure "
             "you want to delete this job?",
@@ -46,8 +36,13 @@ bool DeleteFileOf(const std::string& jobPath) {
     return false;
 }
 
-std::size_t DeleteSchedulesOf(const std::string& jobPath) {
-    return std::erase_if(settings.Schedules, [&](const Schedule& schedule) { return IsOfJob(schedule, jobPath); });
+int DeleteSchedulesOf(const std::string& jobPath) {
+    int deleted = 0;
+    for (auto i = FindScheduleByJob(jobPath); i != NoSchedule; i = FindScheduleByJob(jobPath)) {
+        DeleteSchedule(i);
+        ++deleted;
+    }
+    return deleted;
 }
 
 void RefillLists(int row) {
@@ -78,7 +73,7 @@ void job_library::DeleteJob() {
     DropHotkeyOfJob(path);
     if (!DeleteFileOf(path)) return;
     DeleteJobShortcut(path, folders.DesktopFolder, name);
-    const std::size_t deleted = DeleteSchedulesOf(path);
+    const int deleted = DeleteSchedulesOf(path);
     SaveAndRefill(row);
     if (deleted == 0) return;
     platform::ShowBox(Translate1("%1 scheduled jobs have also been deleted.", std::to_string(deleted)),

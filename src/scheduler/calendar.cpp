@@ -26,6 +26,11 @@ bool IsLeapYear(int year) {
     return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
 }
 
+bool IsNumber(std::string_view text, int& number) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size();
+}
+
 std::string TwoDigits(int number) {
     return (number < 10 ? "0" : "") + std::to_string(number);
 }
@@ -175,10 +180,9 @@ StampNumbers NumbersOf(std::string_view stamp) {
 }
 
 int NumberIn(std::string_view text) {
-    const std::string_view digits = TrimView(text);
     int number = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    return error == std::errc() && end == digits.data() + digits.size() ? number : 0;
+    if (IsNumber(text, number) || IsNumber(TrimView(text), number)) return number;
+    return 0;
 }
 
 std::string FormatDate(int day, int month, int year) {

@@ -1,21 +1,45 @@
-// The schedules as the start of the program meets them. The settings keep the records; as yet none of them is shown or
-// run, and of what is told here only the flag is real.
+// schedule_lista, the list of schedules on the schedule page, with the info area of the selected one and the commands
+// on a row. Row N is settings.Schedules[N].
+//
+// What runs a job, asks or tells pumps. A file failure when the settings cannot be written; list and table have the
+// change all the same.
 #pragma once
 
-// The page on which a job gets its schedules.
+#include <string>
+
+#include "widgets/list_model.h"
+
+// The page on which a job gets its schedules. As yet there is none to be seen: it is what schedule_page_view::Exists
+// answers in the program.
 inline constexpr bool SchedulePageExists = false;
 
-struct ScheduleDispatch {
-    bool DispatchEnabled = false;  // false until the runs that belong to the computer's start are over
+// The selected schedule; all empty without one.
+struct ScheduleInfo {
+    bool last_run_info = false;  // with Label29, Label27 and one of the two links to the log
+    bool last_run_info_never = false;
+    std::string Label29;  // the date of the last run
+    std::string Label27;  // and its time
+    bool status_completed = false;
+    bool status_failed = false;
+    std::string next_run;
 };
-extern ScheduleDispatch scheduleDispatch;
 
-// FillScheduleList: rebuilds the list on the schedule page and computes when each schedule runs next.
+struct ScheduleList {
+    ListModel schedule_lista;
+    ScheduleInfo info;
+    bool filled = false;
+};
+extern ScheduleList scheduleList;
+
+// Connects the list with its rules; once, before it is filled.
+void LoadScheduleList();
+
+// FillScheduleList: rebuilds the list, without a selection, and computes when each schedule runs next. Does nothing in
+// a program without a schedule page (schedule_page_view.h).
 void FillScheduleList();
 
-// ComputerStartUp: runs the schedules marked for the computer's start, those that wait for the machine to settle after
-// the others. DispatchEnabled becomes true when the last of them is over.
-void PrepareStartUpSchedules();
-
-// There are no start-up runs in this process, or no more of them.
-void MarkStartUpRunsOver();
+// The commands on the selected row, of its small buttons, the menu and the links; nothing without one.
+void EnableOrDisableSchedule();
+void Menu_Schedule_Delete();
+void Menu_Schedule_Run();  // at once and attended: no log, and no account of it
+void ViewScheduleLog();    // status_completed and status_failed, with Notepad

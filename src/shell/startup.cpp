@@ -16,7 +16,9 @@
 #include "platform/shell_folders.h"
 #include "platform/window_services.h"
 #include "scheduler/date_text.h"
+#include "scheduler/schedule_dispatch.h"
 #include "scheduler/schedule_list.h"
+#include "scheduler/start_up_runs.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
 #include "shell/command_line.h"
@@ -96,7 +98,7 @@ void FindFolders() {
 
 void PrepareStartUpRuns(bool withComputer) {
     if (withComputer) {
-        PrepareStartUpSchedules();
+        ComputerStartUp();
     } else {
         MarkStartUpRunsOver();
     }
@@ -141,7 +143,7 @@ void LoadMainWindow() {
     shell_view::InstallProcedures();
     RegisterAllHotkeys();
     SelectFirstJob();
-    PrepareStartUpRuns(withComputer);
+    TellFailure([&] { PrepareStartUpRuns(withComputer); });
     if (!settings.SettingsLoaded) ApplyFirstRunValues();
     shell_view::RestoreWindowPosition();
     shell_view::ShowOptions();

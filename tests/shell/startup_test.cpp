@@ -9,7 +9,7 @@
 #include "platform/tray.h"
 #include "replay/run_job.h"
 #include "replay/timing.h"
-#include "scheduler/schedule_list.h"
+#include "scheduler/schedule_dispatch.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
 #include "shell/copy_data.h"

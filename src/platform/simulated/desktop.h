@@ -238,6 +238,9 @@ void UserOnTray(unsigned mouseMessage);  // WM_MOUSEMOVE 0x200, WM_LBUTTONUP 0x2
 // Hotkeys. Modifiers: 1 Alt, 2 Ctrl, 4 Shift.
 bool HotkeyRegistered(int modifiers, int virtualKey);  // by the program
 
+// The processor's load in percent, as the next readings find it; 0 at first. No value: the system does not tell.
+void SetProcessorLoad(std::optional<int> percent);
+
 // Programs that were started.
 struct StartedProgram {
     std::string commandLine;

@@ -44,6 +44,7 @@ struct Surroundings {
     std::vector<Hotkey> hotkeys;
 
     bool loadWasAsked = false;
+    std::optional<int> load = 0;
 
     std::vector<StartedProgram> started;
     std::vector<std::function<void(const StartedProgram&)>> onStart;
@@ -123,6 +124,10 @@ void UserOnTray(unsigned mouseMessage) {
 
 bool HotkeyRegistered(int modifiers, int virtualKey) {
     return FindHotkey(modifiers, virtualKey) != nullptr;
+}
+
+void SetProcessorLoad(std::optional<int> percent) {
+    State().load = percent;
 }
 
 const std::vector<StartedProgram>& StartedPrograms() {
@@ -244,8 +249,7 @@ bool UnregisterHotkey(WindowHandle window, int id) {
 }
 
 std::optional<int> ProcessorLoad() {
-    if (std::exchange(State().loadWasAsked, true)) return 0;
-    return std::nullopt;
+    return std::exchange(State().loadWasAsked, true) ? State().load : std::nullopt;
 }
 
 bool StartProgram(const std::string& commandLine, int windowStyle) {
