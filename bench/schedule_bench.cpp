@@ -1,0 +1,113 @@
+// Schedules: what looking for the next one costs against the bare arithmetic, and what saving them costs against the
+// disk, on the disk of the folder given (or the temporary folder).
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "base/runtime_failure.h"
+#include "bench/posix_files.h"
+#include "bench/ratio.h"
+#include "platform/files.h"
+#include "scheduler/calendar.h"
+#include "scheduler/date_text.h"
+#include "scheduler/schedule_dispatch.h"
+#include "settings/folders.h"
+#include "settings/settings.h"
+
+namespace {
+
+constexpr int ScheduleCount = 1000;
+constexpr int TicksARound = 200;
+
+[[noreturn]] void Stop(const char* what) {
+    std::fprintf(stderr, "%s\n", what);
+    std::exit(2);
+}
+
+// In no order, and none of them near: a tick that runs something is no tick.
+void MakeSchedules() {
+    const std::string now = NowStamp();
+    for (int i = 0; i < ScheduleCount; ++i) {
+        const int minute = i * 7919 % 1440;
+        Schedule schedule;
+        schedule.schedule_type = ScheduleMonthly;
+        schedule.schedule_name = "A schedule like any other " + std::to_string(i);
+        schedule.date_field = std::to_string(i * 31 % 28 + 1);
+        schedule.start_time = TimeText({2026, 1, 1, minute / 60, minute % 60, 0});
+        schedule.job_path = folders.DataFolder + "\\A job like any other.tsj";
+        schedule.enabled = -1;
+        schedule.next_run = NextRunOf(schedule, now);
+        schedule.log_path = folders.DataFolder + "\\" + schedule.schedule_name + ".log";
+        if (SecondsBetween(schedule.next_run, now) < 3600) schedule.next_run = "2104-02-29@12:00:00";
+        settings.Schedules.push_back(schedule);
+    }
+}
+
+void MeasureTick() {
+    std::vector<std::string> stamps;
+    for (const Schedule& schedule : settings.Schedules) stamps.push_back(schedule.next_run);
+    const std::string now = NowStamp();
+    scheduleDispatch.DispatchEnabled = true;
+    DispatchTick();
+    if (scheduleDispatch.interval != 5000) Stop("a schedule is near");
+    volatile std::int64_t sum = 0;
+    bench::ReportRatio(
+        "dispatch tick / 1000 seconds between",
+        [] {
+            for (int i = 0; i < TicksARound; ++i) DispatchTick();
+        },
+        [&] {
+            for (int i = 0; i < TicksARound; ++i) {
+                for (const std::string& stamp : stamps) sum = sum + SecondsBetween(stamp, now);
+            }
+        },
+        1.5);
+}
+
+std::string WholeFile(const std::string& path) {
+    platform::File file = platform::File::OpenForReading(path);
+    std::string bytes(static_cast<std::size_t>(file.Length()), '\0');
+    if (file.Read(bytes.data(), file.Length()) != file.Length()) Stop("read the settings");
+    return bytes;
+}
+
+// Both wait for the disk to have it.
+void MeasureSave() {
+    SaveSettings();
+    const std::string bytes = WholeFile(folders.DataFolder + "\\settings.binary");
+    const std::string plain = folders.DataFolder + "\\plain.bin";
+    bench::ReportRatio(
+        "save 1000 schedules / plain write and flush", SaveSettings,
+        [&] {
+            platform::File file = platform::File::Create(plain);
+            if (!file.Write(bytes.data(), static_cast<std::int64_t>(bytes.size())) || !file.Flush() || !file.Close()) {
+                Stop("plain write");
+            }
+        },
+        2.0, 31, bench::Seconds);
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    const std::filesystem::path parent =
+        argumentCount > 1 ? std::filesystem::path(arguments[1]) : std::filesystem::temp_directory_path();
+    const std::filesystem::path folder = parent / ("schedule_bench." + std::to_string(getpid()));
+    std::filesystem::create_directories(folder / "data");
+    posix_files::UseFolder(folder.string());
+    folders.DataFolder = "C:\\data";
+    try {
+        MakeSchedules();
+        MeasureTick();
+        MeasureSave();
+    } catch (const RuntimeFailure& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        bench::verdict.good = false;
+    }
+    std::filesystem::remove_all(folder);
+    return bench::ExitCode();
+}
