@@ -1,7 +1,7 @@
 """Reads a job file by the tables of docs/job_format.md. It shares no code with the program, nor with job_writer."""
 
 import struct
-from dataclasses import dataclass, field
+from dataclasses import dataclass
 from pathlib import Path
 
 MOUSE, KEY = 0, 1
@@ -34,24 +34,12 @@ class Event:
         return self.words[1]
 
 
-@dataclass
 class JobFile:
-    version: int = 0
-    program: str = ""
-    parameters: str = ""
-    style: int = 0
-    description: str = ""
-    duration: int = 0
-    speed: int = 0
-    skip_moves: int = 0
-    caps: int = 0
-    repeat: int = 0
-    safety: int = 0
-    similar: int = 0
-    strings: list = field(default_factory=list)
-    events: list = field(default_factory=list)
-    windows: list = field(default_factory=list)  # (caption, class, control id)
-    chains: list = field(default_factory=list)  # window numbers, target first
+    """The fields of the header by their names, and four lists. A window is (caption, class, control id), a chain the
+    numbers of its windows, target first."""
+
+    def __init__(self):
+        self.strings, self.events, self.windows, self.chains = [], [], [], []
 
     def keys(self):
         """(virtual key, state) of every key event."""

@@ -23,13 +23,13 @@ def _text(value, size):
 
 class JobWriter:
     def __init__(self, speed=100, skip_moves=0, caps=0, repeat=1, safety=HIGH, similar=0, description="",
-                 program="", parameters="", style=0):
+                 program="", parameters="", style=0, wait_for_window=10):
         self.options = (speed, skip_moves, caps, repeat, safety, similar)
         self.description = description
         self.program = (program, parameters, style)
         self.strings, self.events, self.windows, self.chains = [], [], [], []
         self.now = 0
-        self.wait_for_window = 10
+        self.wait_for_window = wait_for_window
         self.if_no_window = STOP
 
     # --- windows ---

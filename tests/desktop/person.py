@@ -6,6 +6,7 @@ import shutil
 import time
 
 import pytest
+from stage import MIDDLE
 from wine_desktop import ROOT, wait_for
 
 # The controls' numbers, by the names that the forms' headers give them.
@@ -143,6 +144,15 @@ class Person:
         self.clicks("record_page_command3")
         self.waits_for("recording_Command1", 30)
         time.sleep(0.5)
+
+    def records_by_shortcut(self):
+        """The same, from any page."""
+        self.presses("Control_L", "Shift_L", "n")
+        self.waits_for("recording_Command1", 30)
+        time.sleep(0.5)
+
+    def clicks_into_notepad(self):
+        self.hands.click(*MIDDLE)
 
     def saves_job_as(self, name, description=""):
         """The Save As form, by keyboard alone."""

@@ -9,10 +9,9 @@ plays as many as one likes; test_random_sessions.py plays three of them.
 import random
 import time
 
+from stage import NOTEPAD_PLACE
 from wine_desktop import wait_for
 
-# Clear of the status form, which a window that comes to the front would cover on Wine's screen.
-NOTEPAD_PLACE = (60, 200, 760, 600)
 TEXT = "One two three four five.\nSix seven eight nine ten.\nEleven twelve thirteen.\n" * 8
 WORDS = ["Hello", "wide world.", "Typed By Hand", "abc", "Why?", "12 3", "x-y"]
 WAYS = ["left alone", "moved", "minimised", "covered"]
@@ -151,9 +150,7 @@ class Sessions:
         """The text that the person left, and what was done."""
         self.notepad = self.stage.notepad()
         self.set_up()
-        self.person.presses("Control_L", "Shift_L", "n")
-        self.person.waits_for("recording_Command1", 30)
-        time.sleep(0.5)
+        self.person.records_by_shortcut()
         session = Session(self.person, self.notepad, seed)
         session.play()
         self.person.presses("Pause")

@@ -10,7 +10,9 @@ from job_writer import JobWriter
 from wine_desktop import wait_for
 
 MAIN_CAPTION = "Tessarine 3.0.6"
-NOTEPAD_PLACE = (60, 40, 760, 440)
+# Clear of the status form of a recording, which a window that comes to the front would cover on Wine's screen.
+NOTEPAD_PLACE = (60, 200, 760, 600)
+MIDDLE = (360, 450)  # of the text in it
 
 
 class Notepad:
@@ -52,9 +54,6 @@ class Notepad:
     def first_line(self):
         return self.stage.probe.ask("send", self.edit, 0xCE, 0, 0)  # EM_GETFIRSTVISIBLELINE
 
-    def exists(self):
-        return self.stage.probe.window(self.handle) is not None
-
 
 class Stage:
     def __init__(self, wine, probe, hands, program):
@@ -78,6 +77,15 @@ class Stage:
 
     def job(self, **options):
         return JobWriter(**options)
+
+    def typing_job(self, notepad, text="abc ", pause=0, **options):
+        """Clicks into Notepad, after a pause, and types."""
+        job = self.job(**options)
+        edit = job.target(notepad.chain())
+        job.pause(pause)
+        job.click(*MIDDLE, edit)
+        job.type(text, edit)
+        return job
 
     def write(self, job, name="job"):
         """Writes the job and returns its Windows path, which has no blanks in it."""

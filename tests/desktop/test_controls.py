@@ -4,9 +4,7 @@ import json
 import time
 
 import pytest
-from hands import Hands
 from wine_desktop import OUT, wait_for
-from Xlib import X
 
 EXECUTABLE = OUT / "build" / "windows" / "tests" / "desktop" / "gallery.exe"
 LIST, COUNTDOWN, OFFSET, START, ENABLED, ASKS, FEWER, MORE, EVENTS, STATE = range(101, 111)
@@ -14,19 +12,9 @@ UNTIL_TYPING_IS_NEW = 0.7
 LEFT, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 3, 4, 5
 
 
-class SlowHands(Hands):
-    """Hands that may hold a button."""
-
-    def press_button(self):
-        self._send(X.ButtonPress, LEFT)
-
-    def release_button(self):
-        self._send(X.ButtonRelease, LEFT)
-
-
 class Gallery:
     def __init__(self, stage):
-        self.probe, self.hands = stage.probe, SlowHands(stage.wine.display)
+        self.probe, self.hands = stage.probe, stage.hands
         stage.start(EXECUTABLE)
         self.top = wait_for(lambda: stage.probe.find(caption="Gallery", visible=True))
         assert self.top, "the gallery did not come up"
@@ -107,10 +95,10 @@ class Gallery:
     def press_mouse(self, x, y):
         self.hands.move(x, y)
         time.sleep(0.1)
-        self.hands.press_button()
+        self.hands.button(LEFT, True)
 
     def release_mouse(self):
-        self.hands.release_button()
+        self.hands.button(LEFT, False)
         time.sleep(0.1)
 
 
@@ -185,8 +173,8 @@ def test_small_buttons(gallery):
     y += gallery.state()["row"][3]
     gallery.hands.move(x, y)
     for _ in range(2):
-        gallery.hands.press_button()
-        gallery.hands.release_button()
+        gallery.hands.button(LEFT, True)
+        gallery.hands.button(LEFT, False)
     assert gallery.hears("press left 2", "click 2", "double 2")
 
 

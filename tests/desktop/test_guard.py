@@ -12,7 +12,7 @@ import time
 from pathlib import Path
 
 from job_writer import LEFT_DOWN, LEFT_UP, LOW, RIGHT_DOWN, RIGHT_UP, SCAN
-from stage import NOTEPAD_PLACE
+from stage import MIDDLE
 from wine_desktop import wait_for
 
 KILLS = int(os.environ.get("KILLS", "10"))
@@ -25,17 +25,16 @@ def random_job(stage, seed):
     """Keys and buttons go down and up on their own, three or so at a time, for a minute."""
     dice = random.Random(seed)
     job = stage.job(safety=LOW)
-    where = (NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250)
     keys = [(ord(letter.upper()), SCAN[letter], 0) for letter in "abcdefgh"] + list(MODIFIERS)
     held = []
-    job.move(*where)
+    job.move(*MIDDLE)
     while job.now < 60_000:
         if len(held) > 5 or held and dice.random() < 0.45:
             up = held.pop(dice.randrange(len(held)))
             if len(up) == 3:
                 job.key(up[0], up[1], 2 + up[2])
             else:
-                job.mouse(up[1], *where)
+                job.mouse(up[1], *MIDDLE)
         else:
             down = dice.choice(keys if dice.random() < 0.8 else BUTTONS)
             if down in held:
@@ -44,7 +43,7 @@ def random_job(stage, seed):
             if len(down) == 3:
                 job.key(down[0], down[1], down[2])
             else:
-                job.mouse(down[0], *where)
+                job.mouse(down[0], *MIDDLE)
         job.pause(dice.randrange(5, 60))
     return job
 
@@ -88,11 +87,10 @@ def test_nothing_stays_down_after_a_kill(stage):
 
 
 def holding_job(stage):
-    where = (NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250)
     job = stage.job(safety=LOW)
-    job.move(*where)
+    job.move(*MIDDLE)
     job.pause(1500)  # when the focus moves, the display lets go of modifiers that are not held by hand
-    job.mouse(MIDDLE_DOWN, *where)
+    job.mouse(MIDDLE_DOWN, *MIDDLE)
     job.key(160, 42, 0)
     job.pause(60_000)
     job.key(160, 42, 2)
@@ -142,8 +140,8 @@ def test_a_guard_idles_while_the_program_lives(stage):
     """One for all runs, with no window and next to no work, and gone as soon as the program has ended."""
     stage.notepad()
     job = stage.job(safety=LOW)
-    job.mouse(MIDDLE_DOWN, NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250)
-    job.mouse(MIDDLE_UP, NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250)
+    job.mouse(MIDDLE_DOWN, *MIDDLE)
+    job.mouse(MIDDLE_UP, *MIDDLE)
     path = stage.write(job)
     failing = stage.job()
     failing.wait_for_window = 0

@@ -5,28 +5,10 @@ import signal
 import time
 
 from job_reader import read_job
+from stage import MIDDLE
 from wine_desktop import wait_for
 
-NOTEPAD_PLACE = (60, 200, 760, 600)  # clear of the status form
 NOTICE = "Some actions may be missing. Please check the recording."
-
-
-def notepad_in_front(stage):
-    notepad = stage.notepad()
-    stage.probe.place(notepad.handle, 1, NOTEPAD_PLACE)
-    return notepad
-
-
-def starts_recording(person):
-    """By the shortcut, which works on every page."""
-    person.presses("Control_L", "Shift_L", "n")
-    person.waits_for("recording_Command1", 30)
-    time.sleep(0.5)
-
-
-def clicks_into_notepad(person):
-    left, top = NOTEPAD_PLACE[:2]
-    person.hands.click(left + 300, top + 250)
 
 
 def typed(job):
@@ -38,12 +20,12 @@ def files_of(person):
 
 
 def test_a_killed_recording_leaves_nothing_behind(stage, person):
-    notepad = notepad_in_front(stage)
+    notepad = stage.notepad()
     person.puts_job("kept")
     program = person.start_program()
     before = files_of(person)
-    starts_recording(person)
-    clicks_into_notepad(person)
+    person.records_by_shortcut()
+    person.clicks_into_notepad()
     person.types("abc")
     stage.hands.press("d")
     stage.end(program)
@@ -59,8 +41,8 @@ def test_a_killed_recording_leaves_nothing_behind(stage, person):
     again = person.start_program()
     assert stage.box() is None
     assert person.text_of("job_page_lista_jobs").startswith("kept")
-    starts_recording(person)
-    clicks_into_notepad(person)
+    person.records_by_shortcut()
+    person.clicks_into_notepad()
     person.types("xyz")
     person.presses("Pause")
     job = read_job(person.saves_job_as("after"))
@@ -72,10 +54,10 @@ def test_a_killed_recording_leaves_nothing_behind(stage, person):
 
 def test_input_that_no_hook_heard_is_told(stage, person):
     """The program stands still for so long that the system passes its hooks over."""
-    notepad = notepad_in_front(stage)
+    notepad = stage.notepad()
     program = person.start_program()
-    starts_recording(person)
-    clicks_into_notepad(person)
+    person.records_by_shortcut()
+    person.clicks_into_notepad()
     person.types("abc")
     assert person.text_of("recording_label_info") != NOTICE
     os.kill(program.pid, signal.SIGSTOP)
@@ -94,10 +76,10 @@ def test_input_that_no_hook_heard_is_told(stage, person):
 
 def test_the_end_of_windows_keeps_a_recording(stage, person):
     """As when the user logs off: Windows asks, is not held up, and says that it ends."""
-    notepad_in_front(stage)
+    stage.notepad()
     program = person.start_program()
-    starts_recording(person)
-    clicks_into_notepad(person)
+    person.records_by_shortcut()
+    person.clicks_into_notepad()
     person.types("abc")
     main = stage.main_window().handle
     assert stage.probe.ask("send", main, 0x11, 0, 0) == 1, "WM_QUERYENDSESSION"
@@ -112,10 +94,10 @@ def test_the_end_of_windows_keeps_a_recording(stage, person):
 def test_a_box_of_ours_is_no_part_of_a_recording(stage, person):
     """The box that refuses a horizontal wheel is closed by a click, and then by a key."""
     sideways = 7
-    notepad_in_front(stage)
+    stage.notepad()
     person.start_program()
-    starts_recording(person)
-    clicks_into_notepad(person)
+    person.records_by_shortcut()
+    person.clicks_into_notepad()
     person.types("a")
 
     def click_its_button(box):
@@ -124,13 +106,13 @@ def test_a_box_of_ours_is_no_part_of_a_recording(stage, person):
         person.hands.click((left + right) // 2, (top + bottom) // 2)
 
     for close in (click_its_button, lambda _: person.presses("Return")):
-        clicks_into_notepad(person)
-        person.hands.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, sideways)
+        person.clicks_into_notepad()
+        person.hands.click(*MIDDLE, sideways)
         box = person.box("Unknown mouse event")
         time.sleep(0.3)
         close(box)
         assert wait_for(lambda: stage.box("Unknown mouse event") is None)
-    clicks_into_notepad(person)
+    person.clicks_into_notepad()
     person.types("b")
     person.presses("Pause")
     job = read_job(person.saves_job_as("boxes"))

@@ -4,23 +4,12 @@ import time
 
 import pytest
 from job_reader import read_job
-from stage import NOTEPAD_PLACE
 from test_program import settings_with_hotkey
 from wine_desktop import OUT, wait_for
 
 
 def main_windows(stage):
     return [window for window in stage.probe.windows() if window.class_name == "TessarineMainWindow"]
-
-
-def typing_job(stage, notepad, text, name, pause=0):
-    job = stage.job()
-    edit = job.target(notepad.chain())
-    if pause:
-        job.pause(pause)
-    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
-    job.type(text, edit)
-    return stage.write(job, name)
 
 
 @pytest.mark.parametrize("attempt", range(5))
@@ -34,7 +23,7 @@ def test_starts_at_the_same_moment_end_in_one_program(stage, attempt):
 
 def test_jobs_of_two_starts_at_the_same_moment_run_one_after_the_other(stage):
     notepad = stage.notepad()
-    paths = [typing_job(stage, notepad, letter * 10, f"job_{letter}") for letter in "ab"]
+    paths = [stage.write(stage.typing_job(notepad, letter * 10), f"job_{letter}") for letter in "ab"]
     programs = [stage.tessarine("-run", path) for path in paths]
     assert [program.wait(90) for program in programs] == [0, 0]
     assert wait_for(lambda: len(notepad.text) == 20, 20), notepad.text
@@ -45,7 +34,7 @@ def test_jobs_of_two_starts_at_the_same_moment_run_one_after_the_other(stage):
 def test_a_start_during_a_box_of_the_first(stage, person):
     """The settings are damaged and the user is told; a job is started meanwhile, by another start of the program."""
     notepad = stage.notepad()
-    path = typing_job(stage, notepad, "handed over", "job")
+    path = stage.write(stage.typing_job(notepad, "handed over"))
     damaged = b"\x32\x01\x00\x00" + b"half there"
     (person.folder / "settings.binary").write_bytes(damaged)
     first = stage.tessarine("-startup")  # a window that is shown behind the run can take its last keys, on a slow Wine
@@ -74,7 +63,7 @@ def test_a_start_during_a_box_of_the_first(stage, person):
 def test_a_hotkey_while_a_question_is_open(stage, person):
     """The run leaves the question where it was, the window behind it disabled, and the answer counts."""
     notepad = stage.notepad()
-    hotkey_job = typing_job(stage, notepad, "by hotkey", "hotkey", pause=800)
+    hotkey_job = stage.write(stage.typing_job(notepad, "by hotkey", pause=800), "hotkey")
     for name in ("a", "b"):
         person.puts_job(name)
     (person.folder / "settings.binary").write_bytes(settings_with_hotkey(hotkey_job, 1 | 2, "K"))

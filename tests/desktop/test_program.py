@@ -1,10 +1,9 @@
 """The program as a process: instances, command lines, messages from strangers, its windows."""
 
-import getpass
 import struct
 import time
 
-from stage import NOTEPAD_PLACE
+from stage import MIDDLE
 from wine_desktop import OUT, wait_for
 
 
@@ -29,48 +28,11 @@ def test_a_second_start_raises_the_first(stage):
     assert wait_for(lambda: stage.probe.ask("foreground") == window.handle)
 
 
-def test_a_second_start_hands_its_job_over(stage):
-    notepad = stage.notepad()
-    job = stage.job()
-    edit = job.target(notepad.chain())
-    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
-    job.type("handed over", edit)
-    path = stage.write(job)
-    first = stage.tessarine()
-    assert shown(stage)
-    assert stage.tessarine("-run", path).wait(30) == 0
-    assert notepad.holds("handed over")
-    assert first.poll() is None
-    assert shown(stage), "visible again, as it had been"
-
-
-def test_a_command_line_that_is_too_long(stage):
-    first = stage.tessarine()
-    assert shown(stage)
-    before = stage.main_window().visible
-    assert stage.tessarine("-xyz" + "y" * 251).wait(20) == 0, "255 characters pass"
-    second = stage.tessarine("-xyz" + "y" * 252)
-    box = wait_for(lambda: next((window for window in stage.probe.windows() if window.class_name == "#32770"
-                                 and window.visible and window.caption == "Tessarine"), None))
-    assert box, "256 characters fail, and it is said"
-    stage.answer(box)
-    assert second.wait(20) != 0
-    assert first.poll() is None and stage.main_window().visible == before
-
-
 def test_a_start_with_the_computer_stays_hidden(stage):
     program = stage.tessarine("-startup")
     assert wait_for(stage.main_window)
     assert settled(stage, visible=False)
     assert program.poll() is None
-
-
-def test_a_job_that_does_not_exist(stage):
-    program = stage.tessarine("-run", "C:\\no\\such.tsj")
-    box = wait_for(lambda: stage.box("File access error"))
-    assert stage.box_text(box).replace("\r", "") == "File does not exist:\nC:\\no\\such.tsj"
-    stage.answer(box)
-    assert program.wait(10) == 0
 
 
 def test_messages_from_strangers(stage):
@@ -95,7 +57,7 @@ def test_the_status_windows(stage):
     job = stage.job()
     edit = job.target(notepad.chain())
     for column in range(4):
-        job.click(NOTEPAD_PLACE[0] + 200 + 50 * column, NOTEPAD_PLACE[1] + 250, edit)
+        job.click(MIDDLE[0] - 100 + 50 * column, MIDDLE[1], edit)
         job.type("abc ", edit)
     job.pause(2500)
     job.type("d", edit)
@@ -122,38 +84,3 @@ def settings_with_hotkey(job_path, modifiers, key):
     hotkey = struct.pack("<ih", modifiers, ord(key)) + job_path.encode("cp1252").ljust(512)
     return (struct.pack("<i", 306) + options + recent + struct.pack("<3i", 1, 0, 1) + struct.pack("<i", 1) + hotkey
             + struct.pack("<i", 0))
-
-
-def test_a_hotkey_starts_its_job(stage):
-    notepad = stage.notepad()
-    job = stage.job()
-    edit = job.target(notepad.chain())
-    job.pause(800)  # the fingers leave the combination first
-    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
-    job.type("by hotkey", edit)
-    folder = stage.wine.drive_c / "users" / getpass.getuser() / "Documents" / "Tessarine"
-    folder.mkdir(parents=True, exist_ok=True)
-    path = stage.write(job, "hotkey")
-    (folder / "settings.binary").write_bytes(settings_with_hotkey(path, 1 | 2, "K"))  # Alt and Ctrl
-    program = stage.tessarine("-startup")
-    assert wait_for(stage.main_window)
-    time.sleep(1)
-    for name in ("Control_L", "Alt_L"):
-        stage.hands.press(name)
-    stage.hands.tap("k", ms=50)
-    for name in ("Alt_L", "Control_L"):
-        stage.hands.release(name)
-    (folder / "settings.binary").unlink()
-    assert notepad.holds("by hotkey")
-    assert program.poll() is None
-
-
-def test_settings_survive_a_kill(stage):
-    """A program that is killed leaves no half-written file, and the next start says nothing odd."""
-    program = stage.tessarine()
-    assert shown(stage)
-    stage.end(program)
-    again = stage.tessarine()
-    assert shown(stage)
-    assert stage.box() is None
-    assert again.poll() is None

@@ -10,9 +10,6 @@ from wine_desktop import wait_for
 
 PAUSE_KEY = 19
 
-# Clear of the status form, which a window that comes to the front would cover on Wine's screen.
-NOTEPAD_PLACE = (60, 200, 760, 600)
-
 
 def stop_by_pause_key(person):
     person.presses("Pause")
@@ -28,8 +25,7 @@ def stop_by_tray_icon(person):
 
 def works_in_notepad_and_a_dialog(person):
     """Leaves "Help!": writes "Hello", looks for "lo" in the Find dialog and types over it."""
-    left, top = NOTEPAD_PLACE[:2]
-    person.hands.click(left + 300, top + 250)
+    person.clicks_into_notepad()
     person.types("Hello")
     person.presses("Control_L", "Home")
     person.presses("Control_L", "f")
@@ -87,7 +83,6 @@ def check_file(path, description):
 ])
 def test_a_recording_is_saved_and_played(stage, person, stop, runs):
     notepad = stage.notepad()
-    stage.probe.place(notepad.handle, 1, NOTEPAD_PLACE)
     program = person.start_program()
     person.starts_recording()
     works_in_notepad_and_a_dialog(person)
@@ -140,29 +135,6 @@ def answers_box(person):
     return text
 
 
-def test_names_that_no_file_can_have(stage, person):
-    """Each is refused in a sentence, what was typed stays, and the recording is saved under a good name after all."""
-    person.start_program()
-    record_a_key(person)
-    person.presses("Tab")
-    person.types("described")
-    person.presses("Shift_L", "Tab")
-    for name, sentence in (("con", "'con'"), ("lpt1.x", "'lpt1.x'"), ("dot.", "dot"), (" ", "valid file name"),
-                           ("q*", "valid file name")):
-        person.presses("Control_L", "a")
-        person.types(name)
-        person.presses("Return")
-        told = answers_box(person)
-        assert sentence in told, told
-        assert person.text_of("Save_As_Form_name") == name
-    assert list(person.folder.glob("*.tsj")) == []
-    person.presses("Control_L", "a")
-    path = person.saves_job_as("good name")
-    job = read_job(path)
-    assert job.description == "described"
-    assert [key for key in job.keys() if key[0] == ord("A")] == [(ord("A"), 0), (ord("A"), 2)]
-
-
 def find_question(person):
     """The question behind Esc has the form's own title."""
     return next((box for box in person.probe.windows() if box.class_name == "#32770" and box.caption == "Save Job As"
@@ -172,8 +144,7 @@ def find_question(person):
 def test_leaving_loses_no_recording(stage, person):
     """The main window is closed in the middle of a recording, and Esc pressed in the form where it could be saved."""
     person.start_program()
-    person.clicks("record_page_display_countdown_check")
-    person.starts_recording()
+    person.records_by_shortcut()
     person.types("a")
     stage.probe.ask("post", stage.main_window().handle, 0x10, 0, 0)  # WM_CLOSE
     person.waits_for("Save_As_Form_name")
@@ -192,9 +163,22 @@ def test_leaving_loses_no_recording(stage, person):
     assert wait_for(lambda: not stage.main_window().visible), "and then it closes"
 
 
-def test_a_file_that_cannot_be_written(stage, person):
+def test_names_that_no_file_can_have_and_a_file_that_cannot_be_written(person):
+    """Each is told in a sentence, what was typed stays, and the recording is saved under a good name after all."""
     person.start_program()
     record_a_key(person)
+    person.presses("Tab")
+    person.types("described")
+    person.presses("Shift_L", "Tab")
+    for name, sentence in (("con", "'con'"), ("dot.", "dot"), (" ", "valid file name"), ("q*", "valid file name")):
+        person.presses("Control_L", "a")
+        person.types(name)
+        person.presses("Return")
+        told = answers_box(person)
+        assert sentence in told, told
+        assert person.text_of("Save_As_Form_name") == name
+    assert list(person.folder.glob("*.tsj")) == []
+    person.presses("Control_L", "a")
     shutil.rmtree(person.folder)
     person.folder.write_bytes(b"no folder any more")
     person.types("first")
@@ -204,21 +188,22 @@ def test_a_file_that_cannot_be_written(stage, person):
     person.folder.mkdir()
     assert person.text_of("Save_As_Form_name") == "first"
     person.presses("Control_L", "a")
-    assert read_job(person.saves_job_as("second")).keys()
+    job = read_job(person.saves_job_as("second"))
+    assert job.description == "described"
+    assert [key for key in job.keys() if key[0] == ord("A")] == [(ord("A"), 0), (ord("A"), 2)]
 
 
 def test_pause_and_resume(stage, person):
     """What is typed during a pause is no part of the job, and the pause takes no time in it."""
     notepad = stage.notepad()
-    stage.probe.place(notepad.handle, 1, NOTEPAD_PLACE)
     person.start_program()
     person.clicks("record_page_display_countdown_check")
     person.starts_recording()
-    person.hands.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250)
+    person.clicks_into_notepad()
     person.types("ab")
     person.clicks("recording_Command2")
     assert wait_for(lambda: person.text_of("recording_Label1") == "PAUSED")
-    person.hands.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250)
+    person.clicks_into_notepad()
     person.types("xy")
     stop_by_pause_key(person)  # means nothing now
     time.sleep(2.5)

@@ -3,8 +3,8 @@
 import time
 
 import pytest
-from job_writer import HIGH, LOW, MAXIMUM_SPEED, MEDIUM, SKIP
-from stage import NOTEPAD_PLACE
+from job_writer import HIGH, LOW, MAXIMUM_SPEED, MEDIUM
+from stage import MIDDLE
 from wine_desktop import wait_for
 
 FIRST = "Hello wide world.\nTyped By Hand\n"
@@ -24,8 +24,7 @@ def writing_job(stage, notepad, **options):
     wide, typed, by = (point(notepad, word) for word in ("wide", "Typed", "By"))
     job = stage.job(**options)
     edit = job.target(notepad.chain())
-    middle = (NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250)
-    job.click(*middle, edit)
+    job.click(*MIDDLE, edit)
     job.text_row("{L_SHIFT DOWN}h{L_SHIFT UP}ello wide world.{ENTER}", edit, takes=800)
     job.pause(100)
     job.type("Typed By Hand\n", edit)
@@ -38,7 +37,7 @@ def writing_job(stage, notepad, **options):
     job.text_row("{ENTER}" * LINES, edit, takes=600)
     job.pause(100)
     for _ in range(20):
-        job.wheel(*middle, 120, edit)
+        job.wheel(*MIDDLE, 120, edit)
     return job
 
 
@@ -56,83 +55,11 @@ def test_a_whole_job(stage, level, speed):
     assert stage.probe.ask("keys") == []
 
 
-def small_job(stage, notepad, text="abc ", **options):
-    job = stage.job(**options)
-    edit = job.target(notepad.chain())
-    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
-    job.type(text, edit)
-    return job
-
-
-def test_three_passes(stage):
-    notepad = stage.notepad()
-    job = small_job(stage, notepad, repeat=3)
-    job.pause(700)  # the clicks of two passes must not make a double click
-    job.move(400, 300)
-    path = stage.write(job)
-    began = time.monotonic()
-    assert stage.run(path) == 0
-    assert notepad.holds("abc abc abc ")
-    assert time.monotonic() - began > 3 * job.now / 1000, "each pass takes its recorded time"
-
-
-@pytest.mark.parametrize("level", [HIGH, MEDIUM])
-@pytest.mark.parametrize("what", ["minimised", "moved", "covered"])
-def test_a_window_that_is_not_as_it_was(stage, what, level):
-    notepad = stage.notepad()
-    path = stage.write(small_job(stage, notepad, safety=level))
-    if what == "minimised":
-        stage.probe.ask("show", notepad.handle, 6)
-    elif what == "moved":
-        stage.probe.place(notepad.handle, 1, (500, 500, 1100, 900))
-    else:
-        stage.start("regedit.exe")
-        cover = wait_for(lambda: stage.probe.find("RegEdit_RegEdit", visible=True)).handle
-        stage.probe.place(cover, 1, (0, 0, 1200, 900))
-        stage.probe.ask("front", cover)
-    time.sleep(0.5)
-    assert stage.run(path) == 0
-    assert notepad.holds("abc ")
-    assert tuple(stage.probe.window(notepad.handle).placement["normal"]) == NOTEPAD_PLACE
-
-
-def test_a_window_that_is_closed(stage):
-    notepad = stage.notepad()
-    job = stage.job()
-    job.wait_for_window = 1
-    edit = job.target(notepad.chain())
-    job.click(400, 300, edit)
-    path = stage.write(job)
-    stage.end(notepad.process)
-    program = stage.tessarine("-run", path)
-    lines = wait_for(lambda: (found := stage.status_lines()) and any("Reason" in line for line in found) and found)
-    assert lines[0] == "Execution of job failed. Reason: "
-    assert lines[1] == "Cannot find window: 'Untitled - Notepad'"
-    assert program.poll() is None, "the program stays"
-    assert not stage.main_window().visible, "hidden"
-
-
-def test_a_window_that_comes_late(stage):
-    notepad = stage.notepad()
-    path = stage.write(small_job(stage, notepad))
-    stage.end(notepad.process)
-    program = stage.tessarine("-run", path)
-    time.sleep(2)
-    late = stage.notepad()
-    assert program.wait(30) == 0
-    assert late.holds("abc ")
-
-
 @pytest.mark.parametrize("similar", [0, 1])
 def test_a_window_with_another_caption(stage, similar):
     """Recorded in one document, played into another: only where similar captions are allowed."""
     notepad = stage.notepad()
-    job = stage.job(similar=similar)
-    job.wait_for_window = 1
-    edit = job.target(notepad.chain())
-    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
-    job.type("abc", edit)
-    path = stage.write(job)
+    path = stage.write(stage.typing_job(notepad, "abc", similar=similar, wait_for_window=1))
     stage.end(notepad.process)
     (stage.folder / "other.txt").write_text("")
     stage.start("notepad.exe", stage.wine.windows_path(stage.folder / "other.txt"))
@@ -149,39 +76,9 @@ def test_a_window_with_another_caption(stage, similar):
         assert stage.probe.text(text) == ""
 
 
-def test_an_action_that_may_be_skipped(stage):
-    notepad = stage.notepad()
-    dialog = stage.probe.chain(notepad.handle)
-    job = stage.job(safety=HIGH)
-    lost = job.target([dialog[0].__class__(**{**dialog[0].__dict__, "caption": "No such window"})])
-    edit = job.target(notepad.chain())
-    job.wait_for_window, job.if_no_window = 0, SKIP
-    job.click(900, 700, lost)
-    job.wait_for_window, job.if_no_window = 10, 0
-    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
-    job.type("abc", edit)
-    assert stage.run(stage.write(job)) == 0
-    assert notepad.holds("abc")
-
-
-def test_escape_from_outside(stage):
-    notepad = stage.notepad()
-    job = small_job(stage, notepad, "a" * 200)
-    job.key(160, 42, 0, 0)
-    job.pause(20000)
-    job.key(160, 42, 2)
-    program = stage.tessarine("-run", stage.write(job))
-    assert wait_for(lambda: len(notepad.text) > 3)
-    stage.hands.tap("Escape")
-    assert wait_for(lambda: (lines := stage.status_lines()) and "Execution of job was canceled by user" in lines)
-    assert 3 < len(notepad.text) < 200
-    assert program.poll() is None
-    assert stage.probe.ask("keys") == []
-
-
 def test_escape_in_a_long_wait_lets_held_keys_go(stage):
     notepad = stage.notepad()
-    job = small_job(stage, notepad, "abc")
+    job = stage.typing_job(notepad, "abc")
     job.key(160, 42, 0, 0)
     job.pause(60000)
     job.key(160, 42, 2)
@@ -194,7 +91,7 @@ def test_escape_in_a_long_wait_lets_held_keys_go(stage):
 
 def test_a_fault_in_the_middle_lets_held_keys_go(stage):
     notepad = stage.notepad()
-    job = small_job(stage, notepad, "abc")
+    job = stage.typing_job(notepad, "abc")
     job.key(160, 42, 0, 0)
     job.text_row("x", 0)
     job.strings.clear()  # the row now names a text that does not exist
@@ -248,11 +145,8 @@ def test_a_dialog_of_another_program(stage):
 def test_the_program_of_a_job(stage):
     """The job starts Notepad itself and waits for it."""
     notepad = stage.notepad()
-    job = stage.job(program="C:\\windows\\system32\\notepad.exe", style=1)
-    edit = job.target(notepad.chain())
+    job = stage.typing_job(notepad, "abc", program="C:\\windows\\system32\\notepad.exe", style=1)
     stage.end(notepad.process)
-    job.click(NOTEPAD_PLACE[0] + 300, NOTEPAD_PLACE[1] + 250, edit)
-    job.type("abc", edit)
     assert stage.run(stage.write(job)) == 0
     window = stage.probe.find("Notepad", visible=True)
     text = stage.probe.text(stage.probe.find("Edit", parent=window.handle).handle)

@@ -174,22 +174,15 @@ std::string ListLine(Words& words) {
     return Quoted(text);
 }
 
-std::string SendNumbers(Words& words) {
+// send WINDOW MESSAGE wParam lParam, post WINDOW MESSAGE wParam lParam
+template <class Deliver>
+std::string DeliverNumbers(Words& words, const Deliver& deliver) {
     const HWND window = WindowFrom(words);
     UINT message = 0;
     long long wParam = 0;
     long long lParam = 0;
     words >> message >> wParam >> lParam;
-    return Number(Ask(window, message, static_cast<WPARAM>(wParam), static_cast<LPARAM>(lParam)));
-}
-
-std::string PostNumbers(Words& words) {
-    const HWND window = WindowFrom(words);
-    UINT message = 0;
-    long long wParam = 0;
-    long long lParam = 0;
-    words >> message >> wParam >> lParam;
-    return Number(PostMessageA(window, message, static_cast<WPARAM>(wParam), static_cast<LPARAM>(lParam)));
+    return Number(deliver(window, message, static_cast<WPARAM>(wParam), static_cast<LPARAM>(lParam)));
 }
 
 std::string SetText(Words& words) {
@@ -212,12 +205,6 @@ std::string ClientToScreenOf(Words& words) {
     words >> point.x >> point.y;
     ClientToScreen(window, &point);
     return "[" + Number(point.x) + "," + Number(point.y) + "]";
-}
-
-std::string WindowUnder(Words& words) {
-    POINT point{};
-    words >> point.x >> point.y;
-    return Number(HandleNumber(WindowFromPoint(point)));
 }
 
 // --- as a screen reader asks ---
@@ -273,21 +260,19 @@ std::string AccessibleText(Words& words) {
     return json + "]}";
 }
 
-// select WINDOW PART, dodefault WINDOW PART: what it answered.
-std::string ActOnPart(Words& words, bool select) {
+// select WINDOW PART: what it answered.
+std::string SelectPart(Words& words) {
     IAccessible* const object = AccessibleOf(WindowFrom(words));
     if (object == nullptr) return "null";
     long part = 0;
     words >> part;
-    const HRESULT result =
-        select ? object->accSelect(SELFLAG_TAKESELECTION, Part(part)) : object->accDoDefaultAction(Part(part));
+    const HRESULT result = object->accSelect(SELFLAG_TAKESELECTION, Part(part));
     object->Release();
     return Number(result);
 }
 
 std::string Answer(const std::string& command, Words& words) {
     if (command == "windows") return AllWindows();
-    if (command == "at") return WindowUnder(words);
     if (command == "foreground") return Number(HandleNumber(GetForegroundWindow()));
     if (command == "focus") return Number(HandleNumber(FocusedWindow()));
     if (command == "front") return Number(SetForegroundWindow(WindowFrom(words)));
@@ -298,12 +283,11 @@ std::string Answer(const std::string& command, Words& words) {
     if (command == "show") return Show(words);
     if (command == "screen") return ClientToScreenOf(words);
     if (command == "line") return ListLine(words);
-    if (command == "send") return SendNumbers(words);
-    if (command == "post") return PostNumbers(words);
+    if (command == "send") return DeliverNumbers(words, Ask);
+    if (command == "post") return DeliverNumbers(words, PostMessageA);
     if (command == "copydata") return CopyData(words);
     if (command == "accessible") return AccessibleText(words);
-    if (command == "select") return ActOnPart(words, true);
-    if (command == "dodefault") return ActOnPart(words, false);
+    if (command == "select") return SelectPart(words);
     return "null";
 }
 
