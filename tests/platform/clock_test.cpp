@@ -41,16 +41,6 @@ TEST(Clock, SleepIsNeverShortAndHardlyLong) {
     }
 }
 
-TEST(Clock, SleepOfNothingReturns) {
-    const std::int64_t spent = LeastOf(5, [] {
-        const std::int64_t start = platform::Microseconds();
-        for (const std::int64_t nothing : {0, -1, -100'000}) platform::Sleep(nothing);
-        platform::SleepUntil(platform::Microseconds() - 1'000'000);
-        return platform::Microseconds() - start;
-    });
-    EXPECT_LE(spent, contract::Desktop().clockIsReal ? 1000 : 0);
-}
-
 // Forty slices of 7 ms: laid on deadlines they end where one long sleep would.
 TEST(Clock, SlicesOnDeadlinesDoNotAddUpTheirLateness) {
     const std::int64_t late = LeastOf(3, [] {

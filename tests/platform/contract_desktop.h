@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/clock.h"
+#include "platform/input.h"
 #include "platform/types.h"
 #include "platform/window_services.h"
 
@@ -36,8 +37,6 @@ struct NewWindow {
     bool enabled = true;
 };
 
-inline constexpr const char* ProductOfTest = "Tessarine of a test";
-
 // Another program with one thread, which answers until it is told to hang. It ends with the object, its windows too.
 class OtherProgram {
 public:
@@ -52,12 +51,8 @@ public:
     void Focus(WindowHandle window);  // also brings its top-level window to the foreground
     std::string TextOf(WindowHandle edit);
     int ClicksOn(WindowHandle window);  // left button presses that the window was given
-    std::string LastCopyData(WindowHandle window);
-    void RunTheProduct();      // claims the place of ProductOfTest that platform::AnotherInstanceRuns asks about
-    void Hang();               // until the end
-    void Nap(int ms);          // what comes meanwhile is dealt with after it
-    std::uint32_t HoldDown();  // HeldKeys and HeldButton; the process id of its guard
-    void Kill();
+    void Hang();                        // until the end
+    void Nap(int ms);                   // what comes meanwhile is dealt with after it
 
 private:
     struct Inside;
@@ -91,6 +86,19 @@ std::vector<Rect> Monitors();
 
 // The buttons of the mouse for a left-handed user, until the end of the process.
 void SwapButtons(bool swapped);
+
+// A key for SendInput, which goes down unless `state` is another; and its tap, sent at once.
+inline platform::InputRecord KeyRecord(int virtualKey, std::int32_t state = 0) {
+    platform::InputRecord key;
+    key.dwType() = platform::InputKeyboard;
+    key.KeyCode() = platform::ScanCodeOf(virtualKey) * 65536 + virtualKey;
+    key.KeyState() = state;
+    return key;
+}
+inline void SendTap(int virtualKey, std::int32_t state = 0) {
+    platform::SendInput(KeyRecord(virtualKey, state));
+    platform::SendInput(KeyRecord(virtualKey, state | platform::KeyUp));
+}
 
 // The user's hands. Where nobody can act for the user (HasUser is false), tests of it are skipped.
 bool HasUser();

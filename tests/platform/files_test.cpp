@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "contract_desktop.h"
+#include "platform/shortcut.h"
 
 using contract::HeldFile;
 using contract::TestFolder;
@@ -178,6 +179,19 @@ TEST(Files, AreListedByExtensionInOrder) {
     ASSERT_TRUE(names.has_value());
     EXPECT_EQ(*names, (std::vector<std::string>{".tsj", "_e.tsj", "a b.tsj", "A.TSJ", "b.tsj", "Z.tsj"}));
     EXPECT_EQ(platform::FilesIn(folder.Path(), ".none"), std::vector<std::string>());
+}
+
+TEST(Shortcuts, HoldTheTargetAsPlainText) {
+    const contract::TestFolder folder;
+    const std::string target = folder / "My job.tsj";
+    const std::string link = folder / "My job.lnk";
+    platform::File::Create(target).Close();
+    for (const char* description : {"first", ""}) {  // the second one over the first
+        ASSERT_TRUE(platform::WriteShortcut(link, {target, folder.Path(), description}));
+        EXPECT_NE(Get(link).find(target), std::string::npos);
+    }
+    EXPECT_TRUE(platform::RemoveFile(link));
+    EXPECT_TRUE(platform::RemoveFile(target));
 }
 
 }  // namespace

@@ -8,12 +8,12 @@
 #include "contract_desktop.h"
 #include "platform/clock.h"
 #include "platform/hooks.h"
-#include "platform/hotkeys.h"
 #include "platform/pump.h"
 #include "platform/timers.h"
 #include "platform/window_services.h"
 
 using contract::OtherProgram;
+using contract::SendTap;
 using contract::Within;
 using platform::InputRecord;
 using platform::WindowHandle;
@@ -26,16 +26,7 @@ constexpr int VirtualKeyRight = 39;
 constexpr int VirtualKeyF9 = 120;
 
 void SendKey(int virtualKey, std::int32_t state) {
-    InputRecord key;
-    key.dwType() = platform::InputKeyboard;
-    key.KeyCode() = platform::ScanCodeOf(virtualKey) * 65536 + virtualKey;
-    key.KeyState() = state;
-    EXPECT_EQ(platform::SendInput(key), 1);
-}
-
-void Tap(int virtualKey, std::int32_t state = 0) {
-    SendKey(virtualKey, state);
-    SendKey(virtualKey, state | platform::KeyUp);
+    EXPECT_EQ(platform::SendInput(contract::KeyRecord(virtualKey, state)), 1);
 }
 
 void SendMouse(std::int32_t flags, platform::Point at = {}, std::int32_t data = 0) {
@@ -46,6 +37,11 @@ void SendMouse(std::int32_t flags, platform::Point at = {}, std::int32_t data = 
     mouse.mouseData() = data;
     mouse.dwFlags() = flags;
     EXPECT_EQ(platform::SendInput(mouse), 1);
+}
+
+void Click(std::int32_t press = platform::MouseLeftDown) {
+    SendMouse(press);
+    SendMouse(press << 1);
 }
 
 void SendMoveTo(platform::Point pixel) {
@@ -109,14 +105,14 @@ TEST(Input, KeysArriveWhereTheFocusIs) {
     const WindowHandle edit = program.Add({.className = "Edit", .rect = {10, 10, 300, 60}, .parent = top});
     const WindowHandle other = program.Add({.className = "Edit", .rect = {10, 70, 300, 120}, .parent = top});
     program.Focus(edit);
-    Tap('A');
+    SendTap('A');
     SendKey(VirtualKeyShift, 0);
-    Tap('B');
+    SendTap('B');
     SendKey(VirtualKeyShift, platform::KeyUp);
-    Tap('7');
+    SendTap('7');
     EXPECT_TRUE(Within(contract::PatienceMs, [&] { return program.TextOf(edit) == "aB7"; })) << program.TextOf(edit);
     program.Focus(other);
-    Tap('C');
+    SendTap('C');
     EXPECT_TRUE(Within(contract::PatienceMs, [&] { return program.TextOf(other) == "c"; })) << program.TextOf(other);
     EXPECT_EQ(program.TextOf(edit), "aB7");
 }
@@ -130,7 +126,7 @@ TEST(Input, KeysStillOnTheirWayArriveBeforeTheFocusGoes) {
     const WindowHandle edit = busy.Add({.className = "Edit", .rect = {10, 10, 300, 60}, .parent = top});
     busy.Focus(edit);
     busy.Nap(200);
-    for (int times = 0; times < 5; ++times) Tap('A');
+    for (int times = 0; times < 5; ++times) SendTap('A');
     EXPECT_TRUE(platform::BringToForeground(nextWindow));
     EXPECT_TRUE(Within(contract::PatienceMs, [&] { return busy.TextOf(edit).size() == 5; })) << busy.TextOf(edit);
 }
@@ -145,8 +141,7 @@ TEST(Input, AClickGoesToTheWindowUnderTheCursor) {
         const auto click = [&](platform::Point point, WindowHandle window) {
             SendMoveTo(point);
             platform::Sleep(pauseMs);
-            SendMouse(platform::MouseLeftDown);
-            SendMouse(platform::MouseLeftUp);
+            Click();
             EXPECT_TRUE(Within(2000, [&] { return program.ClicksOn(window) == round; }))
                 << "at " << point.x << ", " << point.y << " after " << pauseMs << " ms";
         };
@@ -154,13 +149,6 @@ TEST(Input, AClickGoesToTheWindowUnderTheCursor) {
         click({300 + round, 300 - round}, top);
         ASSERT_EQ(program.ClicksOn(child), round);
     }
-}
-
-TEST(Input, ADoubleClickHasItsTimeAndItsSize) {
-    EXPECT_GE(platform::DoubleClickTime(), 1);
-    EXPECT_LE(platform::DoubleClickTime(), 5000);
-    EXPECT_GE(platform::DoubleClickSize().width, 1);
-    EXPECT_GE(platform::DoubleClickSize().height, 1);
 }
 
 TEST(Input, AClickArrivesOnEveryMonitor) {
@@ -171,8 +159,7 @@ TEST(Input, AClickArrivesOnEveryMonitor) {
         const WindowHandle window =
             program.Add({.caption = "Clicked", .rect = {corner.x, corner.y, corner.x + 300, corner.y + 200}});
         SendMoveTo({corner.x + 299, corner.y + 199});
-        SendMouse(platform::MouseLeftDown);
-        SendMouse(platform::MouseLeftUp);
+        Click();
         EXPECT_TRUE(Within(contract::PatienceMs, [&] { return program.ClicksOn(window) == 1; }))
             << "on the monitor at " << monitor.left << ", " << monitor.top;
     }
@@ -183,7 +170,7 @@ TEST(Input, AsyncKeyStateRemembersATapOnce) {
     contract::AddOwn({.caption = "front"});
     platform::AsyncKeyState(VirtualKeyF9);
     EXPECT_EQ(platform::AsyncKeyState(VirtualKeyF9), 0);
-    Tap(VirtualKeyF9);
+    SendTap(VirtualKeyF9);
     EXPECT_EQ(platform::AsyncKeyState(VirtualKeyF9), 1);
     EXPECT_EQ(platform::AsyncKeyState(VirtualKeyF9), 0);
     SendKey(VirtualKeyF9, 0);
@@ -200,9 +187,9 @@ TEST(Input, KeyStateFollowsInjectedKeys) {
         return (platform::KeyState(platform::VirtualKeyCapital) & 1) != 0;
     };
     const bool atFirst = toggled();
-    Tap(platform::VirtualKeyCapital);
+    SendTap(platform::VirtualKeyCapital);
     EXPECT_TRUE(Within(contract::PatienceMs, [&] { return toggled() != atFirst; }));
-    Tap(platform::VirtualKeyCapital);
+    SendTap(platform::VirtualKeyCapital);
     EXPECT_TRUE(Within(contract::PatienceMs, [&] { return toggled() == atFirst; }));
     SendKey(VirtualKeyShift, 0);
     EXPECT_TRUE(Within(contract::PatienceMs, [] { return platform::KeyState(VirtualKeyShift) < 0; }));
@@ -211,13 +198,12 @@ TEST(Input, KeyStateFollowsInjectedKeys) {
 }
 
 TEST(Input, KeysMapToScanCodesAndCharacters) {
-    const struct {
-        int virtualKey, scanCode, character;
-    } keys[] = {{'A', 0x1E, 'A'}, {'7', 0x08, '7'}, {0x0D, 0x1C, 0x0D}, {0x20, 0x39, ' '}, {0x1B, 0x01, 0x1B},
-                {0x70, 0x3B, 0},  {0x10, 0x2A, 0},  {0xBC, 0x33, ','},  {0xFF, 0, 0}};
-    for (const auto& key : keys) {
-        EXPECT_EQ(platform::ScanCodeOf(key.virtualKey), key.scanCode) << key.virtualKey;
-        EXPECT_EQ(platform::CharacterOf(key.virtualKey), key.character) << key.virtualKey;
+    const std::tuple<int, int, int> keys[] = {{'A', 0x1E, 'A'},  {'7', 0x08, '7'},   {0x0D, 0x1C, 0x0D},
+                                              {0x20, 0x39, ' '}, {0x1B, 0x01, 0x1B}, {0x70, 0x3B, 0},
+                                              {0x10, 0x2A, 0},   {0xBC, 0x33, ','},  {0xFF, 0, 0}};
+    for (const auto& [virtualKey, scanCode, character] : keys) {
+        EXPECT_EQ(platform::ScanCodeOf(virtualKey), scanCode) << virtualKey;
+        EXPECT_EQ(platform::CharacterOf(virtualKey), character) << virtualKey;
     }
 }
 
@@ -234,7 +220,7 @@ TEST(Input, TheLastInputIsTimed) {
             platform::Sleep(3 * coarseMs);
             const std::int64_t before = platform::TickCount();
             EXPECT_LT(platform::LastInputTick(), before - coarseMs);
-            key ? Tap(VirtualKeyF9) : SendMoveTo({hooked ? 210 : 310, 220});
+            key ? SendTap(VirtualKeyF9) : SendMoveTo({hooked ? 210 : 310, 220});
             EXPECT_TRUE(Within(contract::PatienceMs, [&] { return platform::LastInputTick() >= before - coarseMs; }))
                 << key << hooked;
             EXPECT_LE(platform::LastInputTick(), platform::TickCount() + coarseMs);
@@ -269,20 +255,17 @@ bool HeardKeys(std::size_t count) {
 TEST(Hooks, HearInjectedKeysWithTheirFlags) {
     contract::AddOwn({.caption = "front"});
     const Listening listening;
-    Tap('A');
-    Tap(VirtualKeyRight, platform::KeyExtended);
+    SendTap('A');
+    SendTap(VirtualKeyRight, platform::KeyExtended);
     SendKey(VirtualKeyLeftMenu, 0);
-    Tap(VirtualKeyF9);
+    SendTap(VirtualKeyF9);
     SendKey(VirtualKeyLeftMenu, platform::KeyUp);
     ASSERT_TRUE(HeardKeys(8));
 
     constexpr std::uint32_t keyDown = 0x100, keyUp = 0x101, sysKeyDown = 0x104, sysKeyUp = 0x105;
     constexpr std::uint32_t extended = 1, injected = 16, up = 128;
     const std::uint32_t altDown = contract::Desktop().hooksTellAltDown ? 32 : 0;
-    const struct {
-        std::uint32_t message, flags;
-        int virtualKey;
-    } expected[] = {
+    const std::tuple<std::uint32_t, std::uint32_t, int> expected[] = {
         {keyDown, injected, 'A'},
         {keyUp, injected | up, 'A'},
         {keyDown, injected | extended, VirtualKeyRight},
@@ -294,9 +277,10 @@ TEST(Hooks, HearInjectedKeysWithTheirFlags) {
     };
     ASSERT_EQ(keysHeard.size(), std::size(expected));
     for (std::size_t i = 0; i < std::size(expected); ++i) {
-        EXPECT_EQ(keysHeard[i].message, expected[i].message) << "key " << i;
-        EXPECT_EQ(keysHeard[i].flags, expected[i].flags) << "key " << i;
-        EXPECT_EQ(static_cast<int>(keysHeard[i].vkCode), expected[i].virtualKey) << "key " << i;
+        const auto& [message, flags, virtualKey] = expected[i];
+        EXPECT_EQ(keysHeard[i].message, message) << "key " << i;
+        EXPECT_EQ(keysHeard[i].flags, flags) << "key " << i;
+        EXPECT_EQ(static_cast<int>(keysHeard[i].vkCode), virtualKey) << "key " << i;
     }
     EXPECT_EQ(static_cast<int>(keysHeard[0].scanCode), platform::ScanCodeOf('A'));
 }
@@ -307,8 +291,7 @@ TEST(Hooks, HearTheInjectedMouse) {
     MoveTo({150, 150});
     const Listening listening;
     MoveTo({210, 220});
-    SendMouse(platform::MouseLeftDown);
-    SendMouse(platform::MouseLeftUp);
+    Click();
     SendMouse(platform::MouseWheel, {}, -120);
     constexpr std::uint32_t move = 0x200;
     ASSERT_TRUE(Within(contract::PatienceMs, [] { return !mouseHeard.empty() && mouseHeard.back().message == 0x20A; }));
@@ -337,12 +320,10 @@ TEST(Hooks, HearTheButtonThatWasSentAlsoWhenTheyAreSwapped) {
     for (const bool swapped : {true, false}) {
         contract::SwapButtons(swapped);
         const Listening listening;
-        SendMouse(platform::MouseLeftDown);
-        SendMouse(platform::MouseLeftUp);
-        SendMouse(platform::MouseRightDown);
-        SendMouse(platform::MouseRightUp);
-        SendMouse(platform::MouseMiddleDown);
-        SendMouse(platform::MouseMiddleUp);
+        for (const std::int32_t press :
+             {platform::MouseLeftDown, platform::MouseRightDown, platform::MouseMiddleDown}) {
+            Click(press);
+        }
         constexpr std::uint32_t middleUp = 0x208;
         ASSERT_TRUE(
             Within(contract::PatienceMs, [] { return !mouseHeard.empty() && mouseHeard.back().message == middleUp; }));
@@ -380,13 +361,13 @@ TEST(Hooks, AreThereFromInstallToRemove) {
         EXPECT_TRUE(platform::MouseHookInstalled());
         static int heardBySecond = 0;
         EXPECT_TRUE(platform::InstallKeyboardHook([](const auto&) { ++heardBySecond; }));
-        Tap('A');
+        SendTap('A');
         EXPECT_TRUE(Within(contract::PatienceMs, [] { return heardBySecond == 2; }));
         EXPECT_TRUE(keysHeard.empty()) << "the first procedure is replaced";
     }
     EXPECT_FALSE(platform::KeyboardHookInstalled());
     EXPECT_FALSE(platform::MouseHookInstalled());
-    Tap('A');
+    SendTap('A');
     MoveTo({300, 300});
     Within(50, [] { return false; });
     EXPECT_TRUE(keysHeard.empty());
@@ -443,25 +424,6 @@ TEST(Hooks, InsideACallThePumpLetsInWhatIsSentAndNothingOfOurs) {
     platform::CallOutsideHooks([&called] { called = true; });
     EXPECT_TRUE(called) << "at once, here";
     contract::RemoveOwn(Inside::own);
-}
-
-// --- Hotkeys ---
-
-TEST(Hotkeys, ArriveInsideThePumpWhateverHasTheFocus) {
-    if (!contract::HasUser()) GTEST_SKIP() << "nobody here to press a key";
-    const WindowHandle own = contract::AddOwn({.caption = "own", .visible = false});
-    OtherProgram program;
-    program.Add({.caption = "front"});
-    ASSERT_TRUE(platform::RegisterHotkey(own, 7, 0, VirtualKeyF9));
-    EXPECT_FALSE(platform::RegisterHotkey(own, 8, 0, VirtualKeyF9)) << "a combination has one holder";
-    contract::UserTaps(VirtualKeyF9);
-    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return contract::HotkeysAt(own) == std::vector<int>{7}; }));
-    EXPECT_TRUE(platform::UnregisterHotkey(own, 7));
-    EXPECT_FALSE(platform::UnregisterHotkey(own, 7));
-    contract::UserTaps(VirtualKeyF9);
-    Within(50, [] { return false; });
-    EXPECT_EQ(contract::HotkeysAt(own), std::vector<int>{7});
-    contract::RemoveOwn(own);
 }
 
 }  // namespace

@@ -1,14 +1,7 @@
 #include "puppet.h"
 
-#include "contract_desktop.h"
-
 #include <string>
 #include <thread>
-
-#include "platform/guard.h"
-#include "platform/input.h"
-#include "platform/instances.h"
-#include "win32/guard.h"
 
 namespace contract {
 namespace {
@@ -19,16 +12,8 @@ void CountClick(HWND window) {
     SetPropA(window, ClicksProperty, reinterpret_cast<HANDLE>(clicks + 1));
 }
 
-// What came by WM_COPYDATA becomes the text of the window, where the other process can read it.
-void KeepCopyData(HWND window, LPARAM data) {
-    const auto* copied = reinterpret_cast<const COPYDATASTRUCT*>(data);
-    const std::string bytes(static_cast<const char*>(copied->lpData), copied->cbData);
-    SetWindowTextA(window, (std::to_string(copied->dwData) + ":" + bytes).c_str());
-}
-
 LRESULT CALLBACK ContractProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_LBUTTONDOWN) CountClick(window);
-    if (message == WM_COPYDATA) KeepCopyData(window, lParam);
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
@@ -60,23 +45,6 @@ void RegisterClassOf(const char* name) {
     RegisterClassA(&windowClass);  // refused for a class that is there already, which is well
 }
 
-// The process id of its guard; 0 when there is none after a while.
-LRESULT HoldDown() {
-    platform::StartGuard();
-    for (const int key : HeldKeys) {
-        platform::InputRecord record;
-        record.dwType() = platform::InputKeyboard;
-        record.KeyCode() = platform::ScanCodeOf(key) * 65536 + key;
-        record.KeyState() = key == VK_RCONTROL ? platform::KeyExtended : 0;
-        platform::SendInput(record);
-    }
-    platform::InputRecord press;
-    press.dwFlags() = platform::MouseMiddleDown;
-    platform::SendInput(press);
-    for (int attempt = 0; attempt < 1000 && platform::GuardProcessId() == 0; ++attempt) ::Sleep(10);
-    return static_cast<LRESULT>(platform::GuardProcessId());
-}
-
 LRESULT Obey(Order order, const OrderData& data) {
     switch (order) {
         case Order::Add:
@@ -87,10 +55,6 @@ LRESULT Obey(Order order, const OrderData& data) {
             return SetWindowTextA(data.window, data.caption);
         case Order::Focus:
             return SetForegroundWindow(GetAncestor(data.window, GA_ROOT)) && SetFocus(data.window);
-        case Order::RunTheProduct:
-            return platform::AnotherInstanceRuns(contract::ProductOfTest);
-        case Order::HoldDown:
-            return HoldDown();
         case Order::Nap:
             return PostThreadMessageA(GetCurrentThreadId(), WM_APP, data.ms, 0);  // after the answer
     }

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 namespace contract {
 
 inline constexpr const char* PuppetSwitch = "--puppet";
@@ -16,7 +18,7 @@ inline constexpr const char* StubbornClass = "Contract stubborn";
 // The class of a window that refuses to become active: the system then says that it did, and leaves it as it was.
 inline constexpr const char* ShyClass = "Contract shy";
 
-enum class Order : ULONG_PTR { Add, Remove, Rename, Focus, RunTheProduct, Nap, HoldDown };
+enum class Order : ULONG_PTR { Add, Remove, Rename, Focus, Nap };
 
 struct OrderData {
     HWND window = nullptr;
@@ -31,9 +33,8 @@ struct OrderData {
     char caption[1100] = "";
 };
 
-// What a puppet presses at Order::HoldDown, under the eyes of a guard of its own.
-inline constexpr int HeldKeys[] = {VK_F9, VK_RCONTROL};
-inline constexpr int HeldButton = VK_MBUTTON;
+// The path of this executable, which is the test and the puppet.
+std::string OwnPath();
 
 // The window that an order asks for, made by the calling thread.
 HWND MakeWindow(const OrderData& order);

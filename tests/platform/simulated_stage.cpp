@@ -51,7 +51,6 @@ OtherProgram::OtherProgram() : inside(std::make_unique<Inside>()) {}
 
 OtherProgram::~OtherProgram() {
     for (const WindowHandle window : inside->windows) simulated::Destroy(window);
-    simulated::LetAnotherInstanceRun(ProductOfTest, false);
 }
 
 WindowHandle OtherProgram::Add(const NewWindow& window) {
@@ -77,17 +76,6 @@ std::string OtherProgram::TextOf(WindowHandle edit) {
 
 int OtherProgram::ClicksOn(WindowHandle window) {
     return clicks[window];
-}
-
-std::string OtherProgram::LastCopyData(WindowHandle window) {
-    for (auto sent = simulated::SentMessages().rbegin(); sent != simulated::SentMessages().rend(); ++sent) {
-        if (sent->window == window && sent->message.message == 0x4A) return sent->message.bytes;
-    }
-    return "";
-}
-
-void OtherProgram::RunTheProduct() {
-    simulated::LetAnotherInstanceRun(ProductOfTest);
 }
 
 void OtherProgram::Hang() {

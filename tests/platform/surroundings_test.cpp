@@ -143,16 +143,6 @@ TEST(Load, IsAPercentageOfTheTimeBetween) {
     }
 }
 
-TEST(Instances, TheSecondKnowsOfTheFirstAndTakesItsPlaceWhenItEnds) {
-    {
-        OtherProgram program;
-        program.RunTheProduct();
-        EXPECT_TRUE(platform::AnotherInstanceRuns(contract::ProductOfTest));
-        EXPECT_TRUE(platform::AnotherInstanceRuns(contract::ProductOfTest));
-    }
-    EXPECT_TRUE(Within(5000, [] { return !platform::AnotherInstanceRuns(contract::ProductOfTest); }));
-}
-
 TEST(Instances, TheDoorTakesMessagesUntilItIsClosed) {
     constexpr unsigned show = 123456;
     std::vector<std::string> taken;
@@ -183,13 +173,6 @@ TEST(Instances, TheSecondIsToldThatTheFirstHasBegun) {
         platform::TellBegun(commandLine);
         EXPECT_TRUE(sign.IsSet());
     }
-}
-
-TEST(Instances, BytesReachTheOtherWindow) {
-    OtherProgram program;
-    const WindowHandle window = program.Add({.caption = ""});
-    EXPECT_TRUE(platform::SendCopyData(window, "-run C:\\my job.tsj"));
-    EXPECT_EQ(program.LastCopyData(window), "-run C:\\my job.tsj");
 }
 
 }  // namespace

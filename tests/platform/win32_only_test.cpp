@@ -5,7 +5,6 @@
 #include <tlhelp32.h>
 
 #include <atomic>
-#include <future>
 #include <thread>
 
 #include "base/runtime_failure.h"
@@ -44,16 +43,6 @@ int ThreadsOfThisProcess() {
         if (thread.th32OwnerProcessID == GetCurrentProcessId()) ++count;
     }
     return count;
-}
-
-TEST(HungWindows, CostNoThreads) {
-    OtherProgram program;
-    const WindowHandle window = program.Add({.caption = "Hung"});
-    const platform::WindowPlacement placement = platform::PlacementOf(window);
-    program.Hang();
-    const int before = ThreadsOfThisProcess();
-    for (int round = 0; round < 4; ++round) EXPECT_FALSE(platform::SetPlacement(window, placement));
-    EXPECT_LE(ThreadsOfThisProcess(), before);
 }
 
 // The window answers when it is asked whether it lives, and then never finishes. The calls that are left behind are
@@ -106,59 +95,14 @@ TEST(HungWindows, LetTheHooksGoOn) {
     std::int64_t slowestKey = 0;
     std::thread typist([&] {
         platform::Sleep(200);
-        platform::InputRecord key;
-        key.dwType() = platform::InputKeyboard;
-        key.KeyCode() = VK_F9;
-        slowestKey = TimeOf([&] { platform::SendInput(key); });
-        key.KeyState() = platform::KeyUp;
-        platform::SendInput(key);
+        slowestKey = TimeOf([&] { platform::SendInput(contract::KeyRecord(VK_F9)); });
+        platform::SendInput(contract::KeyRecord(VK_F9, platform::KeyUp));
     });
     platform::SetPlacement(window, placement);
     EXPECT_EQ(keysHeard, 2);
     typist.join();
     EXPECT_LT(slowestKey, 300);
     platform::RemoveKeyboardHook();
-}
-
-// A window of this process on a second thread, which wants an answer from the first before it gives one.
-TEST(OwnWindows, OfAnotherThreadDoNotDeadlock) {
-    const WindowHandle own = contract::AddOwn({.caption = "own"});
-    std::promise<HWND> made;
-    std::atomic<DWORD> threadId = 0;
-    std::atomic<bool> ended = false;
-    std::thread second([&] {
-        threadId = GetCurrentThreadId();
-        contract::OrderData order;
-        order.rect = {100, 100, 300, 300};
-        strcpy(order.className, "Contract");
-        const HWND window = contract::MakeWindow(order);
-        SetPropA(window, "asks", ToHwnd(own));
-        SetWindowLongPtrA(
-            window, GWLP_WNDPROC,
-            reinterpret_cast<LONG_PTR>(+[](HWND target, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
-                if (message == WM_WINDOWPOSCHANGING || message == WM_ACTIVATE) {
-                    SendMessageA(static_cast<HWND>(GetPropA(target, "asks")), WM_GETTEXTLENGTH, 0, 0);
-                }
-                return DefWindowProcA(target, message, wParam, lParam);
-            }));
-        made.set_value(window);
-        MSG message;
-        while (GetMessageA(&message, nullptr, 0, 0) > 0) DispatchMessageA(&message);
-        ended = true;
-    });
-    auto future = made.get_future();
-    ASSERT_TRUE(Within(contract::PatienceMs,
-                       [&] { return future.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
-    const WindowHandle window = platform::FromHwnd(future.get());
-    platform::WindowPlacement placement = platform::PlacementOf(window);
-    placement.rcNormalPosition = {150, 150, 350, 350};
-    EXPECT_LE(TimeOf([&] { EXPECT_TRUE(platform::SetPlacement(window, placement)); }), BoundMs);
-    EXPECT_TRUE(platform::BringToForeground(own));
-    EXPECT_LE(TimeOf([&] { EXPECT_TRUE(platform::BringToForeground(window)); }), BoundMs);
-    PostThreadMessageA(threadId, WM_QUIT, 0, 0);
-    EXPECT_TRUE(Within(contract::PatienceMs, [&] { return ended.load(); }));  // it may still be asking us something
-    second.join();
-    contract::RemoveOwn(own);
 }
 
 void PutText(const std::string& path, const std::string& text) {
@@ -225,76 +169,25 @@ TEST(Pump, InsideAHookCallLeavesMessagesOfTheThread) {
         platform::Pump();
         waited = AMessageOfTheThreadWaits();
     }));
-    platform::InputRecord key;
-    key.dwType() = platform::InputKeyboard;
-    key.KeyCode() = VK_F9;
-    platform::SendInput(key);
-    key.KeyState() = platform::KeyUp;
-    platform::SendInput(key);
+    contract::SendTap(VK_F9);
     EXPECT_TRUE(Within(contract::PatienceMs, [] { return waited; }));
     platform::RemoveKeyboardHook();
     platform::Pump();
     EXPECT_FALSE(AMessageOfTheThreadWaits());
 }
 
-// --- the guard ---
-
-std::vector<int> StillDown() {
-    std::vector<int> down;
-    for (const int key : {contract::HeldKeys[0], contract::HeldKeys[1], contract::HeldButton}) {
-        if (platform::AsyncKeyState(key) < 0) down.push_back(key);
-    }
-    return down;
-}
-
-TEST(Guard, ReleasesWhatAKilledProgramHoldsAndEndsWithIt) {
-    contract::AddOwn({.caption = "front"});
-    OtherProgram program;
-    const std::uint32_t guard = program.HoldDown();
-    ASSERT_NE(guard, 0u);
-    const platform::OwnedHandle process(OpenProcess(SYNCHRONIZE, FALSE, guard));
-    ASSERT_TRUE(Within(contract::PatienceMs, [] { return StillDown().size() == 3; }));
-    Within(2000, [] { return false; });
-    EXPECT_EQ(StillDown().size(), 3u) << "nothing is released while the program lives";
-    EXPECT_EQ(WaitForSingleObject(process.Get(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
-    program.Kill();
-    EXPECT_TRUE(Within(1000, [] { return StillDown().empty(); }));
-    EXPECT_EQ(WaitForSingleObject(process.Get(), contract::PatienceMs), WAIT_OBJECT_0);
-}
-
-TEST(Guard, IsReplacedWhenItHasDied) {
-    contract::AddOwn({.caption = "front"});
-    OtherProgram program;
-    const std::uint32_t first = program.HoldDown();
-    ASSERT_NE(first, 0u);
-    EXPECT_EQ(program.HoldDown(), first) << "one is enough";
-    const platform::OwnedHandle process(OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, first));
-    TerminateProcess(process.Get(), 1);
-    WaitForSingleObject(process.Get(), contract::PatienceMs);
-    const std::uint32_t second = program.HoldDown();
-    EXPECT_NE(second, 0u);
-    EXPECT_NE(second, first);
-    program.Kill();
-    EXPECT_TRUE(Within(contract::PatienceMs, [] { return StillDown().empty(); }))
-        << "it knows what was pressed before its time";
-}
-
 // A failure in a hook is shown from the pump: a box inside the hook would hold up the whole desktop.
 TEST(Failures, InAHookWaitForThePump) {
     contract::AddOwn({.caption = "front"});
-    platform::InputRecord key;
-    key.dwType() = platform::InputKeyboard;
-    key.KeyCode() = VK_F9;
     const std::string shown = contract::BoxDuring([&] {
         ASSERT_TRUE(platform::InstallKeyboardHook(
             [](const auto&) { throw RuntimeFailure(FailureKind::Range, "Index 9 does not exist."); }));
-        EXPECT_LT(TimeOf([&] { platform::SendInput(key); }), 300);
+        EXPECT_LT(TimeOf([] { platform::SendInput(contract::KeyRecord(VK_F9)); }), 300);
         platform::RemoveKeyboardHook();
         Within(500, [] { return false; });
     });
     EXPECT_EQ(shown, "Tessarine|Index 9 does not exist.");
-    key.KeyState() = platform::KeyUp;
-    platform::SendInput(key);
+    platform::SendInput(contract::KeyRecord(VK_F9, platform::KeyUp));
 }
 
 TEST(Failures, AreReportedToTheCaller) {
@@ -309,10 +202,8 @@ TEST(Failures, AreReportedToTheCaller) {
 // Started with the name of a file, the puppet's executable has its own way of showing that it ran: a window.
 TEST(StartProgram, FindsAProgramWhosePathHasBlanks) {
     const TestFolder folder;
-    char own[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, own, sizeof own);
     const std::string copy = folder / "a program.exe";
-    ASSERT_TRUE(platform::CopyFileOver(own, copy));
+    ASSERT_TRUE(platform::CopyFileOver(contract::OwnPath(), copy));
     const std::string parent = std::to_string(GetCurrentProcessId());
     int number = 0;
     for (const std::string& line : {copy, "\"" + copy + "\""}) {
@@ -344,10 +235,8 @@ TEST(ShellFolders, AreFoldersWithoutATrailingBackslash) {
 TEST(SystemLibraries, ComeFromTheSystemFolderAlone) {
     EXPECT_NE(platform::FindSystemFunction("winmm.dll", "timeBeginPeriod"), nullptr);
     EXPECT_EQ(platform::FindSystemFunction("winmm.dll", "noSuchFunction"), nullptr);
-    char own[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, own, sizeof own);
     const std::string beside = platform::ExecutableFolder() + "\\contract_planted.dll";
-    ASSERT_TRUE(platform::CopyFileOver(own, beside));
+    ASSERT_TRUE(platform::CopyFileOver(contract::OwnPath(), beside));
     EXPECT_EQ(platform::FindSystemFunction("contract_planted.dll", "main"), nullptr);
     const HMODULE found = GetModuleHandleA("contract_planted.dll");
     EXPECT_EQ(found, nullptr);

@@ -9,16 +9,21 @@
 #include <thread>
 
 #include "contract_desktop.h"
-#include "guard/guard_process.h"
 #include "platform/clock.h"
 #include "platform/files.h"
-#include "platform/input.h"
 #include "platform/pump.h"
 #include "platform/window_services.h"
 #include "puppet.h"
 #include "win32/handles.h"
 
 namespace contract {
+
+std::string OwnPath() {
+    char path[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, path, sizeof path);
+    return path;
+}
+
 namespace {
 
 using platform::FromHwnd;
@@ -30,12 +35,6 @@ constexpr int StagePatienceMs = 15'000;  // be the machine as busy as it may
 
 int lastNumber = 0;
 std::map<WindowHandle, std::vector<int>> hotkeys;
-
-std::string OwnPath() {
-    char path[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, path, sizeof path);
-    return path;
-}
 
 PROCESS_INFORMATION Start(std::string commandLine) {
     STARTUPINFOA startup{};
@@ -169,23 +168,6 @@ int OtherProgram::ClicksOn(WindowHandle window) {
     return static_cast<int>(reinterpret_cast<ULONG_PTR>(GetPropA(ToHwnd(window), ClicksProperty)));
 }
 
-std::string OtherProgram::LastCopyData(WindowHandle window) {
-    const std::string kept = TextOf(window);
-    return kept.starts_with("3:") ? kept.substr(2) : "";
-}
-
-void OtherProgram::RunTheProduct() {
-    inside->Give(Order::RunTheProduct, WindowHandle{0});
-}
-
-std::uint32_t OtherProgram::HoldDown() {
-    return static_cast<std::uint32_t>(inside->Give(Order::HoldDown, WindowHandle{0}));
-}
-
-void OtherProgram::Kill() {
-    TerminateProcess(inside->process.hProcess, 1);
-}
-
 void OtherProgram::Nap(int ms) {
     OrderData data;
     data.ms = static_cast<DWORD>(ms);
@@ -207,10 +189,6 @@ LRESULT CALLBACK OwnProcedure(HWND window, UINT message, WPARAM wParam, LPARAM l
     if (message == WM_HOTKEY) hotkeys[FromHwnd(window)].push_back(static_cast<int>(wParam));
     return DefWindowProcA(window, message, wParam, lParam);
 }
-
-}  // namespace
-
-namespace {
 
 BOOL CALLBACK NoteMonitor(HMONITOR handle, HDC, LPRECT rect, LPARAM list) {
     MONITORINFO info{};
@@ -295,14 +273,7 @@ void UserTaps(int virtualKey) {
 }
 
 void OthersTap(int virtualKey) {
-    std::thread([virtualKey] {
-        platform::InputRecord key;
-        key.dwType() = platform::InputKeyboard;
-        key.KeyCode() = platform::ScanCodeOf(virtualKey) * 65536 + virtualKey;
-        platform::SendInput(key);
-        key.KeyState() = platform::KeyUp;
-        platform::SendInput(key);
-    }).detach();
+    std::thread([virtualKey] { SendTap(virtualKey); }).detach();
 }
 
 namespace {
@@ -377,7 +348,6 @@ HeldFile::~HeldFile() = default;
 }  // namespace contract
 
 int main(int argc, char** argv) {
-    if (const auto guard = GuardCommandOfThisProcess()) return RunGuard(*guard);
     if (argc == 4 && std::string(argv[1]) == contract::PuppetSwitch) {
         return contract::RunPuppet(argv[2], static_cast<DWORD>(std::strtoul(argv[3], nullptr, 10)));
     }

@@ -114,11 +114,7 @@ TEST(Windows, AreFoundByTheExactClassAndCaption) {
     const WindowHandle hidden = program.Add({.className = "Contract two", .caption = "Find me", .visible = false});
     program.Add({.className = "Contract three", .caption = "A child", .rect = {0, 0, 50, 50}, .parent = named});
 
-    const struct {
-        const char* className;
-        const char* caption;
-        WindowHandle expected;
-    } cases[] = {
+    const std::tuple<const char*, const char*, WindowHandle> cases[] = {
         {"Contract one", "Find me", named},
         {"Contract two", "Find me", hidden},
         {"Contract one", "", silent},
@@ -130,9 +126,9 @@ TEST(Windows, AreFoundByTheExactClassAndCaption) {
         {"", "Find me", 0},
         {"CONTRACT one", "FIND ME", named},
     };
-    for (const auto& wanted : cases) {
-        EXPECT_EQ(platform::FindTopWindow(wanted.className, wanted.caption), wanted.expected)
-            << '"' << wanted.className << "\", \"" << wanted.caption << '"';
+    for (const auto& [className, caption, expected] : cases) {
+        EXPECT_EQ(platform::FindTopWindow(className, caption), expected)
+            << '"' << className << "\", \"" << caption << '"';
     }
 }
 
@@ -193,11 +189,7 @@ TEST(Windows, WindowAtSeesWhatThePointerWould) {
     const WindowHandle high = other.Add({.caption = "high", .rect = {300, 300, 600, 600}});
     other.Add({.caption = "hidden", .rect = {100, 100, 600, 600}, .visible = false});
 
-    const struct {
-        const char* what;
-        platform::Point point;
-        WindowHandle expected;
-    } cases[] = {
+    const std::tuple<const char*, platform::Point, WindowHandle> cases[] = {
         {"its own ground", {250, 250}, low},           {"a child", {150, 150}, child},
         {"a child's child", {116, 116}, grandchild},   {"a child's last pixel", {159, 159}, child},
         {"beside a child", {160, 160}, low},           {"a child that reaches out", {480, 120}, wide},
@@ -205,7 +197,7 @@ TEST(Windows, WindowAtSeesWhatThePointerWould) {
         {"where another covers it", {400, 400}, high}, {"the other alone", {550, 550}, high},
         {"its first pixel", {100, 100}, low},
     };
-    for (const auto& look : cases) EXPECT_EQ(platform::WindowAt(look.point), look.expected) << look.what;
+    for (const auto& [what, point, expected] : cases) EXPECT_EQ(platform::WindowAt(point), expected) << what;
     EXPECT_NE(platform::WindowAt({520, 120}), wide) << "a child is cut off at its parent's edge";
     EXPECT_NE(disabled, 0);
     BringForward(low, {high});
@@ -215,25 +207,22 @@ TEST(Windows, WindowAtSeesWhatThePointerWould) {
 TEST(Windows, PlacementsGoThereAndBack) {
     OtherProgram program;
     const WindowHandle window = program.Add({.caption = "Placed", .rect = {100, 100, 500, 400}});
-    const struct {
-        std::uint32_t showCmd;
-        platform::Rect rect;
-    } steps[] = {
+    const std::tuple<std::uint32_t, platform::Rect> steps[] = {
         {platform::ShowNormal, {200, 150, 700, 650}},    {platform::ShowMinimized, {200, 150, 700, 650}},
         {platform::ShowMaximized, {210, 160, 710, 660}}, {platform::ShowMinimized, {220, 170, 720, 670}},
         {platform::ShowNormal, {230, 180, 730, 680}},
     };
-    for (const auto& step : steps) {
+    for (const auto& [showCmd, rect] : steps) {
         platform::WindowPlacement wanted = platform::PlacementOf(window);
-        wanted.showCmd = step.showCmd;
-        wanted.rcNormalPosition = step.rect;
+        wanted.showCmd = showCmd;
+        wanted.rcNormalPosition = rect;
         wanted.length = 0;
         EXPECT_TRUE(platform::SetPlacement(window, wanted));
         const platform::WindowPlacement now = platform::PlacementOf(window);
         EXPECT_EQ(now.length, 44u);
-        EXPECT_EQ(now.showCmd, step.showCmd);
-        if (step.showCmd == platform::ShowNormal || contract::Desktop().placesMinimised) {
-            EXPECT_EQ(now.rcNormalPosition, step.rect) << "showCmd " << step.showCmd;
+        EXPECT_EQ(now.showCmd, showCmd);
+        if (showCmd == platform::ShowNormal || contract::Desktop().placesMinimised) {
+            EXPECT_EQ(now.rcNormalPosition, rect) << "showCmd " << showCmd;
         }
     }
     EXPECT_EQ(platform::WindowAt({725, 675}), window) << "it stands where its placement says";
