@@ -14,7 +14,14 @@ protected:
     ReplayStage() {
         settings.Display_Executing_Status = 0;
         OpenNotepad();
-        job.Header().SafetyLevel = SafetyHigh;
+    }
+
+    // Another job, of which nothing has arrived yet.
+    void NewJob(std::int32_t safetyLevel = SafetyHigh, std::int32_t speedPercent = 100) {
+        simulated::ClearJournals();
+        job = JobBuilder();
+        job.Header().SafetyLevel = safetyLevel;
+        job.Header().SpeedPercent = speedPercent;
     }
 
     void OpenNotepad() {

@@ -3,6 +3,7 @@
 #include "dictionary/dictionary.h"
 #include "identity/live_chain.h"
 #include "identity/window_identity.h"
+#include "replay/similar_caption.h"
 #include "settings/settings.h"
 #include "support/status_view_stand_in.h"
 #include "support/story.h"
@@ -473,62 +474,33 @@ TEST_F(TwinDialogs, ThatWasMetBeforeIsKnownAndAStrangerIsNotTaken) {
 }
 
 // A dialog that is a part of another window is not the recorded one.
-class WrongDepth : public TwinDialogs {
-protected:
-    WrongDepth() {
-        RecordClick(yes);
-        simulated::Destroy(dialog);
-    }
-    WindowSpec PartOf(WindowHandle parent) const {
-        return {.className = "#32770", .caption = "Save", .rect = {100, 100, 300, 200}, .parent = parent};
-    }
-};
-
-TEST_F(WrongDepth, OfAClickGivesUpWithoutAReason) {
+TEST_F(TwinDialogs, AtAWrongDepthAClickGivesUpWithoutAReason) {
+    RecordClick(yes);
+    simulated::Destroy(dialog);
     simulated::Destroy(panel);
-    AddWindow(YesIn(AddWindow(PartOf(editor))));
+    WindowSpec part = DialogAt({100, 100, 300, 200});
+    part.parent = std::exchange(part.owner, 0);
+    AddWindow(YesIn(AddWindow(part)));
     request.waitSeconds = 60;
     ExpectFailureAfter(0, TargetWindowMissing, "");
     request.safetyLevel = SafetyMedium;
     EXPECT_EQ(Find(), TargetReady) << "where the depth is not looked at";
 }
 
-TEST_F(WrongDepth, CountsTheMissesBeforeToo) {
-    simulated::Destroy(panel);
-    request.waitSeconds = 60;
-    const WindowHandle late = simulated::AppearsAfter(3000, PartOf(editor));
-    simulated::AppearsAfter(3000, YesIn(late));
-    ExpectFailureAfter(3000, TargetWindowMissing, "");
-}
-
 // --- browsers ---
 
-class BrowserSearch : public TargetSearch {
-protected:
-    void Browse(const std::string& className) {
-        browser = AddWindow({.className = className, .caption = "One"});
-        page = AddWindow({.className = "Page", .rect = {0, 0, 300, 300}, .parent = browser});
-        RecordClick(page);
-        FindOnce();
-    }
-    // The click on the next page: recorded, replayed before, and now with a title that the last search did not see.
-    void TurnPage() {
-        simulated::SetCaption(browser, "Two");
-        RecordClick(page);
-        FindOnce();
-        searchState.lastTopCaption = "One";
-    }
-
-    WindowHandle browser = 0;
-    WindowHandle page = 0;
-};
-
-TEST_F(BrowserSearch, ANewPageGetsTimeAtMoreThanRecordedSpeed) {
+TEST_F(TargetSearch, ANewPageOfABrowserGetsTimeAtMoreThanRecordedSpeed) {
     for (const std::string className : {"IEFrame", "MozillaUIWindowClass", "Chrome_WidgetWin_0", "ieframe", "Editor"}) {
         const std::int64_t pause = className == "Editor" ? 0 : NewPage;
         request.speedPercent = 100;
-        Browse(className);
-        TurnPage();
+        const WindowHandle browser = AddWindow({.className = className});
+        const WindowHandle page = AddWindow({.className = "Page", .rect = {0, 0, 300, 300}, .parent = browser});
+        for (const char* title : {"One", "Two"}) {  // recorded, and replayed before
+            simulated::SetCaption(browser, title);
+            RecordClick(page);
+            FindOnce();
+        }
+        searchState.lastTopCaption = "One";  // now with a title that the last search did not see
         ExpectReadyAfter(0);
         searchState.lastTopCaption = "One";
         request.speedPercent = 101;
@@ -552,9 +524,6 @@ protected:
         icons = AddWindow({.className = "SysListView32", .rect = {0, 0, 1280, 1024}, .parent = desktop});
         RecordClick(icons);
     }
-    static bool IsMinimised(WindowHandle window) {
-        return platform::PlacementOf(window).showCmd == platform::ShowMinimized;
-    }
 
     WindowHandle desktop = 0;
     WindowHandle icons = 0;
@@ -566,9 +535,9 @@ TEST_F(DesktopSearch, WindowsOverTheDesktopAreMinimised) {
     const WindowHandle aside = AddWindow({.rect = {900, 900, 1000, 1000}});
     simulated::PlaceCursor(simulated::CentreOf(button));
     ExpectReadyAfter(Placed);
-    EXPECT_TRUE(IsMinimised(editor));
-    EXPECT_TRUE(IsMinimised(second));
-    EXPECT_FALSE(IsMinimised(aside));
+    for (const WindowHandle window : {editor, second, aside}) {
+        EXPECT_EQ(platform::PlacementOf(window).showCmd == platform::ShowMinimized, window != aside);
+    }
 }
 
 TEST_F(DesktopSearch, AWindowThatStaysIsMinimisedOnlyOnce) {
@@ -576,11 +545,6 @@ TEST_F(DesktopSearch, AWindowThatStaysIsMinimisedOnlyOnce) {
     simulated::RefusePlacement(stubborn);
     ExpectReadyAfter(Pause + Placed);
     EXPECT_EQ(platform::ForegroundWindow(), desktop);
-}
-
-TEST_F(DesktopSearch, WithoutAShellNothingIsMinimised) {
-    simulated::Destroy(desktop);
-    ExpectFailureAfter(Pause, TargetWindowMissing, "Cannot find window: 'Program Manager'");
 }
 
 TEST_F(TargetSearch, KeysForTheTaskBarAreNotSearchedFor) {
@@ -686,6 +650,47 @@ TEST_F(TargetSearch, AChainTooLongForTheSearchIsARangeFailureOnceItMatches) {
     EXPECT_THROW(Find(), RuntimeFailure) << "for the top-level window as well";
     simulated::Destroy(outermost);
     EXPECT_EQ(Find(), TargetWindowMissing) << "what is never met is no fault";
+}
+
+using platform::WindowHandle;
+
+// The captions of windows of one class, from the front to the back, and the index of the one that is taken, -1 for
+// none. A window of another class stands last in the enumeration.
+TEST(FindSimilarWindow, TakesTheMostWordsInCommon) {
+    const std::tuple<std::string, std::vector<std::string>, std::string, int> cases[] = {
+        {"most words", {"b.txt - Text Editor", "Editor", "x"}, "a.txt - Text Editor", 0},
+        {"two words", {"My Editor", "My Text Editor", "Text"}, "text editor", 1},
+        {"a tie goes to the later", {"b - Editor", "c - Editor", "d"}, "a - Editor", 1},
+        {"no word at all is still the class", {"One", "Two"}, "Three", 1},
+        {"any case", {"EDITOR", "Viewer"}, "eDitor", 0},
+        {"single characters do not count", {"a b c - x", "dd"}, "a b c - dd", 1},
+        {"repeated words count for each pair", {"go go", "go now"}, "go go now", 0},
+        {"runs of blanks are no words", {"big   blue", "big"}, "  big  blue ", 0},
+        {"a namesake behind is not reached by name", {"Editor", "x", "Editor"}, "Editor", 0},
+        {"an empty caption is a candidate", {""}, "Editor", 0},
+        {"nothing of the class", {}, "Editor", -1},
+    };
+    std::vector<WindowHandle> old;
+    for (const auto& [why, captions, wanted, index] : cases) {
+        for (const WindowHandle window : old) simulated::Destroy(window);
+        old.assign(1, simulated::AddWindow({.className = "Last", .caption = wanted}));
+        std::vector<WindowHandle> windows(captions.size());
+        for (std::size_t i = windows.size(); i-- > 0;) {
+            windows[i] = simulated::AddWindow({.className = "Editor", .caption = captions[i]});
+        }
+        const WindowHandle expected = index < 0 ? 0 : windows[static_cast<std::size_t>(index)];
+        EXPECT_EQ(FindSimilarWindow("Editor", wanted).window, expected) << why;
+        old.insert(old.end(), windows.begin(), windows.end());
+    }
+}
+
+TEST(FindSimilarWindow, NeverTakesTheLastOfTheEnumeration) {
+    simulated::AddWindow({.className = "Editor", .caption = "b - Editor"});
+    EXPECT_EQ(FindSimilarWindow("Editor", "a - Editor").window, 0);
+    const WindowHandle front = simulated::AddWindow({.className = "Editor", .caption = "Other"});
+    const SimilarWindow found = FindSimilarWindow("Editor", "a - Editor");
+    EXPECT_EQ(found.window, front) << "not even for a better one";
+    EXPECT_EQ(found.caption, "Other");
 }
 
 }  // namespace
