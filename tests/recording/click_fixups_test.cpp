@@ -23,20 +23,16 @@ protected:
 constexpr platform::Point Place{500, 500};
 
 TEST_F(ClickFixups, TwoClicksAreADoubleClickUpToTheExactLimits) {
-    struct Case {
-        platform::Point second;
-        std::int64_t ms;
-        bool folds;
-    };
-    const Case cases[] = {{{500, 500}, 500, true}, {{500, 500}, 501, false}, {{501, 500}, 10, true},
-                          {{500, 499}, 500, true}, {{501, 501}, 10, false},  {{502, 500}, 10, false}};
-    for (const Case& one : cases) {
-        SCOPED_TRACE(testing::Message() << one.second.x << " " << one.second.y << " after " << one.ms);
+    const std::tuple<platform::Point, std::int64_t, bool> cases[] = {{{500, 500}, 500, true}, {{500, 500}, 501, false},
+                                                                     {{501, 500}, 10, true},  {{500, 499}, 500, true},
+                                                                     {{501, 501}, 10, false}, {{502, 500}, 10, false}};
+    for (const auto& [second, ms, folds] : cases) {
+        SCOPED_TRACE(testing::Message() << second.x << " " << second.y << " after " << ms);
         if (!RecordingActive()) Start();
         Click(Place, 2000);
-        Click(one.second, one.ms);
+        Click(second, ms);
         const Job job = Stop();
-        if (one.folds) {
+        if (folds) {
             ASSERT_THAT(NamesOf(job.Events), ElementsAre("Double click"));
             EXPECT_EQ(job.Events[0].dx(), 500) << "the first press's place, time, window and wait";
             EXPECT_EQ(job.Events[0].time(), 2000);

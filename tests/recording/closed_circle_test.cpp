@@ -6,21 +6,15 @@
 //
 // plays one session, and with TESSARINE_TELL=1 tells all that happened in it. TESSARINE_SESSIONS and TESSARINE_FROM
 // sweep through others than the usual seeds (see tools/circle.sh).
-#include <gtest/gtest.h>
-#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <atomic>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
 #include <thread>
 
 #include "jobs/job_file.h"
 #include "other_desktop.h"
-#include "platform/clock.h"
 #include "platform/files.h"
 #include "random_user.h"
 #include "recording/recording_session.h"
@@ -36,6 +30,9 @@ constexpr std::uint32_t Sessions = 1500;
 constexpr int PauseBreak = 19;
 constexpr std::uint32_t WithoutMovesEach = 5;
 const std::string JobPath = "C:\\Data\\circle.tsj";
+
+// Nothing when all is as it should be.
+using Difference = std::optional<std::string>;
 
 // One thing that a replay has to do.
 struct Step {
@@ -78,66 +75,50 @@ class Script {
 public:
     Script(const UserSession& userSession, std::int64_t start) : session(userSession), startTick(start) {}
 
-    std::vector<Step> Steps();
+    std::vector<Step> Steps() {
+        while (place < journal.size()) {
+            if (const JournalRange* range = RangeAt(session.doubleClicks)) {
+                AddDoubleClick(range->end);
+            } else if (const JournalRange* held = RangeAt(session.scrollLocks)) {
+                for (const std::int32_t action : {platform::MouseLeftDown, platform::MouseLeftUp}) {
+                    steps.emplace_back().record.dwFlags() = action;
+                }
+                place = held->end;
+            } else {
+                AddInput(journal[place++]);
+            }
+        }
+        return steps;
+    }
 
 private:
-    const JournalRange* RangeAt(const std::vector<JournalRange>& ranges) const;
-    void AddInput(const simulated::InputEntry& entry);
-    void AddDoubleClick(const JournalRange& range);
-    void AddScrollLock();
-    void Add(const Step& step) { steps.push_back(step); }
+    const JournalRange* RangeAt(const std::vector<JournalRange>& ranges) const {
+        const auto found = std::ranges::find(ranges, place, &JournalRange::begin);
+        return found == ranges.end() ? nullptr : &*found;
+    }
+    Step StepOf(const simulated::InputEntry& entry) const {
+        return {Bare(entry.record), entry.position, entry.place, NameOf(entry.window), entry.time - startTick};
+    }
+    void AddInput(const simulated::InputEntry& entry) {
+        if (!IsMove(entry.record)) return steps.push_back(StepOf(entry));
+        if (settings.Capture_Mouse_Moves == 0) return;
+        steps.push_back(StepOf(entry));
+        steps.back().window.clear();
+    }
+    void AddDoubleClick(std::size_t end) {
+        steps.push_back(StepOf(journal[place]));
+        steps.back().doubleClick = true;
+        for (; place < end; ++place) {
+            if (IsMove(journal[place].record)) AddInput(journal[place]);
+        }
+    }
 
     const UserSession& session;
     const std::int64_t startTick;
+    const std::vector<simulated::InputEntry>& journal = simulated::HandJournal();
     std::size_t place = 0;
     std::vector<Step> steps;
 };
-
-std::vector<Step> Script::Steps() {
-    const auto& journal = simulated::HandJournal();
-    while (place < journal.size()) {
-        if (const JournalRange* range = RangeAt(session.doubleClicks)) {
-            AddDoubleClick(*range);
-            place = range->end;
-        } else if (const JournalRange* held = RangeAt(session.scrollLocks)) {
-            AddScrollLock();
-            place = held->end;
-        } else {
-            AddInput(journal[place++]);
-        }
-    }
-    return steps;
-}
-
-const JournalRange* Script::RangeAt(const std::vector<JournalRange>& ranges) const {
-    for (const JournalRange& range : ranges) {
-        if (range.begin == place) return &range;
-    }
-    return nullptr;
-}
-
-void Script::AddInput(const simulated::InputEntry& entry) {
-    const bool move = IsMove(entry.record);
-    if (move && settings.Capture_Mouse_Moves == 0) return;
-    Add({Bare(entry.record), entry.position, entry.place, move ? "" : NameOf(entry.window), entry.time - startTick});
-}
-
-void Script::AddDoubleClick(const JournalRange& range) {
-    const auto& journal = simulated::HandJournal();
-    const simulated::InputEntry& first = journal[range.begin];
-    Add({Bare(first.record), first.position, first.place, NameOf(first.window), first.time - startTick, true});
-    for (std::size_t i = range.begin; i < range.end; ++i) {
-        if (IsMove(journal[i].record)) AddInput(journal[i]);
-    }
-}
-
-void Script::AddScrollLock() {
-    for (const std::int32_t action : {platform::MouseLeftDown, platform::MouseLeftUp}) {
-        Step step;
-        step.record.dwFlags() = action;
-        Add(step);
-    }
-}
 
 // --- what came ---
 
@@ -168,13 +149,13 @@ public:
 
     // Nothing when all is as it should be. Of a run that was broken off, what was sent until then has to be right; it
     // then let go of what it held.
-    std::optional<std::string> FirstDifference(bool brokenOff);
+    Difference FirstDifference(bool brokenOff);
 
 private:
-    std::optional<std::string> Compare(const Step& step);
-    std::optional<std::string> TakeMoveTo(const Step& step);
-    std::optional<std::string> TakeInput(const Step& step, std::int32_t action);
-    std::optional<std::string> WrongWindow(const Step& step, const simulated::InputEntry& entry) const;
+    Difference Compare(const Step& step);
+    Difference TakeMoveTo(const Step& step);
+    Difference TakeInput(const Step& step, std::int32_t action);
+    Difference WrongWindow(const Step& step, const simulated::InputEntry& entry) const;
     bool OnlyReleasesFollow() const;
     std::string At(const std::string& what) const { return "entry " + std::to_string(place) + ": " + what; }
 
@@ -185,7 +166,7 @@ private:
     std::size_t place = 0;
 };
 
-std::optional<std::string> Comparison::FirstDifference(bool brokenOff) {
+Difference Comparison::FirstDifference(bool brokenOff) {
     for (std::size_t i = 0; i < steps.size(); ++i) {
         const auto difference = Compare(steps[i]);
         if (brokenOff && OnlyReleasesFollow()) return std::nullopt;
@@ -203,7 +184,7 @@ bool Comparison::OnlyReleasesFollow() const {
     return true;
 }
 
-std::optional<std::string> Comparison::Compare(const Step& step) {
+Difference Comparison::Compare(const Step& step) {
     if (IsMouse(step.record)) {
         if (const auto difference = TakeMoveTo(step)) return difference;
     }
@@ -219,7 +200,7 @@ std::optional<std::string> Comparison::Compare(const Step& step) {
 }
 
 // Every mouse event is preceded by a move to its place, and by another one when it had to wait.
-std::optional<std::string> Comparison::TakeMoveTo(const Step& step) {
+Difference Comparison::TakeMoveTo(const Step& step) {
     if (place >= journal.size()) return At("the replay ends too early");
     const simulated::InputEntry& entry = journal[place];
     if (!IsMove(entry.record) || entry.position != step.position) return At("no move to the place of the next event");
@@ -231,7 +212,7 @@ std::optional<std::string> Comparison::TakeMoveTo(const Step& step) {
     return std::nullopt;
 }
 
-std::optional<std::string> Comparison::TakeInput(const Step& step, std::int32_t action) {
+Difference Comparison::TakeInput(const Step& step, std::int32_t action) {
     if (place >= journal.size()) return At("the replay ends too early");
     const simulated::InputEntry& entry = journal[place];
     platform::InputRecord wanted = step.record;
@@ -248,7 +229,7 @@ std::optional<std::string> Comparison::TakeInput(const Step& step, std::int32_t 
 }
 
 // A job knows no window of a release: it goes where its press went, or where a drag has led to.
-std::optional<std::string> Comparison::WrongWindow(const Step& step, const simulated::InputEntry& entry) const {
+Difference Comparison::WrongWindow(const Step& step, const simulated::InputEntry& entry) const {
     const bool exact = exactness == Exactness::SameDesktop;
     if (step.window.empty() || (!exact && IsRelease(entry.record))) return std::nullopt;
     const std::string name = NameOf(entry.window);
@@ -280,9 +261,11 @@ bool TellsAll() {
     return std::getenv("TESSARINE_TELL") != nullptr;
 }
 
+using Texts = std::vector<std::pair<std::string, std::string>>;
+
 struct Recorded {
     std::vector<Step> steps;
-    std::vector<std::pair<std::string, std::string>> texts;
+    Texts texts;
 };
 
 void StopAndSave(std::int32_t safetyLevel) {
@@ -310,9 +293,7 @@ Recorded Record(std::uint32_t seed, std::int32_t safetyLevel) {
     return recorded;
 }
 
-using Texts = std::vector<std::pair<std::string, std::string>>;
-
-std::optional<std::string> TextDifference(const Texts& typed, const Texts& replayed) {
+Difference TextDifference(const Texts& typed, const Texts& replayed) {
     if (typed == replayed) return std::nullopt;
     std::string told = "other texts in the fields:";
     for (const auto& [name, text] : typed) told += "\n  typed    " + name + ": " + text;
@@ -325,8 +306,6 @@ Texts Written(Texts texts) {
     std::erase_if(texts, [](const auto& text) { return text.second.empty(); });
     return texts;
 }
-
-using Difference = std::optional<std::string>;
 
 // Plays the job of the recording. What it gave, and the text of a failure without the name of the job.
 std::int32_t Replay(std::string& reason) {
@@ -394,42 +373,26 @@ bool CircleInItsOwnProcess(Circle circle, std::uint32_t seed) {
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-// Shared by the processes of a sweep.
-struct Tally {
-    std::atomic<std::uint32_t> played{0};
-    std::atomic<std::uint32_t> failed{0};
-};
-
-void Work(Circle circle, std::uint32_t first, std::uint32_t end, std::uint32_t step, Tally& tally) {
-    for (std::uint32_t seed = first; seed < end; seed += step) {
-        if (!CircleInItsOwnProcess(circle, seed)) ++tally.failed;
-        ++tally.played;
-    }
-}
-
-// One worker on each core. Tells of the progress twice a minute.
+// One worker on each core. How many of the sessions failed; those of a worker that died did.
 std::uint32_t Sweep(Circle circle, std::uint32_t from, std::uint32_t sessions) {
+    constexpr std::uint32_t MostToTell = 100;  // in an exit code
     std::printf("seeds %u to %u\n", from, from + sessions - 1);
     std::fflush(stdout);
-    void* const shared = mmap(nullptr, sizeof(Tally), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    if (shared == MAP_FAILED) return sessions;
-    Tally& tally = *new (shared) Tally;
-    const std::uint32_t cores = std::max(std::thread::hardware_concurrency(), 1U);
-    for (std::uint32_t worker = 0; worker < cores; ++worker) {
+    const std::uint32_t workers = std::max(std::thread::hardware_concurrency(), 1U);
+    for (std::uint32_t worker = 0; worker < workers; ++worker) {
         if (fork() != 0) continue;
-        Work(circle, from + worker, from + sessions, cores, tally);
-        _exit(0);
+        std::uint32_t failed = 0;
+        for (std::uint32_t seed = from + worker; seed < from + sessions; seed += workers) {
+            if (!CircleInItsOwnProcess(circle, seed)) ++failed;
+        }
+        _exit(static_cast<int>(std::min(failed, MostToTell)));
     }
-    const auto begin = std::chrono::steady_clock::now();
-    for (int tick = 1; waitpid(-1, nullptr, WNOHANG) >= 0; ++tick) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        if (tick % 1500 != 0) continue;
-        const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - begin;
-        std::printf("%u of %u, %u failed, %.0f a second\n", tally.played.load(), sessions, tally.failed.load(),
-                    tally.played / passed.count());
-        std::fflush(stdout);
+    std::uint32_t ended = 0;
+    std::uint32_t failed = 0;
+    for (int status = 0; waitpid(-1, &status, 0) >= 0; ++ended) {
+        failed += WIFEXITED(status) ? static_cast<std::uint32_t>(WEXITSTATUS(status)) : sessions;
     }
-    return tally.failed + (sessions - tally.played);
+    return ended == workers ? failed : sessions;
 }
 
 std::uint32_t NumberFrom(const char* variable, std::uint32_t otherwise) {

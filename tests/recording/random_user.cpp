@@ -352,10 +352,6 @@ void Open(int afterMs, void (*build)()) {
     });
 }
 
-void BuildDesktop() {
-    BuildDesktop(Openings());
-}
-
 void BuildDesktop(const Openings& openings) {
     ++desktop.generation;
     for (const WindowHandle top : desktop.tops) simulated::Destroy(top);

@@ -9,17 +9,16 @@
 
 #include "platform/types.h"
 
-// Takes the old windows away and sets the same ones up anew, with the same focus, cursor and toggles. What they do when
-// they are clicked and typed into follows from the input alone, some of it after a while.
-void BuildDesktop();
-
-// The same, with the windows of each program at a later moment (ms from now); 0 is at once.
+// When the windows of each program open (ms from now); 0 is at once.
 struct Openings {
     int editor = 0;
     int painter = 0;
     int calculator = 0;
 };
-void BuildDesktop(const Openings& openings);
+
+// Takes the old windows away and sets the same ones up anew, with the same focus, cursor and toggles. What they do when
+// they are clicked and typed into follows from the input alone, some of it after a while.
+void BuildDesktop(const Openings& openings = {});
 
 // Another editor, painter or calculator (by the name of its top-level window) with the same captions and elements. It
 // is called "twin.editor" and so on.

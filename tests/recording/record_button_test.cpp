@@ -1,6 +1,5 @@
 #include "recording/record_button.h"
 
-#include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "platform/files.h"
 #include "platform/text.h"
@@ -12,10 +11,6 @@
 using testing::Pair;
 
 namespace {
-
-void WriteFile(const std::string& path) {
-    platform::File::Create(path);
-}
 
 class RecordButton : public RecordingStage {
 protected:
@@ -79,17 +74,6 @@ TEST_F(RecordButton, TellsInEveryLanguageHowARecordingEnds) {
     }
 }
 
-TEST_F(RecordButton, AFailedStartLeavesThePageUsable) {
-    settings.Display_Start_Program_Dialog = 1;
-    recordingViewStandIn.startApp = [] { startProgram = {"C:\\a.exe", "", 1}; };
-    simulated::RefuseStarts();
-    simulated::After(0, RecordNewJob);
-    simulated::RunFor(10);
-    EXPECT_EQ(simulated::ShownBoxes().size(), 1U);
-    EXPECT_FALSE(RecordingActive());
-    EXPECT_THAT(Calls(), testing::IsSupersetOf({"GiveHotkeys", "ShowMainWindow"}));
-}
-
 // The pump behind TakeHotkeys lets a second press in.
 TEST_F(RecordButton, OneRecordingIsPreparedAtATime) {
     simulated::After(0, [] {
@@ -128,42 +112,37 @@ TEST_F(RecordButton, IsDeadDuringARunAndWhileKeysAreListenedTo) {
 
 TEST(StartApp, TakesAProgramOnly) {
     platform::MakeFolder("C:\\p");
-    for (const char* name : {"a.exe", "a.COM", "a.Bat", "a.txt", "exe"}) WriteFile(std::string("C:\\p\\") + name);
-    struct Case {
-        std::string name;
-        std::string box;
-    };
+    for (const char* name : {"a.exe", "a.COM", "a.Bat", "a.txt", "exe"})
+        platform::File::Create(std::string("C:\\p\\") + name);
     const std::string wrong = "File must have .exe extension!";
-    const Case cases[] = {{"C:\\p\\a.exe", ""},  {"C:\\p\\a.COM", ""},
-                          {"C:\\p\\a.Bat", ""},  {"C:\\p\\a.txt", wrong},
-                          {"C:\\p\\exe", wrong}, {"C:\\p\\b.exe", "C:\\p\\b.exe\r\nFile does not exist"}};
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.name);
-        const std::size_t boxes = simulated::ShownBoxes().size();
+    const std::pair<std::string, std::string> cases[] = {
+        {"C:\\p\\a.exe", ""},    {"C:\\p\\a.COM", ""},  {"C:\\p\\a.Bat", ""},
+        {"C:\\p\\a.txt", wrong}, {"C:\\p\\exe", wrong}, {"C:\\p\\b.exe", "C:\\p\\b.exe\r\nFile does not exist"}};
+    std::size_t boxes = 0;
+    for (const auto& [name, box] : cases) {
         startProgram = {};
         StartAppControls controls;
-        TakeChosenProgram(controls, one.name);
-        EXPECT_EQ(AcceptStartApp(controls), one.box.empty());
-        ASSERT_EQ(simulated::ShownBoxes().size() - boxes, one.box.empty() ? 0U : 1U);
-        if (!one.box.empty()) {
-            EXPECT_EQ(simulated::ShownBoxes().back().text, one.box);
-        }
-        EXPECT_EQ(startProgram.ProgramPath, one.box.empty() ? one.name : "");
+        TakeChosenProgram(controls, name);
+        EXPECT_EQ(AcceptStartApp(controls), box.empty()) << name;
+        EXPECT_EQ(startProgram.ProgramPath, box.empty() ? name : "");
+        if (box.empty()) continue;
+        ASSERT_EQ(simulated::ShownBoxes().size(), ++boxes) << name;
+        EXPECT_EQ(simulated::ShownBoxes().back().text, box);
     }
 }
 
 TEST(StartApp, CarriesParametersAndStyleWhenTheyAreWanted) {
     platform::MakeFolder("C:\\p");
-    WriteFile("C:\\p\\a.exe");
+    platform::File::Create("C:\\p\\a.exe");
     StartAppControls controls;
     controls.text_command_line = "-x";
     TakeChosenProgram(controls, "C:\\p\\a.exe");
-    const std::int16_t styles[] = {1, 3, 2};
-    for (int item = 0; item < 3; ++item) {
+    const std::pair<int, int> styles[] = {{-1, 1}, {0, 1}, {1, 3}, {2, 2}, {3, 1}};
+    for (const auto& [item, style] : styles) {
         controls.Combo1 = item;
         controls.Check2 = item == 1;
         EXPECT_TRUE(AcceptStartApp(controls));
-        EXPECT_EQ(startProgram.WindowStyle, styles[item]);
+        EXPECT_EQ(startProgram.WindowStyle, style) << item;
         EXPECT_EQ(startProgram.CommandLine, item == 1 ? "-x" : "");
     }
     controls.Check1 = false;
@@ -195,15 +174,10 @@ TEST(Countdown, OfNothingShowsItselfAndGoesOn) {
 }
 
 TEST(RecordingStatusForm, JumpsToTheOtherSide) {
-    struct Case {
-        std::int32_t left;
-        int pixelsPerInch;
-        std::int32_t to;
-    };
-    const Case cases[] = {{10, 96, 1060}, {133, 96, 1060},  {134, 96, 20},
-                          {1060, 96, 20}, {266, 192, 1060}, {267, 192, 20}};
-    for (const Case& one : cases) {
-        EXPECT_EQ(DodgeTo({one.left, 10, one.left + 200, 110}, {1280, 1024}, one.pixelsPerInch), one.to) << one.left;
+    const std::tuple<std::int32_t, int, std::int32_t> cases[] = {{10, 96, 1060}, {133, 96, 1060},  {134, 96, 20},
+                                                                 {1060, 96, 20}, {266, 192, 1060}, {267, 192, 20}};
+    for (const auto& [left, pixelsPerInch, to] : cases) {
+        EXPECT_EQ(DodgeTo({left, 10, left + 200, 110}, {1280, 1024}, pixelsPerInch), to) << left;
     }
 }
 

@@ -2,6 +2,8 @@
 // recording under way, and a look at what it holds.
 #pragma once
 
+#include <map>
+
 #include "identity/window_identity.h"
 #include "platform/hooks.h"
 #include "recording/input_capture.h"
@@ -73,22 +75,11 @@ protected:
             const auto key = static_cast<char>(event.KeyCode() % 65536);
             return std::string(1, key) + (event.KeyState() >= 2 ? " up" : " down");
         }
-        switch (event.dwFlags()) {
-            case 0x8001:
-                return "Move";
-            case 0x8002:
-                return "Left down";
-            case 0x8004:
-                return "Left up";
-            case 0x8008:
-                return "Right down";
-            case 0x8010:
-                return "Right up";
-            case 221:
-                return "Double click";
-            default:
-                return std::to_string(event.dwFlags());
-        }
+        static const std::map<std::int32_t, std::string> names = {{0x8001, "Move"},     {0x8002, "Left down"},
+                                                                  {0x8004, "Left up"},  {0x8008, "Right down"},
+                                                                  {0x8010, "Right up"}, {221, "Double click"}};
+        const auto name = names.find(event.dwFlags());
+        return name != names.end() ? name->second : std::to_string(event.dwFlags());
     }
     static std::vector<std::string> NamesOf(const std::vector<JobEvent>& events) {
         std::vector<std::string> names;
