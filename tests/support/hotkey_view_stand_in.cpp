@@ -1,13 +1,13 @@
 #include "support/hotkey_view_stand_in.h"
 
 #include "hotkeys/hotkey_view.h"
+#include "support/recorder.h"
 
 HotkeyViewStandIn hotkeyViewStandIn;
 
-void hotkey_view::StartJob(const std::string& path) {
-    hotkeyViewStandIn.calls.push_back("start " + path);
-}
+namespace hotkey_view {
 
-void hotkey_view::ClickCommand3() {
-    hotkeyViewStandIn.calls.push_back("record");
-}
+TELLS(hotkeyViewStandIn.calls, StartJob, const std::string&, "start " + value)
+NOTES(hotkeyViewStandIn.calls, ClickCommand3)
+
+}  // namespace hotkey_view

@@ -5,6 +5,6 @@
 #include <vector>
 
 struct HotkeyViewStandIn {
-    std::vector<std::string> calls;  // "start C:\...", "record"
+    std::vector<std::string> calls;  // "start C:\...", "ClickCommand3"
 };
 extern HotkeyViewStandIn hotkeyViewStandIn;

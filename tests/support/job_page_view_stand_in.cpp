@@ -3,16 +3,9 @@
 #include "library/library_view.h"
 #include "mainwindow/job_page.h"
 #include "mainwindow/job_page_view.h"
+#include "support/recorder.h"
 
 JobPageViewStandIn jobPageViewStandIn;
-
-namespace {
-
-void Note(const std::string& call) {
-    jobPageViewStandIn.calls.push_back(call);
-}
-
-}  // namespace
 
 namespace job_page_view {
 
@@ -20,26 +13,12 @@ void Show() {
     ++jobPageViewStandIn.shown;
 }
 
-void FocusOn(HotkeyFocus control) {
-    const char* const names[] = {"hot_ctrl", "hot_slovo", "lista_jobs"};
-    Note(std::string("focus ") + names[static_cast<std::size_t>(control)]);
-}
-
-void PosiviSve(bool grey) {
-    Note(grey ? "grey" : "free");
-}
-
-void OpenMenuJobs() {
-    Note("menu");
-}
-
-void MakeExe(const std::string& jobPath) {
-    Note("exe " + jobPath);
-}
-
-void OpenScheduleOf(const std::string& jobName) {
-    Note("schedule " + jobName);
-}
+constexpr const char* Controls[] = {"hot_ctrl", "hot_slovo", "lista_jobs"};
+TELLS(jobPageViewStandIn.calls, FocusOn, HotkeyFocus, std::string("focus ") + Controls[static_cast<int>(value)])
+TELLS(jobPageViewStandIn.calls, PosiviSve, bool, value ? "grey" : "free")
+NOTES(jobPageViewStandIn.calls, OpenMenuJobs)
+TELLS(jobPageViewStandIn.calls, MakeExe, const std::string&, "exe " + value)
+TELLS(jobPageViewStandIn.calls, OpenScheduleOf, const std::string&, "schedule " + value)
 
 }  // namespace job_page_view
 

@@ -7,9 +7,8 @@
 struct MainWindowViewStandIn {
     bool visible = true;
     bool minimised = false;
-    bool maximised = false;
     bool enabled = true;
     bool exitButtonEnabled = true;
-    std::vector<std::string> calls;  // "Minimise", "Restore", "Enable", "Disable", ... in order
+    std::vector<std::string> calls;  // "Minimise" and "Restore", in order
 };
 extern MainWindowViewStandIn mainWindowViewStandIn;

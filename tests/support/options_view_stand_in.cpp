@@ -4,10 +4,8 @@
 
 OptionsViewStandIn optionsViewStandIn;
 
-bool options_view::ListJobsOf(const std::string& folder) {
-    if (optionsViewStandIn.refusesFolders) return false;
-    optionsViewStandIn.listedFolder = folder;
-    return true;
+bool options_view::ListJobsOf(const std::string&) {
+    return !optionsViewStandIn.refusesFolders;
 }
 
 void options_view::ShowDataFolder(const std::string& folder) {

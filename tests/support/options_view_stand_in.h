@@ -5,7 +5,6 @@
 
 struct OptionsViewStandIn {
     bool refusesFolders = false;
-    std::string listedFolder;
     std::string shownFolder;
 };
 extern OptionsViewStandIn optionsViewStandIn;

@@ -16,11 +16,6 @@ bool LineExists(int index) {
     return index >= 0 && index < static_cast<int>(view.list.size());
 }
 
-template <class Value>
-void Remember(std::vector<Value>& history, const Value& value) {
-    if (history.empty() || history.back() != value) history.push_back(value);
-}
-
 void MoveTo(platform::Rect& rectangle, std::int32_t left) {
     rectangle.right += left - rectangle.left;
     rectangle.left = left;
@@ -44,10 +39,7 @@ void MoveExecuting(std::int32_t left) {
     MoveTo(view.executing.rectangle, left);
 }
 
-void SetStatusLabel(const std::string& text) {
-    view.statusLabel = text;
-    Remember(view.statusHistory, text);
-}
+KEEPS(SetStatusLabel, const std::string&, view.statusLabel)
 
 void StopDodging() {
     view.dodging = false;
@@ -61,9 +53,7 @@ void ClearList() {
     view.topIndex = 0;
 }
 
-void AddLine(const std::string& text) {
-    view.list.push_back(text);
-}
+TELLS(view.list, AddLine, const std::string&, value)
 
 void InsertLine(int index, const std::string& text) {
     if (index == static_cast<int>(view.list.size()) || LineExists(index))
@@ -93,7 +83,7 @@ KEEPS(ShowBar, bool, view.barVisible)
 void SetBar(int value) {
     if (statusViewStandIn.noMemoryForBar && value > 0) throw std::bad_alloc();
     view.barValue = std::clamp(value, 0, view.barMaximum);
-    Remember(view.barHistory, view.barValue);
+    if (view.barHistory.empty() || view.barHistory.back() != view.barValue) view.barHistory.push_back(view.barValue);
 }
 
 ANSWERS(int, BarValue, view.barValue)

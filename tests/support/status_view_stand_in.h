@@ -31,8 +31,6 @@ struct StatusViewStandIn {
 
     int pixelsPerInch = 96;
 
-    // Everything that was said, in order and without the repeats of one text after itself.
-    std::vector<std::string> statusHistory;
-    std::vector<int> barHistory;
+    std::vector<int> barHistory;  // all places of the bar, without the repeats
 };
 extern StatusViewStandIn statusViewStandIn;

@@ -6,7 +6,6 @@
 #include <regex>
 
 #include "platform/text.h"
-#include "simulated/desktop.h"
 
 namespace {
 
@@ -29,12 +28,10 @@ std::string Plain(const std::string& text) {
 struct Rule {
     const char* fault;
     std::regex pattern;
-
-    Rule(const char* name, const char* found) : fault(name), pattern(found) {}
 };
 
 std::vector<Rule> MakeRules(int language) {
-    std::vector<Rule> rules = {
+    std::vector<std::pair<const char*, const char*>> rules = {
         {"not in the dictionary", "<\\w"},
         {"an open marker", "%[12]"},
         {"two blanks", "  |~~| ~|~ "},
@@ -44,12 +41,12 @@ std::vector<Rule> MakeRules(int language) {
         {"no blank between two words", "[a-z][A-Z]|[,;?!][A-Za-z{}]|:[A-Za-z{}'\"]|\\w\"\\w"},
         {"no blank between two sentences", "[a-z]\\.[A-Z{}]"},
         {"an opening mark behind a word", "[^ \r\n'\"]+[{}]"},
+        {"the decimal mark of another language", language == LanguageEnglish ? "\\d,\\d" : "\\d\\.\\d"},
     };
     if (language == LanguageFrench) {
         rules.emplace_back("no no-break space before a mark", "[^~:;?!/ ][:;?!]([ \r'\"]|$)");
     } else {
-        rules.emplace_back("a no-break space", "~");
-        rules.emplace_back("no blank before a name", "\\w'\\w");
+        rules.emplace_back("a no-break space, or no blank before a name", "~|\\w'\\w");
     }
     if (language == LanguageSpanish) {
         rules.emplace_back("a question that is not opened", "^[^{]*\\?|\\?[^{]*\\?");
@@ -58,12 +55,9 @@ std::vector<Rule> MakeRules(int language) {
     } else {
         rules.emplace_back("an opening mark", "[{}]");
     }
-    if (language == LanguageEnglish) {
-        rules.emplace_back("a decimal comma", "\\d,\\d");
-    } else {
-        rules.emplace_back("a decimal point", "\\d\\.\\d");
-    }
-    return rules;
+    std::vector<Rule> made;
+    for (const auto& [fault, pattern] : rules) made.push_back({fault, std::regex(pattern)});
+    return made;
 }
 
 const std::vector<Rule>& RulesOf(int language) {
@@ -82,13 +76,5 @@ std::vector<std::string> FaultsOf(const std::string& text) {
         if (!std::regex_search(plain, rule.pattern)) continue;
         faults.push_back(std::string(rule.fault) + ": " + platform::ToUtf8(text));
     }
-    return faults;
-}
-
-std::vector<std::string> FaultsOfLastBox() {
-    const simulated::ShownBox& box = simulated::ShownBoxes().back();
-    std::vector<std::string> faults = FaultsOf(box.title);
-    const std::vector<std::string> more = FaultsOf(box.text);
-    faults.insert(faults.end(), more.begin(), more.end());
     return faults;
 }

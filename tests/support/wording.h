@@ -11,6 +11,3 @@ inline constexpr int AllLanguages[] = {LanguageEnglish, LanguageGerman, Language
 // The faults of `text` (in the system code page) as one of the present language, each with the text; a good one has
 // none.
 std::vector<std::string> FaultsOf(const std::string& text);
-
-// The faults of the last box, in its title and its text.
-std::vector<std::string> FaultsOfLastBox();
