@@ -1,5 +1,6 @@
 #include "mainwindow/job_page.h"
 
+#include "dictionary/dictionary.h"
 #include "jobs/job_file.h"
 #include "library/job_library.h"
 #include "platform/text.h"
@@ -9,7 +10,6 @@
 #include "support/job_page_view_stand_in.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
-#include "support/wording.h"
 
 namespace {
 
@@ -63,54 +63,17 @@ protected:
 };
 
 TEST_F(JobPageRules, TellTheSpeedInWords) {
-    struct Case {
-        std::int32_t speed;
-        std::string text;
-        std::string tip;
-    };
-    const Case cases[] = {
+    const std::tuple<std::int32_t, std::string, std::string> cases[] = {
         {33, "33", "3.03 times slower than original"},   {50, "50", "2 times slower than original"},
         {32, "32", "3.12 times slower than original"},  // halves to the even neighbour
         {1, "1", "100 times slower than original"},      {100, "100", "Normal speed"},
         {101, "101", "1.01 times faster than original"}, {150, "150", "1.5 times faster than original"},
         {1000, "1000", "10 times faster than original"}, {1001, "max", "Maximum speed"}};
-    for (const Case& one : cases) {
-        SetSpeed(one.speed);
-        EXPECT_EQ(jobPage.Options_speed, one.text);
-        EXPECT_EQ(jobPage.sliderTip, one.tip);
-        EXPECT_EQ(jobPage.Check6, one.speed == 1001);
-    }
-}
-
-TEST_F(JobPageRules, SpeakTheLanguage) {
-    struct Case {
-        int language;
-        std::string slower;
-        std::string faster;
-        std::string frame;
-        std::string editTip;
-    };
-    const Case cases[] = {
-        {LanguageGerman, "3,03 Mal langsamer als Original", "1,5-mal schneller als das Original",
-         "Eigenschaften der Aufgabe 'b'", "Klicken Sie, um die Aufgabe 'b' im Aufgabeneditor zu bearbeiten"},
-        {LanguageFrench, "3,03 fois plus lent que la normale", "1,5 fois plus rapide que la normale",
-         "Propriétés de la tâche 'b'", "Cliquez pour modifier la tâche 'b' dans l'éditeur de tâches"},
-        {LanguageSpanish, "3,03 veces más lento que el original", "1,5 veces más rápido que el original",
-         "Propiedades de la tarea 'b'", "Haga clic para editar la tarea 'b' en el editor de tareas"},
-    };
-    for (const Case& one : cases) {
-        SetLanguage(one.language);
-        Select("a");
-        Select("b");
-        EXPECT_EQ(platform::ToUtf8(SpeedTip(33)), one.slower);
-        EXPECT_EQ(platform::ToUtf8(SpeedTip(150)), one.faster);
-        EXPECT_EQ(platform::ToUtf8(jobPage.frameCaption), one.frame);
-        EXPECT_EQ(platform::ToUtf8(jobPage.edit_job_tip), one.editTip);
-        std::vector<std::string> texts = {jobPage.run_job_tip, jobPage.schedule_job_tip, jobPage.make_exe_tip};
-        for (int level = 0; level <= 2; ++level) {
-            for (const std::string& line : SafetyPanel(level)) texts.push_back(line);
-        }
-        for (const std::string& text : texts) EXPECT_THAT(FaultsOf(text), IsEmpty());
+    for (const auto& [speed, text, tip] : cases) {
+        SetSpeed(speed);
+        EXPECT_EQ(jobPage.Options_speed, text);
+        EXPECT_EQ(jobPage.sliderTip, tip);
+        EXPECT_EQ(jobPage.Check6, speed == 1001);
     }
 }
 
@@ -209,6 +172,10 @@ TEST_F(JobPageRules, ShowTheSelectedJob) {
     EXPECT_EQ(jobPage.hotkey.hot_slovo, 3);
     EXPECT_FALSE(EnabledOnJobPage().button_save_changes);
     EXPECT_TRUE(EnabledOnJobPage().page);
+    SetLanguage(LanguageSpanish);
+    Select("a");
+    EXPECT_EQ(jobPage.frameCaption, "Propiedades de la tarea 'a'");
+    EXPECT_EQ(platform::ToUtf8(SpeedTip(33)), "3,03 veces más lento que el original");
 }
 
 TEST_F(JobPageRules, DropARowWhoseFileWasDamaged) {
@@ -300,7 +267,7 @@ TEST_F(JobPageRules, StayWithAJobWhoseChangesAreRefused) {
     }
     simulated::AnswerNextBox({.yes = true});
     run_job();
-    EXPECT_THAT(jobPageViewStandIn.calls, Not(Contains("menu")));
+    EXPECT_THAT(jobPageViewStandIn.calls, Not(Contains("OpenMenuJobs")));
     EXPECT_THAT(shellStandIn.calls, IsEmpty());
     EXPECT_TRUE(jobPage.hotkey.assign_hotkey);
 }
@@ -342,7 +309,7 @@ TEST_F(JobPageRules, AskAboutChangesBeforeARecording) {
 TEST_F(JobPageRules, OpenTheMenuOnTheRowUnderTheRightButton) {
     Click(2, ListButton::Right);
     EXPECT_EQ(Selected(), 2);
-    EXPECT_THAT(jobPageViewStandIn.calls, ElementsAre("menu"));
+    EXPECT_THAT(jobPageViewStandIn.calls, ElementsAre("OpenMenuJobs"));
 }
 
 TEST_F(JobPageRules, StartTheCommandsOnTheSelectedJob) {

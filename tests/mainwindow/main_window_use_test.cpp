@@ -2,9 +2,6 @@
 // enabled.
 #include "mainwindow/main_window_use.h"
 
-#include <gmock/gmock.h>
-
-#include "base/runtime_failure.h"
 #include "identity/window_identity.h"
 #include "jobs/job_file.h"
 #include "mainwindow/form_view.h"
@@ -12,10 +9,9 @@
 #include "replay/main_window_view.h"
 #include "replay/run_job.h"
 #include "settings/settings.h"
-#include "simulated/desktop.h"
-#include "simulated/files.h"
-#include "support/boxes.h"
 #include "support/job_builder.h"
+#include "support/recorder.h"
+#include "support/story.h"
 
 namespace {
 
@@ -138,16 +134,10 @@ TEST_F(MainWindowUseTest, ABoxOfAnotherFormTakesTheMainWindowToo) {
 namespace form_view {
 
 void SetVisible(bool) {}
-bool IsMinimised() {
-    return false;
-}
+ANSWERS(bool, IsMinimised, false)
 void BringToNormal() {}
-bool IsEnabled() {
-    return enabled;
-}
-void Enable(bool enable) {
-    enabled = enable;
-}
+ANSWERS(bool, IsEnabled, enabled)
+KEEPS(Enable, bool, enabled)
 void SetTrayOpenCaption(const std::string&) {}
 void OpenTrayMenu() {}
 
@@ -155,12 +145,8 @@ void OpenTrayMenu() {}
 
 namespace main_window_view {
 
-bool IsVisible() {
-    return true;
-}
-bool IsNormal() {
-    return true;
-}
+ANSWERS(bool, IsVisible, true)
+ANSWERS(bool, IsNormal, true)
 void Minimise() {}
 void Restore() {}
 void Enable(bool enable) {

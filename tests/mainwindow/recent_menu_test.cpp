@@ -1,5 +1,6 @@
 #include "mainwindow/recent_menu.h"
 
+#include "hotkeys/hotkey_view.h"
 #include "settings/settings.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
@@ -28,9 +29,10 @@ TEST_F(RecentJobsMenu, KeepsAJobThatAnotherProgramHolds) {
     EXPECT_THAT(shellStandIn.calls, ElementsAre("RunJob C:\\a.tsj")) << "which says what is the matter";
 }
 
-TEST_F(RecentJobsMenu, RunsAJobAsAButtonDoes) {
+TEST_F(RecentJobsMenu, RunsAJobAsAButtonDoesAndAHotkeyWithoutABlock) {
     run_last_job(1);
-    EXPECT_THAT(shellStandIn.calls, ElementsAre("RunJob C:\\b.tsj"));
+    hotkey_view::StartJob("C:\\d.tsj");
+    EXPECT_THAT(shellStandIn.calls, ElementsAre("RunJob C:\\b.tsj", "RunJob C:\\d.tsj without input block"));
     EXPECT_THROW(run_last_job(5), RuntimeFailure);
 }
 

@@ -2,7 +2,6 @@
 #include "shell/command_line.h"
 
 #include "mainwindow/form_visible.h"
-#include "platform/clock.h"
 #include "shell/copy_data.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
@@ -67,30 +66,23 @@ TEST_F(CommandLine, TheFirstCharactersDecide) {
 }
 
 TEST_F(CommandLine, ARunIsHiddenAndItsEndDependsOnWhoAskedForIt) {
-    struct Case {
-        bool fromOtherInstance;
-        bool wasVisible;
-        std::int32_t result;
-        bool livesOn;
-        bool visibleAfterwards;
-    };
-    const Case cases[] = {
+    const std::tuple<bool, bool, std::int32_t, bool, bool> cases[] = {
         {false, false, 1, false, false}, {false, false, 3, false, false}, {false, true, 1, false, false},
         {false, false, 0, true, false},  {false, true, -2, true, false},  {true, true, 1, true, true},
         {true, false, 1, true, false},   {true, true, 0, true, false},    {true, true, -10, true, false},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(testing::Message() << "from other " << one.fromOtherInstance << ", visible " << one.wasVisible
-                                        << ", result " << one.result);
+    for (const auto& [fromOtherInstance, wasVisible, result, livesOn, visibleAfterwards] : cases) {
+        SCOPED_TRACE(testing::Message() << "from other " << fromOtherInstance << ", visible " << wasVisible
+                                        << ", result " << result);
         shellStandIn = {};
         formVisibility = {};
-        FormVisible(one.wasVisible, false);
+        FormVisible(wasVisible, false);
         bool visibleDuringRun = true;
-        shellStandIn.runResult = one.result;
+        shellStandIn.runResult = result;
         shellStandIn.duringRun = [&] { visibleDuringRun = shellStandIn.visible; };
-        EXPECT_EQ(Handle("-run " + JobPath, one.fromOtherInstance), one.livesOn);
+        EXPECT_EQ(Handle("-run " + JobPath, fromOtherInstance), livesOn);
         EXPECT_FALSE(visibleDuringRun);
-        EXPECT_EQ(shellStandIn.visible, one.visibleAfterwards);
+        EXPECT_EQ(shellStandIn.visible, visibleAfterwards);
     }
 }
 

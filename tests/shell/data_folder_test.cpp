@@ -1,5 +1,6 @@
 #include "shell/data_folder.h"
 
+#include "dictionary/dictionary.h"
 #include "jobs/job_file.h"
 #include "platform/files.h"
 #include "platform/registry.h"
@@ -9,10 +10,8 @@
 #include "support/library_view_stand_in.h"
 #include "support/options_view_stand_in.h"
 #include "support/story.h"
-#include "support/wording.h"
 
 using testing::Optional;
-using testing::ResultOf;
 
 namespace {
 
@@ -51,20 +50,6 @@ TEST_F(DataFolder, RegisteredFolderCountsWhileItExists) {
     ResolveDataFolder();
     EXPECT_EQ(folders.DataFolder, oldFolder);
     EXPECT_THAT(Registered(), Optional(oldFolder));
-}
-
-TEST_F(DataFolder, OneLevelIsMadeAndNoMore) {
-    folders.DataFolder = "C:\\none\\Tessarine";
-    EnsureDataFolder();
-    EXPECT_FALSE(platform::FolderExists("C:\\none\\Tessarine"));
-}
-
-TEST_F(DataFolder, ProbeForWritingIsNotLeftBehind) {
-    EXPECT_TRUE(IsFolderWritable("C:\\Docs"));
-    EXPECT_FALSE(IsFolderWritable("C:\\none"));
-    simulated::MakeReadOnly("C:\\Docs");
-    EXPECT_FALSE(IsFolderWritable("C:\\Docs"));
-    EXPECT_THAT(simulated::AllFiles(), IsEmpty());
 }
 
 std::string BytesOfJob(const std::string& description) {
@@ -148,22 +133,10 @@ TEST_F(MovingDataFolder, YesMovesJobsAndSettings) {
                     "Select new folder where your jobs and settings will be stored.", oldFolder)));
 }
 
-TEST_F(MovingDataFolder, IsAskedAboutInEveryLanguage) {
-    for (const int language : AllLanguages) {
-        SetLanguage(language);
-        Choose({"D:\\", newFolder}, false);
-        EXPECT_THAT(FaultsOfLastBox(), IsEmpty());
-        EXPECT_THAT(simulated::BrowsedFolders().back().first, ResultOf(FaultsOf, IsEmpty()));
-        Choose({oldFolder}, false);
-    }
-    EXPECT_THAT(platform::ToUtf8(LastBox()), StartsWith("Déplacer les fichiers\u00A0?|Voulez-vous "));
-    EXPECT_THAT(platform::ToUtf8(LastBox()),
-                EndsWith("emplacement\u00A0?\r\nAncien emplacement\u00A0: D:\\x\r\nNouvel emplacement\u00A0: "
-                         "C:\\Docs\\Tessarine"));
-}
-
 TEST_F(MovingDataFolder, NoChangesTheFolderOnly) {
+    SetLanguage(LanguageFrench);
     Choose({newFolder}, false);
+    EXPECT_THAT(platform::ToUtf8(LastBox()), StartsWith("Déplacer les fichiers\u00A0?|Voulez-vous "));
     EXPECT_THAT(simulated::AllFiles(), SizeIs(AllFilesThere));
     ExpectInForce(newFolder);
     EXPECT_EQ(settings.Hotkeys[0].job_path, "c:\\docs\\tessarine\\A.tsj") << "where the job still is";

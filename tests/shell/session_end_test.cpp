@@ -1,17 +1,11 @@
 #include "shell/session_end.h"
 
-#include <gmock/gmock.h>
-
-#include "platform/pump.h"
-#include "platform/simulated/desktop.h"
-#include "platform/simulated/files.h"
 #include "recording/recording_session.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
 #include "support/recording_view_stand_in.h"
 #include "support/shell_stand_in.h"
-
-using testing::ElementsAre;
+#include "support/story.h"
 
 namespace {
 

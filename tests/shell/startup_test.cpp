@@ -3,7 +3,6 @@
 
 #include "mainwindow/form_visible.h"
 #include "mainwindow/tray_events.h"
-#include "platform/clock.h"
 #include "platform/instances.h"
 #include "platform/registry.h"
 #include "platform/tray.h"
@@ -17,6 +16,17 @@
 #include "shell/handed_over.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
+#include "update/version_check.h"
+
+namespace {
+
+int versionChecks = 0;
+
+}  // namespace
+
+void CheckVersionQuietly() {
+    ++versionChecks;
+}
 
 namespace {
 
@@ -64,6 +74,10 @@ TEST_F(Start, OnACleanMachineMakesTheFolderAndShowsTheWindow) {
     EXPECT_TRUE(scheduleDispatch.DispatchEnabled);
     EXPECT_EQ(folders.StartedAt, "");
     EXPECT_TRUE(simulated::ShownBoxes().empty());
+    EXPECT_EQ(versionChecks, 0) << "a first start asks no server";
+    SaveSettings();
+    Main();
+    EXPECT_EQ(versionChecks, 1);
 }
 
 TEST_F(Start, RemovesWhatKilledSavesHaveLeft) {
@@ -129,14 +143,6 @@ TEST_F(Start, KnocksUntilTheDoorOfTheFirstIsThere) {
     EXPECT_EQ(simulated::SentMessages()[0].window, door);
     EXPECT_TRUE(simulated::MayComeForward(door));
     ExpectNothingPrepared();
-}
-
-TEST_F(Start, TakesThePlaceOfAFirstThatEndsMeanwhile) {
-    simulated::LetAnotherInstanceRun(MainCaption());
-    simulated::MeanwhileAfter(300, [] { simulated::LetAnotherInstanceRun(MainCaption(), false); });
-    simulated::SetCommandLine("-run C:\\a.tsj");
-    EXPECT_THROW(Main(), ProcessEnded);
-    EXPECT_TRUE(WasCalled("RunJob C:\\a.tsj"));
 }
 
 TEST_F(Start, DoesNotRunAJobAgainThatTheFirstHadBegunWhenItEnded) {

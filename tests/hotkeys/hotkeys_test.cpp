@@ -1,7 +1,8 @@
-#include "hotkeys/job_hotkey.h"
+#include "hotkeys/hotkey_table.h"
 
+#include "dictionary/dictionary.h"
 #include "hotkeys/hotkey_stage.h"
-#include "support/wording.h"
+#include "hotkeys/job_hotkey.h"
 
 namespace {
 
@@ -12,6 +13,7 @@ HotkeyControls Ctrl(char letter) {
 }
 
 using JobHotkey = HotkeyStage;
+using Hotkeys = HotkeyStage;
 
 TEST_F(JobHotkey, ShowsWhatTheTableHolds) {
     EXPECT_EQ(HotkeyOfJob(PathOf("one")), Ctrl('A'));
@@ -44,13 +46,8 @@ TEST_F(JobHotkey, IsRefusedWithTheReasonAndTheControlToMend) {
         EXPECT_EQ(refusal->title, title);
         EXPECT_EQ(refusal->focus, focus);
     }
-    for (const int language : AllLanguages) {
-        SetLanguage(language);
-        for (const auto& refused : cases) {
-            const auto refusal = SaveHotkeyOfJob(PathOf("four"), std::get<0>(refused));
-            EXPECT_THAT(FaultsOf(refusal->text), IsEmpty());
-        }
-    }
+    SetLanguage(LanguageGerman);
+    EXPECT_THAT(SaveHotkeyOfJob(PathOf("four"), Ctrl('A'))->text, HasSubstr("Bitte"));
     EXPECT_EQ(settings.Hotkeys.size(), 3U);
     EXPECT_FALSE(simulated::FileBytes(settingsFile));
 }
@@ -74,7 +71,7 @@ TEST_F(JobHotkey, WhenChangedLeavesTheOldOneAliveAndTakesTheIdBelow) {
     UnregisterAllHotkeys();
     RegisterAllHotkeys();  // as the next start does
     EXPECT_THAT(Press({ControlKey}, 'A'), IsEmpty());
-    EXPECT_THAT(Press({ControlKey, ShiftKey}, 'N'), ElementsAre("record"));
+    EXPECT_THAT(Press({ControlKey, ShiftKey}, 'N'), ElementsAre("ClickCommand3"));
 }
 
 TEST_F(JobHotkey, OfTheSameJobIsNoConflict) {
@@ -97,7 +94,32 @@ TEST_F(JobHotkey, ThatCannotBeSavedChangesNothing) {
     EXPECT_EQ(settings.Hotkeys.size(), 3U);
     EXPECT_THAT(Press({ControlKey}, 'Z'), IsEmpty());
     EXPECT_THAT(Press({ControlKey}, 'A'), ElementsAre("start " + PathOf("one")));
-    EXPECT_THAT(Press({ControlKey, ShiftKey}, 'N'), ElementsAre("record"));
+    EXPECT_THAT(Press({ControlKey, ShiftKey}, 'N'), ElementsAre("ClickCommand3"));
+}
+
+TEST_F(Hotkeys, StartWhatBelongsToThemWhateverWindowHasTheFocus) {
+    EXPECT_THAT(Press({ControlKey}, 'A'), ElementsAre("start " + PathOf("one")));
+    EXPECT_THAT(Press({ControlKey, AltKey}, 'B'), ElementsAre("start " + PathOf("Two")));
+    EXPECT_THAT(Press({ShiftKey}, 'C'), ElementsAre("start " + PathOf("three")));
+    EXPECT_THAT(Press({ControlKey, ShiftKey}, 'N'), ElementsAre("ClickCommand3"));
+    EXPECT_THAT(Press({AltKey}, 'A'), IsEmpty());
+}
+
+TEST_F(Hotkeys, BehindADroppedOneGoOnUnderLowerIds) {
+    DropHotkeyOfJob(PathOf("two"));
+    EXPECT_THAT(Press({ControlKey, AltKey}, 'B'), IsEmpty());
+    EXPECT_THAT(Press({ShiftKey}, 'C'), ElementsAre("start " + PathOf("three")));
+    EXPECT_THAT(Press({ControlKey, ShiftKey}, 'N'), ElementsAre("ClickCommand3"));
+    DropHotkeyOfJob(PathOf("four"));  // has none
+    EXPECT_EQ(settings.Hotkeys.size(), 2U);
+    EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
+}
+
+TEST_F(Hotkeys, AboveTheTableAreToldAndFail) {
+    EXPECT_THROW(OnHotkey(4), RuntimeFailure);
+    EXPECT_THAT(Boxes(), ElementsAre(EndsWith("|HotKey error!")));
+    OnHotkey(-2);  // the system's own: a snapshot of the desktop
+    EXPECT_THAT(hotkeyViewStandIn.calls, IsEmpty());
 }
 
 }  // namespace
