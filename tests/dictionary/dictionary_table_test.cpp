@@ -107,13 +107,7 @@ TEST(DictionaryTable, IsWordedAsEachLanguageWantsIt) {
 // One word for one thing. French above all keeps what is recorded ("enregistrer") and what is saved ("sauvegarder")
 // apart.
 TEST(DictionaryTable, NamesThingsTheSameInEveryRow) {
-    struct Term {
-        const char* english;
-        const char* german;
-        const char* french;
-        const char* spanish;
-    };
-    const Term terms[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> terms[] = {
         {"\\bjobs?\\b", "aufgabe", "tâche", "tarea"},
         {"\\bsaved?\\b", "speicher", "sauvegard", "guarda"},
         {"\\brecord", "aufn|aufzun|aufgen", "enregistr", "graba|grabó"},
@@ -128,11 +122,11 @@ TEST(DictionaryTable, NamesThingsTheSameInEveryRow) {
     };
     for (const DictionaryRow& row : AllRows()) {
         if (IsFixed(row)) continue;
-        for (const Term& term : terms) {
-            if (!has(row.english, term.english)) continue;
-            EXPECT_TRUE(has(row.german, term.german)) << row.german;
-            EXPECT_TRUE(has(row.french, term.french)) << row.french;
-            EXPECT_TRUE(has(row.spanish, term.spanish)) << row.spanish;
+        for (const auto& [english, german, french, spanish] : terms) {
+            if (!has(row.english, english)) continue;
+            EXPECT_TRUE(has(row.german, german)) << row.german;
+            EXPECT_TRUE(has(row.french, french)) << row.french;
+            EXPECT_TRUE(has(row.spanish, spanish)) << row.spanish;
         }
         EXPECT_TRUE(!has(row.french, "enregistr") || has(row.english, "record|capture")) << row.french;
         EXPECT_TRUE(!has(row.french, "sauvegard") || has(row.english, "save")) << row.french;

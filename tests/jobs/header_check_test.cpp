@@ -1,7 +1,6 @@
-#include <gmock/gmock.h>
-
 #include "jobs/sample_job.h"
-#include "platform/simulated/files.h"
+
+#include "support/story.h"
 
 namespace {
 

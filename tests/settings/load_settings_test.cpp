@@ -1,6 +1,3 @@
-#include <algorithm>
-
-#include "base/runtime_failure.h"
 #include "settings/sample_settings.h"
 #include "support/allocation_meter.h"
 #include "support/story.h"
@@ -215,18 +212,6 @@ TEST_F(LoadingSettings, StartsEvenWhenTheCleanedFileCannotBeWritten) {
     EXPECT_TRUE(settings.SettingsLoaded);
     EXPECT_EQ(settings.countdown_period, 10);
     EXPECT_THAT(settings.Schedules, IsEmpty());
-}
-
-TEST_F(LoadingSettings, FirstRunEndsWithFiveSecondsOfCountdown) {
-    LoadSettings();
-    EXPECT_EQ(settings.countdown_period, 3);
-    ApplyFirstRunValues();
-    EXPECT_EQ(settings.countdown_period, 5);
-    EXPECT_EQ(settings.Display_Recording_Window, 1);
-    EXPECT_EQ(settings.Check_updates, 1);
-    EXPECT_EQ(settings.Display_Start_Program_Dialog, 0);
-    EXPECT_EQ(settings.Capture_Mouse_Moves, 1);
-    EXPECT_TRUE(settings.SettingsLoaded);
 }
 
 TEST(MainWindowPosition, IsTheStoredOneOnlyIfTheWindowFitsThere) {

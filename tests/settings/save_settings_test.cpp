@@ -1,9 +1,7 @@
-#include <gmock/gmock.h>
-
-#include "base/runtime_failure.h"
 #include "settings/sample_settings.h"
 #include "support/disk_faults.h"
 #include "support/settings_view_stand_in.h"
+#include "support/story.h"
 
 namespace {
 
@@ -44,15 +42,6 @@ TEST_F(SavingSettings, SurvivesEveryFault) {
     const std::string oldBytes(7000, 'o');
     SurvivesEveryFault(
         {settingsPath, oldBytes, SampleSettingsBytes() + oldBytes.substr(SampleSettingsBytes().size()), SaveSettings});
-}
-
-TEST_F(SavingSettings, FailureIsOneAndKeepsTheOldFile) {
-    simulated::PutFile(settingsPath, "old");
-    simulated::MakeReadOnly("C:\\data");
-    EXPECT_THROW(SaveSettings(), RuntimeFailure);
-    EXPECT_EQ(simulated::FileBytes(settingsPath), "old");
-    folders.DataFolder = "C:\\missing";
-    EXPECT_THROW(SaveSettings(), RuntimeFailure);
 }
 
 }  // namespace

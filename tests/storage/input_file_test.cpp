@@ -1,12 +1,8 @@
 #include "storage/input_file.h"
 
-#include <gmock/gmock.h>
-
-#include "base/runtime_failure.h"
-#include "platform/clock.h"
-#include "platform/simulated/files.h"
 #include "storage/held_file.h"
 #include "storage/output_file.h"
+#include "support/story.h"
 
 namespace {
 
@@ -48,23 +44,19 @@ TEST(BlockFiles, RefuseAPieceThatIsLongerThanTheRest) {
 
 // A scanner or a backup holds a file for a moment; one that is gone is not waited for.
 TEST(HeldFiles, AreWaitedForUpToTwoSeconds) {
-    struct Case {
-        std::int64_t heldFor;
-        platform::FileState found;
-        std::int64_t waited;
-    };
-    const Case cases[] = {{0, platform::FileState::Readable, 0},
-                          {500, platform::FileState::Readable, 500},
-                          {1'990, platform::FileState::Readable, 2'000},
-                          {simulated::ForEver, platform::FileState::Held, 2'000}};
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.heldFor);
+    const std::tuple<std::int64_t, platform::FileState, std::int64_t> cases[] = {
+        {0, platform::FileState::Readable, 0},
+        {500, platform::FileState::Readable, 500},
+        {1'990, platform::FileState::Readable, 2'000},
+        {simulated::ForEver, platform::FileState::Held, 2'000}};
+    for (const auto& [heldFor, found, waited] : cases) {
+        SCOPED_TRACE(heldFor);
         simulated::PutFile(path, "bytes");
         const std::int64_t start = platform::TickCount();
-        const bool forEver = one.heldFor == simulated::ForEver;
-        simulated::LockFileAgainstReaders(path, forEver ? one.heldFor : start + one.heldFor);
-        EXPECT_EQ(StateOnceFree(path), one.found);
-        EXPECT_EQ(platform::TickCount() - start, one.waited);
+        const bool forEver = heldFor == simulated::ForEver;
+        simulated::LockFileAgainstReaders(path, forEver ? heldFor : start + heldFor);
+        EXPECT_EQ(StateOnceFree(path), found);
+        EXPECT_EQ(platform::TickCount() - start, waited);
         if (forEver) {
             EXPECT_THROW(InputFile{path}, RuntimeFailure);
         }

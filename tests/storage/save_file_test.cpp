@@ -1,16 +1,10 @@
 #include "storage/save_file.h"
 
-#include <gmock/gmock.h>
-
-#include "base/runtime_failure.h"
-#include "platform/clock.h"
-#include "platform/simulated/desktop.h"
-#include "platform/simulated/files.h"
 #include "storage/kept_file.h"
 #include "storage/temporary_name.h"
 #include "support/disk_faults.h"
+#include "support/story.h"
 
-using testing::HasSubstr;
 using testing::UnorderedElementsAre;
 
 namespace {
@@ -23,7 +17,7 @@ void Save(const std::string& bytes) {
     file.Commit();
 }
 
-std::string FailureOf(const std::string& bytes) {
+std::string WordsOfFailure(const std::string& bytes) {
     try {
         Save(bytes);
     } catch (const RuntimeFailure& failure) {
@@ -82,7 +76,8 @@ TEST(SaveFile, GivesUpAfterTwoSeconds) {
         simulated::PutFile(target, "old");
         lock(target, simulated::ForEver);
         const std::int64_t start = platform::TickCount();
-        EXPECT_THAT(FailureOf("new"), testing::AllOf(HasSubstr(target), HasSubstr("being used by another process")));
+        EXPECT_THAT(WordsOfFailure("new"),
+                    testing::AllOf(HasSubstr(target), HasSubstr("being used by another process")));
         EXPECT_EQ(platform::TickCount(), start + 2000);
         EXPECT_EQ(simulated::FileBytes(target), "old");
         EXPECT_EQ(simulated::AllFiles().size(), 1U);
@@ -92,19 +87,19 @@ TEST(SaveFile, GivesUpAfterTwoSeconds) {
 TEST(SaveFile, AFolderInItsPlaceIsRefusedAtOnce) {
     simulated::PutFolder(target);
     const std::int64_t start = platform::TickCount();
-    EXPECT_THAT(FailureOf("new"), HasSubstr("Access is denied"));
+    EXPECT_THAT(WordsOfFailure("new"), HasSubstr("Access is denied"));
     EXPECT_EQ(platform::TickCount(), start);
 }
 
 TEST(SaveFile, TellsWhyItFails) {
-    EXPECT_THAT(FailureOf("new"), HasSubstr("cannot find the path"));
+    EXPECT_THAT(WordsOfFailure("new"), HasSubstr("cannot find the path"));
     simulated::PutFile(target, "old");
     simulated::SetFreeSpace(2);
-    EXPECT_THAT(FailureOf("new"), testing::AllOf(HasSubstr(target), HasSubstr("not enough space")));
+    EXPECT_THAT(WordsOfFailure("new"), testing::AllOf(HasSubstr(target), HasSubstr("not enough space")));
     EXPECT_EQ(simulated::AllFiles().size(), 1U);
     simulated::SetFreeSpace(1000);
     simulated::MakeReadOnly("C:\\data");
-    EXPECT_THAT(FailureOf("new"), HasSubstr("Access is denied"));
+    EXPECT_THAT(WordsOfFailure("new"), HasSubstr("Access is denied"));
     EXPECT_EQ(simulated::FileBytes(target), "old");
 }
 
@@ -121,34 +116,13 @@ TEST(SaveFile, TwoProcessesMaySaveAtOnce) {
     EXPECT_EQ(simulated::AllFiles().size(), 1U);
 }
 
-TEST(SaveFile, LeftoversOfCrashesAreNotInTheWay) {
-    for (int crash = 0; crash < 10; ++crash) {
-        simulated::PutFile(target, "old");
-        simulated::FailAtOperation(3, simulated::Fault::PowerCut);
-        EXPECT_NE(FailureOf("new"), "(none)");
-        simulated::RestartDisk();
-    }
-    EXPECT_EQ(simulated::AllFiles().size(), 11U);
-    Save("new");
-    EXPECT_EQ(simulated::FileBytes(target), "new");
-    EXPECT_EQ(simulated::AllFiles().size(), 11U);
-}
-
-std::string BaseOf(const std::string& path) {
-    return path.substr(path.rfind('\\') + 1);
-}
-
 // Only ours, and never one of a live process: what a name says decides, and what the system holds.
 TEST(TemporaryFiles, OfKilledSavesGoAtTheNextStart) {
     constexpr std::uint32_t other = 4'294'967'295U;
     simulated::LetProcessRun(other);
-    struct Case {
-        std::string name;
-        bool goes;
-    };
-    const Case cases[] = {
-        {BaseOf(NewTemporaryPath("C:\\data")), true},  // our number was that of a process that is gone
-        {"~00000rk.tmp", true},                        // process 62
+    const std::pair<std::string, bool> cases[] = {
+        {NewTemporaryPath("C:\\data").substr(8), true},  // our number was that of a process that is gone
+        {"~00000rk.tmp", true},                          // process 62
         {"~00000RM.tmp", false},
         {"~vkhsvlf.tmp", false},  // the live one
         {"~zzzzzzz.tmp", false},  // no process has such a number
@@ -158,13 +132,13 @@ TEST(TemporaryFiles, OfKilledSavesGoAtTheNextStart) {
         {"_00000rk.tmp", false},
         {"~0000-rs.tmp", false},
         {"a.tmp", false}};
-    for (const Case& one : cases) simulated::PutFile("C:\\data\\" + one.name, "left");
+    for (const auto& [name, goes] : cases) simulated::PutFile("C:\\data\\" + name, "left");
     simulated::PutFile("C:\\data\\~00000rl.tmp", "held");
     simulated::LockFile("C:\\data\\~00000rl.tmp");
     simulated::PutFile("C:\\data\\sub\\~00000rk.tmp", "elsewhere");
     RemoveLeftovers("C:\\data");
-    for (const Case& one : cases) {
-        EXPECT_EQ(simulated::FileBytes("C:\\data\\" + one.name).has_value(), !one.goes) << one.name;
+    for (const auto& [name, goes] : cases) {
+        EXPECT_EQ(simulated::FileBytes("C:\\data\\" + name).has_value(), !goes) << name;
     }
     EXPECT_TRUE(simulated::FileBytes("C:\\data\\~00000rl.tmp"));
     EXPECT_TRUE(simulated::FileBytes("C:\\data\\sub\\~00000rk.tmp"));

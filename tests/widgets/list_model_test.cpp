@@ -42,8 +42,7 @@ protected:
 };
 
 TEST_F(List, ScrollsInARowThatIsClickedWhereItIsHalfSeen) {
-    list.PressMouse(ListButton::Left, {5, 102});  // the sixth row, of which five pixels are seen
-    list.ReleaseMouse(ListButton::Left, {5, 102});
+    ClickOn({5, 102});  // the sixth row, of which five pixels are seen
     EXPECT_EQ(list.listindex(), 5);
     EXPECT_TRUE(list.on_screen(5));
     EXPECT_EQ(list.ScrollValue(), 1);
@@ -59,23 +58,15 @@ TEST_F(List, RefusesRowsThatDoNotExist) {
     EXPECT_EQ(empty.listindex(), -1);
     EXPECT_THROW(list.RemoveItem(10), RuntimeFailure);
     EXPECT_THROW(list.setlistindex(10), RuntimeFailure);
-    try {
-        list.SelectItem(10);
-        FAIL();
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_STREQ(failure.what(), "Out Of Bounds!");
-    }
+    EXPECT_THAT([this] { list.SelectItem(10); }, testing::ThrowsMessage<RuntimeFailure>("Out Of Bounds!"));
 }
 
 TEST_F(List, ScrollsInWhatIsSelected) {
-    struct Step {
-        int select;
-        int scroll;
-    };
-    for (const Step& step : {Step{4, 0}, Step{5, 1}, Step{9, 5}, Step{6, 5}, Step{4, 4}, Step{0, 0}}) {
-        list.SelectItem(step.select);
-        EXPECT_EQ(list.ScrollValue(), step.scroll) << step.select;
-        EXPECT_TRUE(list.on_screen(step.select));
+    const std::pair<int, int> steps[] = {{4, 0}, {5, 1}, {9, 5}, {6, 5}, {4, 4}, {0, 0}};
+    for (const auto& [select, scroll] : steps) {
+        list.SelectItem(select);
+        EXPECT_EQ(list.ScrollValue(), scroll) << select;
+        EXPECT_TRUE(list.on_screen(select));
     }
     EXPECT_FALSE(list.on_screen(5));  // five pixels of it can be seen
 }

@@ -3,12 +3,8 @@
 #include <gmock/gmock.h>
 
 TEST(Mnemonics, EachLetterIsGivenOnce) {
-    struct Case {
-        const char* caption;
-        const char* marked;
-    };
-    // One form, in this order.
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
+        // one form, in this order
         {"&Save", "&Save"},                               // its own letter
         {"Start", "S&tart"},                              // S is taken
         {"&Stop", "St&op"},                               // its own is taken: the mark moves
@@ -24,7 +20,7 @@ TEST(Mnemonics, EachLetterIsGivenOnce) {
         {"100 %&", "100 %&"},  // marks nothing
     };
     Mnemonics form;
-    for (const Case& each : cases) EXPECT_EQ(form.Mark(each.caption), each.marked) << each.caption;
+    for (const auto& [caption, marked] : cases) EXPECT_EQ(form.Mark(caption), marked) << caption;
 }
 
 TEST(Mnemonics, TheOneWithTheFewestLettersChoosesFirst) {

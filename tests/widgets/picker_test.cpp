@@ -1,6 +1,4 @@
-#include <gtest/gtest.h>
-
-#include "base/runtime_failure.h"
+#include "support/story.h"
 #include "widgets/number_picker_model.h"
 #include "widgets/time_picker_model.h"
 
@@ -10,13 +8,7 @@ constexpr int LeftArrow = 37;
 constexpr int RightArrow = 39;
 
 TEST(NumberPicker, KeepsWhatIsTypedInRange) {
-    struct Case {
-        std::int32_t lowest;
-        std::int32_t highest;
-        std::string typed;
-        std::string becomes;
-    };
-    const Case cases[] = {
+    const std::tuple<std::int32_t, std::int32_t, std::string, std::string> cases[] = {
         {1, 31, "45", "31"},
         {1, 31, "31", "31"},
         {1, 31, "0", "1"},
@@ -35,11 +27,11 @@ TEST(NumberPicker, KeepsWhatIsTypedInRange) {
         {-9, -2, "", "-2"},
         {0, 2147483647, "99999999999999999999999", "2147483647"},
     };
-    for (const Case& one : cases) {
-        NumberPickerModel picker(one.lowest, one.highest);
-        picker.TextChanged(one.typed, 0);
-        EXPECT_EQ(picker.Text(), one.becomes) << one.typed << " in " << one.lowest << ".." << one.highest;
-        EXPECT_EQ(picker.SelStart, one.typed == one.becomes ? 0 : static_cast<int>(one.becomes.size())) << one.typed;
+    for (const auto& [lowest, highest, typed, becomes] : cases) {
+        NumberPickerModel picker(lowest, highest);
+        picker.TextChanged(typed, 0);
+        EXPECT_EQ(picker.Text(), becomes) << typed << " in " << lowest << ".." << highest;
+        EXPECT_EQ(picker.SelStart, typed == becomes ? 0 : static_cast<int>(becomes.size())) << typed;
     }
 }
 

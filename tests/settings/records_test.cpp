@@ -1,3 +1,7 @@
+// What becomes of hotkeys, schedules and recent jobs, one at a time.
+#include <array>
+
+#include "settings/recent_jobs.h"
 #include "settings/sample_settings.h"
 #include "support/story.h"
 
@@ -25,8 +29,6 @@ TEST(DeleteHotkey, RefusesWhatIsNotThere) {
     EXPECT_THAT(LastBox(), EndsWith("|Error deleting hotkey!"));
     EXPECT_THAT(settings.Hotkeys, SizeIs(1));
     EXPECT_FALSE(simulated::FileBytes(settingsPath));
-    DeleteHotkey(0, true);
-    EXPECT_THAT(settings.Hotkeys, IsEmpty());
 }
 
 TEST(DeleteSchedule, RefusesWhatIsNotThere) {
@@ -38,6 +40,24 @@ TEST(DeleteSchedule, RefusesWhatIsNotThere) {
     DeleteSchedule(0);
     EXPECT_THAT(settings.Schedules, IsEmpty());
     EXPECT_THAT(Boxes(), SizeIs(2));
+}
+
+using Jobs = std::array<std::string, 5>;
+
+TEST(AddRecentJob, PutsTheJobFirst) {
+    const std::tuple<Jobs, std::string, Jobs> cases[] = {
+        {{}, "a", {"a"}},
+        {{"a", "b"}, "a", {"a", "b"}},
+        {{"a", "b", "c", "d", "e"}, "c", {"c", "a", "b", "d", "e"}},
+        {{"a", "b", "c", "d", "e"}, "e", {"e", "a", "b", "c", "d"}},
+        {{"a", "b", "c", "d", "e"}, "f", {"f", "a", "b", "c", "d"}},
+        {{"a", "b"}, "A", {"A", "a", "b"}},
+    };
+    for (const auto& [before, added, after] : cases) {
+        settings.RecentJobs = before;
+        AddRecentJob(added);
+        EXPECT_EQ(settings.RecentJobs, after) << added;
+    }
 }
 
 }  // namespace
