@@ -56,6 +56,7 @@ std::vector<Rule> MakeRules(int language) {
         rules.emplace_back("an opening mark", "[{}]");
     }
     std::vector<Rule> made;
+    made.reserve(rules.size());
     for (const auto& [fault, pattern] : rules) made.push_back({fault, std::regex(pattern)});
     return made;
 }
