@@ -5,9 +5,24 @@
 #include "replay/replay_log.h"
 #include "replay/timing.h"
 #include "replay_stage.h"
+#include "sounds/key_sounds.h"
 
 using platform::WindowHandle;
 using simulated::TextOf;
+
+namespace {
+
+int soundsPlayed = 0;
+
+}  // namespace
+
+int KeySoundCount() {
+    return 1;
+}
+
+void PlayKeySound(int) {
+    ++soundsPlayed;
+}
 
 namespace {
 
@@ -234,10 +249,12 @@ TEST_F(ReplayEventsTest, AReleaseFollowsASkippedPressIntoNothing) {
 }
 
 TEST_F(ReplayEventsTest, KeysIntoTheWindowOfTheLastKeyAreNotSearchedFor) {
+    settings.play_sounds_for_keystrokes = 1;
     InEdit().At(0).Key(KeyA).At(1000).Key('B');
     simulated::MeanwhileAt(500, [&] { simulated::SetCaption(notepad, "changed"); });
     EXPECT_EQ(Replay(), 1);
     EXPECT_EQ(TextOf(edit), "ab");
+    EXPECT_EQ(soundsPlayed, 2) << "once for each key that goes down";
 }
 
 TEST_F(ReplayEventsTest, KeysNeverFollowAStolenFocus) {
