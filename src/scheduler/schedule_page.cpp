@@ -26,7 +26,7 @@ namespace {
 
 constexpr int WeeklyPanel = ScheduleWeekly - 1;
 constexpr int OncePanel = ScheduleOnce - 1;
-constexpr int RefreshMs = 1000;
+constexpr int UpcomingMs = 1000;
 constexpr int LastDayOfMonth = 31;
 
 bool IsType(int type) {
@@ -226,7 +226,7 @@ void Option4() {
     BringForward(true);
     Upcoming_Schedules();
     if (schedulePage.will_start_in_timer == 0) {
-        schedulePage.will_start_in_timer = platform::StartTimer(RefreshMs, [] { Upcoming_Schedules(); });
+        schedulePage.will_start_in_timer = platform::StartTimer(UpcomingMs, [] { Upcoming_Schedules(); });
     }
 }
 
