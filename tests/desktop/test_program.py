@@ -28,6 +28,16 @@ def test_a_second_start_raises_the_first(stage):
     assert wait_for(lambda: stage.probe.ask("foreground") == window.handle)
 
 
+def test_a_second_start_hands_its_job_over(stage):
+    notepad = stage.notepad()
+    path = stage.write(stage.typing_job(notepad, "handed over"))
+    first = stage.tessarine()
+    assert shown(stage)
+    assert stage.tessarine("-run", path).wait(30) == 0
+    assert notepad.holds("handed over"), "also the last keys, although the main window comes back"
+    assert first.poll() is None and shown(stage)
+
+
 def test_a_start_with_the_computer_stays_hidden(stage):
     program = stage.tessarine("-startup")
     assert wait_for(stage.main_window)

@@ -4,7 +4,7 @@ import time
 
 import pytest
 from job_writer import HIGH, LOW, MAXIMUM_SPEED, MEDIUM
-from stage import MIDDLE
+from stage import MIDDLE, NOTEPAD_PLACE
 from wine_desktop import wait_for
 
 FIRST = "Hello wide world.\nTyped By Hand\n"
@@ -53,6 +53,43 @@ def test_a_whole_job(stage, level, speed):
     assert notepad.holds(WRITTEN)
     assert wait_for(lambda: notepad.first_line() == 0, 5), "the wheel has scrolled back to the top"
     assert stage.probe.ask("keys") == []
+
+
+@pytest.mark.parametrize("level", [HIGH, MEDIUM])
+@pytest.mark.parametrize("what", ["minimised", "moved", "covered"])
+def test_a_window_that_is_not_as_it_was(stage, what, level):
+    notepad = stage.notepad()
+    path = stage.write(stage.typing_job(notepad, safety=level))
+    if what == "minimised":
+        stage.probe.ask("show", notepad.handle, 6)
+    elif what == "moved":
+        stage.probe.place(notepad.handle, 1, (500, 500, 1100, 900))
+    else:
+        stage.start("regedit.exe")
+        cover = wait_for(lambda: stage.probe.find("RegEdit_RegEdit", visible=True)).handle
+        stage.probe.place(cover, 1, (0, 0, 1200, 900))
+        stage.probe.ask("front", cover)
+    time.sleep(0.5)
+    assert stage.run(path) == 0
+    assert notepad.holds("abc ")
+    assert tuple(stage.probe.window(notepad.handle).placement["normal"]) == NOTEPAD_PLACE
+
+
+def test_a_window_that_is_closed_or_comes_late(stage):
+    notepad = stage.notepad()
+    path = stage.write(stage.typing_job(notepad, wait_for_window=1))
+    patient = stage.write(stage.typing_job(notepad), "patient")
+    stage.end(notepad.process)
+    program = stage.tessarine("-run", path)
+    lines = wait_for(lambda: (found := stage.status_lines()) and any("Reason" in line for line in found) and found)
+    assert lines[:2] == ["Execution of job failed. Reason: ", "Cannot find window: 'Untitled - Notepad'"]
+    assert program.poll() is None and not stage.main_window().visible
+    stage.end(program)
+    program = stage.tessarine("-run", patient)
+    time.sleep(2)
+    late = stage.notepad()
+    assert program.wait(30) == 0
+    assert late.holds("abc ")
 
 
 @pytest.mark.parametrize("similar", [0, 1])

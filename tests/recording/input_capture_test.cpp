@@ -226,10 +226,10 @@ TEST_F(InputCapture, AtTheStartItTakesNextToNoMemory) {
 TEST_F(InputCapture, WithoutMemoryItEndsWithWhatItHas) {
     constexpr std::size_t piece = 60'000;
     const std::function<void()> acts[] = {
-        [this] {
+        [] {
             Mouse(0x200, {1, 1});
         },
-        [this] { Key('A', 0); },
+        [] { Key('A', 0); },
         [this] {
             simulated::MoveWindow(notepad, {simulated::CentreOf(notepad).x % 300, 100});
             Key('A', 0);

@@ -228,12 +228,12 @@ TEST_F(Page, SpeaksEveryLanguage) {
         settings.Schedules.clear();
         Build(0);
         SaveScheduleChanges();
-        EXPECT_THAT(FaultsOfLastBox(), IsEmpty());
+        EXPECT_THAT(FaultsOf(simulated::ShownBoxes().back().text), IsEmpty());
         SaveScheduleChanges();
-        EXPECT_THAT(FaultsOfLastBox(), IsEmpty());
+        EXPECT_THAT(FaultsOf(simulated::ShownBoxes().back().text), IsEmpty());
         EXPECT_THAT(FaultsOf(Select(0).next_run), IsEmpty());
         ViewScheduleLog();
-        EXPECT_THAT(FaultsOfLastBox(), IsEmpty());
+        EXPECT_THAT(FaultsOf(simulated::ShownBoxes().back().text), IsEmpty());
     }
 }
 
