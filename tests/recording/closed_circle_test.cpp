@@ -6,9 +6,12 @@
 //
 // plays one session, and with TESSARINE_TELL=1 tells all that happened in it. TESSARINE_SESSIONS and TESSARINE_FROM
 // sweep through others than the usual seeds (see tools/circle.sh).
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
@@ -373,26 +376,42 @@ bool CircleInItsOwnProcess(Circle circle, std::uint32_t seed) {
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-// One worker on each core. How many of the sessions failed; those of a worker that died did.
+// Shared by the processes of a sweep.
+struct Tally {
+    std::atomic<std::uint32_t> played{0};
+    std::atomic<std::uint32_t> failed{0};
+};
+
+void Work(Circle circle, std::uint32_t first, std::uint32_t end, std::uint32_t step, Tally& tally) {
+    for (std::uint32_t seed = first; seed < end; seed += step) {
+        if (!CircleInItsOwnProcess(circle, seed)) ++tally.failed;
+        ++tally.played;
+    }
+}
+
+// One worker on each core. Tells of the progress twice a minute.
 std::uint32_t Sweep(Circle circle, std::uint32_t from, std::uint32_t sessions) {
-    constexpr std::uint32_t MostToTell = 100;  // in an exit code
     std::printf("seeds %u to %u\n", from, from + sessions - 1);
     std::fflush(stdout);
-    const std::uint32_t workers = std::max(std::thread::hardware_concurrency(), 1U);
-    for (std::uint32_t worker = 0; worker < workers; ++worker) {
+    void* const shared = mmap(nullptr, sizeof(Tally), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    if (shared == MAP_FAILED) return sessions;
+    Tally& tally = *new (shared) Tally;
+    const std::uint32_t cores = std::max(std::thread::hardware_concurrency(), 1U);
+    for (std::uint32_t worker = 0; worker < cores; ++worker) {
         if (fork() != 0) continue;
-        std::uint32_t failed = 0;
-        for (std::uint32_t seed = from + worker; seed < from + sessions; seed += workers) {
-            if (!CircleInItsOwnProcess(circle, seed)) ++failed;
-        }
-        _exit(static_cast<int>(std::min(failed, MostToTell)));
+        Work(circle, from + worker, from + sessions, cores, tally);
+        _exit(0);
     }
-    std::uint32_t ended = 0;
-    std::uint32_t failed = 0;
-    for (int status = 0; waitpid(-1, &status, 0) >= 0; ++ended) {
-        failed += WIFEXITED(status) ? static_cast<std::uint32_t>(WEXITSTATUS(status)) : sessions;
+    const auto begin = std::chrono::steady_clock::now();
+    for (int tick = 1; waitpid(-1, nullptr, WNOHANG) >= 0; ++tick) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        if (tick % 1500 != 0) continue;
+        const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - begin;
+        std::printf("%u of %u, %u failed, %.0f a second\n", tally.played.load(), sessions, tally.failed.load(),
+                    tally.played / passed.count());
+        std::fflush(stdout);
     }
-    return ended == workers ? failed : sessions;
+    return tally.failed + (sessions - tally.played);
 }
 
 std::uint32_t NumberFrom(const char* variable, std::uint32_t otherwise) {
