@@ -1,14 +1,10 @@
 // Job files against plain files of the same bytes, on the disk of the folder given (or the temporary folder). Both
 // sides go through the same operations of the platform, both find the bytes in the system's cache, and both flush.
-#include <unistd.h>
-
 #include <atomic>
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <new>
 
-#include "base/runtime_failure.h"
 #include "bench/posix_files.h"
 #include "bench/ratio.h"
 #include "jobs/job_file.h"
@@ -78,11 +74,6 @@ std::string HeaderFile(int number) {
     return "C:\\job" + std::to_string(number) + ".tsj";
 }
 
-[[noreturn]] void Stop(const char* what) {
-    std::fprintf(stderr, "%s: %s\n", what, platform::LastFileError().c_str());
-    std::exit(2);
-}
-
 // new char[] without the zeros, as a plain reader would take it.
 struct Bytes {
     std::unique_ptr<char[]> bytes;
@@ -94,18 +85,18 @@ Bytes PlainRead(const std::string& path) {
     Bytes all;
     all.size = file.Length();
     all.bytes = std::make_unique_for_overwrite<char[]>(static_cast<std::size_t>(all.size));
-    if (file.Read(all.bytes.get(), all.size) != all.size) Stop("plain read");
+    if (file.Read(all.bytes.get(), all.size) != all.size) posix_files::Stop("plain read");
     return all;
 }
 
 void PlainWrite(const Bytes& all) {
     platform::File file = platform::File::Create(plainFile);
-    if (!file.Write(all.bytes.get(), all.size) || !file.Flush() || !file.Close()) Stop("plain write");
+    if (!file.Write(all.bytes.get(), all.size) || !file.Flush() || !file.Close()) posix_files::Stop("plain write");
 }
 
 void CheckHeaders() {
     for (int i = 0; i < HeaderFiles; ++i) {
-        if (CheckJobHeader(HeaderFile(i)).result != JobHeaderCheck::Good) Stop("check header");
+        if (CheckJobHeader(HeaderFile(i)).result != JobHeaderCheck::Good) posix_files::Stop("check header");
     }
 }
 
@@ -113,7 +104,7 @@ void ReadFronts() {
     char front[FrontSize];
     for (int i = 0; i < HeaderFiles; ++i) {
         platform::File file = platform::File::OpenForReading(HeaderFile(i));
-        if (file.Read(front, FrontSize) != FrontSize) Stop("read front");
+        if (file.Read(front, FrontSize) != FrontSize) posix_files::Stop("read front");
     }
 }
 
@@ -135,7 +126,7 @@ void MeasureLargeJob() {
         [] {
             Job read;
             ReadJob(largeJob, read);
-            if (read.Events.size() != EventCount) Stop("read job");
+            if (read.Events.size() != EventCount) posix_files::Stop("read job");
         },
         [] { PlainRead(largeJob); }, 2.0);
     // Both wait for the disk to have it.
@@ -156,18 +147,8 @@ void MeasureHeaders() {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-    const std::filesystem::path parent =
-        argumentCount > 1 ? std::filesystem::path(arguments[1]) : std::filesystem::temp_directory_path();
-    const std::filesystem::path folder = parent / ("job_file_bench." + std::to_string(getpid()));
-    std::filesystem::create_directories(folder);
-    posix_files::UseFolder(folder.string());
-    try {
+    return posix_files::RunBench(argumentCount, arguments, "job_file_bench", [] {
         MeasureLargeJob();
         MeasureHeaders();
-    } catch (const RuntimeFailure& failure) {
-        std::fprintf(stderr, "%s\n", failure.what());
-        bench::verdict.good = false;
-    }
-    std::filesystem::remove_all(folder);
-    return bench::ExitCode();
+    });
 }

@@ -1,12 +1,7 @@
 // Filling the job list from a thousand job files, against reading the front of each and adding as many rows.
 
-#include <unistd.h>
-
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 
-#include "base/runtime_failure.h"
 #include "bench/posix_files.h"
 #include "bench/ratio.h"
 #include "jobs/job_file.h"
@@ -38,11 +33,6 @@ namespace {
 constexpr int JobCount = 1000;
 constexpr std::int64_t FrontSize = 2142;
 
-[[noreturn]] void Stop(const char* what) {
-    std::fprintf(stderr, "%s\n", what);
-    std::exit(2);
-}
-
 std::string NameOf(int number) {
     return "A job like any other " + std::to_string(number);
 }
@@ -60,7 +50,7 @@ void WriteJobs() {
 
 void FillList() {
     job_library::FillJobList();
-    if (jobLibrary.lista_jobs.ListCount() != JobCount) Stop("fill the list");
+    if (jobLibrary.lista_jobs.ListCount() != JobCount) posix_files::Stop("fill the list");
 }
 
 void ReadFrontsAndAddRows() {
@@ -69,7 +59,7 @@ void ReadFrontsAndAddRows() {
     char front[FrontSize];
     for (int i = 0; i < JobCount; ++i) {
         platform::File file = platform::File::OpenForReading(PathOf(i));
-        if (file.Read(front, FrontSize) != FrontSize) Stop("read a front");
+        if (file.Read(front, FrontSize) != FrontSize) posix_files::Stop("read a front");
         list.AddItem(NameOf(i), 0, "Duration: 12.3 seconds");
     }
 }
@@ -77,19 +67,10 @@ void ReadFrontsAndAddRows() {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-    const std::filesystem::path parent =
-        argumentCount > 1 ? std::filesystem::path(arguments[1]) : std::filesystem::temp_directory_path();
-    const std::filesystem::path folder = parent / ("library_bench." + std::to_string(getpid()));
-    std::filesystem::create_directories(folder / "jobs");
-    posix_files::UseFolder(folder.string());
-    folders.DataFolder = "C:\\jobs";
-    try {
+    return posix_files::RunBench(argumentCount, arguments, "library_bench", [] {
+        std::filesystem::create_directories(posix_files::RealPath("C:\\jobs"));
+        folders.DataFolder = "C:\\jobs";
         WriteJobs();
         bench::ReportRatio("fill the list / read 1000 fronts, add 1000 rows", FillList, ReadFrontsAndAddRows, 1.5);
-    } catch (const RuntimeFailure& failure) {
-        std::fprintf(stderr, "%s\n", failure.what());
-        bench::verdict.good = false;
-    }
-    std::filesystem::remove_all(folder);
-    return bench::ExitCode();
+    });
 }

@@ -7,10 +7,14 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <utility>
 
+#include "base/runtime_failure.h"
+#include "bench/ratio.h"
 #include "platform/files.h"
 #include "platform/text.h"
 
@@ -34,6 +38,27 @@ bool Is(const std::string& path, mode_t type) {
 }  // namespace
 
 namespace posix_files {
+
+int RunBench(int argumentCount, char** arguments, const std::string& name, const std::function<void()>& measure) {
+    const std::filesystem::path parent =
+        argumentCount > 1 ? std::filesystem::path(arguments[1]) : std::filesystem::temp_directory_path();
+    const std::filesystem::path folder = parent / (name + "." + std::to_string(getpid()));
+    std::filesystem::create_directories(folder);
+    UseFolder(folder.string());
+    try {
+        measure();
+    } catch (const RuntimeFailure& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        bench::verdict.good = false;
+    }
+    std::filesystem::remove_all(folder);
+    return bench::ExitCode();
+}
+
+void Stop(const char* what) {
+    std::fprintf(stderr, "%s: %s\n", what, platform::LastFileError().c_str());
+    std::exit(2);
+}
 
 void UseFolder(const std::string& folder) {
     root = folder;

@@ -1,9 +1,5 @@
 // Schedules: what looking for the next one costs against the bare arithmetic, and what saving them costs against the
 // disk, on the disk of the folder given (or the temporary folder).
-#include <unistd.h>
-
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -22,11 +18,6 @@ namespace {
 
 constexpr int ScheduleCount = 1000;
 constexpr int TicksARound = 200;
-
-[[noreturn]] void Stop(const char* what) {
-    std::fprintf(stderr, "%s\n", what);
-    std::exit(2);
-}
 
 // In no order, and none of them near: a tick that runs something is no tick.
 void MakeSchedules() {
@@ -53,7 +44,7 @@ void MeasureTick() {
     const std::string now = NowStamp();
     scheduleDispatch.DispatchEnabled = true;
     DispatchTick();
-    if (scheduleDispatch.interval != 5000) Stop("a schedule is near");
+    if (scheduleDispatch.interval != 5000) throw RuntimeFailure(FailureKind::Range, "A schedule is near.");
     volatile std::int64_t sum = 0;
     bench::ReportRatio(
         "dispatch tick / 1000 seconds between",
@@ -71,7 +62,7 @@ void MeasureTick() {
 std::string WholeFile(const std::string& path) {
     platform::File file = platform::File::OpenForReading(path);
     std::string bytes(static_cast<std::size_t>(file.Length()), '\0');
-    if (file.Read(bytes.data(), file.Length()) != file.Length()) Stop("read the settings");
+    if (file.Read(bytes.data(), file.Length()) != file.Length()) posix_files::Stop("read the settings");
     return bytes;
 }
 
@@ -85,7 +76,7 @@ void MeasureSave() {
         [&] {
             platform::File file = platform::File::Create(plain);
             if (!file.Write(bytes.data(), static_cast<std::int64_t>(bytes.size())) || !file.Flush() || !file.Close()) {
-                Stop("plain write");
+                posix_files::Stop("plain write");
             }
         },
         2.0, 31, bench::Seconds);
@@ -94,20 +85,11 @@ void MeasureSave() {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-    const std::filesystem::path parent =
-        argumentCount > 1 ? std::filesystem::path(arguments[1]) : std::filesystem::temp_directory_path();
-    const std::filesystem::path folder = parent / ("schedule_bench." + std::to_string(getpid()));
-    std::filesystem::create_directories(folder / "data");
-    posix_files::UseFolder(folder.string());
-    folders.DataFolder = "C:\\data";
-    try {
+    return posix_files::RunBench(argumentCount, arguments, "schedule_bench", [] {
+        std::filesystem::create_directories(posix_files::RealPath("C:\\data"));
+        folders.DataFolder = "C:\\data";
         MakeSchedules();
         MeasureTick();
         MeasureSave();
-    } catch (const RuntimeFailure& failure) {
-        std::fprintf(stderr, "%s\n", failure.what());
-        bench::verdict.good = false;
-    }
-    std::filesystem::remove_all(folder);
-    return bench::ExitCode();
+    });
 }

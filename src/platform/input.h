@@ -74,7 +74,8 @@ int SendInput(const InputRecord& record);
 // Lets the program in the foreground take what was sent to it, before another window comes forward: a key that its
 // thread has not fetched by then is lost with the focus. The system does not tell when it has. So its thread is asked
 // for an answer again and again, which it gives between two messages: that is enough for some ten keys, and takes
-// 30 ms, or 500 ms where no answer comes. What is sent to a window of this thread arrives when it pumps.
+// 30 ms, or LongestArrivalMs where no answer comes. What is sent to a window of this thread arrives when it pumps.
+inline constexpr int LongestArrivalMs = 500;
 void LetInputArrive();
 
 // Moves the cursor to a pixel of the virtual desktop; monitors left of the primary one and above it have negative

@@ -201,7 +201,6 @@ bool JobRun::StartsProgram() const {
 
 void JobRun::CleanUp() {
     ReleaseStuckKeys();
-    platform::LetInputArrive();  // before a window of ours takes the focus from the one that the last keys went to
     if (logPath.empty()) AddRecentJob(jobPath);
     if (DisplaysStatus()) LeaveStatusWindow();
     RestoreMainWindow();
@@ -215,7 +214,9 @@ void JobRun::LeaveStatusWindow() {
     status_view::ShowBar(false);
 }
 
+// From here on windows of ours take the focus from the one that the last keys went to.
 void JobRun::RestoreMainWindow() {
+    platform::LetInputArrive();
     if (minimisedByRun) main_window_view::Restore();
     main_window_view::Enable(true);
 }

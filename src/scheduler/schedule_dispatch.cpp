@@ -16,6 +16,7 @@
 #include "scheduler/schedule_run.h"
 #include "scheduler/schedule_start.h"
 #include "scheduler/schedule_start_view.h"
+#include "scheduler/schedule_table.h"
 #include "settings/settings.h"
 
 ScheduleDispatch scheduleDispatch;
@@ -26,25 +27,19 @@ constexpr int FirstIntervalMs = 500;
 constexpr int IdleIntervalMs = 5000;
 constexpr int NearIntervalMs = 250;
 
-constexpr std::int32_t BeyondAll = 71'536'002;  // no stamp is as far away
-constexpr std::int32_t NearFrom = 64;           // seconds before the run, from here on fine steps
+constexpr std::int32_t NearFrom = 64;  // seconds before the run, from here on fine steps
 constexpr std::int32_t CountdownFrom = 59;
 constexpr std::int32_t LatestStart = -999;
 
-struct Next {
-    std::ptrdiff_t index = NoSchedule;
-    std::int32_t seconds = BeyondAll;
-};
-
 // The most overdue one wins over all that is to come; of two at the same moment, the upper one in the list. What a
 // schedule is, is asked last: it is the dearest question, and few come so far.
-Next MostUrgent(const std::string& now) {
-    Next next;
+ScheduleAhead MostUrgent(const std::string& now) {
+    ScheduleAhead next;
     for (std::size_t i = 0; i < settings.Schedules.size(); ++i) {
         const Schedule& schedule = settings.Schedules[i];
-        if (schedule.enabled == 0 || schedule.when_computer_starts != 0 || schedule.suppressed != 0) continue;
+        if (!FollowsTheClock(schedule)) continue;
         const std::int32_t seconds = SecondsBetween(schedule.next_run, now);
-        if (seconds < next.seconds && WaitsForItsTime(schedule)) next = {static_cast<std::ptrdiff_t>(i), seconds};
+        if (seconds < next.seconds && CanComeFromAUser(schedule)) next = {static_cast<std::ptrdiff_t>(i), seconds};
     }
     return next;
 }
@@ -70,7 +65,7 @@ std::string TimeLeft(std::int32_t seconds) {
 }
 
 // Also when the one before was cancelled and this one follows within the minute: a countdown of its own.
-void BeginCountdown(const Next& next) {
+void BeginCountdown(const ScheduleAhead& next) {
     ShowScheduleStart(next.index, TimeLeft(next.seconds) + Translate("seconds"));
     scheduleDispatch.CountdownActive = true;
     replayLog.LogBuffer.clear();
@@ -78,7 +73,7 @@ void BeginCountdown(const Next& next) {
             Trim(ScheduleAt(next.index).schedule_name) + "' ...");
 }
 
-void CountDown(const Next& next) {
+void CountDown(const ScheduleAhead& next) {
     if (!scheduleDispatch.CountdownActive || schedule_start_form.schedule.Index() != next.index) {
         return BeginCountdown(next);
     }
@@ -104,7 +99,7 @@ void MarkStartUpRunsOver() {
 
 void DispatchTick() {
     if (!scheduleDispatch.DispatchEnabled || scheduleDispatch.runUnderWay) return;
-    const Next next = MostUrgent(NowStamp());
+    const ScheduleAhead next = MostUrgent(NowStamp());
     if (next.index == NoSchedule || next.seconds > NearFrom || next.seconds < LatestStart) {
         SetInterval(IdleIntervalMs);
         return EndCountdown();

@@ -59,6 +59,9 @@ Schedule* ScheduleMark::Find() const {
 }
 
 bool WaitsForItsTime(const Schedule& schedule) {
-    return schedule.enabled != 0 && schedule.when_computer_starts == 0 && schedule.suppressed == 0 &&
-           CanComeFromAUser(schedule);
+    return FollowsTheClock(schedule) && CanComeFromAUser(schedule);
+}
+
+bool FollowsTheClock(const Schedule& schedule) {
+    return schedule.enabled != 0 && schedule.when_computer_starts == 0 && schedule.suppressed == 0;
 }

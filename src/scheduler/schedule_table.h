@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "settings/schedule_record.h"
@@ -34,6 +35,15 @@ private:
     std::string name;
 };
 
+// A schedule and how far away its next run is, in seconds; at first none, and farther away than any stamp.
+struct ScheduleAhead {
+    std::ptrdiff_t index = NoSchedule;
+    std::int32_t seconds = 71'536'002;
+};
+
 // Whether the clock starts it: neither disabled nor cancelled, and not meant for the computer's start. What no user can
 // have made is not started by anything.
 bool WaitsForItsTime(const Schedule& schedule);
+
+// The same without a look at what it says, which is the dearest of these questions.
+bool FollowsTheClock(const Schedule& schedule);

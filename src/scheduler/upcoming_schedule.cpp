@@ -12,19 +12,13 @@ UpcomingArea upcomingArea;
 
 namespace {
 
-constexpr std::int32_t BeyondAll = 71'536'002;
 constexpr std::int32_t ADay = 86'400;
-
-struct Best {
-    std::ptrdiff_t index = NoSchedule;
-    std::int32_t seconds = BeyondAll;
-};
 
 // The number of the day alone is compared; a stamp of another month is dropped for its distance afterwards. At exactly
 // this second, a schedule is no more to come.
-Best Nearest(const std::string& now) {
+ScheduleAhead Nearest(const std::string& now) {
     const int today = NumbersOf(now).day;
-    Best best;
+    ScheduleAhead best;
     for (std::size_t i = 0; i < settings.Schedules.size(); ++i) {
         const Schedule& schedule = settings.Schedules[i];
         const std::string_view next = TrimView(schedule.next_run);
@@ -51,7 +45,7 @@ std::string TimeUntil(std::int32_t seconds) {
 
 std::int32_t Upcoming_Schedules() {
     if (!scheduleList.filled) return 0;
-    const Best best = Nearest(NowStamp());
+    const ScheduleAhead best = Nearest(NowStamp());
     const bool today = best.index != NoSchedule && best.seconds <= ADay;
     UpcomingArea area;
     if (today) area = {true, Trim(ScheduleAt(best.index).schedule_name), TimeUntil(best.seconds), best.index};

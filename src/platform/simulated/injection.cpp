@@ -100,8 +100,7 @@ void LetInputArrive() {
     const simulated::Window* const front = simulated::Find(simulated::Foreground());
     if (front == nullptr) return;
     const std::uint32_t thread = front->spec.thread;
-    constexpr std::int64_t LongestMs = 500;
-    for (std::int64_t ms = 0; ms < LongestMs && simulated::IsHung(thread); ++ms) Sleep(1);
+    for (int ms = 0; ms < LongestArrivalMs && simulated::IsHung(thread); ++ms) Sleep(1);
 }
 
 bool InputReachesDesktop() {

@@ -11,8 +11,9 @@ namespace platform {
 namespace {
 
 constexpr int MostCallsUnderWay = 8;
-constexpr SIZE_T StackBytes =
-    SIZE_T{256} * 1024;  // ample for one call of the system; such threads come and go all the time
+// Ample for one call of the system; such threads come and go all the time.
+constexpr SIZE_T StackBytes = SIZE_T{256} * 1024;
+
 std::atomic<int> callsUnderWay = 0;
 
 // Owned by the caller and the thread together: whoever is last frees it.

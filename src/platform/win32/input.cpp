@@ -63,9 +63,6 @@ KEYBDINPUT ToKeyboardInput(const InputRecord& record) {
     return keyboard;
 }
 
-constexpr int ArrivalQuestions = 30;
-constexpr std::int64_t ArrivalMicroseconds = 500'000;
-
 }  // namespace
 
 int SendInput(const InputRecord& record) {
@@ -86,8 +83,9 @@ int SendInput(const InputRecord& record) {
 void LetInputArrive() {
     const HWND front = GetForegroundWindow();
     if (front == nullptr || GetWindowThreadProcessId(front, nullptr) == GetCurrentThreadId()) return;
-    const std::int64_t deadline = Microseconds() + ArrivalMicroseconds;
-    for (int question = 0; question < ArrivalQuestions && Microseconds() < deadline; ++question) {
+    constexpr int questions = 30;
+    const std::int64_t deadline = Microseconds() + LongestArrivalMs * std::int64_t{1000};
+    for (int asked = 0; asked < questions && Microseconds() < deadline; ++asked) {
         if (!Answers(front, deadline)) return;
         Sleep(1);
     }
