@@ -97,7 +97,12 @@ bool ComesToFront(HWND top) {
 
 bool AskForForeground(HWND top, std::int64_t deadline) {
     // A window that is in the foreground already can lie under others that never became active.
-    const auto ask = [top] { return SetForegroundWindow(top) != FALSE && (BringWindowToTop(top), true); };
+    const auto ask = [top] {
+        if (SetForegroundWindow(top) == FALSE) return false;
+        BringWindowToTop(top);
+        RaiseOnWinesScreen(top);
+        return true;
+    };
     if (IsOfThisThread(top)) return ask() && ComesToFront(top);
     const BoundedAnswer answer = CallUntil(deadline, ask);
     // Windows may have given the leave to change the foreground to the one thread that got the user's hotkey. There

@@ -142,6 +142,13 @@ void PutWineCursorRight() {
     if (RunsOnWine()) steadyCursor.PutRight();
 }
 
+void RaiseOnWinesScreen(HWND top) {
+    if (!RunsOnWine() || (GetWindowLongA(top, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0) return;
+    constexpr UINT orderAlone = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+    SetWindowPos(top, HWND_TOPMOST, 0, 0, 0, 0, orderAlone);  // above all, also on the screen
+    SetWindowPos(top, HWND_NOTOPMOST, 0, 0, 0, 0, orderAlone);
+}
+
 bool SwapsNothing() {
     return RunsOnWine();
 }
