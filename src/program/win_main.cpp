@@ -15,7 +15,8 @@ constexpr int FailedStart = 1;
 
 void LoadControls() {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_PROGRESS_CLASS | ICC_TAB_CLASSES |
-                                                             ICC_BAR_CLASSES | ICC_UPDOWN_CLASS};
+                                                             ICC_BAR_CLASSES | ICC_UPDOWN_CLASS | ICC_DATE_CLASSES |
+                                                             ICC_LINK_CLASS};
     InitCommonControlsEx(&controls);
 }
 

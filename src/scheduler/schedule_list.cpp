@@ -12,6 +12,7 @@
 #include "replay/run_job.h"
 #include "scheduler/calendar.h"
 #include "scheduler/date_text.h"
+#include "scheduler/schedule_page.h"
 #include "scheduler/schedule_page_view.h"
 #include "scheduler/schedule_row_text.h"
 #include "scheduler/schedule_table.h"
@@ -137,12 +138,12 @@ void AddRow(const ScheduleWords& words, int row) {
 void LoadScheduleList() {
     List().events.Click = ShowSchedule;
     List().events.MouseDown = OnMouseDown;
+    List().events.DblClick = [](int) { Menu_Schedule_Edit(); };
     List().events.SmallButton1Click = EnableOrDisable;
     List().events.SmallButton2Click = Delete;
 }
 
 void FillScheduleList() {
-    if (!schedule_page_view::Exists()) return;
     List().Clear();
     List().SmallButton1Visible = true;
     List().SmallButton2Visible = true;

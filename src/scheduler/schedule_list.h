@@ -9,10 +9,6 @@
 
 #include "widgets/list_model.h"
 
-// The page on which a job gets its schedules. As yet there is none to be seen: it is what schedule_page_view::Exists
-// answers in the program.
-inline constexpr bool SchedulePageExists = false;
-
 // The selected schedule; all empty without one.
 struct ScheduleInfo {
     bool last_run_info = false;  // with Label29, Label27 and one of the two links to the log
@@ -34,8 +30,7 @@ extern ScheduleList scheduleList;
 // Connects the list with its rules; once, before it is filled.
 void LoadScheduleList();
 
-// FillScheduleList: rebuilds the list, without a selection, and computes when each schedule runs next. Does nothing in
-// a program without a schedule page (schedule_page_view.h).
+// FillScheduleList: rebuilds the list, without a selection, and computes when each schedule runs next.
 void FillScheduleList();
 
 // The commands on the selected row, of its small buttons, the menu and the links; nothing without one.

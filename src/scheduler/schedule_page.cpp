@@ -64,19 +64,6 @@ void SelectJob(int row) {
     schedulePage.Combo1 = schedulePage.schedule = NoType;
 }
 
-std::string NameOfType(int type) {
-    switch (type + 1) {
-        case ScheduleDaily:
-            return Translate("Daily");
-        case ScheduleWeekly:
-            return Translate("Weekly");
-        case ScheduleMonthly:
-            return Translate("Monthly");
-        default:
-            return Exclamation("One time only");
-    }
-}
-
 // A weekly schedule can be saved when it has a day.
 void SelectType(int type) {
     schedulePage.Combo1 = schedulePage.schedule = IsType(type) ? type : NoType;
@@ -206,6 +193,19 @@ void LoadPanel(const Schedule& schedule) {
 }
 
 }  // namespace
+
+std::string NameOfType(int type) {
+    switch (type + 1) {
+        case ScheduleDaily:
+            return Translate("Daily");
+        case ScheduleWeekly:
+            return Translate("Weekly");
+        case ScheduleMonthly:
+            return Translate("Monthly");
+        default:
+            return Exclamation("One time only");
+    }
+}
 
 void PrirediSchedules() {
     schedulePage.panels = {};

@@ -12,7 +12,11 @@
 
 #include "platform/timers.h"
 
-// One panel for each type, in the order of Combo1: daily, weekly, monthly, one time.
+// The rows of Combo1: "Daily", "Weekly", "Monthly", "One time only!".
+inline constexpr int ScheduleTypeCount = 4;
+std::string NameOfType(int type);
+
+// One panel for each type, in the order of Combo1.
 struct SchedulePanel {
     std::string start_time = "12:00:00";
     bool whencomp = false;  // when the computer starts, and not at start_time
@@ -35,7 +39,7 @@ struct SchedulePage {
     bool perform_this_job = false;
     int Combo1 = NoType;    // the type, less 1
     int schedule = NoType;  // the panel in front; NoType is the blank one, schedule(10)
-    std::array<SchedulePanel, 4> panels;
+    std::array<SchedulePanel, ScheduleTypeCount> panels;
     std::array<bool, 7> option_day{};  // Sunday to Saturday
     int monthly_day = 1;
     std::string once_date;

@@ -4,10 +4,6 @@
 
 namespace schedule_page_view {
 
-// Whether there is a page on which a user can see, change and cancel schedules. Without it the list is never filled,
-// and so none of them runs, is announced or is asked about.
-bool Exists();
-
 void Show();  // the controls, as schedulePage, scheduleList.info and upcomingArea have them
 enum class Focus { Combo1, schedule_save_as };
 void FocusOn(Focus control);  // schedule_save_as with all of its text selected

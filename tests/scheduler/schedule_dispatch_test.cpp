@@ -59,18 +59,11 @@ TEST_F(Dispatch, CountsDownAndRunsAndKeepsAccount) {
                                       "14:30:00  Job speed: 100"));
 }
 
-TEST_F(Dispatch, DoesNothingBeforeTheStartUpRunsAreOverOrWithoutAPage) {
+TEST_F(Dispatch, DoesNothingBeforeTheStartUpRunsAreOver) {
     AddDaily("A", "14:30:00");
     FillScheduleList();
-    RunTo("14:31:00");
-    scheduleList = {};
-    scheduleViewsStandIn.pageExists = false;
-    settings.Schedules[0].next_run = "2026-11-15@14:31:30";
-    Begin();
     RunTo("14:33:00");
-    EXPECT_TRUE(scheduleDispatch.DispatchEnabled);
     EXPECT_EQ(typed, "");
-    EXPECT_EQ(At(0).next_run, "2026-11-15@14:31:30") << "as the file has it";
     EXPECT_FALSE(simulated::FileBytes(settingsFile));
 }
 

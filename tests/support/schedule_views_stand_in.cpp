@@ -8,10 +8,6 @@ ScheduleViewsStandIn scheduleViewsStandIn;
 
 namespace schedule_page_view {
 
-bool Exists() {
-    return scheduleViewsStandIn.pageExists;
-}
-
 void Show() {
     ++scheduleViewsStandIn.pageShown;
 }

@@ -7,7 +7,6 @@
 #include <vector>
 
 struct ScheduleViewsStandIn {
-    bool pageExists = true;
     int pageShown = 0;               // how often the controls were told to follow the page
     std::vector<std::string> calls;  // "menu", "focus Combo1", "focus schedule_save_as"
 

@@ -7,6 +7,7 @@
 
 #include "controls/list_control.h"
 #include "controls/number_picker.h"
+#include "controls/time_picker.h"
 #include "dictionary/dictionary.h"
 #include "hotkeys/hotkey_messages.h"
 #include "identity/window_identity.h"
@@ -16,6 +17,7 @@
 #include "mainwindow/tray_events.h"
 #include "pages/job_page_form.h"
 #include "pages/record_page.h"
+#include "pages/schedule_page_form.h"
 #include "platform/pump.h"
 #include "platform/tray.h"
 #include "recording/recording_state.h"
@@ -37,7 +39,7 @@ constexpr UINT TrayMessage = 512;  // the icon's callback; also WM_MOUSEMOVE
 constexpr WPARAM TrayIconId = 1;
 
 // In the order of the tabs.
-Page* const pages[] = {&recordPage, &jobPageForm};
+Page* const pages[] = {&recordPage, &jobPageForm, &schedulePageForm};
 constexpr int PageCount = static_cast<int>(std::size(pages));
 
 // The shell forgets all icons when it is started anew, and tells everybody so.
@@ -82,6 +84,7 @@ void SetTab(HWND tabs, UINT message, int place, std::string caption) {
 void MainForm::CreateMainWindow() {
     RegisterListControl();
     RegisterNumberPicker();
+    RegisterTimePicker();
     LoadJobPage();
     RegisterDialogClass(MainWindowClass, GetSysColorBrush(COLOR_3DFACE));
     Create();

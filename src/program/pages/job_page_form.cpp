@@ -9,7 +9,6 @@
 #include "mainwindow/job_page_view.h"
 #include "makeexe/make_executable.h"
 #include "pages/drag_out.h"
-#include "scheduler/schedule_list.h"
 #include "toolkit/window_tools.h"
 
 JobPageForm jobPageForm;
@@ -109,7 +108,7 @@ std::vector<ControlRow> JobPageForm::ActionRows() {
          .caption = "Schedule",
          .letter = 'c',
          .tip = [] { return jobPage.schedule_job_tip; },
-         .enabled = [] { return WithJob() && SchedulePageExists; },
+         .enabled = WithJob,
          .clicked = schedule_job,
          .anchors = AtTopRight},
         {.id = job_page_make_exe_button,
@@ -426,7 +425,7 @@ void JobPageForm::OpenMenuJobs() {
     const std::vector<Entry> entries = {
         {.caption = "&Run", .command = run_job},
         {.caption = "&Edit", .exists = EditorExists, .command = edit_job},
-        {.caption = "&Schedule", .exists = SchedulePageExists, .command = schedule_job},
+        {.caption = "&Schedule", .command = schedule_job},
         {.caption = "&Convert job to .exe file", .exists = MakeExeExists, .command = create_exe},
         {},
         {.caption = "Create S&hortcut on Desktop", .command = create_desktop_shortcut},
@@ -468,7 +467,5 @@ void OpenMenuJobs() {
 void MakeExe(const std::string& jobPath) {
     MakeExecutable(jobPath);
 }
-
-void OpenScheduleOf(const std::string&) {}  // SchedulePageExists says so
 
 }  // namespace job_page_view

@@ -20,7 +20,11 @@ void FloatingForm::Unload() {
 
 void FloatingForm::OnInit() {
     SetWindowTextA(Window(), ProductName);
-    SetLayeredWindowAttributes(Window(), FormFrame::LeftOut, alpha, LWA_COLORKEY | LWA_ALPHA);
+    SetAlpha(alpha);
+}
+
+void FloatingForm::SetAlpha(BYTE opaque) const {
+    SetLayeredWindowAttributes(Window(), FormFrame::LeftOut, opaque, LWA_COLORKEY | LWA_ALPHA);
 }
 
 void FloatingForm::OnLooks() {

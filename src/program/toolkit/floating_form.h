@@ -13,6 +13,9 @@ public:
     void Show();    // loads it too
     void Unload();  // nothing when it is not loaded; from within its own handlers too
 
+    // 255: nothing shines through, 0: nothing is seen. Until it is loaded anew.
+    void SetAlpha(BYTE opaque) const;
+
 protected:
     // `opaque`: 255, or less for what lets shine through what is below.
     FloatingForm(int dialogTemplate, const char* windowClass, BYTE opaque)

@@ -192,9 +192,11 @@ bool Form::OnCommand(int id, int code) {
 bool Form::OnRowCommand(const ControlRow& row, int code) {
     const std::string kind = ClassOf(Control(row.id));
     if (kind == "Button") return code == BN_CLICKED && OnRowClicked(row);
-    const bool changed = kind == "ComboBox" ? code == CBN_SELCHANGE : code == EN_CHANGE;
+    static_assert(CBN_SELCHANGE == LBN_SELCHANGE);
+    const bool isList = kind == "ComboBox" || kind == "ListBox";
+    const bool changed = isList ? code == CBN_SELCHANGE : code == EN_CHANGE;
     if (changed) Take(row, row.member.take);
-    if (kind != "ComboBox" && code == EN_KILLFOCUS) Take(row, row.member.leave);
+    if (!isList && code == EN_KILLFOCUS) Take(row, row.member.leave);
     return true;
 }
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #define ICON_TESSARINE 1
+#define ICON_SCHEDULE 2
+#define ICON_SCHEDULE_OFF 3
 
 // The frame of the floating windows, by scale in percent.
 #define FRAME_100 100

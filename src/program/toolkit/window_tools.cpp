@@ -75,9 +75,13 @@ HFONT FontLike(HWND window, int percent, int weight, bool smooth) {
     return CreateFontIndirectA(&font);
 }
 
-HICON ProgramIcon(int size) {
+HICON IconOf(int resource, int size) {
     return static_cast<HICON>(
-        LoadImageA(ProgramInstance(), MAKEINTRESOURCEA(ICON_TESSARINE), IMAGE_ICON, size, size, LR_SHARED));
+        LoadImageA(ProgramInstance(), MAKEINTRESOURCEA(resource), IMAGE_ICON, size, size, LR_SHARED));
+}
+
+HICON ProgramIcon(int size) {
+    return IconOf(ICON_TESSARINE, size);
 }
 
 void SetPicture(HWND form, int control) {
