@@ -47,7 +47,7 @@ class Photographer:
         notepad = self.stage.notepad()
         self.stage.probe.place(notepad.handle, 1, NOTEPAD_PLACE)
         person.start_program()
-        person.presses("Control_L", "Tab")
+        person.opens_page("record_page_command3")
         self.takes_main_window("record")
         person.clicks("record_page_display_countdown_check")
         person.starts_recording()

@@ -139,6 +139,14 @@ class Person:
 
     # --- the program's own ways ---
 
+    def opens_page(self, control):
+        """By Ctrl+Tab, up to the page with this control."""
+        for _ in range(6):
+            if self.sees(control):
+                return
+            self.presses("Control_L", "Tab")
+        pytest.fail(f"no page shows {control}")
+
     def starts_recording(self):
         """By the record button, to the moment when input is recorded."""
         self.clicks("record_page_command3")

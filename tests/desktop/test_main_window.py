@@ -43,7 +43,16 @@ def test_forms(stage, person, language):
             person.clicks(panel)
             time.sleep(0.3)
             check_letters(person, main, f"{language}_{panel}")
-        person.presses("Control_L", "Tab")
+        person.opens_page("schedule_page_Option11")
+        left, top, *_ = person.sees("schedule_page_Lista_Schedule").rect
+        stage.hands.click(left + 20, top + 8)
+        person.presses("Tab")
+        for kind in ["daily", "weekly", "monthly", "once"]:
+            person.presses("Down")
+            check_letters(person, main, f"{language}_schedule_{kind}")
+        person.clicks("schedule_page_Option4")
+        check_letters(person, main, f"{language}_schedules")
+        person.opens_page("record_page_command3")
         person.clicks("record_page_Display_Start_Program_Dialog")
         person.clicks("record_page_display_countdown_check")
         check_letters(person, main, f"{language}_record_page")
@@ -88,10 +97,10 @@ def test_screen_readers_are_told_of_every_control(stage, person):
     speed = told("job_page_Options_speed")
     assert (speed["name"], speed["role"], speed["value"]) == ("Replay speed in percent", TEXT, "100")
     nameless = []
-    for panel in [*PANELS, "form1_tabs"]:
-        if panel == "form1_tabs":
-            person.presses("Control_L", "Tab")
-        else:
+    for panel in [*PANELS, "schedule_page_Option11", "schedule_page_Option4", "record_page_command3"]:
+        if panel not in PANELS:
+            person.opens_page(panel)
+        if panel != "record_page_command3":
             person.clicks(panel)
         time.sleep(0.3)
         for control in person.visible_controls(stage.main_window()):
@@ -142,11 +151,12 @@ def test_by_keyboard_alone(stage, person):
     assert person.focus() == "job_page_lista_jobs"
     person.presses("Down")
     assert person.text_of("job_page_lista_jobs").startswith("b")
-    there = walk(person, 9, "Tab")
-    assert there == ["job_page_run_job_button", "job_page_other_option0", "job_page_Slider1", "job_page_Options_speed",
-                     "job_page_Check6", "job_page_Check7", "job_page_Command5", "form1_Exit", "form1_tabs"]
-    assert walk(person, 8, "Shift_L", "Tab") == there[-2::-1]
-    walk(person, 3, "Tab")
+    there = walk(person, 10, "Tab")
+    assert there == ["job_page_run_job_button", "job_page_schedule_job_button", "job_page_other_option0",
+                     "job_page_Slider1", "job_page_Options_speed", "job_page_Check6", "job_page_Check7",
+                     "job_page_Command5", "form1_Exit", "form1_tabs"]
+    assert walk(person, 9, "Shift_L", "Tab") == there[-2::-1]
+    walk(person, 4, "Tab")
     person.presses("Up")  # in the speed box
     assert person.text_of("job_page_Options_speed") == "101"
     person.presses("Down")
@@ -162,11 +172,11 @@ def test_by_keyboard_alone(stage, person):
         person.presses(*keys)
     person.presses("Alt_L", "s")
     assert wait_for(lambda: read_job(person.folder / "b.tsj").repeat == 0), "repeated over and over again"
-    person.presses("Control_L", "Tab")
+    person.presses("Control_L", "Prior")
     assert wait_for(lambda: person.focus() == "record_page_command3")
     person.presses("Alt_L", "c")
     assert wait_for(lambda: (person.folder / "settings.binary").exists()), "an option is saved at once"
-    person.presses("Control_L", "Prior")
+    person.presses("Control_L", "Tab")
     assert wait_for(lambda: person.focus() == "job_page_lista_jobs")
     person.presses("Delete")
     box = person.box("Delete job?")

@@ -51,7 +51,7 @@ class Schedules:
     def begins(self, job_row, name):
         """A daily schedule of this name, for a job of the list."""
         person = self.person
-        person.presses("Alt_L", "a")
+        person.presses("Alt_L", "d")
         self.goes_to("schedule_page_Lista_Schedule")
         person.presses("Home")  # the row on which the keyboard stood
         person.presses("Home")
