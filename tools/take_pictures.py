@@ -16,6 +16,7 @@ from hands import Hands  # noqa: E402
 from person import RIGHT, Person  # noqa: E402
 from probe import Probe  # noqa: E402
 from stage import Stage  # noqa: E402
+from test_schedules import Schedules, clock  # noqa: E402
 
 NOTEPAD_PLACE = (330, 60, 960, 420)
 NOWHERE = (1270, 900)  # for the pointer, where it makes nothing shine
@@ -61,6 +62,7 @@ class Photographer:
         time.sleep(1)
         assert wait_for(lambda: self.stage.main_window().enabled and person.sees("job_page_lista_jobs"), 30)
         self.takes_main_window("jobs")
+        self.schedules_a_job()
         self.opens_tray_menu()
 
     def saves(self):
@@ -84,6 +86,20 @@ class Photographer:
         self.person.types("m\n")
         self.person.clicks("job_page_button_save_changes")
         time.sleep(0.5)
+
+    def schedules_a_job(self):
+        person = self.person
+        person.opens_page("schedule_page_Option11")
+        schedules = Schedules(person)
+        schedules.begins(1, "Monthly invoice - Daily")
+        self.takes_main_window("schedule")
+        schedules.saves()
+        schedules.makes_daily(2, clock(62), "Morning report - Daily")
+        schedules.rows()
+        self.takes_main_window("schedules")
+        self.takes("countdown", person.form_of("schedule_start_form_name").rect)
+        person.clicks("schedule_start_form_Command1")
+        person.waits_for_end_of("schedule_start_form_name")
 
     def opens_tray_menu(self):
         self.person.clicks_tray_icon(RIGHT)
