@@ -11,4 +11,5 @@ for benchmark in out/build/native/bench/*_bench; do
     "$benchmark" || failed=1
 done
 /usr/bin/python3 tools/bench_on_desktop.py || failed=1
+/usr/bin/python3 tools/schedule_figures.py || failed=1
 exit "$failed"
