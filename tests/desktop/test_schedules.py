@@ -1,4 +1,4 @@
-"""Schedules for real: made on the page, counted down, run, cancelled, asked about at the exit, and at computer start."""
+"""Schedules for real: made on the page, counted down, run, cancelled, asked about at exit, and at computer start."""
 
 import datetime
 import re

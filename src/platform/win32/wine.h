@@ -17,8 +17,8 @@ bool RunsOnWine();
 void SteadyWineCursor(MOUSEINPUT& next);  // an input that is about to be sent
 void PutWineCursorRight();                // the position of the cursor is about to be asked for
 
-// A window that comes to the front of its kind is not raised on Wine's screen while a topmost one is shown. The next move
-// of the mouse meets the window that is on top there, and Wine then puts that one on top for the programs too.
+// A window that comes to the front of its kind is not raised on Wine's screen while a topmost one is shown. The next
+// move of the mouse meets the window that is on top there, and Wine then puts that one on top for the programs too.
 void RaiseOnWinesScreen(HWND top);
 
 // The setting for swapped buttons is kept, and nothing is swapped.

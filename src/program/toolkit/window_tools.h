@@ -48,7 +48,8 @@ int DpiOf(HWND window);
 // A font like the window's own, `percent` as large. The caller deletes it.
 HFONT FontLike(HWND window, int percent, int weight, bool smooth = true);
 
-// An icon of the resources (resource_ids.h) at `size` pixels, drawn from the nearest picture. Shared: nobody destroys it.
+// An icon of the resources (resource_ids.h) at `size` pixels, drawn from the nearest picture. Shared: nobody destroys
+// it.
 HICON IconOf(int resource, int size);
 HICON ProgramIcon(int size);
 
