@@ -149,6 +149,31 @@ def test_a_schedule_from_the_page_to_its_log(stage, person):
     assert wait_for(lambda: stage.probe.find("Notepad", "Second.log - Notepad"), 20)
 
 
+def test_a_job_is_scheduled_from_its_page_and_deleted_with_its_schedule(stage, person):
+    person.puts_job("a")
+    person.puts_job("b")
+    person.start_program()
+    person.presses("Down")
+    person.presses("Alt_L", "c")
+    assert wait_for(lambda: person.focus() == "schedule_page_Combo1")
+    person.presses("m")
+    Schedules(person).saves()
+    assert Schedules(person).rows()[0][0].startswith("b - Monthly; Job: b\nMonthly ; on day 1. of every month at:")
+    person.presses("Return")  # the selected one is edited
+    assert wait_for(lambda: person.sees("schedule_page_monthly_day"))
+    assert person.text_of("schedule_page_schedule_save_as") == "b - Monthly"
+    person.opens_page("job_page_lista_jobs")
+    person.presses("Delete")
+    assert "delete all schedules" in stage.box_text(person.box("Delete scheduled  job?"))
+    person.presses("Alt_L", "y")
+    assert "1 scheduled jobs" in stage.box_text(person.box("Scheduled items deleted"))
+    person.presses("Return")
+    assert not (person.folder / "b.tsj").exists()
+    person.opens_page("schedule_page_Option4")
+    person.clicks("schedule_page_Option4")
+    assert person.text_of("schedule_page_schedule_lista") == ""
+
+
 def test_start_up_runs(stage, person):
     """At the computer's start: one runs at once; two wait until it has settled, which a machine full of tests does not,
     and are cancelled one by one."""
