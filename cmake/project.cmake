@@ -34,6 +34,7 @@ if(TESSARINE_FUZZ)
     add_link_options(-fsanitize=address,undefined)
 endif()
 if(WIN32)
+    set(TESSARINE_OUTPUT ${PROJECT_SOURCE_DIR}/out/windows CACHE PATH "where the programs are put")
     add_compile_definitions(WINVER=0x0A00 _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
     add_link_options(-static -Wl,--stack,1048576)  # the stack that Windows gives by itself; mingw-w64 asks for two
 endif()

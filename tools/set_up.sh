@@ -7,12 +7,12 @@ set -euo pipefail
 
 packages() {
     case "$1" in
-        windows) echo cmake ninja-build make g++-mingw-w64-x86-64-posix googletest ;;
-        native) echo cmake ninja-build make g++ googletest libgtest-dev libgmock-dev libbenchmark-dev ;;
+        windows) echo cmake ninja-build make g++-mingw-w64-x86-64-posix googletest python3 ;;
+        native) echo cmake ninja-build make g++ googletest libgtest-dev libgmock-dev libbenchmark-dev python3 ;;
         desktop) echo wine64 fonts-wine xvfb xdotool imagemagick x11-utils python3 python3-xlib python3-pytest python3-pytest-xdist ;;
         lint) echo clang-format-14 clang-tidy-14 shellcheck python3 python3-flake8 ;;
         coverage) echo gcovr ;;
-        fuzz) echo cmake ninja-build make clang-14 libclang-rt-14-dev llvm-14 ;;
+        fuzz) echo cmake ninja-build make clang-14 libclang-rt-14-dev llvm-14 python3 ;;
         *) echo "set_up.sh: unknown purpose '$1'" >&2; exit 2 ;;
     esac
 }

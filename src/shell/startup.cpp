@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "hotkeys/hotkey_table.h"
+#include "identity/window_identity.h"
 #include "mainwindow/form_visible.h"
 #include "mainwindow/job_list.h"
 #include "mainwindow/main_window_use.h"
@@ -26,6 +27,7 @@
 #include "shell/data_folder.h"
 #include "shell/handed_over.h"
 #include "shell/shell_view.h"
+#include "sounds/sounds.h"
 #include "storage/temporary_name.h"
 #include "update/version_check.h"
 
@@ -146,6 +148,8 @@ void LoadMainWindow() {
     TellFailure([&] { PrepareStartUpRuns(withComputer); });
     if (!settings.SettingsLoaded) ApplyFirstRunValues();
     shell_view::RestoreWindowPosition();
+    LoadSounds(
+        ownWindows.main);  // the box comes whatever the command line says; the switches are shown as they are then
     shell_view::ShowOptions();
     CloseFrontDoor();
     TellFailure([&] { ActOnCommandLine(withComputer); });

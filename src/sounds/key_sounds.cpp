@@ -1,9 +1,15 @@
 #include "sounds/key_sounds.h"
 
-// No sound bank is read yet, so there is nothing loaded, and nothing to play.
+#include <cstddef>
+
+#include "platform/sound.h"
+#include "sounds/sounds.h"
 
 int KeySoundCount() {
-    return 0;
+    return programSounds.ready ? static_cast<int>(programSounds.keySounds) : 0;
 }
 
-void PlayKeySound(int) {}
+// In the bank they stand behind the menu's.
+void PlayKeySound(int index) {
+    if (index >= 0 && index < KeySoundCount()) platform::StartSound(static_cast<std::size_t>(index) + 1);
+}

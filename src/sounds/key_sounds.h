@@ -1,8 +1,7 @@
-// The sounds of keys, played while a run types. None are loaded as long as the program has no sound bank, and a run
-// then types in silence. Nothing here pumps or waits for a sound to end.
+// The sounds of keys, played while a run types. Nothing here pumps or waits for a sound to end.
 #pragma once
 
-// How many key sounds are loaded.
+// How many key sounds are loaded; 0 without a sound bank, and a run then types in silence.
 int KeySoundCount();
 
 // Starts one of them; an index that does not exist is ignored.

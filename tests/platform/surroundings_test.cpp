@@ -8,6 +8,7 @@
 #include "platform/load.h"
 #include "platform/pump.h"
 #include "platform/registry.h"
+#include "platform/sound.h"
 #include "platform/text.h"
 #include "platform/timers.h"
 #include "platform/window_services.h"
@@ -128,6 +129,23 @@ TEST(Text, IsInTheCodePage) {
     std::string all;
     for (int byte = 1; byte < 256; ++byte) all += static_cast<char>(byte);
     EXPECT_EQ(platform::FromUtf8(platform::ToUtf8(all)), all);
+}
+
+// --- Sounds ---
+
+// With a device or without one.
+TEST(Sounds, NeverHoldTheProgramUp) {
+    constexpr int aMoment = 100;
+    platform::StartSound(0);
+    platform::Sound tick{.channels = 1, .samplesPerSecond = 22050, .bitsPerSample = 16, .samples = {}};
+    tick.samples.assign(2000, '\0');
+    EXPECT_LE(contract::TimeOf([&] { platform::SetSounds(0, {tick, tick}); }), aMoment);
+    const auto startMany = [] {
+        for (std::size_t i = 0; i < 1000; ++i) platform::StartSound(i % 3);
+    };
+    EXPECT_LE(contract::TimeOf(startMany), aMoment);
+    platform::Sleep(500);  // it has come up, or has found out that there is nothing
+    EXPECT_LE(contract::TimeOf(startMany), aMoment);
 }
 
 // --- The rest ---

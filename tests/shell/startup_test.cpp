@@ -14,6 +14,7 @@
 #include "shell/copy_data.h"
 #include "shell/exit.h"
 #include "shell/handed_over.h"
+#include "sounds/sounds.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
 #include "update/version_check.h"
@@ -34,6 +35,7 @@ constexpr const char* Documents = "C:\\Users\\Ana\\Documents";
 constexpr const char* DataFolder = "C:\\Users\\Ana\\Documents\\Tessarine";
 constexpr const char* ShellFolders = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
 constexpr const char* FirstJob = "C:\\a.tsj";
+constexpr const char* SoundBank = "c:\\program files\\tessarine\\sounds.bin";
 
 class Start : public testing::Test {
 protected:
@@ -42,6 +44,7 @@ protected:
         simulated::PutFolder(Documents);
         simulated::PutFile(FirstJob, "any bytes");
         simulated::SetExecutableFolder("C:\\Program Files\\Tessarine");
+        simulated::PutFile(SoundBank, "damaged");
         simulated::SetDesktopDirectory("C:\\Users\\Ana\\Desktop");
     }
 
@@ -64,7 +67,7 @@ TEST_F(Start, OnACleanMachineMakesTheFolderAndShowsTheWindow) {
     EXPECT_EQ(folders.ProgramFolder, "C:\\Program Files\\Tessarine");
     EXPECT_EQ(folders.DesktopFolder, "C:\\Users\\Ana\\Desktop");
     EXPECT_EQ(platform::ReadRegistry("Software\\Tessarine", "DataDir"), DataFolder);
-    EXPECT_EQ(simulated::AllFiles(), std::vector<std::string>{"c:\\a.tsj"});  // no settings before the first save
+    EXPECT_THAT(simulated::AllFiles(), ElementsAre("c:\\a.tsj", SoundBank)) << "no settings before the first save";
     EXPECT_TRUE(settings.SettingsLoaded);
     EXPECT_EQ(settings.countdown_period, 5);
     EXPECT_TRUE(MainWindowVisible());
@@ -83,7 +86,7 @@ TEST_F(Start, OnACleanMachineMakesTheFolderAndShowsTheWindow) {
 TEST_F(Start, RemovesWhatKilledSavesHaveLeft) {
     simulated::PutFile(std::string(DataFolder) + "\\~00000rk.tmp", "half a job");
     EXPECT_TRUE(Main());
-    EXPECT_EQ(simulated::AllFiles(), std::vector<std::string>{"c:\\a.tsj"});
+    EXPECT_THAT(simulated::AllFiles(), ElementsAre("c:\\a.tsj", SoundBank));
 }
 
 TEST_F(Start, WithTheComputerStaysHiddenAndNotesItsTime) {
@@ -117,6 +120,17 @@ TEST_F(Start, GoesOnAfterAFailureThatItHasTold) {
     EXPECT_TRUE(Main());
     EXPECT_THAT(Boxes(), ElementsAre("Tessarine|The job is damaged."));
     EXPECT_TRUE(WasCalled("PodesiRjecnik"));
+}
+
+// Settled before the options are shown and the command line is acted on.
+TEST_F(Start, TellsThatTheSoundBankIsMissingAndGoesOn) {
+    simulated::LosePath(SoundBank);
+    simulated::SetCommandLine(std::string("-run ") + FirstJob);
+    simulated::AnswerNextBox({.whileOpen = [] { EXPECT_FALSE(WasCalled("ShowOptions")); }});
+    EXPECT_THROW(Main(), ProcessEnded);
+    EXPECT_THAT(Boxes(), ElementsAre("Tessarine|Sound cannot be initialized: 'sounds.bin' File is missing"));
+    EXPECT_FALSE(SoundSwitchesEnabled());
+    EXPECT_LT(PlaceOf("ShowOptions"), PlaceOf("RunJob C:\\a.tsj"));
 }
 
 TEST_F(Start, WithoutACommandRaisesTheFirstInstanceAndEnds) {

@@ -15,6 +15,7 @@
 // state; each test runs in a process of its own. Calls for a window that is gone are ignored.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -25,6 +26,7 @@
 #include "platform/boxes.h"
 #include "platform/clock.h"
 #include "platform/input.h"
+#include "platform/sound.h"
 #include "platform/types.h"
 
 namespace simulated {
@@ -240,6 +242,10 @@ bool HotkeyRegistered(int modifiers, int virtualKey);  // by the program
 
 // The processor's load in percent, as the next readings find it; 0 at first. No value: the system does not tell.
 void SetProcessorLoad(std::optional<int> percent);
+
+// Sounds: those that the program has, and the places of those that it has started.
+const std::vector<platform::Sound>& Sounds();
+const std::vector<std::size_t>& StartedSounds();
 
 // Programs that were started.
 struct StartedProgram {

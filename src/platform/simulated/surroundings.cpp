@@ -1,4 +1,4 @@
-// The smaller parts of the system: registry, tray, hotkeys, load, programs, instances, folders.
+// The smaller parts of the system: registry, tray, hotkeys, load, sounds, programs, instances, folders.
 #include "simulated/surroundings.h"
 
 #include <algorithm>
@@ -14,6 +14,7 @@
 #include "platform/processes.h"
 #include "platform/registry.h"
 #include "platform/shell_folders.h"
+#include "platform/sound.h"
 #include "platform/tray.h"
 #include "simulated/agenda.h"
 #include "simulated/desktop.h"
@@ -45,6 +46,9 @@ struct Surroundings {
 
     bool loadWasAsked = false;
     std::optional<int> load = 0;
+
+    std::vector<platform::Sound> sounds;
+    std::vector<std::size_t> startedSounds;
 
     std::vector<StartedProgram> started;
     std::vector<std::function<void(const StartedProgram&)>> onStart;
@@ -128,6 +132,14 @@ bool HotkeyRegistered(int modifiers, int virtualKey) {
 
 void SetProcessorLoad(std::optional<int> percent) {
     State().load = percent;
+}
+
+const std::vector<platform::Sound>& Sounds() {
+    return State().sounds;
+}
+
+const std::vector<std::size_t>& StartedSounds() {
+    return State().startedSounds;
 }
 
 const std::vector<StartedProgram>& StartedPrograms() {
@@ -250,6 +262,14 @@ bool UnregisterHotkey(WindowHandle window, int id) {
 
 std::optional<int> ProcessorLoad() {
     return std::exchange(State().loadWasAsked, true) ? State().load : std::nullopt;
+}
+
+void SetSounds(WindowHandle, std::vector<Sound> sounds) {
+    State().sounds = std::move(sounds);
+}
+
+void StartSound(std::size_t place) {
+    if (place < State().sounds.size()) State().startedSounds.push_back(place);
 }
 
 bool StartProgram(const std::string& commandLine, int windowStyle) {

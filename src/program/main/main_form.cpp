@@ -29,6 +29,7 @@
 #include "shell/handed_over.h"
 #include "shell/session_end.h"
 #include "shell/startup.h"
+#include "sounds/sounds.h"
 #include "toolkit/window_tools.h"
 
 MainForm mainForm;
@@ -148,6 +149,7 @@ bool MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) {
         case WM_NOTIFY:
             if (reinterpret_cast<const NMHDR*>(lParam)->code != static_cast<UINT>(TCN_SELCHANGE)) return false;
             ShowPageAt(TabCtrl_GetCurSel(Control(form1_tabs)));
+            PlayMenuSound();
             return true;
         case WM_CLOSE:
             OnClose();
