@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "base/runtime_failure.h"
 #include "base/text.h"
 #include "platform/clock.h"
 #include "platform/files.h"
@@ -28,29 +29,43 @@ void AppendLineBreaks(int count) {
     for (int i = 0; i < count; ++i) replayLog.LogBuffer += LineBreak;
 }
 
-std::string WholeFile(const std::string& path) {
+// What stands at the top of the file, up to `most` bytes.
+std::string TopOf(InputFile& file, std::size_t most) {
     constexpr std::int64_t Block = 64LL * 1024;
-    InputFile file(path);
     std::string text;
-    for (std::int64_t left = file.Length(); left > 0; left -= Block) {
+    for (std::int64_t left = std::min(file.Length(), static_cast<std::int64_t>(most)); left > 0; left -= Block) {
         const auto size = static_cast<std::size_t>(std::min(left, Block));
         text.append(file.Take(size), size);
     }
     return text;
 }
 
-// Line by line, each with a line end of its own: a log that somebody edited may have lost some. One that is held and
-// does not come free is a failure: it must not be replaced as if there were nothing in it.
-std::string OldText(const std::string& path) {
-    if (platform::StateOf(path) == platform::FileState::Missing) return {};
-    const std::string old = WholeFile(path);
+// Each line with a line end of its own: a log that somebody edited may have lost some.
+std::string WithLineEnds(std::string_view rest) {
     std::string text;
-    for (std::string_view rest = old; !rest.empty();) {
+    while (!rest.empty()) {
         std::string_view line = rest.substr(0, rest.find('\n'));
         rest.remove_prefix(std::min(line.size() + 1, rest.size()));
         if (line.ends_with('\r')) line.remove_suffix(1);
         text.append(line).append(LineBreak);
     }
+    return text;
+}
+
+// The runs at the top that fit into `room` as a whole. A run begins with its date, behind a blank line.
+void KeepWholeRuns(std::string& text, std::size_t room) {
+    constexpr std::size_t blankLine = 4;  // two line ends
+    const std::size_t border = room < blankLine ? std::string::npos : text.rfind("\r\n\r\nDate: ", room - blankLine);
+    text.resize(border == std::string::npos ? 0 : border + blankLine);
+}
+
+// The old runs, as many as there is room for. A log that is held and does not come free is a failure: it must not be
+// replaced as if there were nothing in it.
+std::string OldText(const std::string& path, std::size_t room) {
+    if (platform::StateOf(path) == platform::FileState::Missing) return {};
+    InputFile file(path);
+    std::string text = WithLineEnds(TopOf(file, room));
+    if (file.Length() > static_cast<std::int64_t>(room) || text.size() > room) KeepWholeRuns(text, room);
     return text;
 }
 
@@ -66,13 +81,16 @@ void LogLine(const std::string& line, int before, int after) {
     AppendLineBreaks(after);
 }
 
-// The new text is always longer than the old one, so nothing of the old file is left behind it.
 void WriteLogFile(const std::string& path) {
+    if (platform::FolderExists(path)) {
+        throw RuntimeFailure(FailureKind::File, "The log '" + path + "' cannot be written: a folder has this name.");
+    }
     std::string text = replayLog.LogBuffer;
     for (int i = 0; i < 3; ++i) text += LineBreak;
-    text += OldText(path) + LineBreak;
+    const std::size_t newest = text.size() + std::string_view(LineBreak).size();
+    text += OldText(path, LargestLog - std::min(newest, LargestLog)) + LineBreak;
     SaveFile file(path);
     file.Write(text.data(), text.size());
-    file.Commit();
+    file.Commit(OldTail::Goes);
     replayLog.LogBuffer.clear();
 }

@@ -19,6 +19,7 @@
 #include "platform/processes.h"
 #include "platform/pump.h"
 #include "platform/timers.h"
+#include "platform/tray.h"
 #include "platform/window_services.h"
 #include "recording/recording_state.h"
 #include "replay/main_window_view.h"
@@ -280,11 +281,16 @@ void JobRun::LogFailure(const std::exception& failure) const {
 }
 
 // How the run went stays true when its log cannot be written. The lines wait in the buffer for the next log that can.
+// Nobody may be there: what tells of it must not wait for an answer.
 void JobRun::WriteLog() const {
     try {
         WriteLogFile(logPath);
     } catch (const RuntimeFailure& failure) {
-        if (DisplaysStatus()) status_view::AddLine(failure.what());
+        if (DisplaysStatus()) {
+            status_view::AddLine(failure.what());
+        } else {
+            platform::ShowTrayBalloon(ProductName, failure.what());
+        }
     }
 }
 

@@ -39,8 +39,8 @@ void SaveFile::Write(const void* bytes, std::size_t size) {
     written += static_cast<std::int64_t>(size);
 }
 
-void SaveFile::Commit() {
-    CopyOldTail();
+void SaveFile::Commit(OldTail tail) {
+    if (tail == OldTail::Stays) CopyOldTail();
     // The place may be taken only by bytes that are on the disk: else a power cut leaves a new file full of zeros.
     if (!file.Flush()) Fail();
     if (!file.Close()) Fail();

@@ -6,6 +6,7 @@
 #include "jobs/job_file.h"
 #include "platform/hooks.h"
 #include "platform/text.h"
+#include "platform/tray.h"
 #include "replay/replay_log.h"
 #include "replay/timing.h"
 #include "replay_stage.h"
@@ -354,9 +355,15 @@ TEST_F(RunJobTest, TheResultOfARunStaysWhenItsLogCannotBeWritten) {
     ExpectAllPutRight();
     EXPECT_THAT(statusViewStandIn.list.back(), HasSubstr("morning.log"));
     EXPECT_EQ(statusViewStandIn.statusLabel, "Finished");
+    settings.Display_Executing_Status = 0;
+    platform::AddTrayIcon(1, "tip");
+    EXPECT_EQ(Run(nowhere), 1);
+    EXPECT_THAT(simulated::Tray().balloons, ElementsAre(HasSubstr("morning.log")));
+    EXPECT_THAT(Boxes(), IsEmpty()) << "nobody may be there to answer";
+    settings.Display_Executing_Status = 1;
     EXPECT_EQ(Run(LogPath), 1);
     const std::string log = Log();
-    EXPECT_EQ(std::count(log.begin(), log.end(), '<'), 2) << "the lines of both runs, in the next log that works";
+    EXPECT_EQ(std::count(log.begin(), log.end(), '<'), 3) << "the lines of all runs, in the next log that works";
 }
 
 TEST_F(RunJobTest, AnEndlessRunWithoutALogKeepsItsMemory) {

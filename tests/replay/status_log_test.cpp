@@ -96,6 +96,56 @@ TEST_F(Logging, OldTextIsTakenOverLineByLine) {
     }
 }
 
+// For years, and then as many whole runs as there is room for: nothing of an older one is left behind them.
+TEST_F(Logging, BeyondItsLimitTheOldestRunsGo) {
+    const auto run = [](const std::string& name, std::size_t size) {
+        return "Date: 11/15/2026\r\n\r\n05:07:09  " + name + std::string(size, '.') + "\r\n";
+    };
+    const auto write = [](const std::string& text) {
+        replayLog.LogBuffer = text;
+        WriteLogFile(LogPath);
+        const std::string written = Written();
+        EXPECT_THAT(written, StartsWith(text + "\r\n\r\n\r\n"));
+        return written;
+    };
+    constexpr std::size_t quarter = LargestLog / 4;
+    for (int i = 0; i < 9; ++i) {
+        const std::string written = write(run("run " + std::to_string(i), quarter));
+        EXPECT_LE(written.size(), LargestLog);
+        std::string expected;
+        for (int old = i; old >= 0 && old > i - 3; --old) {
+            expected += run("run " + std::to_string(old), quarter) + "\r\n\r\n\r\n";
+        }
+        EXPECT_TRUE(written.starts_with(expected)) << i;
+        EXPECT_EQ(written.find_first_not_of("\r\n", expected.size()), std::string::npos) << i;
+    }
+    const std::string longest = run("longer than any log", LargestLog);
+    EXPECT_EQ(write(longest), longest + "\r\n\r\n\r\n\r\n") << "the newest stays";
+    EXPECT_EQ(write("Date: short"), "Date: short\r\n\r\n\r\n\r\n");
+}
+
+TEST_F(Logging, WhereALogCannotBeIsToldAndTheLinesAreKept) {
+    simulated::PutFolder("C:\\Data\\A folder.log");
+    simulated::PutFile(LogPath, "old");
+    simulated::LockFileAgainstReaders(LogPath);
+    simulated::LosePath("E:");
+    const std::pair<std::string, std::string> cases[] = {
+        {"C:\\Data\\A folder.log", "a folder has this name"},
+        {LogPath, "cannot be read"},
+        {"E:\\Jobs\\a.log", "cannot be saved"},
+    };
+    for (const auto& [path, reason] : cases) {
+        replayLog.LogBuffer = "new";
+        try {
+            WriteLogFile(path);
+            ADD_FAILURE() << path;
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_THAT(failure.what(), testing::AllOf(HasSubstr(path), HasSubstr(reason)));
+        }
+        EXPECT_EQ(replayLog.LogBuffer, "new");
+    }
+}
+
 // Whichever step of the writing fails, the old log is there, or all of the new one, and a failure keeps the buffer.
 TEST_F(Logging, FailedWriteNeverTearsTheLog) {
     SurvivesEveryFault({LogPath, "old\r\n", "new\r\n\r\n\r\nold\r\n\r\n", [] {

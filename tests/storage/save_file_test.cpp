@@ -43,7 +43,14 @@ TEST(SaveFile, KeepsTheTailOfALongerFile) {
     EXPECT_THAT(simulated::AllFiles(), UnorderedElementsAre("c:\\data\\a.tsj"));
 }
 
+void SaveWithoutTail() {
+    SaveFile file(target);
+    file.Write("new", 3);
+    file.Commit(OldTail::Goes);
+}
+
 TEST(SaveFile, SurvivesEveryFault) {
+    SurvivesEveryFault({target, "old and long", "new", SaveWithoutTail});
     SurvivesEveryFault({target, "old", "newer bytes", [] { Save("newer bytes"); }});
     SurvivesEveryFault({target, "old and long", "new and long", [] { Save("new"); }});
 }
