@@ -133,9 +133,15 @@ Settings Defaults() {
     return defaults;
 }
 
+// A drive that is not there now, a stick or one of the network, may be there tomorrow, and the job on it with it.
+bool IsJobGone(const std::string& path) {
+    const bool namesDrive = path.size() > 1 && path[1] == ':';
+    return IsMissing(path) && (!namesDrive || platform::FolderExists(path.substr(0, 2) + "\\"));
+}
+
 // No box, and no save: the records are dropped again at every start until something else writes the file.
 void DropHotkeysWithoutJob() {
-    std::erase_if(settings.Hotkeys, [](const Hotkey& hotkey) { return IsMissing(hotkey.job_path); });
+    std::erase_if(settings.Hotkeys, [](const Hotkey& hotkey) { return IsJobGone(hotkey.job_path); });
 }
 
 void TellMissing(const Schedule& schedule) {
@@ -149,7 +155,7 @@ bool DropSchedulesWithoutJob() {
     const std::size_t before = settings.Schedules.size();
     for (auto i = static_cast<std::ptrdiff_t>(before); i-- > 0;) {
         const Schedule schedule = settings.Schedules[static_cast<std::size_t>(i)];
-        if (!IsMissing(schedule.job_path)) continue;
+        if (!IsJobGone(schedule.job_path)) continue;
         TellMissing(schedule);
         DeleteSchedule(i);
     }

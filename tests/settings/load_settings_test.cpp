@@ -176,6 +176,23 @@ TEST_F(LoadingSettings, WhatAnotherProgramHoldsIsNotMissing) {
     EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+// A stick, or a drive of the network, that is not there at this start.
+TEST_F(LoadingSettings, AJobOnADriveThatIsGoneIsNotMissing) {
+    Settings onAStick = SampleSettings();
+    onAStick.Hotkeys[0].job_path = onAStick.Schedules[0].job_path = "E:\\Jobs\\Backup.tsj";
+    settings = onAStick;
+    SaveSettings();
+    simulated::LosePath("E:");
+    LoadSettings();
+    EXPECT_THAT(settings.Hotkeys, SizeIs(1));
+    EXPECT_THAT(settings.Schedules, SizeIs(2));
+    EXPECT_THAT(Boxes(), IsEmpty());
+    simulated::PutFolder("E:\\Jobs");
+    LoadSettings();
+    EXPECT_THAT(settings.Hotkeys, IsEmpty());
+    EXPECT_THAT(settings.Schedules, SizeIs(1)) << "the stick is here, and no such job on it";
+}
+
 TEST_F(LoadingSettings, HotkeyWithoutItsJobVanishesSilently) {
     FileBytes file = SampleOptions();
     file.Int32(4);

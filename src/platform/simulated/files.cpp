@@ -39,6 +39,7 @@ struct Disk {
     std::map<std::string, std::shared_ptr<Content>> files;  // by lower-cased path
     std::map<std::string, std::string> names;               // as first written, for listings
     std::set<std::string> folders;
+    std::set<std::string> lostDrives;  // all others are there
     std::set<std::string> readOnlyFolders;
     std::map<std::string, std::int64_t> lockedUntil;
     std::set<std::string> lockedAgainstReaders;  // of those
@@ -83,7 +84,7 @@ bool Operate() {
 }
 
 bool FolderStands(const std::string& key) {
-    return key.empty() || key.ends_with(':') || disk.folders.contains(key);
+    return key.empty() || disk.folders.contains(key) || (key.ends_with(':') && !disk.lostDrives.contains(key));
 }
 
 bool IsLocked(const std::string& key) {
@@ -386,6 +387,7 @@ void LosePath(const std::string& path) {
         if (isLost(file)) DropEntry(file);
     }
     std::erase_if(disk.folders, isLost);
+    if (key.ends_with(':')) disk.lostDrives.insert(key);
 }
 
 void SetFreeSpace(std::int64_t bytes) {

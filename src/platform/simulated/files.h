@@ -20,7 +20,8 @@ std::optional<std::string> FileBytes(const std::string& path);
 // The full paths of all files, lower-cased, in order.
 std::vector<std::string> AllFiles();
 
-// Takes a file or a folder with all that is in it off the disk, as another program or an unplugged drive would.
+// Takes a file, or a folder or drive with all that is in it, off the disk, as another program or an unplugged drive
+// would. A drive is back when something is put on it.
 void LosePath(const std::string& path);
 
 // From now on files can grow by `bytes` in all. The write that does not fit keeps the part that does.
