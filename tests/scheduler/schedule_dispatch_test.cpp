@@ -176,6 +176,23 @@ TEST_F(Dispatch, OneThatFallsDueDuringALongJobRunsAfterItUnlessItIsTooLate) {
     EXPECT_EQ(At(1).next_run, "2026-11-15@14:32:00");
 }
 
+// The user's own run goes on; what fell due in it is refused, told in the list, and comes again the next day.
+TEST_F(Dispatch, OneThatFallsDueDuringTheUsersOwnRunLeavesThatAlone) {
+    PutJob("U", 600);
+    AddDaily("A", "14:05:00");
+    AddDaily("B", "14:20:00");
+    Begin();
+    std::int32_t result = 0;
+    simulated::After(1000, [&] { result = RunJob(JobPath("U"), 0, "", true); });
+    RunTo("14:21:00");
+    EXPECT_EQ(result, 1);
+    EXPECT_THAT(typed, testing::MatchesRegex("U 14:10:0.\nB 14:20:00\n"));
+    EXPECT_EQ(Saved()[0].last_run, "2026-11-15@14:05:00");
+    EXPECT_EQ(Saved()[0].last_result, RunRefusedOrNoFile);
+    EXPECT_EQ(Saved()[0].next_run, "2026-11-16@14:05:00");
+    EXPECT_THAT(Boxes(), IsEmpty());
+}
+
 TEST_F(Dispatch, ACancelledRunGivesWayToTheNextInTheSameForm) {
     AddDaily("A", "14:30:00");
     AddDaily("B", "14:30:30");
@@ -235,6 +252,41 @@ TEST_F(Dispatch, ARunThatFailsKeepsNoOtherFromRunning) {
     EXPECT_EQ(simulated::ShownBoxes().size(), 2U);
 }
 
+TEST_F(Dispatch, AScheduleLivesOnWhateverBecomesOfItsLog) {
+    simulated::PutFolder("C:\\data\\A folder.log");
+    simulated::PutFile("C:\\data\\Letter A.log", "old");
+    simulated::LockFileAgainstReaders("C:\\data\\Letter A.log");
+    simulated::LosePath("E:");
+    AddDaily("A", "14:10:00");
+    const std::string logs[] = {At(0).log_path, "C:\\data\\A folder.log", "E:\\Letter A.log", "", "\x01?*\"<"};
+    std::string expected;
+    for (const std::string& log : logs) {
+        SCOPED_TRACE(log);
+        settings.Schedules[0].log_path = log;
+        simulated::SetLocalTime({2026, 11, 15, 14, 0, 0});
+        Begin();
+        RunTo("14:12:00");
+        EXPECT_EQ(Letters(), expected += "A");
+        EXPECT_EQ(Saved()[0].last_result, 1);
+        EXPECT_EQ(Saved()[0].next_run, "2026-11-16@14:10:00");
+    }
+    EXPECT_THAT(Boxes(), IsEmpty());
+}
+
+// Told as a job that does not exist is; the schedule tries again the next day.
+TEST_F(Dispatch, AJobOnADriveThatIsGoneRunsWhenTheDriveIsBack) {
+    AddDaily("A", "14:10:00").job_path = "E:\\Jobs\\A.tsj";
+    simulated::LosePath("E:");
+    Begin();
+    RunTo("14:12:00");
+    EXPECT_THAT(Boxes(), ElementsAre("File access error|File does not exist:\r\nE:\\Jobs\\A.tsj"));
+    EXPECT_EQ(Saved()[0].last_result, RunRefusedOrNoFile);
+    EXPECT_EQ(Saved()[0].next_run, "2026-11-16@14:10:00");
+    simulated::PutFile("E:\\Jobs\\A.tsj", *simulated::FileBytes(JobPath("A")));
+    simulated::RunFor(DayMs);
+    EXPECT_EQ(typed, "A 14:10:00\n");
+}
+
 TEST_F(Dispatch, ACrashInTheMiddleLeavesItsMarkAndIsNotCaughtUp) {
     AddDaily("A", "14:30:00");
     Begin();
@@ -279,6 +331,51 @@ TEST_F(Dispatch, WhatIsALittleLateRunsAndWhatIsLaterBlocksUntilTheListIsFilled) 
     EXPECT_EQ(At(1).next_run, "2026-11-16@16:30:00");
     RunTo("18:31:00");
     EXPECT_EQ(Letters(), "AC");
+}
+
+// At two o'clock it is three. What was to come in the hour that is left out comes late, once, or is too late and
+// blocks.
+TEST_F(Dispatch, TheHourThatSummerTimeLeavesOutIsLikeAnyDelay) {
+    for (const bool tooLate : {false, true}) {
+        settings.Schedules.clear();
+        typed.clear();
+        simulated::SetLocalTime({2026, 3, 29, 1, 50, 0});
+        AddDaily("A", "02:50:00");
+        AddDaily("B", tooLate ? "02:30:00" : "03:10:00");
+        AddDaily("C", "03:20:00");
+        Begin();
+        RunTo("01:59:59");
+        simulated::RunFor(1000);
+        simulated::SetLocalTime({2026, 3, 29, 3, 0, 0});
+        RunTo("03:30:00");
+        if (tooLate) {
+            EXPECT_EQ(typed, "");
+            EXPECT_EQ(At(1).next_run, "2026-03-29@02:30:00");
+        } else {
+            EXPECT_EQ(Letters(), "ABC");
+            EXPECT_THAT(typed, StartsWith("A 03:00:0"));
+            EXPECT_EQ(At(0).next_run, "2026-03-30@02:50:00");
+        }
+    }
+}
+
+// Runs that are still to come in the hour that is there twice come once, at the second of the two.
+TEST_F(Dispatch, TheHourThatIsThereTwiceRunsEverythingOnce) {
+    simulated::SetLocalTime({2026, 10, 25, 2, 0, 0});
+    AddDaily("A", "02:10:00");
+    AddDaily("B", "02:59:59");
+    AddDaily("C", "03:00:00");
+    Add("D", {.schedule_type = ScheduleOnce, .date_field = "2026-10-25", .start_time = "02:20:00"});
+    Add("E", {.schedule_type = ScheduleWeekly, .start_time = "02:40:00", .days_of_week = 1});
+    Begin();
+    RunTo("02:59:58");
+    simulated::SetLocalTime({2026, 10, 25, 2, 0, 0});
+    RunTo("02:55:00");
+    EXPECT_EQ(Letters(), "ADE");
+    RunTo("03:10:00");
+    EXPECT_EQ(typed, "A 02:10:00\nD 02:20:00\nE 02:40:00\nB 02:59:59\nC 03:00:00\n");
+    for (const std::size_t each : {0U, 1U, 2U}) EXPECT_EQ(DateOf(At(each).next_run), "2026-10-26");
+    EXPECT_EQ(At(4).next_run, "2026-11-01@02:40:00");
 }
 
 // As at the end of summer time.
