@@ -1,5 +1,5 @@
-// Schedules: what looking for the next one costs against the bare arithmetic, and what saving them costs against the
-// disk, on the disk of the folder given (or the temporary folder).
+// Schedules: what looking for the next one costs against the bare arithmetic, a row of a long list against one of a
+// short list, and what saving them costs against the disk, on the disk of the folder given (or the temporary folder).
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -11,6 +11,7 @@
 #include "scheduler/calendar.h"
 #include "scheduler/date_text.h"
 #include "scheduler/schedule_dispatch.h"
+#include "scheduler/schedule_list.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
 
@@ -59,6 +60,20 @@ void MeasureTick() {
         1.5);
 }
 
+// A row costs the same in a long list as in a short one.
+void MeasureFill() {
+    constexpr int times = 10;
+    std::vector<Schedule> few(settings.Schedules.begin(), settings.Schedules.begin() + ScheduleCount / times);
+    bench::ReportRatio(
+        "fill 1000 rows / fill 100, per row", FillScheduleList,
+        [&few] {
+            settings.Schedules.swap(few);
+            for (int i = 0; i < times; ++i) FillScheduleList();
+            settings.Schedules.swap(few);
+        },
+        1.25, 31);
+}
+
 std::string WholeFile(const std::string& path) {
     platform::File file = platform::File::OpenForReading(path);
     std::string bytes(static_cast<std::size_t>(file.Length()), '\0');
@@ -90,6 +105,7 @@ int main(int argumentCount, char** arguments) {
         folders.DataFolder = "C:\\data";
         MakeSchedules();
         MeasureTick();
+        MeasureFill();
         MeasureSave();
     });
 }

@@ -5,12 +5,40 @@
 
 #include "jobs/sample_job.h"
 #include "settings/sample_settings.h"
+#include "sounds/sample_bank.h"
+#include "storage/archive.h"
 
 namespace {
 
 void Put(const std::filesystem::path& file, const std::string& bytes) {
     std::filesystem::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << bytes;
+}
+
+std::string RecordBytes(const Schedule& schedule) {
+    std::string bytes(RecordSize<Schedule>(), '\0');
+    RecordWriter writer(bytes.data());
+    Fields(writer, schedule);
+    return bytes;
+}
+
+// One of each type by the clock, and the same at the computer's start. In front of them stands when the day begins.
+void PutSchedules(const std::filesystem::path& folder) {
+    constexpr std::int64_t minuteOfOctober31 = 1'399 * 1440 + 600;
+    for (const int atStart : {0, 1}) {
+        std::string bytes = FileBytes().Int32(minuteOfOctober31).Byte(0).Byte(static_cast<unsigned>(atStart));
+        Schedule schedule{.schedule_name = "Often", .start_time = "12:00:00", .when_computer_starts = atStart};
+        schedule.wait_items_loaded = atStart;
+        schedule.days_of_week = 0x7F;
+        schedule.enabled = -1;
+        schedule.log_path = "C:\\data\\Often.log";
+        for (const std::int32_t type : {ScheduleDaily, ScheduleWeekly, ScheduleMonthly, ScheduleOnce}) {
+            schedule.schedule_type = type;
+            schedule.date_field = type == ScheduleMonthly ? "31" : "2026-10-31";
+            bytes += RecordBytes(schedule);
+        }
+        Put(folder / (atStart == 0 ? "clock" : "start"), bytes);
+    }
 }
 
 }  // namespace
@@ -30,5 +58,7 @@ int main(int argumentCount, char** arguments) {
     }
     Put(corpus / "load_settings" / "sample", SampleSettingsBytes());
     Put(corpus / "load_settings" / "smallest", SmallestSettingsBytes());
+    Put(corpus / "sound_bank" / "sample", SampleBank());
+    PutSchedules(corpus / "schedules");
     return 0;
 }
