@@ -41,6 +41,7 @@ constexpr seconds LatestStart{999};
 struct Day {
     bool withComputer = false;
     bool cancels = false;
+    std::int64_t idleStepMs = 0;
     std::set<std::pair<std::size_t, sys_days>> ran;
 } theDay;
 
@@ -191,12 +192,12 @@ void Start() {
     theDay.withComputer ? ComputerStartUp() : MarkStartUpRunsOver();
 }
 
-// A day and a little more: in steps of a minute, and finer when a run is near.
+// A day and a little more: in long steps, or steps of a minute, and finer ones when a run is near.
 void GoThroughTheDay() {
     const sys_seconds end = Now() + hours(26);
     sys_seconds nextLook = Now() + hours(5);
     for (int tick = 0; Now() < end; ++tick) {
-        platform::Sleep(scheduleDispatch.interval == 5000 ? 59'000 : 7'000);
+        platform::Sleep(scheduleDispatch.interval == 5000 ? theDay.idleStepMs : 7'000);
         quiet::TickAllTimers();
         if (theDay.cancels && schedule_start_form.shown && tick % 3 == 0) CancelStart();
         if (Now() < nextLook) continue;
@@ -216,6 +217,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                         data[4] % 60);
     theDay.withComputer = (data[5] & 1) != 0;
     theDay.cancels = (data[5] & 2) != 0;
+    theDay.idleStepMs = (data[5] & 4) != 0 ? 59'000 : 540'000;
     simulated::LosePath(folders.DataFolder);  // what the input before has left there
     PutJobs();
     PutSettings(data + HeadSize, size - HeadSize);

@@ -56,6 +56,14 @@ bool AskYesNo(const std::string&, const std::string&, BoxIcon) {
     return false;
 }
 
+bool AskBeforeLoss(const std::string&, const std::string&, BoxIcon) {
+    return false;
+}
+
+bool StartProgram(const std::string&, int) {
+    return false;
+}
+
 std::uint32_t OwnProcess() {
     return 1;
 }
