@@ -148,8 +148,8 @@ void LoadMainWindow() {
     TellFailure([&] { PrepareStartUpRuns(withComputer); });
     if (!settings.SettingsLoaded) ApplyFirstRunValues();
     shell_view::RestoreWindowPosition();
-    LoadSounds(
-        ownWindows.main);  // the box comes whatever the command line says; the switches are shown as they are then
+    // What it has to tell it tells whatever the command line says; the options are shown as it leaves them.
+    LoadSounds(ownWindows.main);
     shell_view::ShowOptions();
     CloseFrontDoor();
     TellFailure([&] { ActOnCommandLine(withComputer); });

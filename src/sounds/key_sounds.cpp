@@ -6,7 +6,7 @@
 #include "sounds/sounds.h"
 
 int KeySoundCount() {
-    return programSounds.ready ? static_cast<int>(programSounds.keySounds) : 0;
+    return SoundsReady() ? static_cast<int>(programSounds.keySounds) : 0;
 }
 
 // In the bank they stand behind the menu's.

@@ -52,5 +52,5 @@ void LoadSounds(platform::WindowHandle mainWindow) {
 }
 
 void PlayMenuSound() {
-    if (programSounds.ready && settings.Play_Menu_Sounds == 1) platform::StartSound(MenuSound);
+    if (SoundsReady() && settings.Play_Menu_Sounds == 1) platform::StartSound(MenuSound);
 }

@@ -1,5 +1,6 @@
 """The program as a process: instances, command lines, messages from strangers, its windows."""
 
+import array
 import shutil
 import struct
 import time
@@ -80,6 +81,32 @@ def test_without_sounds(stage):
     assert stage.box_text(box) == "Sound cannot be initialized: 'sounds.bin' File is missing"
     stage.answer(box)
     assert shown(stage)
+
+
+def loudest(path):
+    """Of the samples in a wave file that may still be written: 32-bit floats behind a header of 44 bytes."""
+    samples = array.array("f")
+    data = path.read_bytes()[44:] if path.exists() else b""
+    samples.frombytes(data[:len(data) // 4 * 4])
+    return max(map(abs, samples), default=0)
+
+
+def test_sounds_are_heard(stage, person, tmp_path, monkeypatch):
+    """A sound device that writes down what it is given: a key of a run, and a click on a tab."""
+    heard, config = tmp_path / "heard.wav", tmp_path / "asound.conf"
+    config.write_text(f"""pcm.nowhere {{ type null }}
+        pcm.paper {{ type file slave.pcm "nowhere" file "{heard}" format "wav" }}
+        pcm.!default {{ type plug slave.pcm "paper" }}""")
+    monkeypatch.setenv("ALSA_CONFIG_PATH", str(config))
+    notepad = stage.notepad()
+    assert stage.run(stage.write(stage.typing_job(notepad, "keys are heard " * 3))) == 0
+    assert 0.05 < loudest(heard) < 0.2
+    heard.unlink()
+    person.start_program()
+    tabs = person.waits_for("form1_tabs")
+    assert loudest(heard) == 0
+    stage.hands.click(tabs.rect[0] + 120, tabs.rect[1] + 10)
+    assert wait_for(lambda: loudest(heard) > 0.1, 5)
 
 
 def test_the_status_windows(stage):
