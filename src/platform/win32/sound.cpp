@@ -93,7 +93,7 @@ private:
     }
 
     Owned<IDirectSound8> system;
-    std::vector<Owned<IDirectSoundBuffer>> buffers;  // released before the system, in the order from below
+    std::vector<Owned<IDirectSoundBuffer>> buffers;  // behind the system, so that they are released before it
 };
 
 void PlayUntilSilence() {
