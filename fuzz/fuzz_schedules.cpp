@@ -39,6 +39,7 @@ constexpr std::uint32_t MinutesOfTenYears = 10 * 365 * 1440;
 constexpr seconds LatestStart{999};
 
 struct Day {
+    sys_days start;
     bool withComputer = false;
     bool cancels = false;
     std::int64_t idleStepMs = 0;
@@ -126,7 +127,10 @@ void RequireDue(std::size_t index, const Schedule& schedule) {
 
 void RequireMeantForTheStart(const Schedule& schedule) {
     Require(theDay.withComputer && schedule.when_computer_starts == 1, "at the computer's start alone");
-    Require(StartTime(schedule.start_time) >= seconds(0), "a run has a time");
+    const sys_days today = theDay.start;  // it may have waited until after midnight
+    const bool monthly = schedule.schedule_type == ScheduleMonthly;
+    const auto day = static_cast<int>(static_cast<unsigned>(year_month_day(today).day()));
+    Require(monthly ? Number(schedule.date_field) == day : IsForDay(schedule, today), "a run is for today");
 }
 
 }  // namespace
@@ -186,6 +190,7 @@ void Look() {
 }
 
 void Start() {
+    theDay.start = floor<days>(Now());
     LoadScheduleList();
     LoadSettings();
     Look();
