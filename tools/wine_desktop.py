@@ -182,7 +182,7 @@ class WineDesktop:
     def _template(self):
         """A prefix with the virtual desktop switched on, made once for this version of Wine and kept under out/."""
         version = subprocess.run([LOADER, "--version"], capture_output=True, text=True, check=True).stdout.strip()
-        template = OUT / "wine" / f"template-2-{version}"
+        template = OUT / "wine" / f"template-3-{version}"
         template.parent.mkdir(parents=True, exist_ok=True)
         with open(template.parent / "lock", "w") as lock:
             fcntl.flock(lock, fcntl.LOCK_EX)
@@ -202,6 +202,8 @@ class WineDesktop:
                 self._run_checked("reg.exe", "add", explorer, "/v", "Desktop", "/d", "Default", "/f")
                 self._run_checked("reg.exe", "add", explorer + "\\Desktops", "/v", "Default", "/d",
                                   f"{SIZE[0]}x{SIZE[1]}", "/f")
+                # A user who has chosen a language: the dialog of a first start would wait for somebody who does.
+                self._run_checked("reg.exe", "add", "HKCU\\Software\\Tessarine", "/v", "Language", "/d", "en", "/f")
                 self._end_server()
                 # Debian's Wine does not find its own scalable fonts; the caption buttons need Marlett.
                 for font in Path("/usr/share/wine/fonts").glob("*.ttf"):

@@ -51,13 +51,6 @@ struct Dictionary {
 
 Dictionary dictionary;
 
-std::int16_t NumberOfLanguage(std::string_view text) {
-    for (std::size_t i = 0; i < languageTexts.size(); ++i) {
-        if (languageTexts[i] == text) return static_cast<std::int16_t>(i + 1);
-    }
-    return LanguageEnglish;
-}
-
 void BuildRows(Table& table, std::span<const DictionaryRow> sources) {
     std::size_t row = 0;
     for (const DictionaryRow& source : sources) {
@@ -118,11 +111,16 @@ std::optional<std::string> Replaced(const std::string& text, std::string_view ma
 }  // namespace
 
 std::int16_t GetLanguage() {
-    if (dictionary.CurrentLanguage < 1) {
-        dictionary.CurrentLanguage =
-            NumberOfLanguage(Trim(platform::ReadRegistry(registryKey, registryValue).value_or("")));
-    }
+    if (dictionary.CurrentLanguage < 1) dictionary.CurrentLanguage = StoredLanguage().value_or(LanguageEnglish);
     return dictionary.CurrentLanguage;
+}
+
+std::optional<std::int16_t> StoredLanguage() {
+    const std::string stored = Trim(platform::ReadRegistry(registryKey, registryValue).value_or(""));
+    for (std::size_t i = 0; i < languageTexts.size(); ++i) {
+        if (languageTexts[i] == stored) return static_cast<std::int16_t>(i + 1);
+    }
+    return std::nullopt;
 }
 
 void SetLanguage(int language) {

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 // The numbers of the languages. The order of the numbers is not that of the table's columns.
@@ -16,6 +17,9 @@ inline constexpr std::int16_t LanguageFrench = 4;
 
 // The language in force, 1 to 4. The first call reads the registry; an absent or unknown value is English.
 std::int16_t GetLanguage();
+
+// The language in the registry, read anew; none when none is stored there, or none that is known.
+std::optional<std::int16_t> StoredLanguage();
 
 // Stores the language and puts it in force. An unknown number is English.
 void SetLanguage(int language);

@@ -19,6 +19,9 @@ bool AskYesNo(const std::string& text, const std::string& title, BoxIcon icon = 
 // The same for what cannot be undone: a stray Enter is a No.
 bool AskBeforeLoss(const std::string& text, const std::string& title, BoxIcon icon = BoxIcon::Question);
 
+// A box with OK and Cancel; true for OK.
+bool AskOkCancel(const std::string& text, const std::string& title, BoxIcon icon = BoxIcon::Question);
+
 // A box with Yes, No and Cancel, for what waits to be saved. Esc is Cancel.
 enum class BoxChoice { Yes, No, Cancel };
 BoxChoice AskToSave(const std::string& text, const std::string& title, BoxIcon icon = BoxIcon::Question);

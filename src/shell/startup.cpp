@@ -26,6 +26,7 @@
 #include "shell/copy_data.h"
 #include "shell/data_folder.h"
 #include "shell/handed_over.h"
+#include "shell/language_selection.h"
 #include "shell/shell_view.h"
 #include "sounds/sounds.h"
 #include "storage/temporary_name.h"
@@ -126,6 +127,7 @@ bool Main() {
     OpenFrontDoor();
     FindFolders();
     RemoveLeftovers(folders.DataFolder);
+    OfferLanguages(platform::CommandLineText());
     TellFailure(LoadSettings);
     if (settings.Check_updates == 1) CheckVersionQuietly();
     shell_view::CreateMainWindow();

@@ -6,6 +6,7 @@
 #include "platform/clock.h"
 #include "platform/instances.h"
 #include "platform/load.h"
+#include "platform/network.h"
 #include "platform/pump.h"
 #include "platform/registry.h"
 #include "platform/sound.h"
@@ -158,6 +159,13 @@ TEST(Load, IsAPercentageOfTheTimeBetween) {
         EXPECT_GE(*load, 0);
         EXPECT_LE(*load, 100);
     }
+}
+
+TEST(Network, AServerThatIsNotThereGivesNoText) {
+    const std::int64_t took =
+        contract::TimeOf([] { EXPECT_EQ(platform::FetchText("http://127.0.0.1:9/ver.txt", 64, 3000), ""); });
+    EXPECT_LE(took, 3000 + contract::BoundMs);
+    EXPECT_EQ(platform::FetchText("no address", 64, 3000), "");
 }
 
 TEST(Instances, TheDoorTakesMessagesUntilItIsClosed) {

@@ -1,6 +1,7 @@
 // A start of the program from the first question to the window on the screen, and its end.
 #include "shell/startup.h"
 
+#include "dictionary/dictionary.h"
 #include "mainwindow/form_visible.h"
 #include "mainwindow/tray_events.h"
 #include "platform/instances.h"
@@ -14,6 +15,7 @@
 #include "shell/copy_data.h"
 #include "shell/exit.h"
 #include "shell/handed_over.h"
+#include "shell/language_selection.h"
 #include "sounds/sounds.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
@@ -46,6 +48,7 @@ protected:
         simulated::SetExecutableFolder("C:\\Program Files\\Tessarine");
         simulated::PutFile(SoundBank, "damaged");
         simulated::SetDesktopDirectory("C:\\Users\\Ana\\Desktop");
+        SetLanguage(LanguageEnglish);
     }
 
     // The main window of the program's first instance.
@@ -81,6 +84,38 @@ TEST_F(Start, OnACleanMachineMakesTheFolderAndShowsTheWindow) {
     SaveSettings();
     Main();
     EXPECT_EQ(versionChecks, 1);
+}
+
+TEST_F(Start, OfANewUserOffersTheLanguagesBeforeAnythingIsShown) {
+    struct Case {
+        std::string stored, commandLine;
+        bool offered;
+    };
+    const Case cases[] = {{"", "", true},        {"xx", "-edit C:\\a.tsj", true}, {"en", "", false},
+                          {"sp", "", false},     {"", "-RUN C:\\a.tsj", false},   {"", " -startup", false},
+                          {"", "anything", true}};
+    for (const auto& [stored, commandLine, offered] : cases) {
+        SCOPED_TRACE("'" + stored + "' '" + commandLine + "'");
+        platform::WriteRegistry("Software\\Tessarine", "Language", stored);
+        OfferLanguages(commandLine);
+        EXPECT_EQ(WasCalled("LanguageSelection"), offered);
+        shellStandIn = {};
+    }
+    simulated::PutFile(std::string(DataFolder) + "\\settings.binary", "damaged");
+    platform::WriteRegistry("Software\\Tessarine", "Language", "xx");
+    shellStandIn.duringLanguageSelection = [] {
+        EXPECT_THAT(Boxes(), IsEmpty());
+        EXPECT_EQ(RowOfStoredLanguage(), 0);
+        TakeLanguage(-1);
+        TakeLanguage(4);
+        EXPECT_EQ(StoredLanguage(), std::nullopt);
+        TakeLanguage(2);
+        EXPECT_EQ(RowOfStoredLanguage(), 2);
+    };
+    EXPECT_TRUE(Main());
+    EXPECT_EQ(PlaceOf("LanguageSelection"), 0);
+    EXPECT_EQ(platform::ReadRegistry("Software\\Tessarine", "Language"), "sp");
+    EXPECT_THAT(LastBox(), HasSubstr("configuraci")) << "the boxes of the start speak it already";
 }
 
 TEST_F(Start, RemovesWhatKilledSavesHaveLeft) {

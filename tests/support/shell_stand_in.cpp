@@ -4,6 +4,7 @@
 
 #include "mainwindow/form_view.h"
 #include "replay/run_job.h"
+#include "shell/language_selection.h"
 #include "shell/shell_view.h"
 #include "support/recorder.h"
 
@@ -52,6 +53,11 @@ void EndProcess() {
 }
 
 }  // namespace shell_view
+
+void language_selection_view::ShowModal() {
+    Note("LanguageSelection");
+    if (shellStandIn.duringLanguageSelection) shellStandIn.duringLanguageSelection();
+}
 
 namespace form_view {
 

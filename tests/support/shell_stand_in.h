@@ -18,6 +18,8 @@ struct ShellStandIn {
     bool enabled = true;
     std::string trayOpenCaption;
 
+    std::function<void()> duringLanguageSelection;
+
     std::int32_t runResult = 1;
     std::function<void()> duringRun;
 };

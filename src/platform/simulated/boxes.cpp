@@ -98,6 +98,10 @@ bool AskBeforeLoss(const std::string& text, const std::string& title, BoxIcon ic
     return AskYesNo(text, title, icon);
 }
 
+bool AskOkCancel(const std::string& text, const std::string& title, BoxIcon icon) {
+    return AskYesNo(text, title, icon);
+}
+
 BoxChoice AskToSave(const std::string& text, const std::string& title, BoxIcon icon) {
     const bool yes = AskYesNo(text, title, icon);
     if (yes) return BoxChoice::Yes;

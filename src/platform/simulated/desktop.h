@@ -260,6 +260,12 @@ void OnStart(std::function<void(const StartedProgram&)> action);
 // A start whose command line contains `part` shows a window after a while.
 void ProgramShows(const std::string& part, std::int64_t afterMs, const WindowSpec& window);
 
+// The network. The connection is there at first; an address at which nobody was put answers nothing. A page comes after
+// `afterMs`, or not at all when that is longer than it is waited for.
+void Disconnect(bool disconnect = true);
+void PutPage(const std::string& address, const std::string& text, std::int64_t afterMs = 0);
+const std::vector<std::string>& FetchedAddresses();
+
 // How often the program has asked for a guard.
 int GuardStarts();
 

@@ -1,4 +1,4 @@
-// The smaller parts of the system: registry, tray, hotkeys, load, sounds, programs, instances, folders.
+// The smaller parts of the system: registry, tray, hotkeys, load, sounds, programs, instances, network, folders.
 #include "simulated/surroundings.h"
 
 #include <algorithm>
@@ -11,6 +11,7 @@
 #include "platform/hotkeys.h"
 #include "platform/instances.h"
 #include "platform/load.h"
+#include "platform/network.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
 #include "platform/shell_folders.h"
@@ -54,6 +55,10 @@ struct Surroundings {
     std::vector<std::function<void(const StartedProgram&)>> onStart;
     bool refusesStarts = false;
     std::set<std::uint32_t> processes;  // of others
+
+    bool disconnected = false;
+    std::map<std::string, std::pair<std::string, std::int64_t>> pages;  // by address: text, and how long it takes
+    std::vector<std::string> fetched;
 
     int guardStarts = 0;
 
@@ -158,6 +163,18 @@ void ProgramShows(const std::string& part, std::int64_t afterMs, const WindowSpe
     OnStart([part, afterMs, window](const StartedProgram& program) {
         if (program.commandLine.find(part) != std::string::npos) AppearsAfter(afterMs, window);
     });
+}
+
+void Disconnect(bool disconnect) {
+    State().disconnected = disconnect;
+}
+
+void PutPage(const std::string& address, const std::string& text, std::int64_t afterMs) {
+    State().pages[address] = {text, afterMs};
+}
+
+const std::vector<std::string>& FetchedAddresses() {
+    return State().fetched;
 }
 
 int GuardStarts() {
@@ -279,6 +296,19 @@ bool StartProgram(const std::string& commandLine, int windowStyle) {
     const auto actions = State().onStart;
     for (const auto& action : actions) action(program);
     return true;
+}
+
+bool IsConnected() {
+    return !State().disconnected;
+}
+
+std::string FetchText(const std::string& address, std::size_t mostBytes, std::int64_t limitMs) {
+    State().fetched.push_back(address);
+    const auto page = State().pages.find(address);
+    if (State().disconnected || page == State().pages.end()) return {};
+    const auto& [text, afterMs] = page->second;
+    Sleep(std::min(afterMs, limitMs));
+    return afterMs > limitMs ? std::string() : text.substr(0, mostBytes);
 }
 
 void StartGuard() {

@@ -57,6 +57,10 @@ bool AskBeforeLoss(const std::string& text, const std::string& title, BoxIcon ic
     return Show(text, title, MB_YESNO | MB_DEFBUTTON2 | IconFlag(icon)) == IDYES;
 }
 
+bool AskOkCancel(const std::string& text, const std::string& title, BoxIcon icon) {
+    return Show(text, title, MB_OKCANCEL | IconFlag(icon)) == IDOK;
+}
+
 BoxChoice AskToSave(const std::string& text, const std::string& title, BoxIcon icon) {
     const int answer = Show(text, title, MB_YESNOCANCEL | IconFlag(icon));
     if (answer == IDYES) return BoxChoice::Yes;

@@ -15,7 +15,9 @@
 #include "mainwindow/job_page.h"
 #include "mainwindow/recent_menu.h"
 #include "mainwindow/tray_events.h"
+#include "pages/about_page.h"
 #include "pages/job_page_form.h"
+#include "pages/options_page.h"
 #include "pages/record_page.h"
 #include "pages/schedule_page_form.h"
 #include "platform/pump.h"
@@ -40,7 +42,7 @@ constexpr UINT TrayMessage = 512;  // the icon's callback; also WM_MOUSEMOVE
 constexpr WPARAM TrayIconId = 1;
 
 // In the order of the tabs.
-Page* const pages[] = {&recordPage, &jobPageForm, &schedulePageForm};
+Page* const pages[] = {&recordPage, &jobPageForm, &schedulePageForm, &optionsPage, &aboutPage};
 constexpr int PageCount = static_cast<int>(std::size(pages));
 
 // The shell forgets all icons when it is started anew, and tells everybody so.

@@ -39,6 +39,11 @@ Member Tick(std::int32_t& option) {
             .take = [&option](HWND control) { option = TickOf(control) ? 1 : 0; }};
 }
 
+Member Tick(std::function<bool()> ticked, std::function<void(bool)> changed) {
+    return {.show = [ticked = std::move(ticked)](HWND control) { ShowTick(control, ticked()); },
+            .take = [changed = std::move(changed)](HWND control) { changed(TickOf(control)); }};
+}
+
 Member Option(const std::function<bool()>& chosen, std::function<void()> choose) {
     return {.show = [chosen](HWND control) { ShowTick(control, chosen()); },
             .take =

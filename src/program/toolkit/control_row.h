@@ -43,6 +43,7 @@ struct Member {
 // Check boxes, option buttons. `changed` gets the new state and is to put it into the model; without it the form does.
 Member Tick(bool& value, std::function<void(bool)> changed = nullptr);
 Member Tick(std::int32_t& option);  // 0 or 1, as in the settings
+Member Tick(std::function<bool()> ticked, std::function<void(bool)> changed);
 
 // One of several option buttons, of which the user chooses one.
 Member Option(const std::function<bool()>& chosen, std::function<void()> choose);

@@ -16,6 +16,8 @@ namespace {
 // scale.
 constexpr UINT LooksMessage = WM_APP;
 
+std::vector<Form*> openForms;  // in the order in which they were opened
+
 bool IsGroupBox(HWND control) {
     return (GetWindowLongPtrA(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX && ClassOf(control) == "Button";
 }
@@ -84,6 +86,7 @@ bool Form::OnInitDialog(HWND dialog) {
     window = dialog;
     const bool isChild = (GetWindowLongPtrA(dialog, GWL_STYLE) & WS_CHILD) != 0;
     if (!modal && !isChild) platform::AddModelessForm(dialog, KeyThunk);
+    if (!isChild) openForms.push_back(this);
     rows = Rows();
     tips.Create(dialog);
     RememberDesign();
@@ -95,6 +98,7 @@ bool Form::OnInitDialog(HWND dialog) {
 
 void Form::OnDestroy() {
     OnUnload();
+    std::erase(openForms, this);
     platform::RemoveModelessForm(window);
     SetWindowLongPtrA(window, DWLP_USER, 0);
     window = nullptr;
@@ -256,6 +260,11 @@ void Form::PodesiRjecnik() {
     MarkAll(marked, letters);
     for (const MnemonicCaption& caption : marked) SetText(window, caption.control, caption.text);
     Refresh();
+}
+
+void Form::PodesiRjecnikOfAll() {
+    const std::vector<Form*> forms = openForms;
+    for (Form* const form : forms) form->PodesiRjecnik();
 }
 
 void Form::Refresh() {

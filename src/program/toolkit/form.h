@@ -31,6 +31,9 @@ public:
     // PodesiRjecnik ("set up the dictionary"): captions, names and tips in the language in force, and then Refresh.
     virtual void PodesiRjecnik();
 
+    // The same for every form that is open; pages are their main window's affair.
+    static void PodesiRjecnikOfAll();
+
     // Values, enabling, panels and tips, as the model has them.
     void Refresh();
 

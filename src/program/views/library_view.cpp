@@ -4,6 +4,7 @@
 #include "main/main_form.h"
 #include "mainwindow/job_page.h"
 #include "mainwindow/job_page_view.h"
+#include "pages/options_page.h"
 #include "pages/schedule_page_form.h"
 #include "scheduler/schedule_page.h"
 
@@ -21,6 +22,15 @@ void AddScheduleJob(const std::string& name) {
 void Jobs_Edit_Enabled(bool enable) {
     ::Jobs_Edit_Enabled(enable);
     schedule_page_view::Show();
+}
+
+// The Options page asks for both itself.
+void ShowStartsWithWindows(bool) {
+    optionsPage.Refresh();
+}
+
+void ShowDataFolder(const std::string&) {
+    optionsPage.Refresh();
 }
 
 }  // namespace library_view

@@ -5,6 +5,7 @@
 #include "main/main_form.h"
 #include "mainwindow/form_view.h"
 #include "pages/job_page_form.h"
+#include "pages/options_page.h"
 #include "pages/record_page.h"
 #include "platform/input.h"
 #include "platform/tray.h"
@@ -58,14 +59,14 @@ void RestoreWindowPosition() {
     MoveWindowTo(mainForm.Window(), Pixels(corner.x), Pixels(corner.y));
 }
 
-// The Options page does not exist yet, but for the options of recordings.
 void ShowOptions() {
     recordPage.ShowOptions();
+    optionsPage.ShowOptions();
     if (jobLibrary.lista_jobs.ListCount() > 0) mainForm.ShowPage(jobPageForm);
 }
 
 void PodesiRjecnik() {
-    mainForm.PodesiRjecnik();
+    Form::PodesiRjecnikOfAll();
 }
 
 void BringToNormal() {
