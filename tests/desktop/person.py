@@ -3,6 +3,7 @@
 import getpass
 import re
 import shutil
+import subprocess
 import time
 
 import pytest
@@ -37,8 +38,19 @@ class Person:
 
     def speaks(self, language):
         """Chooses the program's language, for its next start."""
-        key = "HKCU\\Software\\Tessarine"
-        assert self.stage.wine.run("reg", "add", key, "/v", "Language", "/d", language, "/f") == 0
+        self.puts_into_registry("Software\\Tessarine", "Language", language)
+
+    def registry(self, key, value):
+        """The text of a value below HKEY_CURRENT_USER, or None."""
+        query = self.stage.wine.start("reg", "query", f"HKCU\\{key}", "/v", value, stdout=subprocess.PIPE)
+        found = re.search(r"REG_SZ\s+(.*)", query.communicate(timeout=30)[0].decode("latin-1"))
+        return found and found[1].strip()
+
+    def puts_into_registry(self, key, value, text=None):
+        """None takes the value away."""
+        words = ["delete", f"HKCU\\{key}", "/v", value, "/f"] if text is None else [
+            "add", f"HKCU\\{key}", "/v", value, "/d", text, "/f"]
+        self.stage.wine.run("reg", *words)
 
     def puts_job(self, name, **options):
         job = self.stage.job(**options)

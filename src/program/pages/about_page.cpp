@@ -62,10 +62,10 @@ void AboutPage::StaviFocus() const {
 }
 
 void AboutPage::ShowUpdateButton() {
-    const bool hadFocus = GetFocus() == Control(about_page_Command4);
+    const HWND button = Control(about_page_Command4);
     PodesiRjecnik();
-    if (!updateButton.underWay && hadFocus) SetFocus(Control(about_page_Command4));
-    UpdateWindow(Control(about_page_Command4));
+    UpdateWindow(button);
+    if (!updateButton.underWay && Visible()) SetFocus(button);  // it was there when the button was pressed
 }
 
 // The address of the pages may have been set meanwhile.
