@@ -154,6 +154,16 @@ void FillScheduleList() {
     ShowSchedule(-1);
 }
 
+void RewordScheduleList() {
+    const ScheduleWords words = TranslatedScheduleWords();
+    for (int row = 0; HasSchedule(row); ++row) {
+        List().SetBigText(row, ScheduleBigText(words, ScheduleAt(row)));
+        List().SetSmallText(row, ScheduleSmallText(words, ScheduleAt(row)));
+        ShowEnabled(row);
+    }
+    if (SelectedRow() >= 0) scheduleList.info = InfoOf(ScheduleAt(SelectedRow()));
+}
+
 void EnableOrDisableSchedule() {
     EnableOrDisable(SelectedRow());
 }

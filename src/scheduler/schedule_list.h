@@ -33,6 +33,9 @@ void LoadScheduleList();
 // FillScheduleList: rebuilds the list, without a selection, and computes when each schedule runs next.
 void FillScheduleList();
 
+// The rows and the info area in the language in force, once that has changed; nothing else of them does.
+void RewordScheduleList();
+
 // The commands on the selected row, of its small buttons, the menu and the links; nothing without one.
 void EnableOrDisableSchedule();
 void Menu_Schedule_Delete();

@@ -155,6 +155,21 @@ TEST_F(Page, TheSelectedRowIsTold) {
     EXPECT_EQ(Select(4).next_run, "12.5.2026 at: 12:00:00");
 }
 
+TEST_F(Page, FollowsTheLanguageWithoutAnotherChange) {
+    AddDaily("A", "14:30:00").enabled = 0;
+    FillScheduleList();
+    Select(0);
+    settings.Schedules[0].next_run = "2020-01-02@03:04:05";
+    SetLanguage(LanguageGerman);
+    RewordScheduleList();
+    EXPECT_THAT(List().Row(0).Text, HasSubstr("Aufgabe: "));
+    EXPECT_THAT(List().Row(0).Text2, HasSubstr("glich"));
+    EXPECT_EQ(List().Row(0).gumb, "Aktivieren");
+    EXPECT_EQ(scheduleList.info.next_run, "1.2.2020 um: 03:04:05");
+    EXPECT_EQ(settings.Schedules[0].next_run, "2020-01-02@03:04:05") << "it is not computed anew";
+    EXPECT_EQ(List().listindex(), 0);
+}
+
 TEST_F(Page, ARowIsDisabledAndEnabled) {
     AddDaily("A", "14:30:00");
     Begin();

@@ -340,6 +340,7 @@ void SchedulePageForm::OnInit() {
 
 void SchedulePageForm::PodesiRjecnik() {
     FillTypes();
+    RewordScheduleList();
     Page::PodesiRjecnik();
     schedule_lista.SetName(Translate("Scheduled Jobs"));
     schedule_lista.SetAction(Translate("Edit"));
