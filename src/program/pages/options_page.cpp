@@ -8,14 +8,11 @@
 #include "settings/settings.h"
 #include "shell/options.h"
 #include "shell/options_view.h"
+#include "sounds/sounds.h"
 
 OptionsPage optionsPage;
 
 namespace {
-
-bool SoundsReady() {
-    return true;
-}
 
 Member Switch(std::int32_t& setting) {
     return Tick([&setting] { return setting == 1; },
@@ -55,12 +52,12 @@ std::vector<ControlRow> OptionsPage::Rows() {
         {.id = options_page_Play_Menu_Sounds,
          .caption = "Play menu sounds",
          .member = Switch(settings.Play_Menu_Sounds),
-         .enabled = SoundsReady,
+         .enabled = SoundSwitchesEnabled,
          .anchors = AcrossTop},
         {.id = options_page_play_sounds_for_keystrokes,
          .caption = "Play keystroke sounds while executing keystrokes",
          .member = Switch(settings.play_sounds_for_keystrokes),
-         .enabled = SoundsReady,
+         .enabled = SoundSwitchesEnabled,
          .anchors = AcrossTop},
     };
 }

@@ -82,11 +82,6 @@ bool TimeEnabled() {
     return Panel().TimeEnabled();
 }
 
-Member Ticked(const std::function<bool()>& value, const std::function<void(bool)>& click) {
-    return {.show = [value](HWND box) { SendMessageA(box, BM_SETCHECK, value() ? BST_CHECKED : BST_UNCHECKED, 0); },
-            .take = [click](HWND box) { click(SendMessageA(box, BM_GETCHECK, 0, 0) == BST_CHECKED); }};
-}
-
 // What is chosen already stays as it is: the page is shown again every second, also while a list is open.
 void ShowChoice(HWND control, UINT ask, UINT set, int place) {
     if (static_cast<int>(SendMessageA(control, ask, 0, 0)) == place) return;
@@ -206,8 +201,8 @@ std::vector<ControlRow> SchedulePageForm::DayRows() {
         days.push_back({.id = schedule_page_option_day1 + day - 1,
                         .caption = [index] { return TranslatedDays()[index]; },
                         .panels = DaysPanel,
-                        .member = Ticked([index] { return schedulePage.option_day[index]; },
-                                         [day](bool ticked) { ClickDay(day, ticked); })});
+                        .member = Tick([index] { return schedulePage.option_day[index]; },
+                                       [day](bool ticked) { ClickDay(day, ticked); })});
     }
     return days;
 }
@@ -232,12 +227,12 @@ std::vector<ControlRow> SchedulePageForm::StartRows() {
         {.id = schedule_page_items_loaded,
          .caption = "Wait for all startup items to load first",
          .panels = TypePanel,
-         .member = Ticked([] { return Panel().items_loaded; }, ClickItemsLoaded),
+         .member = Tick([] { return Panel().items_loaded; }, ClickItemsLoaded),
          .enabled = BoxesEnabled},
         {.id = schedule_page_only_once,
          .caption = "Execute job only once per day",
          .panels = TypePanel,
-         .member = Ticked([] { return Panel().only_once; }, ClickOnlyOnce),
+         .member = Tick([] { return Panel().only_once; }, ClickOnlyOnce),
          .enabled = BoxesEnabled},
     };
 }
