@@ -12,6 +12,7 @@
 #include <string>
 #include <utility>
 
+#include "base/runtime_failure.h"
 #include "fuzz/quiet_desktop.h"
 #include "fuzz/require.h"
 #include "platform/clock.h"
@@ -197,6 +198,18 @@ void Start() {
     theDay.withComputer ? ComputerStartUp() : MarkStartUpRunsOver();
 }
 
+// The log may have a path that no file can have; the desktop shows what a button throws.
+void Cancel() {
+    const ScheduleMark cancelled = schedule_start_form.schedule;
+    try {
+        CancelStart();
+    } catch (const RuntimeFailure& failure) {
+        Require(failure.Kind() == FailureKind::File, "a log that cannot be written is a file failure");
+    }
+    const Schedule* const schedule = cancelled.Find();
+    Require(schedule != nullptr && schedule->suppressed == 1, "it is cancelled all the same");
+}
+
 // A day and a little more: in long steps, or steps of a minute, and finer ones when a run is near.
 void GoThroughTheDay() {
     const sys_seconds end = Now() + hours(26);
@@ -204,7 +217,7 @@ void GoThroughTheDay() {
     for (int tick = 0; Now() < end; ++tick) {
         platform::Sleep(scheduleDispatch.interval == 5000 ? theDay.idleStepMs : 7'000);
         quiet::TickAllTimers();
-        if (theDay.cancels && schedule_start_form.shown && tick % 3 == 0) CancelStart();
+        if (theDay.cancels && schedule_start_form.shown && tick % 3 == 0) Cancel();
         if (Now() < nextLook) continue;
         nextLook = Now() + hours(5);
         Look();
@@ -223,7 +236,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     theDay.withComputer = (data[5] & 1) != 0;
     theDay.cancels = (data[5] & 2) != 0;
     theDay.idleStepMs = (data[5] & 4) != 0 ? 59'000 : 540'000;
-    simulated::LosePath(folders.DataFolder);  // what the input before has left there
+    for (const std::string& file : simulated::AllFiles()) simulated::LosePath(file);  // of the input before
     PutJobs();
     PutSettings(data + HeadSize, size - HeadSize);
     Start();
