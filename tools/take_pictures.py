@@ -41,6 +41,17 @@ class Photographer:
         time.sleep(1)
         self.takes(name, main.rect)
 
+    def options(self):
+        """With a folder of jobs that bears nobody's name."""
+        own_key = "Software\\Tessarine"
+        (self.stage.wine.drive_c / "Jobs").mkdir()
+        self.person.puts_into_registry(own_key, "DataDir", "C:\\Jobs")
+        self.person.start_program()
+        self.person.opens_page("options_page_Command7")
+        self.takes_main_window("options")
+        self.stage.clear()
+        self.person.puts_into_registry(own_key, "DataDir")
+
     def first_recording(self):
         person = self.person
         person.puts_job("Backup", description="Copies the week to the other disk")
@@ -114,7 +125,9 @@ def main():
     with WineDesktop("pictures") as wine:
         probe = Probe(wine, OUT / "build" / "windows" / "tests" / "desktop" / "probe.exe")
         stage = Stage(wine, probe, Hands(wine.display), OUT / "windows" / "tessarine.exe")
-        Photographer(stage).first_recording()
+        photographer = Photographer(stage)
+        photographer.options()
+        photographer.first_recording()
         stage.clear()
         probe.close()
 
