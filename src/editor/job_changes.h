@@ -1,0 +1,86 @@
+// Changes of the open job, each of which can be taken back. The truth of the open job is PristineEvents, what a save
+// writes, with the texts of keystroke rows that the user has changed beside it; EditEvents and the rows are folded from
+// it. A change keeps what it took away and what it put in, so the history grows with the changes and not with the job.
+//
+// After a change of the row structure the rows are exactly those that a save, and an opening after it, would show: what
+// the user has changed of a keystroke row is put into PristineEvents first, and everything is folded afresh.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "jobs/job_records.h"
+
+// Events that follow each other in PristineEvents.
+struct EventRun {
+    std::int32_t first = 0;
+    std::vector<JobEvent> events;
+};
+
+// A piece for the job. Its windows and chains stand behind those of the job, and are shared with it.
+struct RecordedPiece {
+    std::vector<JobEvent> events;
+    std::vector<WindowSignature> windows;  // all of the job and the piece
+    std::vector<WindowChain> chains;
+};
+
+// --- the changes; each is one step of the history ---
+
+// Takes the grid rows from..to out, and what hides nothing else. The rows behind them keep their delay, counted from the
+// row before the gap. An overflow of times is a failure that changes nothing. Pumps where a fold shows a box, as all
+// changes of the row structure do.
+void RemoveRows(std::int32_t from, std::int32_t to);
+
+// Puts the piece in before the event `at`, and moves the times of all events behind it by `tailShift` ms.
+void InsertPiece(std::int32_t at, const RecordedPiece& piece, std::int32_t tailShift);
+
+// Adds `shift` ms to the times of all events from `first` on.
+void ShiftTimes(std::int32_t first, std::int32_t shift);
+
+// New times for the events from `first` on, one for each entry, and `shift` for all events behind them.
+void SetTimes(std::int32_t first, const std::vector<std::int32_t>& times, std::int32_t shift);
+
+void SetWaitForWindow(std::int32_t event, std::int32_t seconds);
+void SetIfNoWindow(std::int32_t first, std::int32_t last, std::uint8_t choice);
+
+// The text of a keystroke row; what is typed into one row is one step until TextRunEnds.
+void SetKeyText(std::int32_t keyRow, const std::string& text);
+
+// The description of the job; the same.
+void SetDescription(const std::string& text);
+
+// What is typed next is a step of its own: another row was selected, something was saved.
+void TextRunEnds();
+
+// Several changes as one step of the history, from the first to the last brace.
+class OneStep {
+public:
+    OneStep();
+    ~OneStep();
+    OneStep(const OneStep&) = delete;
+    OneStep& operator=(const OneStep&) = delete;
+};
+
+// --- the history ---
+
+bool CanUndo();
+bool CanRedo();
+
+// Take the last step back, or do it again, and give the grid rows that it was about, to be selected.
+struct RowsOfStep {
+    std::int32_t from = 0;
+    std::int32_t to = 0;
+};
+RowsOfStep UndoStep();
+RowsOfStep RedoStep();
+
+// Whether the job is as it was opened or last saved.
+bool IsAsSaved();
+void MarkAsSaved();
+
+// A new job has been opened.
+void ForgetHistory();
+
+// The job as a save writes it: the options of `header`, the rows that were edited as texts.
+Job JobToSave(const JobHeader& header);
