@@ -9,6 +9,10 @@
 
 namespace edit_view {
 
+// The changes on the job page are asked about, as before every command there (PitajSpremitiPromjene). False when they
+// were to be saved and could not be. Pumps.
+bool MayLeaveJobPage();
+
 // Makes the form, owned by the main window, in its place of last time, and gives the grid the focus. Its window, 0 when
 // the system refuses.
 platform::WindowHandle Show();

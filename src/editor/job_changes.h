@@ -12,12 +12,6 @@
 
 #include "jobs/job_records.h"
 
-// Events that follow each other in PristineEvents.
-struct EventRun {
-    std::int32_t first = 0;
-    std::vector<JobEvent> events;
-};
-
 // A piece for the job. Its windows and chains stand behind those of the job, and are shared with it.
 struct RecordedPiece {
     std::vector<JobEvent> events;
@@ -27,19 +21,27 @@ struct RecordedPiece {
 
 // --- the changes; each is one step of the history ---
 
-// Takes the grid rows from..to out, and what hides nothing else. The rows behind them keep their delay, counted from the
-// row before the gap. An overflow of times is a failure that changes nothing. Pumps where a fold shows a box, as all
-// changes of the row structure do.
+// Takes the grid rows from..to out. Where rows overlap, the events of the others stay. The rows behind them keep their
+// delay, counted from the row before the gap. An overflow failure, when 32 bits cannot hold a time, changes nothing.
+// Pumps where a fold shows a box, as all changes of the row structure do.
 void RemoveRows(std::int32_t from, std::int32_t to);
 
 // Puts the piece in before the event `at`, and moves the times of all events behind it by `tailShift` ms.
-void InsertPiece(std::int32_t at, const RecordedPiece& piece, std::int32_t tailShift);
+void InsertPiece(std::int32_t at, RecordedPiece piece, std::int64_t tailShift);
 
-// Adds `shift` ms to the times of all events from `first` on.
-void ShiftTimes(std::int32_t first, std::int32_t shift);
+// From `first` on, the times of all events move by `by` ms.
+struct TimeShift {
+    std::int32_t first = 0;
+    std::int64_t by = 0;
+};
 
-// New times for the events from `first` on, one for each entry, and `shift` for all events behind them.
-void SetTimes(std::int32_t first, const std::vector<std::int32_t>& times, std::int32_t shift);
+// Moves the times of events, by one shift or by several that add up on the way to the end, in the order of their
+// events. An overflow failure, when 32 bits cannot hold a time, changes nothing.
+void ShiftTimes(const std::vector<TimeShift>& shifts);
+
+// New times for the events from `first` on, one for each entry, and `tailShift` for all events behind them. Fails
+// alike.
+void SetTimes(std::int32_t first, std::vector<std::int32_t> times, std::int64_t tailShift);
 
 void SetWaitForWindow(std::int32_t event, std::int32_t seconds);
 void SetIfNoWindow(std::int32_t first, std::int32_t last, std::uint8_t choice);
@@ -53,27 +55,17 @@ void SetDescription(const std::string& text);
 // What is typed next is a step of its own: another row was selected, something was saved.
 void TextRunEnds();
 
-// Several changes as one step of the history, from the first to the last brace.
-class OneStep {
-public:
-    OneStep();
-    ~OneStep();
-    OneStep(const OneStep&) = delete;
-    OneStep& operator=(const OneStep&) = delete;
-};
-
 // --- the history ---
 
 bool CanUndo();
 bool CanRedo();
 
-// Take the last step back, or do it again, and give the grid rows that it was about, to be selected.
-struct RowsOfStep {
-    std::int32_t from = 0;
-    std::int32_t to = 0;
-};
-RowsOfStep UndoStep();
-RowsOfStep RedoStep();
+// Take the last step back, or do it again. Afterwards the rows that it is about can be found by an event of theirs: its
+// index in EditEvents, or NoEvent for a step that is about none. Nothing happens without a step. Pump as the change
+// did.
+inline constexpr std::int32_t NoEvent = -1;
+std::int32_t UndoStep();
+std::int32_t RedoStep();
 
 // Whether the job is as it was opened or last saved.
 bool IsAsSaved();
@@ -84,3 +76,6 @@ void ForgetHistory();
 
 // The job as a save writes it: the options of `header`, the rows that were edited as texts.
 Job JobToSave(const JobHeader& header);
+
+// The events of these rows alone, as a save writes them, with times that begin at 0. The texts are those of JobToSave.
+std::vector<JobEvent> EventsToSaveOf(std::int32_t fromRow, std::int32_t toRow);

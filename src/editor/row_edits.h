@@ -25,14 +25,15 @@ struct EventPane {
     std::string wait_for_window_text;
     std::int32_t wait_for_window_ms = 0;  // seconds
     std::int32_t if_no_window = 0;        // place in the list; -1 for a value that is none of it
-    bool targetApplies = false;           // the target fields are enabled, their labels in the colour of a window's text
-    std::string Label6;                   // numbers of the row's first and last event
+    bool targetApplies = false;  // the target fields are enabled, their labels in the colour of a window's text
+    std::string Label6;          // numbers of the row's first and last event
     std::string Label7;
 };
 extern EventPane eventPane;
 
-// Save is enabled.
+// Whether Save is enabled: the job is not as it was opened or last saved.
 bool SaveIsEnabled();
+void SaveWasDone();
 
 // The user has selected other rows: the pane is filled, and the keystrokes with it.
 void SelectRows(std::int32_t row, std::int32_t rowSel);
@@ -62,7 +63,8 @@ void SetNewDuration(std::int32_t gridRow, std::int32_t kind, std::int32_t value)
 void WaitForWindowChanged(std::int32_t seconds);
 void IfNoWindowChanged(std::int32_t place);
 
-// Scrollaj ("scroll"): the row at the top of the grid after a turn of the wheel by one notch.
+// Scrollaj ("scroll"): the row at the top of the grid after a turn of the wheel. It moves by one row, and only for one
+// notch exactly.
 std::int32_t Scrollaj(std::int32_t delta, std::int32_t topRow, bool lastRowVisible);
 
 // Ctrl+Z and Ctrl+Y, and their buttons.
@@ -70,4 +72,5 @@ void Undo();
 void Redo();
 
 // After a change of the row structure: rows, selection and pane.
+void SelectRowAtEvent(std::int32_t event);
 void RowsHaveChanged(std::int32_t selectFrom, std::int32_t selectTo);

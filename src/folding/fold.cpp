@@ -123,6 +123,9 @@ private:
     KeyRow NewKeyRow(std::int32_t index) const;
     void TakeCurrentChain(const WindowChain& chain);
     const WindowChain& ChainOf(const JobEvent& event) const;
+    const std::string& StoredTextOf(const JobEvent& event) const;
+    const TokenMemory::Entry& TokenOf(const JobEvent& event);
+    bool MayPassOver(std::int64_t index, std::size_t count) const;
     bool RunsInCurrentChain(const JobEvent& event) const;
     bool SameWindow(std::int32_t a, std::int32_t b) const;
 
@@ -185,18 +188,16 @@ void Pass::FoldKeyDown(std::int32_t index) {
         DodajNoviText(index);
         lastKind = LastKind::Keys;
     }
-    const int vk = event.KeyCode() % 65536;
-    const TokenMemory::Entry& entry = tokens.Of(vk, event.KeyState());
+    const TokenMemory::Entry& entry = TokenOf(event);
     std::string& text = LastKeyRow().Text;
-    const bool autoRepeat = entry.modifier && heldKeys.IsHeld(text, vk);
+    const bool autoRepeat = entry.modifier && heldKeys.IsHeld(text, event.KeyCode() % 65536);
     if (!autoRepeat) text += entry.token;
 }
 
 // An up goes to the last row, wherever it was pressed, even with clicks in between. The up of a character has no
 // token, so nothing but the row's end moves.
 void Pass::FoldKeyUp(std::int32_t index) {
-    const JobEvent& event = At(index);
-    LastKeyRow().Text += tokens.Of(event.KeyCode() % 65536, event.KeyState()).token;
+    LastKeyRow().Text += TokenOf(At(index)).token;
     lastKind = LastKind::Keys;
     JoinLastKeyRow(index);
 }
@@ -206,13 +207,14 @@ void Pass::FoldKeyUp(std::int32_t index) {
 void Pass::FoldStoredText(std::int32_t index) {
     CloseMoveRow(index - 1);
     KeyRow row = NewKeyRow(index);
-    row.Text = CheckedAt(job.Strings, At(index).StringIndex() - 1LL, "Text row");
+    row.Text = StoredTextOf(At(index));
     rows.KeyRows.push_back(std::move(row));
     Mark(index, INPUT_TEXT);
     heldKeys.StartRow();
 }
 
 void Pass::FoldContinuation(std::int32_t index) {
+    if (rows.KeyRows.empty() && edited != nullptr) return;  // of a damaged job
     JoinLastKeyRow(index);
 }
 
@@ -329,8 +331,27 @@ void Pass::TakeCurrentChain(const WindowChain& chain) {
     std::copy_n(chain.Path.begin(), ComparedLevelsOf(chain), CurrentChain.Path.begin());
 }
 
+// True for an index that leads nowhere, in the editor.
+bool Pass::MayPassOver(std::int64_t index, std::size_t count) const {
+    return edited != nullptr && (index < 0 || index >= static_cast<std::int64_t>(count));
+}
+
 const WindowChain& Pass::ChainOf(const JobEvent& event) const {
+    static const WindowChain unknown{0, {}, -1};
+    if (MayPassOver(event.WindowChainIndex, job.Chains.size())) return unknown;
     return CheckedAt(job.Chains, event.WindowChainIndex, "Window chain");
+}
+
+const std::string& Pass::StoredTextOf(const JobEvent& event) const {
+    static const std::string unknown;
+    const std::int64_t index = event.StringIndex() - 1LL;
+    return MayPassOver(index, job.Strings.size()) ? unknown : CheckedAt(job.Strings, index, "Text row");
+}
+
+const TokenMemory::Entry& Pass::TokenOf(const JobEvent& event) {
+    static const TokenMemory::Entry unknown;
+    const std::int32_t vk = event.KeyCode() % 65536;
+    return MayPassOver(vk, KeyNameCount) ? unknown : tokens.Of(vk, event.KeyState());
 }
 
 // Whether the event's window is the open row's, by what a person would call the same window. Unlike the replay's
@@ -344,6 +365,7 @@ bool Pass::RunsInCurrentChain(const JobEvent& event) const {
 }
 
 bool Pass::SameWindow(std::int32_t a, std::int32_t b) const {
+    if (MayPassOver(a, job.Windows.size()) || MayPassOver(b, job.Windows.size())) return a == b;
     const WindowSignature& first = CheckedAt(job.Windows, a, "Window");
     const WindowSignature& second = CheckedAt(job.Windows, b, "Window");
     return a == b || (first.ControlId == second.ControlId && first.ClassName == second.ClassName &&
@@ -386,6 +408,17 @@ void ClearRows(FoldedRows& rows) {
     rows.RowIndex.clear();
     rows.RowKind.clear();
     rows.RowNumber.clear();
+}
+
+const WindowSignature* FindOutermostWindow(const JobArrays& job, std::int32_t chainIndex) {
+    const auto leads = [](std::int32_t index, std::size_t count) {
+        return index >= 0 && static_cast<std::size_t>(index) < count;
+    };
+    if (!leads(chainIndex, job.Chains.size())) return nullptr;
+    const WindowChain& chain = job.Chains[static_cast<std::size_t>(chainIndex)];
+    if (!leads(chain.Depth, chain.Path.size())) return nullptr;
+    const std::int32_t window = chain.Path[static_cast<std::size_t>(chain.Depth)];
+    return leads(window, job.Windows.size()) ? &job.Windows[static_cast<std::size_t>(window)] : nullptr;
 }
 
 const WindowSignature& OutermostWindow(const JobArrays& job, std::int32_t chainIndex) {

@@ -2,8 +2,8 @@
 // run of keys in one window. Rows are a view; each knows the range of events that it stands for, and the ranges may
 // overlap. The editor and the action list of a run fold by the one pass declared here. It looks at each event once,
 // and its cost grows linearly with the job. It pumps only where it shows a box: for an event of an unknown type, and
-// for a stored text with a word that is neither DOWN nor UP. Indexes come from files, so each is checked: a bad one is
-// a range failure.
+// for a stored text with a word that is neither DOWN nor UP. Indexes come from files, so each is checked: for a run a
+// bad one is a range failure; the editor opens the job all the same, since that is where it can be mended.
 #pragma once
 
 #include <cstddef>
@@ -43,6 +43,12 @@ struct JobArrays {
     const std::vector<WindowChain>& Chains;
 };
 
+// Events that follow each other in an array, from `first` on.
+struct EventRun {
+    std::int32_t first = 0;
+    std::vector<JobEvent> events;
+};
+
 struct FoldedRows {
     std::vector<MouseRow> MouseRows;  // both in the order of their first events
     std::vector<KeyRow> KeyRows;
@@ -54,9 +60,10 @@ struct FoldedRows {
     std::vector<std::int32_t> RowNumber;
 };
 
-// Folds the events into MouseRows and KeyRows, which start empty. `edited` is null or the job's events, which are then
-// changed as they fold: those of a keystroke row become of type 2 (the head) and 4, with the row's number from 1 as
-// their StringIndex. An event of an unknown type shows a box and is passed over.
+// Folds the events into MouseRows and KeyRows, which start empty. `edited` is null for a run, or the events of the job
+// in the editor, which are changed as they fold: those of a keystroke row become of type 2 (the head) and 4, with the
+// row's number from 1 as their StringIndex. An index that leads nowhere then stands for a window without a name, a text
+// without keys, a key without a token. An event of an unknown type shows a box and is passed over.
 void FoldEvents(const JobArrays& job, FoldedRows& rows, std::vector<JobEvent>* edited);
 
 // For a merge of the rows by their first events: whether, with so many of each kind done, a keystroke row follows.
@@ -67,7 +74,10 @@ void BuildRowOrder(FoldedRows& rows);
 
 void ClearRows(FoldedRows& rows);
 
-// The top-level window of a chain.
+// The top-level window of a chain; nullptr when the indexes lead nowhere.
+const WindowSignature* FindOutermostWindow(const JobArrays& job, std::int32_t chainIndex);
+
+// The same, and a range failure.
 const WindowSignature& OutermostWindow(const JobArrays& job, std::int32_t chainIndex);
 
 // The desktop is itself a window, of a name that nobody knows.

@@ -1,6 +1,5 @@
 #include "folding/popuni_listu.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "base/runtime_failure.h"
@@ -11,8 +10,6 @@
 EditState editState;
 
 namespace {
-
-constexpr std::int32_t PurgeMark = -1;  // in word 6
 
 EditState ReadForEditing(const std::string& jobName) {
     Job job;
@@ -35,41 +32,69 @@ void DescribeJob(EditState& state) {
     state.debugLabel = state.Strings.empty() ? "LOW_LEVEL" : "INPUT_TEXT";
 }
 
-// Moves between the first and the last event of a keystroke row.
-void MarkHiddenMoves(EditState& state) {
+// Moves between the first and the last event of a keystroke row, by their indexes. The ranges of these rows are in
+// order and apart.
+std::vector<std::size_t> HiddenMoves(const EditState& state) {
+    std::vector<std::size_t> hidden;
     for (const KeyRow& row : state.KeyRows) {
         for (std::int32_t i = row.FirstEvent + 1; i < row.LastEvent; ++i) {
-            JobEvent& event = CheckedAt(state.EditEvents, i, "Event");
-            if (event.dwType() == platform::InputMouse && event.dwFlags() == MoveFlags) event.word[6] = PurgeMark;
+            const JobEvent& event = CheckedAt(state.EditEvents, i, "Event");
+            if (event.dwType() == platform::InputMouse && event.dwFlags() == MoveFlags) {
+                hidden.push_back(static_cast<std::size_t>(i));
+            }
         }
     }
+    return hidden;
 }
 
-bool IsMarked(const JobEvent& event) {
-    return event.word[6] == PurgeMark;
+void Drop(std::vector<EventRun>& dropped, std::size_t index, const JobEvent& event) {
+    if (dropped.empty() || static_cast<std::size_t>(dropped.back().first) + dropped.back().events.size() != index) {
+        dropped.push_back({static_cast<std::int32_t>(index), {}});
+    }
+    dropped.back().events.push_back(event);
 }
 
 // True when events were dropped. The types of all others are then as they were before the fold.
 bool Purge(EditState& state) {
-    MarkHiddenMoves(state);
-    const auto firstMarked = std::find_if(state.EditEvents.begin(), state.EditEvents.end(), IsMarked);
-    if (firstMarked == state.EditEvents.end()) return false;
-    std::vector<JobEvent>& kept = state.PristineEvents;
-    auto count = static_cast<std::size_t>(firstMarked - state.EditEvents.begin());
-    for (std::size_t i = count; i < state.EditEvents.size(); ++i) {
-        if (!IsMarked(state.EditEvents[i])) kept[count++] = kept[i];
+    const std::vector<std::size_t> hidden = HiddenMoves(state);
+    if (hidden.empty()) return false;
+    std::vector<EventRun>& dropped = state.DroppedMoves.emplace_back();
+    std::vector<JobEvent>& events = state.PristineEvents;
+    auto next = hidden.begin();
+    std::size_t count = *next;
+    for (std::size_t i = count; i < events.size(); ++i) {
+        if (next != hidden.end() && i == *next) {
+            Drop(dropped, i, events[i]);
+            ++next;
+        } else {
+            events[count++] = events[i];
+        }
     }
-    kept.resize(count);
-    state.EditEvents = kept;
+    events.resize(count);
+    state.EditEvents = events;
     return true;
 }
 
+bool IsStoredText(const JobEvent& event) {
+    return event.dwType() == INPUT_TEXT || event.dwType() == TextContinuation;
+}
+
+// A row that is stored as a text has its number in the file, too.
+void RenumberStoredTexts(EditState& state) {
+    for (std::size_t i = 0; i < state.PristineEvents.size(); ++i) {
+        JobEvent& event = state.PristineEvents[i];
+        if (IsStoredText(event)) event.StringIndex() = state.EditEvents[i].StringIndex();
+    }
+}
+
 void Fold(EditState& state) {
+    state.DroppedMoves.clear();
     do {
         ClearRows(state);
         DescribeJob(state);
         FoldEvents(state.Arrays(), state, &state.EditEvents);
     } while (Purge(state));
+    RenumberStoredTexts(state);
 }
 
 }  // namespace

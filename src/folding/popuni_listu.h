@@ -23,6 +23,10 @@ struct EditState : FoldedRows {
     std::vector<std::string> FoldedRowText;  // by keystroke row: its text as folded, to detect edits
     std::int32_t stringsAtLoad = 0;          // count of Strings in the file
 
+    // The moves that the last call of PopuniListu has dropped, a list for each of its passes: runs in order, by their
+    // places in PristineEvents as it was before the pass.
+    std::vector<std::vector<EventRun>> DroppedMoves;
+
     // What the form shows beside the grid.
     std::string title;
     std::string Browse_Text;  // the program to start, with its parameters
@@ -32,7 +36,8 @@ struct EditState : FoldedRows {
 };
 extern EditState editState;
 
-// Without `keep` reads the job file first; with it folds the arrays in memory afresh, after a delete or an insert.
+// Without `keep` reads the job file first; with it folds the arrays in memory afresh, after a delete or an insert. The
+// StringIndex of stored text rows follows the rows in both arrays.
 // Moves inside a keystroke row can't be shown and are dropped for good, from both arrays. The form then shows the
 // grid and the pane, and disables Save. A failure of the file leaves the job before it; after any other run-time
 // failure (an index that leads nowhere) the job has no rows. Pumps where the fold shows a box; until the fold has

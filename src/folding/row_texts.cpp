@@ -18,12 +18,11 @@ std::string Padded(std::int32_t number, std::size_t digits) {
     return text.size() < digits ? std::string(digits - text.size(), '0') + text : text;
 }
 
-std::int32_t Difference(std::int32_t a, std::int32_t b) {
-    const std::int64_t difference = static_cast<std::int64_t>(a) - b;
-    if (difference != static_cast<std::int32_t>(difference)) {
-        throw RuntimeFailure(FailureKind::Overflow, "The time " + std::to_string(difference) + " ms is too large.");
+std::int32_t In32Bits(std::int64_t ms) {
+    if (ms != static_cast<std::int32_t>(ms)) {
+        throw RuntimeFailure(FailureKind::Overflow, "The time " + std::to_string(ms) + " ms is too large.");
     }
-    return static_cast<std::int32_t>(difference);
+    return static_cast<std::int32_t>(ms);
 }
 
 std::int32_t KindOf(std::int32_t row) {
@@ -125,7 +124,8 @@ ActionColumns MouseColumns(std::int32_t mouseRowIndex) {
 
 ActionColumns KeyColumns(std::int32_t keyRowIndex) {
     const KeyRow& row = CheckedAt(editState.KeyRows, keyRowIndex, "Keystroke row");
-    return {actionWords.keyboard, actionWords.keystrokes, WindowName(row.WindowChainIndex), ReduceKeystrokes(row.Text)};
+    return {actionWords.keyboard, actionWords.keystrokes, WindowName(row.WindowChainIndex),
+            ReduceKeystrokes(row.Text, BadWords::PassedOver)};
 }
 
 }  // namespace
@@ -154,13 +154,21 @@ std::int32_t Event_I_Begin(std::int32_t row) {
     return EventsOf(row).first;
 }
 
+std::int64_t DelayOf(std::int32_t row) {
+    const std::int64_t start = Event_StartTime(row);
+    return row == 0 ? start : start - Event_EndTime(row - 1);
+}
+
+std::int64_t DurationOf(std::int32_t row) {
+    return IsKnownKind(row) ? static_cast<std::int64_t>(Event_EndTime(row)) - Event_StartTime(row) : 0;
+}
+
 std::int32_t GetDelay(std::int32_t row) {
-    const std::int32_t start = Event_StartTime(row);
-    return row == 0 ? start : Difference(start, Event_EndTime(row - 1));
+    return In32Bits(DelayOf(row));
 }
 
 std::int32_t GetEventDuration(std::int32_t row) {
-    return IsKnownKind(row) ? Difference(Event_EndTime(row), Event_StartTime(row)) : 0;
+    return In32Bits(DurationOf(row));
 }
 
 std::string GetInputStr(std::int32_t mouseRowIndex) {
@@ -181,17 +189,22 @@ std::string GetInputStr(std::int32_t mouseRowIndex) {
 
 std::string WindowName(std::int32_t chainIndex) {
     if (chainIndex < 0) return {};
-    const WindowSignature& top = OutermostWindow(editState.Arrays(), chainIndex);
-    if (top.Caption.empty()) return WindowNameiElement(chainIndex);
-    return IsDesktop(top) ? "Desktop" : top.Caption;
+    const WindowSignature* const top = FindOutermostWindow(editState.Arrays(), chainIndex);
+    if (top == nullptr) return {};
+    if (top->Caption.empty()) return WindowNameiElement(chainIndex);
+    return IsDesktop(*top) ? "Desktop" : top->Caption;
 }
 
 std::string WindowNameiElement(std::int32_t& chainIndex) {
     if (chainIndex == NoWindowMarker) return {};
-    if (chainIndex < 0) chainIndex = Difference(0, chainIndex);
-    std::string name = NameOfTop(OutermostWindow(editState.Arrays(), chainIndex));
+    if (chainIndex < 0) chainIndex = In32Bits(-static_cast<std::int64_t>(chainIndex));
+    const WindowSignature* const top = FindOutermostWindow(editState.Arrays(), chainIndex);
+    if (top == nullptr) return {};
+    std::string name = NameOfTop(*top);
     const WindowChain& chain = CheckedAt(editState.Chains, chainIndex, "Window chain");
-    if (name == "Desktop" || chain.Depth <= 0) return name;
+    const bool elementIsKnown =
+        chain.Path[0] >= 0 && chain.Path[0] < static_cast<std::int64_t>(editState.Windows.size());
+    if (name == "Desktop" || chain.Depth <= 0 || !elementIsKnown) return name;
     return name + (name.empty() ? "" : " -> ") + NameOfElement(CheckedAt(editState.Windows, chain.Path[0], "Window"));
 }
 
@@ -211,6 +224,6 @@ GridColumns RowColumns(std::int32_t row) {
     const std::int32_t index = CheckedAt(editState.RowIndex, row, "Row");
     const ActionColumns action = KindOf(row) == MouseRowKind ? MouseColumns(index) : KeyColumns(index);
     return StaviUGrid(std::to_string(CheckedAt(editState.RowNumber, row, "Row")), action.device, action.action,
-                      std::to_string(GetDelay(row)) + "ms", timeStr(Event_StartTime(row)),
-                      std::to_string(GetEventDuration(row)) + "ms", action.window, action.detail);
+                      std::to_string(DelayOf(row)) + "ms", timeStr(Event_StartTime(row)),
+                      std::to_string(DurationOf(row)) + "ms", action.window, action.detail);
 }

@@ -1,7 +1,8 @@
 // What the rows of the job in the editor say: times, window names, and the eight columns of the grid. All read
 // editState and change nothing. Rows are grid rows from 0, without the header. The words are those of the dictionary,
-// in the language of its last lookup. An index out of range is a range failure, a difference of times that 32 bits
-// cannot hold an overflow failure. Only the boxes for a row of an unknown kind pump.
+// in the language of its last lookup. A row out of range is a range failure, a difference of times that 32 bits cannot
+// hold an overflow failure; the columns show it. A window that the job only claims to have has no name. Only the boxes
+// for a row of an unknown kind pump.
 #pragma once
 
 #include <array>
@@ -26,6 +27,11 @@ std::int32_t GetDelay(std::int32_t row);
 
 // ms from the first event to the last; 0 for a row of an unknown kind.
 std::int32_t GetEventDuration(std::int32_t row);
+
+// The same without the limit of 32 bits: the times of a damaged job can lie farther apart, and the grid shows what they
+// are.
+std::int64_t DelayOf(std::int32_t row);
+std::int64_t DurationOf(std::int32_t row);
 
 // What a mouse row does: "Left Click", "MOVE". A press whose row has more than two events is a type failure: no fold
 // makes one.

@@ -54,8 +54,10 @@ std::string KeyNameFromCode(int vk);
 std::string EventToToken(int vk, int keyState);
 
 // The shortest text of the same meaning: a down that its up follows becomes a press. Unknown tokens stay as they are,
-// and so does a text with an open "{".
-std::string ReduceKeystrokes(const std::string& text);
+// and so does a text with an open "{". A grid that is being painted cannot show boxes: there, a word that is neither
+// DOWN nor UP is passed over without one.
+enum class BadWords { Told, PassedOver };
+std::string ReduceKeystrokes(const std::string& text, BadWords badWords = BadWords::Told);
 
 // The text as one record for each token, with `KeyState` still an action, and a like array of extended-key flags.
 // Returns the number of tokens; or 0 for an empty text, or minus the index of a bad token, with both arrays empty;

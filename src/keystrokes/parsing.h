@@ -20,7 +20,8 @@ private:
 };
 
 int KeyCodeFromName(const std::string& token, KeyNameMemory& names);
-void ParseToken(const std::string& token, int& vk, int& action, KeyNameMemory& names);
+void ParseToken(const std::string& token, int& vk, int& action, KeyNameMemory& names,
+                BadWords badWords = BadWords::Told);
 
 // The end of the token that begins at `start`; npos for a "{" that is not closed.
 std::size_t TokenEnd(std::string_view text, std::size_t start);

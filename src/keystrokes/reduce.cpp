@@ -10,11 +10,11 @@ struct Meaning {
 };
 
 // Each token is parsed once, so that a bad one shows its box once.
-std::vector<Meaning> ParseAll(std::vector<std::string> tokens, KeyNameMemory& names) {
+std::vector<Meaning> ParseAll(std::vector<std::string> tokens, KeyNameMemory& names, BadWords badWords) {
     std::vector<Meaning> meanings;
     Meaning meaning;
     for (std::string& token : tokens) {
-        ParseToken(token, meaning.vk, meaning.action, names);
+        ParseToken(token, meaning.vk, meaning.action, names, badWords);
         meaning.token = std::move(token);
         meanings.push_back(meaning);
     }
@@ -40,11 +40,11 @@ std::string Written(const Meaning& meaning, KeyNameMemory& names) {
 
 }  // namespace
 
-std::string ReduceKeystrokes(const std::string& text) {
+std::string ReduceKeystrokes(const std::string& text, BadWords badWords) {
     auto tokens = SplitTokens(text);
     if (!tokens) return text;
     KeyNameMemory names;
-    const std::vector<Meaning> meanings = ParseAll(*std::move(tokens), names);
+    const std::vector<Meaning> meanings = ParseAll(*std::move(tokens), names, badWords);
     std::string reduced;
     for (std::size_t i = 0; i < meanings.size(); ++i) {
         if (i + 1 < meanings.size() && IsPress(meanings[i], meanings[i + 1])) {

@@ -33,13 +33,13 @@ Token FirstToken(const std::string& text, Condition wanted) {
 
 // The action of the word behind the blank. Any other word leaves the action alone: a stored text with such a slip goes
 // on with what the token before it did.
-void ParseWord(const std::string& token, std::size_t blank, int& action) {
+void ParseWord(const std::string& token, std::size_t blank, int& action, BadWords badWords) {
     const std::string word = token.substr(blank + 1, token.size() - blank - 2);
     if (word == "DOWN") {
         action = ActionDown;
     } else if (word == "UP") {
         action = ActionUp;
-    } else {
+    } else if (badWords == BadWords::Told) {
         platform::ShowBox("nije ni up ni down, event_str: " + token, ProductName);
     }
 }
@@ -82,7 +82,7 @@ Token TokenUnder(const std::string& text, int position) {
     return FirstToken(text, [covered](int, std::size_t, std::size_t end) { return covered < end; });
 }
 
-void ParseToken(const std::string& token, int& vk, int& action, KeyNameMemory& names) {
+void ParseToken(const std::string& token, int& vk, int& action, KeyNameMemory& names, BadWords badWords) {
     if (token.empty() || token == std::string(1, '\0')) {
         vk = KeyCodeUnknown;
         action = ActionNone;
@@ -96,7 +96,7 @@ void ParseToken(const std::string& token, int& vk, int& action, KeyNameMemory& n
         return;
     }
     vk = KeyCodeFromName(folded.substr(0, blank) + "}", names);
-    ParseWord(folded, blank, action);
+    ParseWord(folded, blank, action, badWords);
 }
 
 void ParseToken(const std::string& token, int& vk, int& action) {

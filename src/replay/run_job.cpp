@@ -97,7 +97,10 @@ bool DisplaysStatus() {
 class JobRun {
 public:
     JobRun(const std::string& runPath, const std::string& runLogPath, bool withoutInputBlock)
-        : jobPath(runPath), logPath(runLogPath), noInputBlock(withoutInputBlock) {}
+        : jobPath(runPath), name(BaseName(runPath)), logPath(runLogPath), noInputBlock(withoutInputBlock) {}
+
+    // Of a job that is no file.
+    JobRun(const Job& runJob, const std::string& runName) : name(runName), noInputBlock(false), job(runJob) {}
 
     std::int32_t Run();
 
@@ -120,7 +123,8 @@ private:
     void Finish();
 
     // Copies: the caller's text may be an entry of a table that changes while this pumps, or that of the recent jobs.
-    const std::string jobPath;
+    const std::string jobPath;  // empty when the job is no file
+    const std::string name;
     const std::string logPath;
     const bool noInputBlock;
 
@@ -164,10 +168,10 @@ void JobRun::ClearTheStage() {
 }
 
 void JobRun::Prepare() {
-    rows = FoldForReplay(jobPath);
+    rows = jobPath.empty() ? FoldForReplay(job) : FoldForReplay(jobPath);
     if (DisplaysStatus()) status_view::ShowExecuting();
-    status_view::ShowExecuting2(BaseName(jobPath));
-    ReadJob(jobPath, job);
+    status_view::ShowExecuting2(name);
+    if (!jobPath.empty()) ReadJob(jobPath, job);
     ResetSearch();
     DebugTrace("");
     DebugTrace("Executing");
@@ -202,7 +206,7 @@ bool JobRun::StartsProgram() const {
 
 void JobRun::CleanUp() {
     ReleaseStuckKeys();
-    if (logPath.empty()) AddRecentJob(jobPath);
+    if (logPath.empty() && !jobPath.empty()) AddRecentJob(jobPath);
     if (DisplaysStatus()) LeaveStatusWindow();
     RestoreMainWindow();
     status_view::UnloadExecuting2();
@@ -248,8 +252,8 @@ void JobRun::TellFailed(int row) const {
         setStatus(StatusFailed);
     } else if (logPath.empty()) {
         platform::ShowBox(
-            Translate1("Execution of job '%1' failed", BaseName(jobPath)) + ". " + Label("Reason") + LineBreak + reason,
-            ProductName, platform::BoxIcon::Error);
+            Translate1("Execution of job '%1' failed", name) + ". " + Label("Reason") + LineBreak + reason, ProductName,
+            platform::BoxIcon::Error);
     }
     if (!logPath.empty()) {
         LogLine("Execution of job failed. Reason: ");
@@ -294,11 +298,25 @@ void JobRun::WriteLog() const {
     }
 }
 
+// 0 when a run may begin.
+std::int32_t Refusal() {
+    if (runState.ReplayRunning) return RunRefusedOrNoFile;
+    return RecordingActive() || KeyboardHookInstalled() ? RunRefusedRecording : 0;
+}
+
+std::int32_t RunToTheEnd(JobRun& run) {
+    try {
+        return run.Run();
+    } catch (const std::exception& failure) {  // RuntimeFailure, and a lack of memory
+        run.PutRight(failure);
+        throw;
+    }
+}
+
 }  // namespace
 
 std::int32_t RunJob(const std::string& jobPath, std::int32_t, const std::string& logPath, bool noInputBlock) {
-    if (runState.ReplayRunning) return RunRefusedOrNoFile;
-    if (RecordingActive() || KeyboardHookInstalled()) return RunRefusedRecording;
+    if (const std::int32_t refusal = Refusal(); refusal != 0) return refusal;
     runState.ReplayRunning = true;  // at once: whatever pumps from here on can bring another start
     const platform::FileState state = TellUnlessReadable(jobPath, platform::BoxIcon::Error);
     if (state != platform::FileState::Readable) {
@@ -306,10 +324,12 @@ std::int32_t RunJob(const std::string& jobPath, std::int32_t, const std::string&
         return RunRefusedOrNoFile;
     }
     JobRun run(jobPath, logPath, noInputBlock);
-    try {
-        return run.Run();
-    } catch (const std::exception& failure) {  // RuntimeFailure, and a lack of memory
-        run.PutRight(failure);
-        throw;
-    }
+    return RunToTheEnd(run);
+}
+
+std::int32_t RunLoadedJob(const Job& job, const std::string& name) {
+    if (const std::int32_t refusal = Refusal(); refusal != 0) return refusal;
+    runState.ReplayRunning = true;
+    JobRun run(job, name);
+    return RunToTheEnd(run);
 }

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "jobs/job_records.h"
+
 // Results of RunJob beside those of ReplayEvents.
 inline constexpr std::int32_t RunProgramMissing = 0;      // the job's program could not be started
 inline constexpr std::int32_t RunRefusedOrNoFile = -10;   // another run is under way, or the job cannot be opened
@@ -23,3 +25,6 @@ extern RunState runState;
 // A run-time failure, or a lack of memory, leaves everything put right (held keys released, the main window enabled,
 // the next run possible), is logged where there is a log, and is thrown on.
 std::int32_t RunJob(const std::string& jobPath, std::int32_t reserved, const std::string& logPath, bool noInputBlock);
+
+// The same for a job that is no file, under this name; it is no recent job. Attended, with the user's input blocked.
+std::int32_t RunLoadedJob(const Job& job, const std::string& name);

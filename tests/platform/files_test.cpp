@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "contract_desktop.h"
+#include "platform/clock.h"
 #include "platform/shortcut.h"
 
 using contract::HeldFile;
@@ -39,6 +40,20 @@ TEST(Files, GiveBackWhatWasWritten) {
     Put(path, "short");
     EXPECT_EQ(Get(path), "short") << "an existing file is emptied first";
     EXPECT_EQ(Get(folder / "A.TSJ"), "short") << "letter case is ignored";
+}
+
+TEST(Files, StampsTellThatAFileWasWritten) {
+    const TestFolder folder;
+    const std::string path = folder / "a.tsj";
+    EXPECT_EQ(platform::StampOf(path), platform::FileStamp{});
+    Put(path, "old");
+    const platform::FileStamp before = platform::StampOf(path);
+    EXPECT_EQ(before.length, 3);
+    EXPECT_EQ(Get(path), "old");
+    EXPECT_EQ(platform::StampOf(path), before) << "reading is no change";
+    platform::Sleep(20);
+    Put(path, "new");
+    EXPECT_NE(platform::StampOf(path), before);
 }
 
 TEST(Files, PositionsAndLengths) {

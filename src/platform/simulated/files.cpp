@@ -22,10 +22,17 @@ constexpr const char* Exists = "Cannot create a file when that file already exis
 constexpr const char* DeviceError = "The request could not be performed because of an I/O device error.";
 constexpr const char* BadHandle = "The handle is invalid.";
 
+// The clock of the files: it moves with every write.
+std::int64_t NextWrite() {
+    static std::int64_t writes = 0;
+    return ++writes;
+}
+
 // The bytes of a file live as long as its entry on the disk or an open handle does.
 struct Content {
     std::string bytes;
     std::size_t flushed = 0;  // this many bytes from the start survive a power cut
+    std::int64_t lastWrite = NextWrite();
 };
 
 struct OpenFile {
@@ -131,6 +138,7 @@ bool WriteInto(Content& content, std::size_t position, const char* bytes, std::s
     const std::size_t room = TakeSpace(growth);
     const std::size_t kept = size - std::min(size, growth - room);
     content.flushed = std::min(content.flushed, position);
+    content.lastWrite = NextWrite();
     if (position + kept > old) content.bytes.resize(position + kept);
     if (kept > 0) std::memcpy(content.bytes.data() + position, bytes, kept);
     return kept == size ? true : Fail(DiskFull);
@@ -274,6 +282,13 @@ bool File::Close() {
 
 std::string LastFileError() {
     return disk.lastError;
+}
+
+FileStamp StampOf(const std::string& path) {
+    if (!Operate()) return {};
+    const auto entry = disk.files.find(KeyOf(path));
+    if (entry == disk.files.end()) return {};
+    return {static_cast<std::int64_t>(entry->second->bytes.size()), entry->second->lastWrite};
 }
 
 bool FolderExists(const std::string& path) {

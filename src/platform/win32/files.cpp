@@ -180,6 +180,16 @@ std::string LastFileError() {
     return end == std::string::npos ? "Error " + std::to_string(lastError) + "." : sentence.substr(0, end + 1);
 }
 
+FileStamp StampOf(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (!Noted(GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data))) return {};
+    const auto joined = [](DWORD high, DWORD low) {
+        return static_cast<std::int64_t>(static_cast<std::uint64_t>(high) << 32 | low);
+    };
+    return {joined(data.nFileSizeHigh, data.nFileSizeLow),
+            joined(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime)};
+}
+
 bool FolderExists(const std::string& path) {
     return HasAttribute(path, FILE_ATTRIBUTE_DIRECTORY);
 }

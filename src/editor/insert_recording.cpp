@@ -1,0 +1,119 @@
+#include "editor/insert_recording.h"
+
+#include <limits>
+#include <string>
+#include <utility>
+
+#include "base/product.h"
+#include "base/runtime_failure.h"
+#include "dictionary/dictionary.h"
+#include "editor/edit_view.h"
+#include "editor/job_changes.h"
+#include "editor/row_edits.h"
+#include "folding/popuni_listu.h"
+#include "folding/row_texts.h"
+#include "platform/boxes.h"
+#include "platform/clock.h"
+#include "recording/recording_session.h"
+
+namespace {
+
+struct Insertion {
+    bool insertIntoEmpty = false;
+    bool insertAtEnd = false;
+    std::int32_t insertAt = 0;      // event index of the first new event
+    std::int32_t eventsBefore = 0;  // of the job
+};
+Insertion insertion;
+
+std::int32_t RowCount() {
+    return static_cast<std::int32_t>(editState.RowIndex.size());
+}
+
+std::int32_t EventCount() {
+    return static_cast<std::int32_t>(editState.EditEvents.size());
+}
+
+std::int64_t TimeAt(std::int32_t event) {
+    return CheckedAt(editState.EditEvents, event, "Event").time();
+}
+
+std::int32_t LastEventOf(std::int32_t row) {
+    const std::int32_t index = CheckedAt(editState.RowIndex, row, "Row");
+    return editState.RowKind[static_cast<std::size_t>(row)] == KeyRowKind
+               ? CheckedAt(editState.KeyRows, index, "Keystroke row").LastEvent
+               : CheckedAt(editState.MouseRows, index, "Mouse row").LastEvent;
+}
+
+// Sets where the piece goes, and returns the time at which it begins.
+std::int64_t PlaceAtEnd(std::int32_t row) {
+    insertion.insertAtEnd = true;
+    insertion.insertAt = EventCount();
+    // The last row's duration counts twice, being in the time of the last event already: the piece begins that much
+    // later, which gives what the last row has set off the time to finish.
+    return TimeAt(EventCount() - 1) + GetEventDuration(row);
+}
+
+std::int64_t PlaceAtRow(std::int32_t row, bool above) {
+    const std::int32_t place = above ? Event_I_Begin(row) : LastEventOf(row) + 1;
+    if ((row == RowCount() - 1 && !above) || place >= EventCount()) return PlaceAtEnd(row);
+    insertion.insertAt = place;
+    return TimeAt(place);
+}
+
+// The tail keeps its distance from what is before it, counted from the end of the piece.
+std::int64_t ShiftOfTail(const std::vector<JobEvent>& piece) {
+    const std::int64_t pieceEnd = piece.back().time();
+    if (insertion.insertIntoEmpty) return pieceEnd;
+    return pieceEnd - (insertion.insertAt == 0 ? 0 : TimeAt(insertion.insertAt - 1));
+}
+
+bool IsRowToInsertAt(std::int32_t rowIndex) {
+    const std::int32_t kind = editState.RowKind[static_cast<std::size_t>(rowIndex)];
+    if (kind == MouseRowKind || kind == KeyRowKind) return true;
+    platform::ShowBox("Unknown GridIndex!", ProductName);
+    return false;
+}
+
+}  // namespace
+
+void start_recording_above() {
+    if (RowCount() == 0) return InsertRecording(0, true, false);
+    InsertRecording(editSelection.Row, false, true);
+}
+
+void start_recording_below() {
+    if (RowCount() == 0) return InsertRecording(0, true, false);
+    InsertRecording(editSelection.Row, false, false);
+}
+
+void InsertRecording(std::int32_t rowIndex, bool empty, bool above) {
+    if (!platform::AskOkCancel(Translate("Click OK when you are ready to start recording"),
+                               Translate("Insert commands"), platform::BoxIcon::Information)) {
+        return;
+    }
+    if (rowIndex < 0 || rowIndex >= RowCount()) {
+        if (RowCount() > 0) {
+            return platform::ShowBox("Krivi index selekcije!: " + std::to_string(rowIndex), ProductName);
+        }
+        empty = true;
+    } else if (!IsRowToInsertAt(rowIndex)) {
+        return;
+    }
+    insertion = {};
+    insertion.eventsBefore = EventCount();
+    insertion.insertIntoEmpty = empty;
+    const std::int64_t base = empty ? 0 : PlaceAtRow(rowIndex, above);
+    TextRunEnds();
+    StartInsertRecording(platform::TickCount() - base, editState.Windows, editState.Chains);
+}
+
+void ZavrsiUmetanjeSnimanjem() {
+    edit_view::BringBack();
+    Job piece = RecordedJob();
+    if (piece.Events.empty()) return;
+    const std::int64_t shift = insertion.insertAtEnd ? 0 : ShiftOfTail(piece.Events);
+    const std::int32_t at = insertion.insertAt;
+    InsertPiece(at, {std::move(piece.Events), std::move(piece.Windows), std::move(piece.Chains)}, shift);
+    SelectRowAtEvent(at);
+}
