@@ -5,11 +5,14 @@
 
 namespace edit_story {
 
+Job asOpened;
+
 void Open(const Job& job) {
     simulated::PutFolder("C:\\jobs");
     folders.DataFolder = "C:\\jobs";
     WriteJob(path, job);
     editJob(path);
+    asOpened = JobToSave(editState.header);
 }
 
 std::vector<std::string> GridLines() {

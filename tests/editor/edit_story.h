@@ -22,6 +22,9 @@ inline const std::string path = "C:\\jobs\\My job.tsj";
 
 void Open(const Job& job);
 
+// What a save right after the last Open would have written.
+extern Job asOpened;
+
 // The rows as the grid shows them, a line each.
 std::vector<std::string> GridLines();
 
