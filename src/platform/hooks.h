@@ -43,6 +43,10 @@ void RemoveMouseHook();
 bool KeyboardHookInstalled();
 bool MouseHookInstalled();
 
+// The procedure of the keyboard hook that is in; nullptr when none is. Who shares the hook with others, one after the
+// other, takes out only what is its own.
+KeyboardHook InstalledKeyboardHook();
+
 // True from the call of a procedure until it has returned, in all that it calls.
 bool InHookCall();
 

@@ -469,4 +469,8 @@ bool MouseHookInstalled() {
     return State().mouseHook != nullptr;
 }
 
+KeyboardHook InstalledKeyboardHook() {
+    return State().keyboardHook;
+}
+
 }  // namespace platform

@@ -108,6 +108,10 @@ bool MouseHookInstalled() {
     return hooks.mouse != nullptr;
 }
 
+KeyboardHook InstalledKeyboardHook() {
+    return KeyboardHookInstalled() ? hooks.onKey : nullptr;
+}
+
 bool InHookCall() {
     return hooks.callsUnderWay > 0;
 }
