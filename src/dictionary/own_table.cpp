@@ -9,6 +9,37 @@ constexpr DictionaryRow ownRows[] = {
     {"Shift", "Umschalt", "Maj", "Mayús"},
     {"Alt", "Alt", "Alt", "Alt"},
 
+    // the keys of the on-screen keyboard, as short as they are on real ones
+    {"Back", "Rück", "Retour", "Retr"},
+    {"Tab", "Tab", "Tab", "Tab"},
+    {"Ent", "Enter", "Entrée", "Intro"},
+    {"Caps", "Feststell", "Verr Maj", "Bloq Mayús"},
+    {"Esc", "Esc", "Échap", "Esc"},
+    {"Space", "Leertaste", "Espace", "Espacio"},
+    {"PgUp", "Bild auf", "Pg préc", "Re Pág"},
+    {"PgDn", "Bild ab", "Pg suiv", "Av Pág"},
+    {"End", "Ende", "Fin", "Fin"},
+    {"Home", "Pos1", "Début", "Inicio"},
+    {"PrtSc", "Druck", "Impr écr", "Impr Pant"},
+    {"Ins", "Einfg", "Inser", "Insert"},
+    {"Del", "Entf", "Suppr", "Supr"},
+    {"Win", "Win", "Win", "Win"},
+    {"Menu", "Menü", "Menu", "Menú"},
+    {"Num", "Num", "Verr Num", "Bloq Num"},
+    {"Scroll", "Rollen", "Arrêt défil", "Bloq Despl"},
+
+    // the box in which keystrokes are edited
+    {"The end of this text cannot be read: an opening brace is never closed. Remove it first.",
+     "Das Ende dieses Textes ist nicht lesbar: Eine öffnende geschweifte Klammer wird nicht geschlossen. Entfernen Sie "
+     "es zuerst.",
+     "La fin de ce texte est illisible\u00A0: une accolade ouvrante n'est jamais fermée. Supprimez-la d'abord.",
+     "El final de este texto no se puede leer: una llave de apertura no se cierra nunca. Elimínelo primero."},
+    {"Every key that you press becomes part of the row. %1 leads out of this box.",
+     "Jede Taste, die Sie drücken, wird Teil der Zeile. %1 führt aus diesem Feld heraus.",
+     "Chaque touche que vous frappez fait partie de la ligne. %1 permet de quitter ce champ.",
+     "Cada tecla que pulse pasa a formar parte de la fila. %1 permite salir de este campo."},
+    {"On-screen keyboard", "Bildschirmtastatur", "Clavier visuel", "Teclado en pantalla"},
+
     // boxes
     {"OK", "OK", "OK", "Aceptar"},
     {"Job \"%1\" already exists", "Die Aufgabe \"%1\" ist bereits vorhanden", "La tâche \"%1\" existe déjà",

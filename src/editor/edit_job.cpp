@@ -5,7 +5,7 @@
 #include "dictionary/dictionary.h"
 #include "editor/edit_view.h"
 #include "editor/job_changes.h"
-#include "editor/keystroke_hook.h"
+#include "editor/keystroke_box.h"
 #include "editor/row_edits.h"
 #include "editor/save_job.h"
 #include "folding/popuni_listu.h"
@@ -47,7 +47,7 @@ void Open(const std::string& jobPath) {
     SaveWasDone();
     editor.window = edit_view::Show();
     if (editor.window == 0) return EditorHasClosed();
-    OpenTextKeyboard();
+    OpenKeystrokes();
     RowsHaveChanged(0, 0);
 }
 
@@ -86,7 +86,7 @@ bool MayCloseEditor() {
 }
 
 void EditorHasClosed() {
-    CloseTextKeyboard();
+    CloseKeystrokes();
     editor = {};
     editState = {};
     ForgetHistory();
