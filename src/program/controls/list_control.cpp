@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "controls/buffered_paper.h"
 #include "toolkit/system_look.h"
 #include "toolkit/window_tools.h"
 
@@ -64,37 +65,6 @@ ListMeasures Scaled(ListMeasures lengths, int dpi) {
     }
     return lengths;
 }
-
-// A picture of the client area that is shown when it is complete.
-class BufferedPaper {
-public:
-    explicit BufferedPaper(HWND owner) : window(owner), screen(BeginPaint(owner, &paint)) {
-        GetClientRect(owner, &area);
-        memory = CreateCompatibleDC(screen);
-        picture = CreateCompatibleBitmap(screen, std::max(1L, area.right), std::max(1L, area.bottom));
-        before = SelectObject(memory, picture);
-    }
-    ~BufferedPaper() {
-        BitBlt(screen, 0, 0, area.right, area.bottom, memory, 0, 0, SRCCOPY);
-        SelectObject(memory, before);
-        DeleteObject(picture);
-        DeleteDC(memory);
-        EndPaint(window, &paint);
-    }
-    BufferedPaper(const BufferedPaper&) = delete;
-    BufferedPaper& operator=(const BufferedPaper&) = delete;
-
-    HDC Get() const { return memory; }
-
-private:
-    HWND window;
-    PAINTSTRUCT paint{};
-    HDC screen;
-    RECT area{};
-    HDC memory;
-    HBITMAP picture;
-    HGDIOBJ before;
-};
 
 }  // namespace
 

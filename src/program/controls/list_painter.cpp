@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls/buffered_paper.h"
 #include "toolkit/system_look.h"
 #include "toolkit/window_tools.h"
 
@@ -15,11 +16,6 @@ constexpr BYTE VeilAlpha = 150;       // over a disabled list
 
 RECT ToRect(const platform::Rect& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
-}
-
-void Fill(HDC paper, const RECT& place, COLORREF colour) {
-    SetDCBrushColor(paper, colour);
-    FillRect(paper, &place, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
 SIZE TextSize(HDC paper, HFONT font, const std::string& text) {
