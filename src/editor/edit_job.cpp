@@ -42,7 +42,7 @@ bool ProgramIsBusy() {
 
 void Open(const std::string& jobPath) {
     PopuniListu(jobPath, false);
-    ForgetHistory();
+    BeginHistory();
     RememberFile();
     SaveWasDone();
     editor.window = edit_view::Show();

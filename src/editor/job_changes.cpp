@@ -261,9 +261,18 @@ std::vector<KeyText> EditedTexts() {
 
 // --- the row structure ---
 
+// What is stored as a text has the number of its row in PristineEvents, too: the texts are now those of the rows.
+void RenumberStoredTexts() {
+    for (std::size_t i = 0; i < editState.PristineEvents.size(); ++i) {
+        JobEvent& event = editState.PristineEvents[i];
+        if (IsStoredText(event)) event.StringIndex() = editState.EditEvents[i].StringIndex();
+    }
+}
+
 void FoldAfresh() {
     editState.EditEvents = editState.PristineEvents;
     PopuniListu(editState.jobName, true);
+    RenumberStoredTexts();
 }
 
 void AddDroppedMoves(Step& step) {
@@ -503,6 +512,11 @@ bool IsAsSaved() {
 void MarkAsSaved() {
     history.savedId = LastStepId();
     history.runIsOpen = false;
+}
+
+void BeginHistory() {
+    history = {};
+    RenumberStoredTexts();
 }
 
 void ForgetHistory() {

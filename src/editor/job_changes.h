@@ -71,7 +71,10 @@ std::int32_t RedoStep();
 bool IsAsSaved();
 void MarkAsSaved();
 
-// A new job has been opened.
+// A job has been opened.
+void BeginHistory();
+
+// It has been closed.
 void ForgetHistory();
 
 // The job as a save writes it: the options of `header`, the rows that were edited as texts.

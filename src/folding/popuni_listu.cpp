@@ -75,18 +75,6 @@ bool Purge(EditState& state) {
     return true;
 }
 
-bool IsStoredText(const JobEvent& event) {
-    return event.dwType() == INPUT_TEXT || event.dwType() == TextContinuation;
-}
-
-// A row that is stored as a text has its number in the file, too.
-void RenumberStoredTexts(EditState& state) {
-    for (std::size_t i = 0; i < state.PristineEvents.size(); ++i) {
-        JobEvent& event = state.PristineEvents[i];
-        if (IsStoredText(event)) event.StringIndex() = state.EditEvents[i].StringIndex();
-    }
-}
-
 void Fold(EditState& state) {
     state.DroppedMoves.clear();
     do {
@@ -94,7 +82,6 @@ void Fold(EditState& state) {
         DescribeJob(state);
         FoldEvents(state.Arrays(), state, &state.EditEvents);
     } while (Purge(state));
-    RenumberStoredTexts(state);
 }
 
 }  // namespace

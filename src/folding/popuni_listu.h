@@ -36,8 +36,7 @@ struct EditState : FoldedRows {
 };
 extern EditState editState;
 
-// Without `keep` reads the job file first; with it folds the arrays in memory afresh, after a delete or an insert. The
-// StringIndex of stored text rows follows the rows in both arrays.
+// Without `keep` reads the job file first; with it folds the arrays in memory afresh, after a delete or an insert.
 // Moves inside a keystroke row can't be shown and are dropped for good, from both arrays. The form then shows the
 // grid and the pane, and disables Save. A failure of the file leaves the job before it; after any other run-time
 // failure (an index that leads nowhere) the job has no rows. Pumps where the fold shows a box; until the fold has

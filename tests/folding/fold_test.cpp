@@ -204,7 +204,7 @@ TEST(Fold, UnknownTypeShowsBoxAndIsPassedOver) {
     EXPECT_THAT(Boxes(), ElementsAre(EndsWith("|Unknown dwType:3"), EndsWith("|Unknown dwType:-1")));
 }
 
-TEST(Fold, IndexThatLeadsNowhereIsRangeFailure) {
+TEST(Fold, IndexThatLeadsNowhereStopsARunAndNotTheEditor) {
     WindowChain badWindow;
     badWindow.Path[0] = 7;
     WindowChain badDepth;
@@ -226,12 +226,14 @@ TEST(Fold, IndexThatLeadsNowhereIsRangeFailure) {
         {"negative key code", InNotepad().KeyDown(-5)},
     };
     for (auto& damage : damages) {
-        EXPECT_EQ(FailureOf([&] { FoldedLines(damage.second.Built()); }), FailureKind::Range) << damage.first;
+        EXPECT_EQ(FailureOf([&] { FoldForReplay(damage.second.Built()); }), FailureKind::Range) << damage.first;
+        EXPECT_EQ(FailureOf([&] { FoldedLines(damage.second.Built()); }), std::nullopt) << damage.first;
     }
 
     Job job = InNotepad().Built();
     job.Chains.push_back(badDepth);
     EXPECT_THROW(OutermostWindow({job.Events, job.Strings, job.Windows, job.Chains}, 1), RuntimeFailure);
+    EXPECT_EQ(FindOutermostWindow({job.Events, job.Strings, job.Windows, job.Chains}, 1), nullptr);
 }
 
 JobBuilder Session() {

@@ -1,7 +1,10 @@
 // What command lines ask for, and the bytes in which one is handed over.
 #include "shell/command_line.h"
 
+#include "editor/edit_job.h"
+#include "jobs/job_file.h"
 #include "mainwindow/form_visible.h"
+#include "platform/text.h"
 #include "shell/copy_data.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
@@ -12,7 +15,10 @@ const std::string JobPath = "C:\\Jobs\\morning report.tsj";
 
 class CommandLine : public testing::Test {
 protected:
-    CommandLine() { simulated::PutFile(JobPath, "any bytes"); }
+    CommandLine() {
+        simulated::PutFolder("C:\\Jobs");
+        WriteJob(JobPath, {});
+    }
 
     // True when the process lived on.
     static bool Handle(const std::string& commandLine, bool fromOtherInstance = false) {
@@ -56,6 +62,8 @@ TEST_F(CommandLine, TheFirstCharactersDecide) {
         const int repliesBefore = simulated::RepliesToSenders();
         const bool ends = firstCall == "EndProcess";
         EXPECT_EQ(Handle(commandLine, true), !ends);
+        EXPECT_EQ(EditorIsOpen(), platform::LowerCase(commandLine).starts_with("-edit "));
+        EditorHasClosed();
         EXPECT_TRUE(firstCall.empty() ? shellStandIn.calls.empty() : WasCalled(firstCall));
         ASSERT_EQ(Boxes().size(), boxesBefore + (ends ? 1 : 0));
         EXPECT_EQ(simulated::RepliesToSenders(), repliesBefore + (ends ? 1 : 0)) << "the command was not lost";
