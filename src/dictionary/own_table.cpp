@@ -76,6 +76,8 @@ constexpr DictionaryRow ownRows[] = {
      "Die Datei '%1' wurde geändert, seit sie hier geöffnet wurde.",
      "Le fichier '%1' a été modifié depuis son ouverture ici.",
      "El archivo '%1' se ha modificado desde que se abrió aquí."},
+    {"A changed job is being saved.", "Eine geänderte Aufgabe wird gespeichert.",
+     "Une tâche modifiée est en cours de sauvegarde.", "Se está guardando una tarea modificada."},
     {"A recording is being saved.", "Eine Aufnahme wird gespeichert.", "Un enregistrement est en cours de sauvegarde.",
      "Se está guardando una grabación."},
     {"There is no memory left to go on recording. What was recorded until now can be saved.",

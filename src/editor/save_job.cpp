@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "dictionary/sentences.h"
+#include "editor/edit_job.h"
 #include "editor/edit_view.h"
 #include "editor/job_changes.h"
 #include "editor/row_edits.h"
@@ -15,6 +16,7 @@
 #include "jobs/job_file.h"
 #include "jobs/job_name.h"
 #include "library/job_library.h"
+#include "library/save_as.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
 #include "settings/folders.h"
@@ -111,6 +113,10 @@ void SaveJob(bool keepOptions) {
     WriteJob(editState.jobName, JobToSave(HeaderToSave(keepOptions)));
     RememberFile();
     SaveWasDone();
+}
+
+void RescueEditedJob() {
+    if (EditorIsOpen() && SaveIsEnabled()) SaveRecoveredJob(JobToSave(HeaderToSave(true)));
 }
 
 bool save_button() {

@@ -12,5 +12,9 @@ void save_as_button();
 // not lost. Fails as ReadJob and WriteJob do.
 void SaveJob(bool keepOptions);
 
+// Windows ends: changes that are not saved are written as a new job "Recovered", over nothing that is there, and nobody
+// is asked.
+void RescueEditedJob();
+
 // Remembers what the job's file looks like, so that a change from outside is seen.
 void RememberFile();

@@ -102,10 +102,14 @@ SaveAsLeave LeaveSaveAs(bool anythingRecorded) {
     return answer == platform::BoxChoice::No ? SaveAsLeave::Close : SaveAsLeave::Stay;
 }
 
-std::string SaveRecoveredJob(const Job& recorded) {
+std::string SaveRecoveredRecording(const Job& recorded) {
+    return SaveRecoveredJob(NewJob(recorded, ""));
+}
+
+std::string SaveRecoveredJob(const Job& job) {
     try {
         std::string name = FreeName(RecoveredName());
-        WriteJob(JobPathOf(folders.DataFolder, name), NewJob(recorded, ""));
+        WriteJob(JobPathOf(folders.DataFolder, name), job);
         return name;
     } catch (const std::exception&) {  // there is nobody to tell, and no other place
         return "";

@@ -31,6 +31,8 @@ SaveAsOutcome SaveJobAs(const std::string& name, const std::string& description,
 enum class SaveAsLeave { Close, Save, Stay };
 SaveAsLeave LeaveSaveAs(bool anythingRecorded);
 
-// Writes what was recorded as a new job "Recovered" with date and time, over nothing that is there, for when nobody can
-// be asked. Returns its name; empty when it could not be written. The list is left alone.
-std::string SaveRecoveredJob(const Job& recorded);
+// Writes a job that waits to be saved as a new job "Recovered" with date and time, over nothing that is there, for when
+// nobody can be asked; a recording with the options of a new job. Returns its name; empty when it could not be written.
+// The list is left alone.
+std::string SaveRecoveredJob(const Job& job);
+std::string SaveRecoveredRecording(const Job& recorded);

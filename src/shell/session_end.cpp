@@ -3,6 +3,9 @@
 #include <exception>
 
 #include "dictionary/dictionary.h"
+#include "editor/edit_job.h"
+#include "editor/row_edits.h"
+#include "editor/save_job.h"
 #include "recording/recording_state.h"
 #include "settings/settings.h"
 #include "shell/exit.h"
@@ -12,7 +15,7 @@ namespace {
 
 // Windows gives a program five seconds here, and more to one that says what it is busy with.
 struct BlockedShutdown {
-    BlockedShutdown() { shell_view::BlockShutdown(Translate("A recording is being saved.")); }
+    explicit BlockedShutdown(const char* why) { shell_view::BlockShutdown(Translate(why)); }
     ~BlockedShutdown() { shell_view::UnblockShutdown(); }
     BlockedShutdown(const BlockedShutdown&) = delete;
     BlockedShutdown& operator=(const BlockedShutdown&) = delete;
@@ -20,8 +23,14 @@ struct BlockedShutdown {
 
 void SaveRecording() {
     if (!RecordingActive()) return;
-    const BlockedShutdown blocked;
+    const BlockedShutdown blocked("A recording is being saved.");
     RescueRecording();
+}
+
+void SaveEditedJob() {
+    if (!EditorIsOpen() || !SaveIsEnabled()) return;
+    const BlockedShutdown blocked("A changed job is being saved.");
+    RescueEditedJob();
 }
 
 template <class Call>
@@ -36,6 +45,7 @@ void Try(const Call& call) {
 
 void EndWithSession() {
     Try(SaveRecording);
+    Try(SaveEditedJob);
     Try(SaveSettings);
     QuitProgram(false);
 }

@@ -153,8 +153,8 @@ TEST_F(SaveAs, EscAsksAboutARecordingAndOffersAWayBack) {
 // Windows has ended in the middle of a recording.
 TEST_F(SaveAs, ARecoveredRecordingStandsInTheListAtTheNextStart) {
     simulated::SetLocalTime({2004, 2, 9, 7, 5, 3});
-    EXPECT_EQ(SaveRecoveredJob(recorded), "Recovered 2004-02-09 07.05.03");
-    EXPECT_EQ(SaveRecoveredJob(recorded), "Recovered 2004-02-09 07.05.03 (2)") << "nothing is overwritten";
+    EXPECT_EQ(SaveRecoveredRecording(recorded), "Recovered 2004-02-09 07.05.03");
+    EXPECT_EQ(SaveRecoveredRecording(recorded), "Recovered 2004-02-09 07.05.03 (2)") << "nothing is overwritten";
     EXPECT_EQ(Rows().size(), 0U) << "nobody is there to see it";
     job_library::FillJobList();
     EXPECT_EQ(Rows().size(), 2U);
@@ -164,7 +164,7 @@ TEST_F(SaveAs, ARecoveredRecordingStandsInTheListAtTheNextStart) {
     EXPECT_EQ(saved.Events.size(), 3U);
     EXPECT_EQ(saved.StartProgram.ProgramPath, "C:\\paint.exe");
     simulated::LosePath(folders.DataFolder);
-    EXPECT_EQ(SaveRecoveredJob(recorded), "");
+    EXPECT_EQ(SaveRecoveredRecording(recorded), "");
     EXPECT_THAT(simulated::ShownBoxes(), IsEmpty());
 }
 

@@ -1,8 +1,13 @@
 #include "shell/session_end.h"
 
+#include "editor/edit_job.h"
+#include "editor/job_changes.h"
+#include "jobs/job_file.h"
+#include "platform/files.h"
 #include "recording/recording_session.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
+#include "support/job_builder.h"
 #include "support/recording_view_stand_in.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
@@ -38,6 +43,26 @@ TEST_F(SessionEnd, SavesTheSettingsAndAsksNobody) {
     EXPECT_TRUE(SettingsAreSaved());
     EXPECT_FALSE(WasCalled("BlockShutdown"));
     EXPECT_TRUE(simulated::ShownBoxes().empty());
+}
+
+TEST_F(SessionEnd, WritesTheChangedJobOfTheEditorBesideTheOneInTheFile) {
+    const std::string path = "C:\\data\\Mine.tsj";
+    Job job = JobBuilder().InWindow({"Notepad", "Untitled"}).Type("ab").Built();
+    job.SpeedPercent = 300;
+    WriteJob(path, job);
+    const auto before = simulated::FileBytes(path);
+    editJob(path);
+    SetKeyText(0, "xy");
+    EXPECT_THROW(EndWithSession(), ProcessEnded);
+    EXPECT_EQ(simulated::FileBytes(path), before);
+    const auto jobs = platform::FilesIn("C:\\data", ".tsj");
+    ASSERT_EQ(jobs->size(), 2U);
+    Job recovered;
+    ReadJob("C:\\data\\" + (*jobs)[1], recovered);
+    EXPECT_THAT((*jobs)[1], StartsWith("Recovered"));
+    EXPECT_THAT(recovered.Strings, ElementsAre("xy"));
+    EXPECT_EQ(recovered.SpeedPercent, 300);
+    EXPECT_GT(PlaceOf("UnblockShutdown"), PlaceOf("BlockShutdown"));
 }
 
 // The session ends while Windows is told to wait, and no longer.

@@ -70,7 +70,7 @@ void ShowSaveAs() {
 }
 
 std::string SaveRecovered(ListOfJobs list) {
-    std::string name = SaveRecoveredJob(RecordedJob());
+    std::string name = SaveRecoveredRecording(RecordedJob());
     if (list == ListOfJobs::Shown && !name.empty()) job_library::ShowSavedJob(JobPathOf(folders.DataFolder, name));
     return name;
 }
