@@ -68,8 +68,8 @@ inline FileState StateOf(const std::string& path) {
     return File::OpenForReading(path).Found();
 }
 
-// Whether a file has been written since: two stamps of it differ then. Both numbers are -1 when there is no such file, or
-// none that can be asked just now.
+// Whether a file has been written since: two stamps of it differ then. Both numbers are -1 when there is no such file,
+// or none that can be asked just now.
 struct FileStamp {
     std::int64_t length = -1;     // bytes
     std::int64_t lastWrite = -1;  // of the system's own clock for files

@@ -3,6 +3,7 @@
 // like a changed property of a job, keeps nobody at the computer. Nothing is asked any more.
 #pragma once
 
-// WM_ENDSESSION. Writes what is being recorded, or waits to be saved, as a job "Recovered", and the job in the editor, if
-// it was changed, as another, then the settings, and ends the process. What cannot be written is lost without a word: there is nobody to hear it.
+// WM_ENDSESSION. Writes what is being recorded, or waits to be saved, as a job "Recovered", and the job in the editor,
+// if it was changed, as another, then the settings, and ends the process. What cannot be written is lost without a
+// word: there is nobody to hear it.
 void EndWithSession();
