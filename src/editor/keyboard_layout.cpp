@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <map>
 #include <span>
-#include <string_view>
 
 #include "dictionary/dictionary.h"
 #include "editor/keystroke_box.h"
+#include "keystrokes/parsing.h"
 #include "platform/input.h"
-#include "platform/text.h"
 
 OnscreenKeyboard onscreenKeyboard;
 
@@ -168,28 +167,23 @@ bool Contains(const platform::Rect& rect, platform::Point point) {
 constexpr std::size_t LeftAlt = 164;
 constexpr std::size_t RightAlt = 165;
 
-// "{CTRL DOWN}" is "{CTRL}" and "DOWN"; a token without a word has none.
-struct NameAndWord {
-    std::string name;
-    std::string_view word;
-};
-NameAndWord Split(std::string_view token) {
-    const std::size_t blank = token.find(' ');
-    if (token.size() < 2 || blank == std::string_view::npos) return {std::string(token), {}};
-    return {std::string(token.substr(0, blank)) + "}", token.substr(blank + 1, token.size() - blank - 2)};
-}
-
-// The code of each name is looked up once for a text.
-class CodeMemory {
+// What tokens mean, each looked up once for a text.
+class TokenMeanings {
 public:
-    int CodeOf(const std::string& name) {
-        const auto [place, isNew] = codes.try_emplace(name, KeyCodeUnknown);
-        if (isNew) place->second = KeyCodeFromName(name);
-        return place->second;
+    struct Meaning {
+        int vk = KeyCodeUnknown;
+        int action = ActionNone;
+    };
+    Meaning MeaningOf(const std::string& token) {
+        const auto [place, isNew] = meanings.try_emplace(token);
+        Meaning& meaning = place->second;
+        if (isNew) ParseToken(token, meaning.vk, meaning.action, names, BadWords::PassedOver);
+        return meaning;
     }
 
 private:
-    std::map<std::string, int> codes;
+    KeyNameMemory names;
+    std::map<std::string, Meaning> meanings;
 };
 
 }  // namespace
@@ -231,14 +225,12 @@ int KeyAt(platform::Point place) {
 
 HeldKeys KeysHeldAt(const std::string& text, int position) {
     HeldKeys held{};
-    CodeMemory codes;
+    TokenMeanings meanings;
     for (const TokenSpan& span : SpansOf(text)) {
         if (span.End() > position) break;
-        std::string token = text.substr(static_cast<std::size_t>(span.start), static_cast<std::size_t>(span.length));
-        if (token.front() == '{') token = platform::UpperCase(token);
-        const NameAndWord parts = Split(token);
-        const int code = codes.CodeOf(parts.name);
-        if (code != KeyCodeUnknown) held[static_cast<std::size_t>(code)] = parts.word == "DOWN";
+        const auto [vk, action] = meanings.MeaningOf(
+            text.substr(static_cast<std::size_t>(span.start), static_cast<std::size_t>(span.length)));
+        if (vk != KeyCodeUnknown) held[static_cast<std::size_t>(vk)] = action == ActionDown;
     }
     held[RightAlt] = held[LeftAlt];  // a text has one name for both
     return held;

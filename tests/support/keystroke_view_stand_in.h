@@ -8,8 +8,7 @@
 #include "platform/types.h"
 
 struct KeystrokeViewStandIn {
-    std::vector<std::string> calls;  // "LeaveText", "FocusGrid"
-    int textShown = 0;               // how often
+    std::vector<std::string> calls;  // "LeaveText", "FocusGrid", "ShowText in a hook call"
     bool menuIsOpen = false;
     platform::WindowHandle form = 0;
     platform::WindowHandle text = 0;
