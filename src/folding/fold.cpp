@@ -121,6 +121,7 @@ private:
     void JoinLastKeyRow(std::int32_t index);
     void Mark(std::int32_t index, std::int32_t type);
     KeyRow NewKeyRow(std::int32_t index) const;
+    void OpenKeyRow(std::int32_t index, KeyRow row);
     void TakeCurrentChain(const WindowChain& chain);
     const WindowChain& ChainOf(const JobEvent& event) const;
     const std::string& StoredTextOf(const JobEvent& event) const;
@@ -134,6 +135,7 @@ private:
     std::vector<JobEvent>* const edited;  // null: no event changes
     WindowChain CurrentChain;             // the window path that the open keystroke row runs in
     LastKind lastKind = LastKind::Unset;
+    bool rowIsStored = false;  // the open keystroke row began as a stored text
     TokenMemory tokens;
     HeldKeys heldKeys;
 
@@ -202,15 +204,15 @@ void Pass::FoldKeyUp(std::int32_t index) {
     JoinLastKeyRow(index);
 }
 
-// A text row from an earlier edit. It doesn't set CurrentChain: keys that follow belong to it only where the row
-// before it was in their window.
+// A text row from an earlier edit. No key-down or notch joins it: as the user edited it, those behind it were rows of
+// their own, and may be for another window.
 void Pass::FoldStoredText(std::int32_t index) {
     CloseMoveRow(index - 1);
     KeyRow row = NewKeyRow(index);
     row.Text = StoredTextOf(At(index));
-    rows.KeyRows.push_back(std::move(row));
-    Mark(index, INPUT_TEXT);
-    heldKeys.StartRow();
+    row.StoredLength = static_cast<std::int32_t>(row.Text.size());
+    OpenKeyRow(index, std::move(row));
+    rowIsStored = true;
 }
 
 void Pass::FoldContinuation(std::int32_t index) {
@@ -269,14 +271,9 @@ void Pass::FoldButton(std::int32_t index) {
     DodajMouseEvent(index);
 }
 
-// DodajNoviText ("add new text"): opens a keystroke row at this event. A head without a window leaves CurrentChain as
-// it was.
+// DodajNoviText ("add new text"): opens a keystroke row at this event.
 void Pass::DodajNoviText(std::int32_t index) {
-    rows.KeyRows.push_back(NewKeyRow(index));
-    const JobEvent& event = At(index);
-    if (event.WindowChainIndex >= 0) TakeCurrentChain(ChainOf(event));
-    Mark(index, INPUT_TEXT);
-    heldKeys.StartRow();
+    OpenKeyRow(index, NewKeyRow(index));
 }
 
 // DodajMouseEvent ("add mouse event"): a row of this one event.
@@ -309,6 +306,16 @@ void Pass::Mark(std::int32_t index, std::int32_t type) {
     if (event.dwType() == platform::InputMouse) event.keyTime() = event.mouseTime();
     event.dwType() = type;
     event.StringIndex() = KeyRowCount();
+}
+
+// A head without a window leaves CurrentChain as it was.
+void Pass::OpenKeyRow(std::int32_t index, KeyRow row) {
+    rows.KeyRows.push_back(std::move(row));
+    const JobEvent& event = At(index);
+    if (event.WindowChainIndex >= 0) TakeCurrentChain(ChainOf(event));
+    Mark(index, INPUT_TEXT);
+    heldKeys.StartRow();
+    rowIsStored = false;
 }
 
 KeyRow Pass::NewKeyRow(std::int32_t index) const {
@@ -357,7 +364,7 @@ const TokenMemory::Entry& Pass::TokenOf(const JobEvent& event) {
 // Whether the event's window is the open row's, by what a person would call the same window. Unlike the replay's
 // comparison, placement doesn't count: a window that was moved between two keys stays one row.
 bool Pass::RunsInCurrentChain(const JobEvent& event) const {
-    if (event.WindowChainIndex < 0 || CurrentChain.Path[0] == NoChain) return false;
+    if (rowIsStored || event.WindowChainIndex < 0 || CurrentChain.Path[0] == NoChain) return false;
     const WindowChain& chain = ChainOf(event);
     if (chain.Depth != CurrentChain.Depth) return false;
     return std::equal(chain.Path.begin(), chain.Path.begin() + ComparedLevelsOf(chain), CurrentChain.Path.begin(),

@@ -30,7 +30,8 @@ struct KeyRow {
     std::int32_t LeafWindow = 0;  // with Depth: of the head event's chain; both 0 for a head without a window
     std::int32_t Depth = 0;
     std::int32_t WindowChainIndex = NoWindowMarker;  // of the first event
-    std::string Text;                                // keystroke notation in full {X DOWN}{X UP} form
+    std::int32_t StoredLength = 0;  // what the head has stored of Text; the tokens of keys that have joined it follow
+    std::string Text;               // keystroke notation in full {X DOWN}{X UP} form
 };
 
 enum RowKindValue : std::int32_t { MouseRowKind = 1, KeyRowKind = 2 };

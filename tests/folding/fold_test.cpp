@@ -164,10 +164,7 @@ TEST(Fold, AutoRepeatOfHeldModifierIsLeftOut) {
         {"any other key", InNotepad().KeyDown(F5).KeyDown(F5).KeyUp(F5), {"keys 0-2 {F5 DOWN}{F5 DOWN}{F5 UP}"}},
         {"nor does a stored text",
          InNotepad().KeyDown(LeftCtrl).KeyDown(LeftCtrl).TextRow("x").KeyDown(LeftCtrl),
-         {"keys 0-1 {L_CTRL DOWN}", "keys 2-3 x{L_CTRL DOWN}"}},
-        {"a modifier left held by a stored text",
-         InNotepad().Type("a").TextRow("{L_CTRL DOWN}").KeyDown(LeftCtrl),
-         {"keys 0-1 a", "keys 2-3 {L_CTRL DOWN}"}},
+         {"keys 0-1 {L_CTRL DOWN}", "keys 2-2 x", "keys 3-3 {L_CTRL DOWN}"}},
     });
 }
 
@@ -183,6 +180,22 @@ TEST(Fold, StoredTextIsRowWithItsContinuations) {
     EXPECT_EQ(row.Depth, 1);
     // The first text of the file now belongs to the second row.
     for (const std::size_t event : {3U, 4U, 6U}) EXPECT_EQ(folded.job.Events[event].StringIndex(), 2) << event;
+}
+
+// Else the row of a dialog, once edited, would take in what was typed before and behind it into one window.
+TEST(Fold, StoredTextTakesInUpsAlone) {
+    ExpectRows({
+        {"keys of the window before",
+         InNotepad().Type("a").InWindow(notepad).TextRow("x").InWindow(edit, notepad).Type("b"),
+         {"keys 0-1 a", "keys 2-2 x", "keys 3-4 b"}},
+        {"keys and notches of its own window",
+         InNotepad().TextRow("x").Wheel(120).TextRow("y").KeyDown(Enter),
+         {"keys 0-0 x", "keys 1-1 {WHEEL UP}", "keys 2-2 y", "keys 3-3 {ENTER DOWN}"}},
+        {"a key that is still held", InNotepad().TextRow("x").KeyUp(Enter), {"keys 0-1 x{ENTER UP}"}},
+        {"the row behind it",
+         InNotepad().TextRow("x").InNoWindow().Wheel(120).InWindow(edit, notepad).Wheel(120),
+         {"keys 0-0 x", "keys 1-2 {WHEEL UP}{WHEEL UP}"}},
+    });
 }
 
 TEST(Fold, NumbersCountAllRowsButRunsOfMoves) {
