@@ -212,7 +212,8 @@ void ForEventsToStore(Each each) {
         for (std::int32_t i = row.FirstEvent; i <= row.LastEvent; ++i) {
             const auto index = static_cast<std::size_t>(i);
             if (!IsOfKeyRow(editState.EditEvents[index], static_cast<std::int32_t>(keyRow))) continue;
-            if (editState.PristineEvents[index].dwType() != editState.EditEvents[index].dwType()) each(index);
+            // The head always: what it types is another text, even where it is stored already.
+            if (i == row.FirstEvent || !IsStoredText(editState.PristineEvents[index])) each(index);
         }
     }
 }
@@ -239,15 +240,29 @@ void TakeOut(Splices& splices, std::size_t index) {
     if (event.dwType() == INPUT_TEXT) splice.outTexts.push_back(StoredTextOf(event));
 }
 
+// With the times of PristineEvents, which are ahead of the folded events when a change of the row structure has begun.
 Splices EditedRowsAsTexts() {
     Splices splices;
     ForEventsToStore([&splices](std::size_t index) {
         TakeOut(splices, index);
-        const JobEvent& stored = editState.EditEvents[index];
+        JobEvent stored = editState.EditEvents[index];
+        stored.time() = editState.PristineEvents[index].time();
         splices.back().in.push_back(stored);
-        if (stored.dwType() == INPUT_TEXT) splices.back().inTexts.push_back(StoredTextOf(stored));
+        if (stored.dwType() != INPUT_TEXT) return;
+        splices.back().inTexts.push_back(editState.KeyRows[static_cast<std::size_t>(stored.StringIndex() - 1)].Text);
     });
     return splices;
+}
+
+// Strings as PristineEvents have them, for a fold: without what the user has typed, and without the tokens of raw keys
+// that have joined a stored text, which the fold adds.
+void TakeBackTexts() {
+    for (std::size_t keyRow = 0; keyRow < editState.KeyRows.size(); ++keyRow) {
+        const auto length = static_cast<std::size_t>(editState.KeyRows[keyRow].StoredLength);
+        if (editState.Strings[keyRow].size() != length || IsEdited(keyRow)) {
+            editState.Strings[keyRow].assign(editState.FoldedRowText[keyRow], 0, length);
+        }
+    }
 }
 
 std::vector<KeyText> EditedTexts() {
@@ -301,23 +316,15 @@ void Make(Step& step, Change change, Target target) {
     step.changes.push_back(std::move(change));
 }
 
-// What both changes of the row structure begin with. `shift` goes first of all that can be seen: it can fail.
+// What both changes of the row structure begin with. `shift` goes first of all: it can fail.
 Step BeginStructure(const TimeShift& shift, std::int32_t event) {
     Step step;
     step.structure = true;
     step.event = event;
+    if (shift.by != 0) Make(step, Shifts{{shift}}, Target::PristineEvents);
     step.editedTexts = EditedTexts();
-    Splices stored = EditedRowsAsTexts();
-    Apply(editState.PristineEvents, editState.Strings, stored);
-    Change shifts = Shifts{{shift}};
-    try {
-        if (shift.by != 0) Apply(shifts, Target::PristineEvents);
-    } catch (...) {
-        Apply(editState.PristineEvents, editState.Strings, stored);
-        throw;
-    }
-    step.changes.emplace_back(std::move(stored));
-    if (shift.by != 0) step.changes.push_back(std::move(shifts));
+    TakeBackTexts();
+    Make(step, EditedRowsAsTexts(), Target::PristineEvents);
     return step;
 }
 
@@ -410,6 +417,7 @@ void MakeStep(Change change, std::int32_t event, bool typed) {
 
 void ApplyAll(Step& step, bool forward) {
     const Target target = step.structure ? Target::PristineEvents : Target::Both;
+    if (step.structure) TakeBackTexts();
     if (!forward) std::reverse(step.changes.begin(), step.changes.end());
     for (Change& change : step.changes) Apply(change, target);
     if (!forward) std::reverse(step.changes.begin(), step.changes.end());

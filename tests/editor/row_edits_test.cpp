@@ -97,13 +97,33 @@ TEST(Delete, EditedTextsStayEdited) {
     SetKeyText(1, "xy");
     Delete(1);  // the click before it
     EXPECT_EQ(Rows()[1].substr(Rows()[1].size() - 2), "xy");
-    Delete(2);  // the click behind it: raw keys join the text
+    Delete(2);  // the click behind it
+    ASSERT_THAT(Rows(), ElementsAre(EndsWith("ab"), EndsWith("xy"), EndsWith("ef")));
     SaveJob(true);
     EXPECT_EQ(GridLinesOfFile(), GridLines());
-    const Job saved = InFile();
-    EXPECT_EQ(std::ranges::count(saved.Events, 1, [](const JobEvent& e) { return e.dwType(); }), 4)
-        << "what has joined the text is not typed a second time";
     ExpectFaithful();
+}
+
+// A text of an earlier edit, and the up of a key that was still held, which has come to stand behind it.
+TEST(Delete, StoredTextKeepsWhatJoinedItApart) {
+    Open(InNotepad().TextRow("x").KeyUp(13).Click(Left, 1, 1).Built());
+    Delete(1);
+    Undo();
+    EXPECT_EQ(editState.KeyRows[0].Text, "x{ENTER UP}") << "once, and no more";
+    SaveJob(true);
+    EXPECT_EQ(InFile().Events[1].dwType(), TextContinuation) << "it is in the text, and not sent a second time";
+    ExpectFaithful();
+}
+
+TEST(Delete, TooLongATimeChangesNothing) {
+    constexpr std::int32_t latest = 2'147'483'647;
+    Open(InNotepad().At(5).Type("ab").At(-10).Click(Left, 1, 1).At(latest).Click(Right, 1, 1).Built());
+    SetKeyText(0, "xy");
+    const Job before = JobToSave({});
+    const std::vector<std::string> texts = editState.Strings;
+    EXPECT_THROW(Delete(1), RuntimeFailure);
+    EXPECT_TRUE(SameEvents(JobToSave({}).Events, before.Events));
+    EXPECT_EQ(editState.Strings, texts);
 }
 
 TEST(Delete, OfAllRowsAndOfNone) {
