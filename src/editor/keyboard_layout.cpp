@@ -115,10 +115,16 @@ bool IsFunctionKey(int vk) {
     return vk >= 112 && vk <= 123;
 }
 
+constexpr int PadZero = 96;
+bool IsPadDigit(int vk) {
+    return vk >= PadZero && vk <= PadZero + 9;
+}
+
 // A key that types a character shows it. The blank would show nothing, so it is called by its name.
 std::string CaptionOf(int vk, const std::map<int, std::string>& designed) {
     const std::string name = KeyNameFromCode(vk);
     if (name.size() == 1 && name != " ") return name;
+    if (IsPadDigit(vk)) return std::string(1, static_cast<char>('0' + vk - PadZero));
     if (IsFunctionKey(vk)) return std::string(KeyNames[static_cast<std::size_t>(vk)]);
     const auto found = designed.find(vk);
     return found == designed.end() ? std::string() : found->second;

@@ -18,7 +18,8 @@
 namespace {
 
 constexpr int CharacterPercent = 40;  // of a key's height: the fonts
-constexpr int NamePercent = 27;
+constexpr int NamePercent = 31;
+constexpr int SmallPercent = 24;
 constexpr int EdgePercent = 30;      // of black, in the edge of a key
 constexpr int DisabledPercent = 45;  // of the key's back, in the text of one that cannot be used
 constexpr int LeftArrow = 37;
@@ -88,6 +89,14 @@ void PaintArrow(HDC paper, int key, const RECT& place, COLORREF colour) {
     Polygon(paper, corners.data(), static_cast<int>(corners.size()));
     SelectObject(paper, pen);
     SelectObject(paper, brush);
+}
+
+// What a caption takes up in the font of the paper, in lines as wide as the place; a word can be wider.
+constexpr UINT CaptionFormat = DT_CENTER | DT_WORDBREAK | DT_NOPREFIX | DT_NOCLIP;
+SIZE CaptionSize(HDC paper, const std::string& caption, const RECT& place) {
+    RECT needed{0, 0, place.right - place.left, 0};
+    DrawTextA(paper, caption.c_str(), static_cast<int>(caption.size()), &needed, CaptionFormat | DT_CALCRECT);
+    return {needed.right, needed.bottom};
 }
 
 bool IsArrow(int key) {
@@ -273,10 +282,11 @@ void OnscreenKeyboardControl::MakeFonts() {
     const int side = static_cast<int>(std::min(key.right, key.bottom));
     characterFont = FontOf(Font(), side * CharacterPercent / 100);
     nameFont = FontOf(Font(), side * NamePercent / 100);
+    smallFont = FontOf(Font(), side * SmallPercent / 100);
 }
 
 void OnscreenKeyboardControl::FreeFonts() {
-    for (HFONT* const font : {&characterFont, &nameFont}) {
+    for (HFONT* const font : {&characterFont, &nameFont, &smallFont}) {
         if (*font != nullptr) DeleteObject(*font);
         *font = nullptr;
     }
@@ -318,17 +328,20 @@ void OnscreenKeyboardControl::PaintKey(HDC paper, const KeyPart& part) const {
     DeleteObject(shape);
 }
 
+// A word that is too long for its key is written smaller.
 void OnscreenKeyboardControl::PaintCaption(HDC paper, const KeyPart& part) const {
     RECT place = Scaled(part.place);
     const COLORREF colour = PaintOf(part).text;
     if (IsArrow(part.index)) return PaintArrow(paper, part.index, place, colour);
+    InflateRect(&place, -MulDiv(2, DpiOf(Window()), USER_DEFAULT_SCREEN_DPI), 0);
     const HGDIOBJ before = SelectObject(paper, part.caption.size() == 1 ? characterFont : nameFont);
+    SIZE needed = CaptionSize(paper, part.caption, place);
+    if (needed.cx > place.right - place.left) {
+        SelectObject(paper, smallFont);
+        needed = CaptionSize(paper, part.caption, place);
+    }
+    place.top += (place.bottom - place.top - needed.cy) / 2;
     SetTextColor(paper, colour);
-    const int length = static_cast<int>(part.caption.size());
-    constexpr UINT format = DT_CENTER | DT_WORDBREAK | DT_NOPREFIX;
-    RECT needed{place.left, 0, place.right, 0};
-    DrawTextA(paper, part.caption.c_str(), length, &needed, format | DT_CALCRECT);
-    place.top += (place.bottom - place.top - (needed.bottom - needed.top)) / 2;
-    DrawTextA(paper, part.caption.c_str(), length, &place, format);
+    DrawTextA(paper, part.caption.c_str(), static_cast<int>(part.caption.size()), &place, CaptionFormat);
     SelectObject(paper, before);
 }

@@ -48,5 +48,6 @@ private:
 
     HFONT characterFont = nullptr;
     HFONT nameFont = nullptr;
+    HFONT smallFont = nullptr;
     HeldKeys held{};
 };
