@@ -73,6 +73,7 @@ class Photographer:
         time.sleep(1)
         assert wait_for(lambda: self.stage.main_window().enabled and person.sees("job_page_lista_jobs"), 30)
         self.takes_main_window("jobs")
+        self.edits_the_job()
         self.schedules_a_job()
         self.opens_tray_menu()
 
@@ -97,6 +98,21 @@ class Photographer:
         self.person.types("m\n")
         self.person.clicks("job_page_button_save_changes")
         time.sleep(0.5)
+
+    def edits_the_job(self):
+        """With the row of keys selected, by the keyboard alone."""
+        person = self.person
+        person.clicks("job_page_edit_job_button")
+        form = person.form_of("edit_job_grid")
+        time.sleep(1)
+        person.presses("End")
+        while not person.sees("edit_job_Text1").enabled:
+            person.presses("Up")
+        self.stage.hands.move(*NOWHERE)
+        time.sleep(1)
+        self.takes("editor", form.rect)
+        person.clicks("edit_job_exit_button")
+        person.waits_for_end_of("edit_job_grid")
 
     def schedules_a_job(self):
         person = self.person
