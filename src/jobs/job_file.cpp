@@ -98,12 +98,16 @@ bool IsFlag(std::int32_t value) {
     return value == 0 || value == 1;
 }
 
+}  // namespace
+
 bool OptionsAreGood(const JobHeader& job) {
     const std::int16_t style = job.StartProgram.WindowStyle;
     return style >= 0 && style <= 3 && job.SpeedPercent >= 1 && job.SpeedPercent <= MaximumSpeed &&
            IsFlag(job.SkipMouseMoves) && IsFlag(job.CapsLockState) && job.RepeatCount >= 0 && job.SafetyLevel >= 0 &&
            job.SafetyLevel <= 2 && IsFlag(job.SimilarWindowNames);
 }
+
+namespace {
 
 // "3.1.7" for 307: the middle number is the rounded tenth, on purpose.
 std::string VersionText(std::int32_t version) {
@@ -160,6 +164,10 @@ JobHeaderCheck JudgeFront(const FileFront& front, const std::string& path) {
 
 void ReadJob(const std::string& path, Job& job) {
     InputFile file(path);
+    ReadJob(file, job);
+}
+
+void ReadJob(InputFile& file, Job& job) {
     Job fresh;
     file.Read<JobHeader>(fresh);
     ReadArrays(file, fresh);

@@ -13,6 +13,13 @@
 // file cannot hold, are file failures; `job` is then as it was.
 void ReadJob(const std::string& path, Job& job);
 
+// The same for a job that is a part of a file.
+class InputFile;
+void ReadJob(InputFile& file, Job& job);
+
+// Whether every option is one that the job page can have set: what a quick check of a damaged file goes by.
+bool OptionsAreGood(const JobHeader& job);
+
 // Writes `job` over `path` in one step. Version and DurationMs are the writer's own. When a longer file stood there,
 // its tail stays behind the new bytes. Paths, captions and the like that are too long for their field are cut. A
 // description of more than 1000 characters or a string of more than 65535 is a range failure, and a duration beyond 32

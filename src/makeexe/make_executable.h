@@ -1,10 +1,12 @@
-// The way to a program that plays one job by itself. There is no runner to put in front of a job yet: nothing is made,
-// and the main window offers it greyed.
+// MakeExe: a saved job as a program of its own, for a machine without this one. Nothing clever is done: a ready-made
+// runner, the file execreator.bin beside the program, two bytes for the language, and the job file, byte for byte.
 #pragma once
 
 #include <string>
 
 inline constexpr bool MakeExeExists = false;
 
-// Asks for the name of the executable and makes it from the job file.
-void MakeExecutable(const std::string& jobPath);
+// Asks for the name of the executable and writes it in one step: whoever starts it meets the old one or the new one,
+// whole. A longer file that bore the name keeps its tail behind the new bytes. Boxes tell of a runner that is missing,
+// of success and of what went wrong. Pumps.
+void MakeExe(const std::string& jobPath);

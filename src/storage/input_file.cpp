@@ -20,6 +20,17 @@ constexpr std::int64_t ReadBlockSize = 128LL * 1024;
 InputFile::InputFile(const std::string& filePath) : path(filePath), file(OpenOnceFree(filePath)) {
     if (file.IsOpen()) length = file.Length();
     if (!file.IsOpen() || length < 0) FailWithSystemWords(path);
+    BeginBlock();
+}
+
+InputFile::InputFile(const std::string& filePath, std::int64_t from, std::int64_t partLength) : InputFile(filePath) {
+    if (from < 0 || partLength < 0 || partLength > length - from) FailCut();
+    if (!file.Seek(from)) FailWithSystemWords(path);
+    length = partLength;
+    BeginBlock();
+}
+
+void InputFile::BeginBlock() {
     unread = length;
     block.resize(static_cast<std::size_t>(std::min(length, ReadBlockSize)));
     next = end = block.data();

@@ -16,6 +16,10 @@ class InputFile {
 public:
     explicit InputFile(const std::string& filePath);
 
+    // Of the file only `partLength` bytes from `from` on, as if they were all of it. A part that the file does not hold
+    // whole is cut.
+    InputFile(const std::string& filePath, std::int64_t from, std::int64_t partLength);
+
     std::int64_t Length() const { return length; }
 
     // The next `size` bytes, valid until the next call.
@@ -50,6 +54,7 @@ public:
     void RequireRoom(std::int32_t count, std::size_t size) const;
 
 private:
+    void BeginBlock();
     void Refill(std::size_t size);
     [[noreturn]] void FailCut() const;
 

@@ -22,6 +22,8 @@ struct BoxState {
     platform::BoxWatch watch;
     std::deque<std::optional<std::string>> folders;
     std::vector<std::pair<std::string, std::string>> browsed;
+    std::deque<std::string> filesToSave;
+    std::vector<std::string> offeredFiles;
 };
 
 BoxState& State() {
@@ -78,6 +80,14 @@ void AnswerNextFolder(const std::optional<std::string>& path) {
     State().folders.push_back(path);
 }
 
+void AnswerNextFileToSave(const std::string& path) {
+    State().filesToSave.push_back(path);
+}
+
+const std::vector<std::string>& OfferedFiles() {
+    return State().offeredFiles;
+}
+
 const std::vector<std::pair<std::string, std::string>>& BrowsedFolders() {
     return State().browsed;
 }
@@ -116,6 +126,12 @@ std::optional<std::string> BrowseForFolder(const std::string& prompt, const std:
     simulated::State().browsed.emplace_back(prompt, start);
     Pump();
     return simulated::TakeAnswer(simulated::State().folders, std::optional<std::string>());
+}
+
+std::string AskFileToSave(const std::string&, const std::string&, const std::string&, const std::string& path) {
+    simulated::State().offeredFiles.push_back(path);
+    Pump();
+    return simulated::TakeAnswer(simulated::State().filesToSave, std::string());
 }
 
 }  // namespace platform

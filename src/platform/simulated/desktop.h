@@ -288,6 +288,10 @@ void SetExecutableFolder(const std::string& path);
 void SetDesktopDirectory(const std::string& path);
 void SetCommandLine(const std::string& text);
 void AnswerNextFolder(const std::optional<std::string>& path);
+
+// The question for a file to save: what the user types (nothing: Cancel), and the paths that were offered.
+void AnswerNextFileToSave(const std::string& path);
+const std::vector<std::string>& OfferedFiles();
 const std::vector<std::pair<std::string, std::string>>& BrowsedFolders();  // prompt and start
 
 }  // namespace simulated

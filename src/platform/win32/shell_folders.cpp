@@ -5,7 +5,8 @@
 #include "base/text.h"
 #include "win32/handles.h"
 #include "win32/open_box.h"
-// After <windows.h>, which it needs.
+// After <windows.h>, which they need.
+#include <commdlg.h>
 #include <shlobj.h>
 
 namespace platform {
@@ -65,6 +66,24 @@ std::optional<std::string> BrowseForFolder(const std::string& prompt, const std:
     std::optional<std::string> chosen = Browse(info);
     if (SUCCEEDED(com)) CoUninitialize();
     return chosen;
+}
+
+std::string AskFileToSave(const std::string& title, const std::string& kind, const std::string& extension,
+                          const std::string& path) {
+    constexpr std::size_t LongestPath = 4096;
+    std::string chosen = path;
+    chosen.resize(LongestPath);
+    const std::string filter = kind + '\0' + "*" + extension + '\0';
+    OPENFILENAMEA question{};
+    question.lStructSize = sizeof question;
+    question.hwndOwner = GetActiveWindow();
+    question.lpstrFilter = filter.c_str();
+    question.lpstrFile = chosen.data();
+    question.nMaxFile = static_cast<DWORD>(chosen.size());
+    question.lpstrTitle = title.c_str();
+    question.Flags = OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER;
+    const OpenBox box(question.hwndOwner);
+    return GetSaveFileNameA(&question) ? chosen.c_str() : "";
 }
 
 }  // namespace platform

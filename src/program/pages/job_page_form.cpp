@@ -465,7 +465,7 @@ void OpenMenuJobs() {
 }
 
 void MakeExe(const std::string& jobPath) {
-    MakeExecutable(jobPath);
+    ::MakeExe(jobPath);
 }
 
 }  // namespace job_page_view
