@@ -360,12 +360,16 @@ TEST(Hooks, AreThereFromInstallToRemove) {
         EXPECT_TRUE(platform::KeyboardHookInstalled());
         EXPECT_TRUE(platform::MouseHookInstalled());
         static int heardBySecond = 0;
-        EXPECT_TRUE(platform::InstallKeyboardHook([](const auto&) { ++heardBySecond; }));
+        const platform::KeyboardHook second = [](const auto&) { ++heardBySecond; };
+        EXPECT_NE(platform::InstalledKeyboardHook(), second);
+        EXPECT_TRUE(platform::InstallKeyboardHook(second));
+        EXPECT_EQ(platform::InstalledKeyboardHook(), second);
         SendTap('A');
         EXPECT_TRUE(Within(contract::PatienceMs, [] { return heardBySecond == 2; }));
         EXPECT_TRUE(keysHeard.empty()) << "the first procedure is replaced";
     }
     EXPECT_FALSE(platform::KeyboardHookInstalled());
+    EXPECT_EQ(platform::InstalledKeyboardHook(), nullptr);
     EXPECT_FALSE(platform::MouseHookInstalled());
     SendTap('A');
     MoveTo({300, 300});

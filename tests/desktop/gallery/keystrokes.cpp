@@ -17,6 +17,7 @@
 #include "editor/keystroke_view.h"
 #include "editor/plain_text.h"
 #include "folding/popuni_listu.h"
+#include "guard/guard_process.h"
 #include "keystrokes_ids.h"
 #include "replay/run_job.h"
 #include "replay/status_view.h"
@@ -47,7 +48,7 @@ const std::vector<std::string>& RowTexts() {
     static const std::vector<std::string> texts = {"Hello {L_SHIFT DOWN}w{L_SHIFT UP}orld{ENTER}",
                                                    "{WHEEL UP}{WHEEL UP}", [] {
                                                        std::string text;
-                                                       for (int i = 0; i < 40; ++i) text += "{F5}some text {ENTER}";
+                                                       for (int i = 0; i < 25; ++i) text += "{F5}some text {ENTER}";
                                                        return text;
                                                    }()};
     return texts;
@@ -70,7 +71,8 @@ std::string State() {
     return "{\"text\":" + Quoted(marked) + ",\"row\":" + Quoted(rowText) +
            ",\"hooked\":" + (TextKeyboardIsHooked() ? "true" : "false") +
            ",\"playing\":" + (plainText.playingPlainText ? "true" : "false") +
-           ",\"hot\":" + std::to_string(keystrokeBox.keyUnderMouse) + "}";
+           ",\"hot\":" + std::to_string(keystrokeBox.keyUnderMouse) +
+           ",\"view\":" + std::to_string(static_cast<int>(keystrokeBox.view) + 1) + "}";
 }
 
 void ShowState() {
@@ -228,6 +230,7 @@ void CopyControlsToSettings() {}
 RunState runState;  // nothing runs here
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR words, int) {
+    if (const auto guard = GuardCommandOfThisProcess()) return RunGuard(*guard);
     if (const int language = std::atoi(words); language != 0) SetLanguage(language);
     RegisterKeystrokeBox();
     RegisterOnscreenKeyboard();
