@@ -150,7 +150,7 @@ TEST_F(MakeExeTest, DamageIsAFileFailure) {
         damaged[at] = static_cast<char>(~damaged[at]);
         simulated::PutFile(MadePath, damaged);
         const auto failure = FailureOf([] { ReadMadeExecutable(MadePath); });
-        if (failure) ASSERT_EQ(*failure, FailureKind::File) << at;
+        ASSERT_EQ(failure.value_or(FailureKind::File), FailureKind::File) << at;
         refused += failure ? 1 : 0;
     }
     EXPECT_GT(refused, 40);
