@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "bench/mixed_job.h"
 #include "bench/ratio.h"
 #include "folding/puni_listu.h"
 #include "tests/support/job_builder.h"
@@ -18,23 +19,9 @@ constexpr int LongJob = 1'000'000;
 constexpr double Limit = 1.25;
 constexpr int Rounds = 15;
 
-constexpr int Enter = 13;
 constexpr int LeftShift = 160;
 
 const JobBuilder::Level edit{"Edit", "", 15};
-
-// Typing with named keys and a held modifier, moves, clicks and the wheel, in three windows.
-Job MixedJob(int events) {
-    const JobBuilder::Level tops[] = {{"Notepad", "Untitled"}, {"Calc", "Calculator"}, {"Progman", "Program Manager"}};
-    JobBuilder job;
-    for (int round = 0; round < events / 39; ++round) {  // of 39 events each
-        job.InWindow(edit, tops[round % 3]).KeyDown(LeftShift).KeyDown(LeftShift).Type("hello").KeyUp(LeftShift);
-        job.Type(" x").Key(Enter);
-        for (int move = 0; move < 13; ++move) job.Move(move, round % 500);
-        job.Click(Left, 13, 13).Wheel(120).Wheel(-120).Click(Right, 5, 5).Wheel(60);
-    }
-    return job.Built();
-}
 
 // One row from end to end: characters with a modifier pressed and released all the way.
 Job SingleRowJob(int events) {

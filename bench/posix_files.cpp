@@ -143,6 +143,12 @@ std::string LastFileError() {
     return std::strerror(errno);
 }
 
+FileStamp StampOf(const std::string& path) {
+    struct stat status {};
+    if (stat(posix_files::RealPath(path).c_str(), &status) != 0) return {};
+    return {status.st_size, status.st_mtim.tv_sec * 1'000'000'000 + status.st_mtim.tv_nsec};
+}
+
 bool FolderExists(const std::string& path) {
     return Is(path, S_IFDIR);
 }

@@ -524,6 +524,7 @@ void MarkAsSaved() {
 
 void BeginHistory() {
     history = {};
+    editState.DroppedMoves.clear();  // no step takes them back
     RenumberStoredTexts();
 }
 
