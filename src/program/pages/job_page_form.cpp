@@ -3,7 +3,6 @@
 #include <commctrl.h>
 
 #include "dictionary/sentences.h"
-#include "editor/edit_job.h"
 #include "library/job_library.h"
 #include "mainwindow/job_page.h"
 #include "mainwindow/job_page_view.h"
@@ -101,7 +100,7 @@ std::vector<ControlRow> JobPageForm::ActionRows() {
         {.id = job_page_edit_job_button,
          .caption = "Edit",
          .tip = [] { return jobPage.edit_job_tip; },
-         .enabled = [] { return WithJob() && EditorExists; },
+         .enabled = WithJob,
          .clicked = edit_job,
          .anchors = AtTopRight},
         {.id = job_page_schedule_job_button,
@@ -424,7 +423,7 @@ void JobPageForm::OpenMenuJobs() {
     };
     const std::vector<Entry> entries = {
         {.caption = "&Run", .command = run_job},
-        {.caption = "&Edit", .exists = EditorExists, .command = edit_job},
+        {.caption = "&Edit", .command = edit_job},
         {.caption = "&Schedule", .command = schedule_job},
         {.caption = "&Convert job to .exe file", .exists = MakeExeExists, .command = create_exe},
         {},

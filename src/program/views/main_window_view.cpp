@@ -1,6 +1,7 @@
 // What a run and the tray do with form1.
 #include <windows.h>
 
+#include "job_editor/edit_job_form.h"
 #include "main/main_form.h"
 #include "mainwindow/form_view.h"
 #include "mainwindow/form_visible.h"
@@ -17,13 +18,17 @@ bool IsNormal() {
     return !IsIconic(mainForm.Window()) && !IsZoomed(mainForm.Window());
 }
 
+// The job editor goes along, as every window does with the one that owns it.
 void Minimise() {
+    ShowOwnedPopups(mainForm.Window(), FALSE);
     ShowWindow(mainForm.Window(), SW_MINIMIZE);
 }
 
 // Comes back where it was, and leaves the keyboard to the window that the job has left in front.
 void Restore() {
     ShowWindow(mainForm.Window(), SW_SHOWNOACTIVATE);
+    ShowOwnedPopups(mainForm.Window(), TRUE);
+    editJobForm.StandAboveOwner();
 }
 
 void Enable(bool enable) {
@@ -48,6 +53,7 @@ bool IsMinimised() {
 
 void BringToNormal() {
     ShowWindow(mainForm.Window(), SW_SHOWNORMAL);
+    ShowOwnedPopups(mainForm.Window(), TRUE);
 }
 
 bool IsEnabled() {

@@ -1,6 +1,8 @@
-// What a recording and a hotkey ask of the main window. The editor, from which pieces are recorded, does not exist yet.
+// What a recording and a hotkey ask of the main window and of the editor, for which pieces are recorded.
 #include "recording/session_view.h"
 
+#include "editor/edit_view.h"
+#include "editor/insert_recording.h"
 #include "forms/save_as_form.h"
 #include "hotkeys/hotkey_table.h"
 #include "hotkeys/hotkey_view.h"
@@ -57,8 +59,13 @@ void ShowMainWindow() {
     FormVisible(true, false);
 }
 
-void PutEditorAside() {}
-void ZavrsiUmetanjeSnimanjem() {}
+void PutEditorAside() {
+    edit_view::PutAside();
+}
+
+void ZavrsiUmetanjeSnimanjem() {
+    ::ZavrsiUmetanjeSnimanjem();
+}
 
 // The save itself has filled the list of jobs and selected the new one.
 void ShowSaveAs() {

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <oleacc.h>
 
 #include <cstdio>
@@ -207,6 +208,86 @@ std::string ClientToScreenOf(Words& words) {
     return "[" + Number(point.x) + "," + Number(point.y) + "]";
 }
 
+// --- a report list, which answers into the memory of its own process ---
+
+// So many values there. Each crossing costs time: they go over and come back together.
+template <class Value>
+class RemoteValues {
+public:
+    RemoteValues(HWND window, std::size_t count) : values(count) {
+        DWORD id = 0;
+        GetWindowThreadProcessId(window, &id);
+        process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id);
+        memory = static_cast<Value*>(VirtualAllocEx(process, nullptr, Size(), MEM_COMMIT, PAGE_READWRITE));
+    }
+    ~RemoteValues() {
+        VirtualFreeEx(process, memory, 0, MEM_RELEASE);
+        CloseHandle(process);
+    }
+    RemoteValues(const RemoteValues&) = delete;
+    RemoteValues& operator=(const RemoteValues&) = delete;
+
+    Value* There(std::size_t index) const { return memory + index; }
+    void Send() { WriteProcessMemory(process, memory, values.data(), Size(), nullptr); }
+    void Fetch() { ReadProcessMemory(process, memory, values.data(), Size(), nullptr); }
+
+    std::vector<Value> values;
+
+private:
+    SIZE_T Size() const { return values.size() * sizeof(Value); }
+    HANDLE process = nullptr;
+    Value* memory = nullptr;
+};
+
+struct Cell {
+    LVITEMA item;
+    char text[256];
+};
+
+// grid WINDOW: of each row its cells and its state.
+std::string Grid(Words& words) {
+    const HWND list = WindowFrom(words);
+    const auto rows = static_cast<std::size_t>(Ask(list, LVM_GETITEMCOUNT, 0, 0));
+    const HWND header = reinterpret_cast<HWND>(Ask(list, LVM_GETHEADER, 0, 0));
+    const auto columns = static_cast<std::size_t>(Ask(header, HDM_GETITEMCOUNT, 0, 0));
+    RemoteValues<Cell> cells(list, rows * columns + 1);
+    for (std::size_t i = 0; i < rows * columns; ++i) {
+        LVITEMA& item = cells.values[i].item;
+        item.iSubItem = static_cast<int>(i % columns);
+        item.pszText = cells.There(i)->text;
+        item.cchTextMax = sizeof cells.values[i].text;
+    }
+    cells.Send();
+    for (std::size_t i = 0; i < rows * columns; ++i) {
+        Ask(list, LVM_GETITEMTEXTA, i / columns, reinterpret_cast<LPARAM>(&cells.There(i)->item));
+    }
+    cells.Fetch();
+    std::string json;
+    for (std::size_t row = 0; row < rows; ++row) {
+        std::string texts;
+        for (std::size_t column = 0; column < columns; ++column) {
+            texts += (column > 0 ? "," : "") + Quoted(cells.values[row * columns + column].text);
+        }
+        const LRESULT state = Ask(list, LVM_GETITEMSTATE, row, LVIS_SELECTED | LVIS_FOCUSED);
+        json += (row > 0 ? "," : "") + ("{\"cells\":[" + texts + "],\"state\":" + Number(state) + "}");
+    }
+    return "[" + json + "]";
+}
+
+// gridplace WINDOW ROW: of a row, on the screen.
+std::string GridPlace(Words& words) {
+    const HWND list = WindowFrom(words);
+    WPARAM row = 0;
+    words >> row;
+    RemoteValues<RECT> place(list, 1);
+    place.values[0].left = LVIR_BOUNDS;
+    place.Send();
+    Ask(list, LVM_GETITEMRECT, row, reinterpret_cast<LPARAM>(place.There(0)));
+    place.Fetch();
+    MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(place.values.data()), 2);
+    return RectangleText(place.values[0]);
+}
+
 // --- as a screen reader asks ---
 
 std::string NarrowText(BSTR wide) {
@@ -283,6 +364,8 @@ std::string Answer(const std::string& command, Words& words) {
     if (command == "show") return Show(words);
     if (command == "screen") return ClientToScreenOf(words);
     if (command == "line") return ListLine(words);
+    if (command == "grid") return Grid(words);
+    if (command == "gridplace") return GridPlace(words);
     if (command == "send") return DeliverNumbers(words, Ask);
     if (command == "post") return DeliverNumbers(words, PostMessageA);
     if (command == "copydata") return CopyData(words);
