@@ -8,6 +8,7 @@
 #include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "editor/edit_view.h"
+#include "editor/grid_rows.h"
 #include "editor/job_changes.h"
 #include "editor/row_edits.h"
 #include "folding/popuni_listu.h"
@@ -26,23 +27,12 @@ struct Insertion {
 };
 Insertion insertion;
 
-std::int32_t RowCount() {
-    return static_cast<std::int32_t>(editState.RowIndex.size());
-}
-
 std::int32_t EventCount() {
     return static_cast<std::int32_t>(editState.EditEvents.size());
 }
 
 std::int64_t TimeAt(std::int32_t event) {
-    return CheckedAt(editState.EditEvents, event, "Event").time();
-}
-
-std::int32_t LastEventOf(std::int32_t row) {
-    const std::int32_t index = CheckedAt(editState.RowIndex, row, "Row");
-    return editState.RowKind[static_cast<std::size_t>(row)] == KeyRowKind
-               ? CheckedAt(editState.KeyRows, index, "Keystroke row").LastEvent
-               : CheckedAt(editState.MouseRows, index, "Mouse row").LastEvent;
+    return EditEventAt(event).time();
 }
 
 // Sets where the piece goes, and returns the time at which it begins.
@@ -55,7 +45,7 @@ std::int64_t PlaceAtEnd(std::int32_t row) {
 }
 
 std::int64_t PlaceAtRow(std::int32_t row, bool above) {
-    const std::int32_t place = above ? Event_I_Begin(row) : LastEventOf(row) + 1;
+    const std::int32_t place = above ? EventsOfRow(row).first : EventsOfRow(row).last + 1;
     if ((row == RowCount() - 1 && !above) || place >= EventCount()) return PlaceAtEnd(row);
     insertion.insertAt = place;
     return TimeAt(place);
@@ -69,7 +59,7 @@ std::int64_t ShiftOfTail(const std::vector<JobEvent>& piece) {
 }
 
 bool IsRowToInsertAt(std::int32_t rowIndex) {
-    const std::int32_t kind = editState.RowKind[static_cast<std::size_t>(rowIndex)];
+    const std::int32_t kind = KindOfRow(rowIndex);
     if (kind == MouseRowKind || kind == KeyRowKind) return true;
     platform::ShowBox("Unknown GridIndex!", ProductName);
     return false;

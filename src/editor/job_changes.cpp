@@ -7,6 +7,7 @@
 
 #include "base/runtime_failure.h"
 #include "editor/event_splices.h"
+#include "editor/grid_rows.h"
 #include "folding/popuni_listu.h"
 #include "folding/row_texts.h"
 
@@ -337,19 +338,6 @@ void EndStructure(Step step) {
 
 // --- which events rows stand for ---
 
-std::int32_t KeyRowOf(std::int32_t gridRow) {
-    return CheckedAt(editState.RowKind, gridRow, "Row") == KeyRowKind
-               ? editState.RowIndex[static_cast<std::size_t>(gridRow)]
-               : -1;
-}
-
-std::int32_t LastEventOf(std::int32_t gridRow) {
-    const std::int32_t keyRow = KeyRowOf(gridRow);
-    const std::int32_t index = CheckedAt(editState.RowIndex, gridRow, "Row");
-    return keyRow >= 0 ? CheckedAt(editState.KeyRows, keyRow, "Keystroke row").LastEvent
-                       : CheckedAt(editState.MouseRows, index, "Mouse row").LastEvent;
-}
-
 // The range of a keystroke row can hold the release of a button, which is a row of its own; a run of moves can hold a
 // wheel notch. What no row stands for goes with the row around it.
 bool IsOfRow(std::int32_t gridRow, const JobEvent& event) {
@@ -363,10 +351,10 @@ template <class Each>
 void ForEventsOfRows(std::int32_t from, std::int32_t to, Each each) {
     const std::int32_t first = Event_I_Begin(from);
     std::int32_t last = first;
-    for (std::int32_t row = from; row <= to; ++row) last = std::max(last, LastEventOf(row));
+    for (std::int32_t row = from; row <= to; ++row) last = std::max(last, EventsOfRow(row).last);
     std::vector<bool> goes(static_cast<std::size_t>(last - first) + 1);
     for (std::int32_t row = from; row <= to; ++row) {
-        for (std::int32_t i = Event_I_Begin(row); i <= LastEventOf(row); ++i) {
+        for (std::int32_t i = Event_I_Begin(row); i <= EventsOfRow(row).last; ++i) {
             if (IsOfRow(row, CheckedAt(editState.EditEvents, i, "Event")))
                 goes[static_cast<std::size_t>(i - first)] = true;
         }

@@ -11,6 +11,7 @@
 #include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "editor/edit_view.h"
+#include "editor/grid_rows.h"
 #include "editor/job_changes.h"
 #include "editor/keystroke_box.h"
 #include "folding/popuni_listu.h"
@@ -28,48 +29,6 @@ constexpr std::int32_t WheelNotch = 120;
 
 // Save was to be enabled, although the change was none.
 bool touched = false;
-
-std::int32_t RowCount() {
-    return static_cast<std::int32_t>(editState.RowIndex.size());
-}
-
-std::int32_t KindOf(std::int32_t row) {
-    return CheckedAt(editState.RowKind, row, "Row");
-}
-
-struct EventRange {
-    std::int32_t first = 0;
-    std::int32_t last = 0;
-};
-
-EventRange EventsOf(std::int32_t row) {
-    const std::int32_t index = CheckedAt(editState.RowIndex, row, "Row");
-    if (KindOf(row) == KeyRowKind) {
-        const KeyRow& keys = CheckedAt(editState.KeyRows, index, "Keystroke row");
-        return {keys.FirstEvent, keys.LastEvent};
-    }
-    const MouseRow& mouse = CheckedAt(editState.MouseRows, index, "Mouse row");
-    return {mouse.FirstEvent, mouse.LastEvent};
-}
-
-const JobEvent& EventAt(std::int32_t index) {
-    return CheckedAt(editState.EditEvents, index, "Event");
-}
-
-// The grid row that an event stands in: the last that begins at it or before it.
-std::int32_t RowAtEvent(std::int32_t event) {
-    std::int32_t low = 0;
-    std::int32_t high = RowCount();
-    while (low < high) {
-        const std::int32_t middle = low + (high - low) / 2;
-        if (EventsOf(middle).first <= event) {
-            low = middle + 1;
-        } else {
-            high = middle;
-        }
-    }
-    return std::max(0, low - 1);
-}
 
 void ClampSelection() {
     const std::int32_t last = std::max(0, RowCount() - 1);
@@ -114,7 +73,7 @@ void EmptyTimingFields() {
 
 // One row with a window: its window, how long to wait for it, and what to do without it.
 void FillTargetFields(std::int32_t row) {
-    const JobEvent& event = EventAt(EventsOf(row).first);
+    const JobEvent& event = EditEventAt(EventsOfRow(row).first);
     std::int32_t chain = event.WindowChainIndex;
     eventPane.targetApplies = true;
     eventPane.wait_for_window_ms = event.WaitForWindow;
@@ -140,15 +99,15 @@ void FillPane() {
     std::int32_t to = 0;
     GetOdkudDokud(from, to);
     const std::int32_t row = editSelection.Row;
-    const EventRange events = EventsOf(row);
-    if (from != to || EventAt(events.first).WindowChainIndex < 0) {
+    const EventRange events = EventsOfRow(row);
+    if (from != to || EditEventAt(events.first).WindowChainIndex < 0) {
         GreyTargetFields();
     } else {
         FillTargetFields(row);
     }
     eventPane.Label6 = std::to_string(events.first);
     eventPane.Label7 = std::to_string(events.last);
-    if (KindOf(row) == KeyRowKind) {
+    if (KindOfRow(row) == KeyRowKind) {
         ShowKeystrokeRow(editState.RowIndex[static_cast<std::size_t>(row)]);
     } else {
         KeystrokesEnabled(false);
@@ -167,7 +126,7 @@ std::vector<TimeShift> ShiftsForDelays(std::int32_t from, std::int32_t to, std::
     std::vector<TimeShift> shifts;
     for (std::int32_t row = from; row <= to; ++row) {
         const std::int64_t shift = value - DelayOf(row);
-        if (shift != 0) shifts.push_back({EventsOf(row).first, shift});
+        if (shift != 0) shifts.push_back({EventsOfRow(row).first, shift});
     }
     return shifts;
 }
@@ -198,7 +157,7 @@ private:
 
 void DurationEdit::TakeUpTo(std::int32_t event) {
     for (auto i = first + static_cast<std::int32_t>(times.size()); i <= event; ++i) {
-        times.push_back(EventAt(i).time() + shift);
+        times.push_back(EditEventAt(i).time() + shift);
     }
 }
 
@@ -230,9 +189,9 @@ std::vector<std::int32_t> DurationEdit::Result() const {
 }
 
 void SetDurations(std::int32_t from, std::int32_t to, std::int32_t value) {
-    DurationEdit edit(EventsOf(from).first);
-    for (std::int32_t row = from; row <= to; ++row) edit.SetDuration(EventsOf(row), value);
-    if (edit.Changes()) SetTimes(EventsOf(from).first, edit.Result(), edit.TailShift());
+    DurationEdit edit(EventsOfRow(from).first);
+    for (std::int32_t row = from; row <= to; ++row) edit.SetDuration(EventsOfRow(row), value);
+    if (edit.Changes()) SetTimes(EventsOfRow(from).first, edit.Result(), edit.TailShift());
 }
 
 // --- what both buttons do ---
@@ -300,7 +259,7 @@ void delete_event() {
     std::int32_t to = 0;
     GetOdkudDokud(from, to);
     for (std::int32_t row = from; row <= to; ++row) {
-        if (KindOf(row) == MouseRowKind || KindOf(row) == KeyRowKind) continue;
+        if (KindOfRow(row) == MouseRowKind || KindOfRow(row) == KeyRowKind) continue;
         return platform::ShowBox("Unknown GridType!", ProductName);
     }
     RemoveRows(from, to);
@@ -351,14 +310,14 @@ void SetNewDuration(std::int32_t gridRow, std::int32_t, std::int32_t value) {
 void WaitForWindowChanged(std::int32_t seconds) {
     if (!OneRowIsSelected() || !eventPane.targetApplies || eventPane.wait_for_window_ms == seconds) return;
     eventPane.wait_for_window_ms = seconds;
-    SetWaitForWindow(EventsOf(editSelection.Row).first, seconds);
+    SetWaitForWindow(EventsOfRow(editSelection.Row).first, seconds);
     edit_view::Refresh();
 }
 
 void IfNoWindowChanged(std::int32_t place) {
     if (!OneRowIsSelected() || !eventPane.targetApplies || eventPane.if_no_window == place) return;
     if (place < StopExecuting || place > ExecuteAnyway) return;
-    const EventRange events = EventsOf(editSelection.Row);
+    const EventRange events = EventsOfRow(editSelection.Row);
     eventPane.if_no_window = place;
     SetIfNoWindow(events.first, events.last, static_cast<std::uint8_t>(place));
     edit_view::Refresh();

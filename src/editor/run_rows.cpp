@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "base/text.h"
+#include "editor/grid_rows.h"
 #include "editor/job_changes.h"
 #include "editor/row_edits.h"
 #include "folding/popuni_listu.h"
@@ -19,22 +20,18 @@ void RunRows(std::int32_t from, std::int32_t to) {
     RunLoadedJob(job, BaseName(editState.jobName));
 }
 
-std::int32_t LastRow() {
-    return static_cast<std::int32_t>(editState.RowIndex.size()) - 1;
-}
-
 }  // namespace
 
 void RunFromHere() {
     std::int32_t from = 0;
     std::int32_t to = 0;
     GetOdkudDokud(from, to);
-    if (LastRow() >= 0) RunRows(from, LastRow());
+    if (RowCount() > 0) RunRows(from, RowCount() - 1);
 }
 
 void RunSelectedRows() {
     std::int32_t from = 0;
     std::int32_t to = 0;
     GetOdkudDokud(from, to);
-    if (LastRow() >= 0) RunRows(from, to);
+    if (RowCount() > 0) RunRows(from, to);
 }

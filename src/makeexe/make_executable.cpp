@@ -7,6 +7,7 @@
 #include "base/runtime_failure.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
 #include "platform/shell_folders.h"
@@ -72,6 +73,6 @@ void MakeExe(const std::string& jobPath) {
         platform::ShowBox(failure.what(), "Cannot create .exe file", platform::BoxIcon::Error);
         return;
     }
-    platform::ShowBox(Translate("File") + " '" + path + "' " + Translate("created successfully") + "!", ProductName,
+    platform::ShowBox(Translate("File") + " '" + path + "' " + Exclamation("created successfully"), ProductName,
                       platform::BoxIcon::Information);
 }

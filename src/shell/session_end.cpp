@@ -1,6 +1,7 @@
 #include "shell/session_end.h"
 
 #include <exception>
+#include <string>
 
 #include "dictionary/dictionary.h"
 #include "editor/edit_job.h"
@@ -15,7 +16,7 @@ namespace {
 
 // Windows gives a program five seconds here, and more to one that says what it is busy with.
 struct BlockedShutdown {
-    explicit BlockedShutdown(const char* why) { shell_view::BlockShutdown(Translate(why)); }
+    explicit BlockedShutdown(const std::string& why) { shell_view::BlockShutdown(why); }
     ~BlockedShutdown() { shell_view::UnblockShutdown(); }
     BlockedShutdown(const BlockedShutdown&) = delete;
     BlockedShutdown& operator=(const BlockedShutdown&) = delete;
@@ -23,13 +24,13 @@ struct BlockedShutdown {
 
 void SaveRecording() {
     if (!RecordingActive()) return;
-    const BlockedShutdown blocked("A recording is being saved.");
+    const BlockedShutdown blocked(Translate("A recording is being saved."));
     RescueRecording();
 }
 
 void SaveEditedJob() {
     if (!EditorIsOpen() || !SaveIsEnabled()) return;
-    const BlockedShutdown blocked("A changed job is being saved.");
+    const BlockedShutdown blocked(Translate("A changed job is being saved."));
     RescueEditedJob();
 }
 

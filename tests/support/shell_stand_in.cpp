@@ -88,3 +88,8 @@ std::int32_t RunJob(const std::string& jobPath, std::int32_t, const std::string&
     if (shellStandIn.duringRun) shellStandIn.duringRun();
     return shellStandIn.runResult;
 }
+
+std::int32_t RunLoadedJob(const Job&, const std::string& name) {
+    shellStandIn.calls.push_back("RunLoadedJob " + name);
+    return shellStandIn.runResult;
+}
