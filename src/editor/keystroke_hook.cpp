@@ -4,6 +4,7 @@
 
 #include "editor/keystroke_box.h"
 #include "editor/keystroke_view.h"
+#include "platform/clock.h"
 #include "platform/hooks.h"
 #include "platform/input.h"
 #include "platform/pump.h"
@@ -14,6 +15,7 @@ TextKeyboard textKeyboard;
 namespace {
 
 constexpr int TickMs = 250;
+constexpr std::int64_t LongestWayMs = 2000;  // of a key, from the hook to the window
 constexpr std::uint32_t PauseKey = 19;
 
 // Without the bits for the ALT key and for extended keys, which count like plain ones: 0 is a key that goes down, 2 one
@@ -56,14 +58,20 @@ void TakeKey(const platform::KeyboardHookRecord& key) {
 }
 
 void OnKey(const platform::KeyboardHookRecord& key) {
+    textKeyboard.lastCall = platform::TickCount();
     TakeKey(key);
     platform::PassKeyOn();
+}
+
+void PutIn() {
+    platform::InstallKeyboardHook(OnKey);
+    textKeyboard.lastCall = platform::TickCount();
 }
 
 void InstallHook() {
     if (!textKeyboard.open || RecordingActive() || platform::InstalledKeyboardHook() != nullptr) return;
     RememberHeldKeys();
-    platform::InstallKeyboardHook(OnKey);
+    PutIn();
 }
 
 void RemoveHook() {
@@ -100,6 +108,10 @@ void OnTextLostFocus() {
         TakeWaitingKeys();
         LetKeysRest();
     });
+}
+
+void OnTextKeyMessage() {
+    if (TextKeyboardIsHooked() && platform::TickCount() - textKeyboard.lastCall > LongestWayMs) PutIn();
 }
 
 void Timer1_Timer() {

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "platform/timers.h"
 
@@ -17,6 +18,7 @@ inline constexpr std::size_t HookedKeyCount = 256;
 struct TextKeyboard {
     bool open = false;  // the editor is
     platform::TimerId Timer1 = 0;
+    std::int64_t lastCall = 0;  // tick of the newest hook call, or of the hook's arrival
     std::array<bool, HookedKeyCount> heldBefore{};  // by virtual key: down since before the hook was in
 };
 extern TextKeyboard textKeyboard;
@@ -31,6 +33,10 @@ void CloseTextKeyboard();
 // Text1 has got the focus, or lost it. Keys that wait are put in before it is gone.
 void OnTextGotFocus();
 void OnTextLostFocus();
+
+// A key has gone down in Text1. The hook has heard of it before, or it is no more: Windows takes it away without a word
+// from a program that was too slow once. Then it is put in again.
+void OnTextKeyMessage();
 
 void Timer1_Timer();
 

@@ -147,4 +147,18 @@ TEST_F(KeystrokeHookTest, RefusedHookIsTriedAgain) {
     EXPECT_TRUE(TextKeyboardIsHooked());
 }
 
+TEST_F(KeystrokeHookTest, HookThatWindowsHasTakenAwayComesBack) {
+    UserPressesKey(LeftCtrl);
+    Settle();
+    DropHooks();
+    RunFor(3000);
+    UserTaps('X');
+    OnTextKeyMessage();  // the window hears of it all the same
+    UserTaps('C');
+    OnTextKeyMessage();
+    UserReleasesKey(LeftCtrl);
+    Settle();
+    EXPECT_EQ(Shown(), "a{L_CTRL DOWN}c{L_CTRL UP}|");
+}
+
 }  // namespace

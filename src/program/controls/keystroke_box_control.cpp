@@ -68,7 +68,7 @@ bool HasKeyboard(HWND control) {
 // ALT with other keys opens menus and presses buttons, which what is typed for show must not do.
 bool HandOnKey(const MSG& message, HWND text, HWND plainTextBox) {
     if (!IsKeyMessage(message.message)) return false;
-    if (message.hwnd == text) return true;
+    if (message.hwnd == text) return DispatchMessageA(&message), true;
     if (message.hwnd != plainTextBox || !plainText.playingPlainText) return false;
     if (IsSystemKey(message.message)) return true;
     TranslateMessage(&message);
@@ -96,7 +96,10 @@ void KeystrokeBoxControl::ShowText() {
 // --- messages ---
 
 LRESULT KeystrokeBoxControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (IsKeyMessage(message)) return 0;
+    if (IsKeyMessage(message)) {
+        if (message == WM_KEYDOWN || message == WM_SYSKEYDOWN) OnTextKeyMessage();
+        return 0;
+    }
     switch (message) {
         case WM_GETDLGCODE:
             return DLGC_WANTALLKEYS | DLGC_WANTCHARS | DLGC_WANTARROWS;
