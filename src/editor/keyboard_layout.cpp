@@ -173,25 +173,6 @@ bool Contains(const platform::Rect& rect, platform::Point point) {
 constexpr std::size_t LeftAlt = 164;
 constexpr std::size_t RightAlt = 165;
 
-// What tokens mean, each looked up once for a text.
-class TokenMeanings {
-public:
-    struct Meaning {
-        int vk = KeyCodeUnknown;
-        int action = ActionNone;
-    };
-    Meaning MeaningOf(const std::string& token) {
-        const auto [place, isNew] = meanings.try_emplace(token);
-        Meaning& meaning = place->second;
-        if (isNew) ParseToken(token, meaning.vk, meaning.action, names, BadWords::PassedOver);
-        return meaning;
-    }
-
-private:
-    KeyNameMemory names;
-    std::map<std::string, Meaning> meanings;
-};
-
 }  // namespace
 
 void NacrtajTipkovnicu() {
@@ -231,11 +212,13 @@ int KeyAt(platform::Point place) {
 
 HeldKeys KeysHeldAt(const std::string& text, int position) {
     HeldKeys held{};
-    TokenMeanings meanings;
+    KeyNameMemory names;
     for (const TokenSpan& span : SpansOf(text)) {
         if (span.End() > position) break;
-        const auto [vk, action] = meanings.MeaningOf(
-            text.substr(static_cast<std::size_t>(span.start), static_cast<std::size_t>(span.length)));
+        int vk = KeyCodeUnknown;
+        int action = ActionNone;
+        ParseToken(text.substr(static_cast<std::size_t>(span.start), static_cast<std::size_t>(span.length)), vk, action,
+                   names, BadWords::PassedOver);
         if (vk != KeyCodeUnknown) held[static_cast<std::size_t>(vk)] = action == ActionDown;
     }
     held[RightAlt] = held[LeftAlt];  // a text has one name for both

@@ -87,6 +87,18 @@ bool IsBracedCharacter(const std::string& token) {
     return token.size() == 3 && token.front() == '{' && token.back() == '}';
 }
 
+int LookUp(const std::string& token, KeyNameMemory& names) {
+    if (token == "{SHIFT}") return names.CodeOf("{R_SHIFT}");
+    if (token == "{CTRL}") return names.CodeOf("{R_CTRL}");
+    // Only with its braces: the bare word is looked up like a key's name, and no key has it.
+    if (platform::LowerCase(token) == "{wheel}") return WheelKey;
+    const std::string name = AsNamesAreWritten(token);
+    const int found = WalkNames(name, LowestCodeWanted(token), names);
+    if (found != KeyCodeUnknown || !IsBracedCharacter(name)) return found;
+    // {a} is the key "a". A number comes first: {5} is the key with the code 5, if that has no other name.
+    return names.CodeOf(platform::LowerCase(name.substr(1, 1)));
+}
+
 }  // namespace
 
 const std::array<std::string_view, KeyNameCount> KeyNames = MakeKeyNames();
@@ -105,19 +117,15 @@ const std::string& KeyNameMemory::NameOf(int vk) {
     return name;
 }
 
-int KeyCodeFromName(const std::string& token, KeyNameMemory& names) {
-    if (token == "{SHIFT}") return KeyCodeFromName("{R_SHIFT}", names);
-    if (token == "{CTRL}") return KeyCodeFromName("{R_CTRL}", names);
-    // Only with its braces: the bare word is looked up like a key's name, and no key has it.
-    if (platform::LowerCase(token) == "{wheel}") return WheelKey;
-    const std::string name = AsNamesAreWritten(token);
-    const int found = WalkNames(name, LowestCodeWanted(token), names);
-    if (found != KeyCodeUnknown || !IsBracedCharacter(name)) return found;
-    // {a} is the key "a". A number comes first: {5} is the key with the code 5, if that has no other name.
-    return KeyCodeFromName(platform::LowerCase(name.substr(1, 1)), names);
+int KeyNameMemory::CodeOf(const std::string& token) {
+    const auto known = codes.find(token);
+    if (known != codes.end()) return known->second;
+    const int code = LookUp(token, *this);
+    codes.emplace(token, code);
+    return code;
 }
 
 int KeyCodeFromName(const std::string& token) {
     KeyNameMemory names;
-    return KeyCodeFromName(token, names);
+    return names.CodeOf(token);
 }

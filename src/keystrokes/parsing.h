@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,16 +11,18 @@
 
 #include "keystrokes/notation.h"
 
-// KeyNameFromCode with a memory. It lives for one text: the keyboard layout may change before the next.
+// KeyNameFromCode and KeyCodeFromName with a memory. It lives for one text: the keyboard layout may change before the
+// next.
 class KeyNameMemory {
 public:
     const std::string& NameOf(int vk);
+    int CodeOf(const std::string& token);
 
 private:
     std::array<std::string, KeyNameCount> names;  // empty: not asked for yet, as no name is empty
+    std::map<std::string, int> codes;
 };
 
-int KeyCodeFromName(const std::string& token, KeyNameMemory& names);
 void ParseToken(const std::string& token, int& vk, int& action, KeyNameMemory& names,
                 BadWords badWords = BadWords::Told);
 

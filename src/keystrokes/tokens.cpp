@@ -91,11 +91,11 @@ void ParseToken(const std::string& token, int& vk, int& action, KeyNameMemory& n
     const std::string folded = token[0] == '{' ? platform::UpperCase(token) : token;
     const std::size_t blank = folded.find(' ');
     if (folded.size() < 2 || blank == std::string::npos) {
-        vk = KeyCodeFromName(folded, names);
+        vk = names.CodeOf(folded);
         action = ActionPress;
         return;
     }
-    vk = KeyCodeFromName(folded.substr(0, blank) + "}", names);
+    vk = names.CodeOf(folded.substr(0, blank) + "}");
     ParseWord(folded, blank, action, badWords);
 }
 
