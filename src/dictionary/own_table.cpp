@@ -113,15 +113,15 @@ constexpr DictionaryRow ownRows[] = {
     {"&Delete job", "Aufgabe &löschen", "&Supprimer la tâche", "Eli&minar tarea"},
     {"Scheduled Jobs", "Geplante Aufgaben", "Tâches planifiées", "Tareas programadas"},
 
-    // the job editor
-    {"&File", "&Datei", "&Fichier", "&Archivo"},
+    // the job editor; the letters are shared out among all that is seen together
+    {"&File", "&Datei", "&Fichier", "Archi&vo"},
     {"&Job", "&Aufgabe", "&Tâche", "&Tarea"},
-    {"Undo", "Rückgängig", "Annuler", "Deshacer"},
-    {"Redo", "Wiederholen", "Rétablir", "Rehacer"},
+    {"&Undo", "&Rückgängig", "A&nnuler", "De&shacer"},
+    {"Red&o", "&Wiederholen", "Réta&blir", "Re&hacer"},
     {"Select all", "Alles auswählen", "Tout sélectionner", "Seleccionar todo"},
-    {"Close", "Schließen", "Fermer", "Cerrar"},
-    {"Run from here", "Ab hier starten", "Lancer d'ici", "Iniciar desde aquí"},
-    {"Run only this", "Nur dies starten", "Lancer ceci seul", "Iniciar solo esto"},
+    {"&Close", "&Schließen", "F&ermer", "Cerr&ar"},
+    {"Run fro&m here", "Ab &hier starten", "&Lancer d'ici", "Ejecutar desde a&quí"},
+    {"Run onl&y this", "&Nur dies starten", "Lancer ce&ci seul", "E&jecutar solo esto"},
     {"Save the job", "Die Aufgabe speichern", "Sauvegarder la tâche", "Guardar la tarea"},
     {"Save the job under another name", "Die Aufgabe unter einem anderen Namen speichern",
      "Sauvegarder la tâche sous un autre nom", "Guardar la tarea con otro nombre"},

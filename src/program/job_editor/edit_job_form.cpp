@@ -39,13 +39,13 @@ enum : unsigned { KeystrokesPanel = 1, PlainTextPanel = 2, DescriptionPanel = 4,
 // The toolbar, line by line. Widths are pixels at 100 percent.
 constexpr int ToolbarMargin = 10;
 constexpr int ButtonGap = 4;
-constexpr int GroupGap = 16;
-constexpr int ButtonFrame = 22;
-constexpr int Line1[] = {edit_job_save_button, edit_job_save_as_button, 0, edit_job_undo, edit_job_redo, 0,
-                         edit_job_delete_event};
-constexpr int Line2[] = {edit_job_insert_above,  edit_job_start_recording_above, 0,
-                         edit_job_insert_below,  edit_job_start_recording_below, 0,
+constexpr int GroupGap = 14;
+constexpr int ButtonFrame = 20;
+constexpr int Line1[] = {edit_job_save_button,   edit_job_save_as_button, 0, edit_job_undo, edit_job_redo, 0,
                          edit_job_run_from_here, edit_job_run_only_this};
+constexpr int Line2[] = {edit_job_delete_event,          0, edit_job_insert_above,
+                         edit_job_start_recording_above, 0, edit_job_insert_below,
+                         edit_job_start_recording_below};
 
 // What moves up when the on-screen keyboard grows.
 constexpr int AboveKeyboard[] = {edit_job_Option1,    edit_job_Option2,         edit_job_Option3,  edit_job_Text1,
@@ -140,13 +140,12 @@ std::vector<ControlRow> EditJobForm::FileRows() {
          .enabled = MayLeave,
          .clicked = save_as_button},
         {.id = edit_job_undo,
-         .caption = "Undo",
-         .letter = 'U',
+         .caption = "&Undo",
          .tip = TipWithKey("Take the last change back", Ctrl('Z')),
          .enabled = CanUndo,
          .clicked = Undo},
         {.id = edit_job_redo,
-         .caption = "Redo",
+         .caption = "Red&o",
          .tip = TipWithKey("Make the change again that was taken back", Ctrl('Y')),
          .enabled = CanRedo,
          .clicked = Redo},
@@ -156,8 +155,7 @@ std::vector<ControlRow> EditJobForm::FileRows() {
          .enabled = HasRows,
          .clicked = delete_event},
         {.id = edit_job_exit_button,
-         .caption = "Close",
-         .letter = 'C',
+         .caption = "&Close",
          .tip = "Close the editor",
          .enabled = MayLeave,
          .clicked = [this] { Leave(); },
@@ -184,12 +182,12 @@ std::vector<ControlRow> EditJobForm::CommandRows() {
          .enabled = HasRows,
          .clicked = start_recording_below},
         {.id = edit_job_run_from_here,
-         .caption = "Run from here",
+         .caption = "Run fro&m here",
          .tip = TipWithKey("Run the job from the selected row to its end", [] { return std::string("F5"); }),
          .enabled = HasRows,
          .clicked = RunFromHere},
         {.id = edit_job_run_only_this,
-         .caption = "Run only this",
+         .caption = "Run onl&y this",
          .tip = "Run the selected rows alone",
          .enabled = HasRows,
          .clicked = RunSelectedRows},

@@ -29,13 +29,13 @@ std::vector<EntryWords> Entries() {
     return {
         {.id = edit_job_save_button, .caption = "Save", .keys = KeyCombination(JustCtrl, 'S')},
         {.id = edit_job_save_as_button, .caption = {"Save &As", Ellipsis}},
-        {.id = edit_job_exit_button, .caption = "Close"},
-        {.id = edit_job_undo, .caption = "Undo", .keys = KeyCombination(JustCtrl, 'Z')},
-        {.id = edit_job_redo, .caption = "Redo", .keys = KeyCombination(JustCtrl, 'Y')},
+        {.id = edit_job_exit_button, .caption = "&Close"},
+        {.id = edit_job_undo, .caption = "&Undo", .keys = KeyCombination(JustCtrl, 'Z')},
+        {.id = edit_job_redo, .caption = "Red&o", .keys = KeyCombination(JustCtrl, 'Y')},
         {.id = edit_job_delete_event, .caption = "Delete", .keys = Translate("Del")},
         {.id = edit_job_select_all, .caption = "Select all", .keys = KeyCombination(JustCtrl, 'A')},
-        {.id = edit_job_run_from_here, .caption = "Run from here", .keys = "F5"},
-        {.id = edit_job_run_only_this, .caption = "Run only this"},
+        {.id = edit_job_run_from_here, .caption = "Run fro&m here", .keys = "F5"},
+        {.id = edit_job_run_only_this, .caption = "Run onl&y this"},
         {.id = edit_job_start_recording_above, .caption = {"Insert above", Ellipsis}},
         {.id = edit_job_start_recording_below, .caption = {"Insert below", Ellipsis}},
     };
