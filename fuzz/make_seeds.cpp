@@ -22,6 +22,27 @@ std::string RecordBytes(const Schedule& schedule) {
     return bytes;
 }
 
+// Each of the actions on rows, half of them taken back, and a piece that is inserted.
+std::string EveryEdit() {
+    std::string bytes(1, '\x18');
+    for (unsigned action = 0; action < 8; ++action) {
+        for (const unsigned edit : {32 + action, action % 2 * 8, 24U}) {
+            bytes += FileBytes().Byte(edit).Byte(action * 32).Byte(action).Byte(140 + action);
+        }
+    }
+    return bytes;
+}
+
+// Of each type, with and without a window.
+std::string EveryEvent() {
+    std::string bytes;
+    for (unsigned event = 0; event < 40; ++event) {
+        bytes += FileBytes().Byte(event % 10).Byte(event).Byte(event / 3).Byte(event % 4).Byte(128 + event / 8);
+        bytes += FileBytes().Byte(event).Byte(event % 3 * 7).Byte(event % 3);
+    }
+    return bytes;
+}
+
 // One of each type by the clock, and the same at the computer's start. In front of them stands when the day begins.
 void PutSchedules(const std::filesystem::path& folder) {
     constexpr std::int64_t minuteOfOctober31 = 1'399 * 1440 + 600;
@@ -56,6 +77,8 @@ int main(int argumentCount, char** arguments) {
         Put(corpus / target / "empty", empty);
         Put(corpus / target / "newer", newer);
     }
+    Put(corpus / "edit_job" / "every", EveryEdit() + EveryEvent());
+    Put(corpus / "edit_job" / "empty", EveryEdit());
     Put(corpus / "load_settings" / "sample", SampleSettingsBytes());
     Put(corpus / "load_settings" / "smallest", SmallestSettingsBytes());
     Put(corpus / "sound_bank" / "sample", SampleBank());

@@ -216,7 +216,7 @@ void Pass::FoldStoredText(std::int32_t index) {
 }
 
 void Pass::FoldContinuation(std::int32_t index) {
-    if (rows.KeyRows.empty() && edited != nullptr) return;  // of a damaged job
+    if (rows.KeyRows.empty() && edited != nullptr) return Mark(index, TextContinuation);  // of a damaged job: of row 0
     JoinLastKeyRow(index);
 }
 

@@ -46,7 +46,7 @@ public:
     bool IsSet() const;
 
 private:
-    void* event;
+    [[maybe_unused]] void* event;  // a handle of Windows; the simulated desktop has none
 };
 
 // Sets the sign of those that wait for this command line, if any does.
