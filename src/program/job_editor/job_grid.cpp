@@ -3,9 +3,9 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cstdlib>
 #include <exception>
-#include <sstream>
 
 #include "base/product.h"
 #include "dictionary/dictionary.h"
@@ -354,12 +354,14 @@ void JobGrid::Scale() {
 // Eight numbers with commas between them; any other text is none of ours.
 void JobGrid::LoadWidths() {
     widths = DesignedWidths;
-    std::istringstream stored(platform::ReadRegistry(RegistryKey(), WidthsValue).value_or(""));
+    const std::string stored = platform::ReadRegistry(RegistryKey(), WidthsValue).value_or("");
     Widths read{};
-    char comma = 0;
+    const char* next = stored.data();
+    const char* const end = stored.data() + stored.size();
     for (int& width : read) {
-        if (!(stored >> width) || width < 0 || width > WidestColumn) return;
-        stored >> comma;
+        const auto [behind, error] = std::from_chars(next, end, width);
+        if (error != std::errc() || width < 0 || width > WidestColumn) return;
+        next = behind == end ? end : behind + 1;
     }
     widths = read;
 }
