@@ -4,6 +4,7 @@
 #include <map>
 #include <span>
 
+#include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "editor/keystroke_box.h"
 #include "keystrokes/parsing.h"
@@ -164,6 +165,10 @@ private:
     const std::map<int, std::string> designed = DesignedCaptions();
 };
 
+KeyColours& ColoursAt(int index) {
+    return CheckedAt(onscreenKeyboard.colours, index, "Button");
+}
+
 bool Contains(const platform::Rect& rect, platform::Point point) {
     return point.x >= rect.left && point.x < rect.right && point.y >= rect.top && point.y < rect.bottom;
 }
@@ -190,13 +195,13 @@ bool ElementExists(int index) {
 void PromjeniTipku(int index, std::uint32_t colour) {
     const auto shows = [index](const KeyPart& part) { return part.index == index && part.caption.size() == 1; };
     if (std::none_of(onscreenKeyboard.button.begin(), onscreenKeyboard.button.end(), shows)) return;
-    onscreenKeyboard.colours[static_cast<std::size_t>(index)].back = colour;
-    if (index < 100) onscreenKeyboard.colours[static_cast<std::size_t>(index + SecondPart)].back = colour;
+    ColoursAt(index).back = colour;
+    if (index < 100) ColoursAt(index + SecondPart).back = colour;
 }
 
 void ColourKey(int key, const KeyColours& colours) {
-    onscreenKeyboard.colours[static_cast<std::size_t>(key)] = colours;
-    if (key < 100) onscreenKeyboard.colours[static_cast<std::size_t>(key + SecondPart)] = colours;
+    ColoursAt(key) = colours;
+    if (key < 100) ColoursAt(key + SecondPart) = colours;
 }
 
 void AllKeysAtRest() {

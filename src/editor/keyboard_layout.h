@@ -17,6 +17,7 @@ inline constexpr platform::Size KeyboardSize = {90, 26};
 
 // A key below 100 that is drawn in several pieces has the others at its code plus this.
 inline constexpr int SecondPart = 300;
+inline constexpr std::size_t ButtonIndexCount = 600;
 
 // 0xBBGGRR.
 struct KeyColours {
@@ -38,7 +39,7 @@ struct KeyPart {
 // `button`, the keys of the board.
 struct OnscreenKeyboard {
     std::vector<KeyPart> button;
-    std::array<KeyColours, 2 * SecondPart> colours;  // by index
+    std::array<KeyColours, ButtonIndexCount> colours;  // by index
 };
 extern OnscreenKeyboard onscreenKeyboard;
 
