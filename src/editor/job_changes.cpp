@@ -429,6 +429,12 @@ std::int64_t LastStepId() {
     return history.undo.empty() ? 0 : history.undo.back().id;
 }
 
+// Nobody reads the string of a row that is stored as raw keys. It must not keep the job from being saved, as that of a
+// key which was held for minutes would.
+std::string StringToSave(const KeyRow& row, const JobEvent& head) {
+    return head.dwType() == INPUT_TEXT ? row.Text : row.Text.substr(0, LongestString);
+}
+
 }  // namespace
 
 void RemoveRows(std::int32_t from, std::int32_t to) {
@@ -525,7 +531,10 @@ Job JobToSave(const JobHeader& header) {
     static_cast<JobHeader&>(job) = header;
     job.Events = editState.PristineEvents;
     ForEventsToStore([&job](std::size_t index) { job.Events[index] = editState.EditEvents[index]; });
-    for (const KeyRow& row : editState.KeyRows) job.Strings.push_back(row.Text);
+    job.Strings.reserve(editState.KeyRows.size());
+    for (const KeyRow& row : editState.KeyRows) {
+        job.Strings.push_back(StringToSave(row, CheckedAt(job.Events, row.FirstEvent, "Event")));
+    }
     job.Windows = editState.Windows;
     job.Chains = editState.Chains;
     return job;

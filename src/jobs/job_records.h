@@ -25,6 +25,8 @@ inline constexpr std::int32_t NoWindowMarker = static_cast<std::int32_t>(0xF0000
 
 inline constexpr std::int32_t MaximumSpeed = 1001;  // SpeedPercent: waits are dropped
 
+inline constexpr std::size_t LongestString = 65535;  // of Job::Strings: the file has 16 bits for its length
+
 // JobEvent::IfNoWindow: what to do when the window cannot be found.
 enum IfNoWindowChoice : std::uint8_t { StopExecuting = 0, SkipAction = 1, ExecuteAnyway = 2 };
 

@@ -271,6 +271,24 @@ TEST(Save, WithoutAChangeKeepsEveryByteOfTheEvents) {
     EXPECT_EQ(simulated::FileBytes(path), once);
 }
 
+// A key that repeats itself for some minutes; and as much text as a file can hold.
+TEST(Save, RowsOfManyKeys) {
+    JobBuilder builder = InNotepad();
+    for (int i = 0; i < 6'000; ++i) builder.KeyDown(13);
+    Open(builder.Click(Left, 1, 1).TextRow(std::string(65'535, 'x')).Built());
+    ASSERT_GT(editState.KeyRows[0].Text.size(), 65'535U);
+    Select(2);
+    Delete(1);
+    SaveJob(false);
+    EXPECT_EQ(GridLinesOfFile(), GridLines()) << "the keys are stored as they were pressed";
+    SetKeyText(0, editState.KeyRows[0].Text + "a");
+    EXPECT_FALSE(save_button());
+    EXPECT_THAT(LastBox(), HasSubstr("too long"));
+    EXPECT_EQ(GridLinesOfFile().size(), 2U) << "the file is as it was";
+    Undo();
+    EXPECT_TRUE(save_button());
+}
+
 TEST(Save, FileThatWasChangedFromOutsideIsAskedAbout) {
     Open(InNotepad().Type("ab").Built());
     SetKeyText(0, "cd");
