@@ -81,7 +81,7 @@ std::function<std::string()> Ctrl(char letter) {
     return [letter] { return KeyCombination({.ctrl = true}, letter); };
 }
 
-// A label above a value, for two labels that stand alone.
+// A name with its number, in one label; nothing without a number.
 Member Numbered(FormText name, const std::string& number) {
     return Shown([name = std::move(name), &number] { return number.empty() ? "" : name() + " " + number; });
 }

@@ -315,16 +315,19 @@ void JobGrid::OnGetText(LVITEMA& item) {
     lstrcpynA(item.pszText, shownColumns[static_cast<std::size_t>(item.iSubItem)].c_str(), item.cchTextMax);
 }
 
-// Without the keyboard a selected row is grey, as in all lists; with few strong colours it would not be seen.
+// Without the keyboard a selected row is grey, as in all lists; among few strong colours a grey would not be seen.
 LRESULT JobGrid::OnDraw(NMLVCUSTOMDRAW& draw, bool focused) {
+    constexpr int greyPercent = 15;
     if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
     if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
     const int row = static_cast<int>(draw.nmcd.dwItemSpec);
     const bool selected = row < RowCount() && IsSelected(row);
-    const bool strong = focused || HighContrast();
+    const bool strong = selected && (focused || HighContrast());
+    const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+    const COLORREF back = GetSysColor(COLOR_WINDOW);
     draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);  // the list would paint its own block
-    draw.clrText = GetSysColor(!selected ? COLOR_WINDOWTEXT : strong ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT);
-    draw.clrTextBk = GetSysColor(!selected ? COLOR_WINDOW : strong ? COLOR_HIGHLIGHT : COLOR_BTNFACE);
+    draw.clrText = strong ? GetSysColor(COLOR_HIGHLIGHTTEXT) : text;
+    draw.clrTextBk = strong ? GetSysColor(COLOR_HIGHLIGHT) : Mixed(back, text, selected ? greyPercent : 0);
     return CDRF_NEWFONT;
 }
 
