@@ -18,7 +18,7 @@ inline constexpr std::size_t HookedKeyCount = 256;
 struct TextKeyboard {
     bool open = false;  // the editor is
     platform::TimerId Timer1 = 0;
-    std::int64_t lastCall = 0;  // tick of the newest hook call, or of the hook's arrival
+    std::int64_t lastCall = 0;                      // tick of the newest hook call, or of the hook's arrival
     std::array<bool, HookedKeyCount> heldBefore{};  // by virtual key: down since before the hook was in
 };
 extern TextKeyboard textKeyboard;

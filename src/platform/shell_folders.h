@@ -1,4 +1,5 @@
-// Well-known folders, the system's dialogs for folders and files, and the start of this process. Paths have no trailing backslash.
+// Well-known folders, the system's dialogs for folders and files, and the start of this process. Paths have no trailing
+// backslash.
 #pragma once
 
 #include <optional>
@@ -15,9 +16,9 @@ std::string CommandLineText();
 // Lets the user choose a folder, starting at `start`. Empty when the user cancels. Pumps while it is open.
 std::optional<std::string> BrowseForFolder(const std::string& prompt, const std::string& start);
 
-// Lets the user choose a file to write: `kind` is what files that end in `extension` (".exe") are called. A file that is
-// there is asked about. The path as chosen, with or without the extension; empty when the user cancels. Pumps while it
-// is open (GetSaveFileName).
+// Lets the user choose a file to write: `kind` is what files that end in `extension` (".exe") are called. A file that
+// is there is asked about. The path as chosen, with or without the extension; empty when the user cancels. Pumps while
+// it is open (GetSaveFileName).
 std::string AskFileToSave(const std::string& title, const std::string& kind, const std::string& extension,
                           const std::string& path);
 

@@ -139,7 +139,7 @@ def record_letter(person, notepad):
 
 
 def test_a_recording_is_mended_row_by_row(stage, person, editor):
-    """Delete, delay, duration, both ways to retype, a wheel notch, two pieces recorded in; half of it back and forth."""
+    """Delete, delay, duration, both ways to retype, a wheel notch, two pieces recorded; half of it back and forth."""
     notepad = stage.notepad()
     person.start_program()
     path = record_letter(person, notepad)
