@@ -69,9 +69,6 @@ private:
 
     void PreparePickers();
     void FillChoices() const;
-    void PlaceToolbar() const;
-    void PlaceProgram() const;
-    void PlaceKeyboard() const;
     void OnCommandCode(int id, int code);
     void OnEnter();
     void OnEdit();
