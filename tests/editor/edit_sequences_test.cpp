@@ -18,12 +18,7 @@ using namespace edit_story;
 
 namespace {
 
-// TESSARINE_SESSIONS plays another number.
-#ifdef __SANITIZE_ADDRESS__  // every access to memory is checked, which takes its time
-constexpr std::uint32_t Sequences = 400;
-#else
-constexpr std::uint32_t Sequences = 2000;
-#endif
+constexpr std::uint32_t Sequences = 2000;  // TESSARINE_SESSIONS plays another number
 constexpr std::uint32_t Shards = 4;
 constexpr std::int64_t FarOff = 1'000'000'000;  // times beyond it can make a save or a recording fail
 

@@ -24,6 +24,9 @@ constexpr const char* WidthsValue = "EditorColumns";
 constexpr int WidestColumn = 30000;  // twips
 
 constexpr std::array<int, GridColumnCount> DesignedWidths = {500, 1350, 2300, 1000, 1300, 800, 2000, 4000};
+constexpr int CellMargin = 14;  // pixels at 100 percent, on both sides of a text together
+constexpr std::array<const char*, GridColumnCount> LongestTexts = {"99999",        "",         "", "100000ms",
+                                                                   "00:00:00.000", "100000ms", "", ""};
 constexpr int DelayColumn = 3;
 constexpr int DurationColumn = 5;
 
@@ -79,7 +82,7 @@ void JobGrid::Attach(HWND list) {
     shownRow = -1;
     dpi = 0;
     ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
-    LoadWidths();
+    widthsAreChosen = LoadWidths();
     for (int column = 0; column < static_cast<int>(GridColumnCount); ++column) {
         LVCOLUMNA made{};
         made.mask = LVCF_FMT | LVCF_WIDTH;
@@ -341,41 +344,63 @@ void JobGrid::SetHeaders() {
         named.pszText = headers[column].data();
         SendMessageA(window, LVM_SETCOLUMNA, column, reinterpret_cast<LPARAM>(&named));
     }
+    FitWidths();
     Repaint();
 }
 
 // What the user has made of the columns counts, at whatever scale.
 void JobGrid::Scale() {
     if (window == nullptr) return;
-    if (dpi != 0) SaveWidths();
+    TakeWidths();
     dpi = DpiOf(window);
-    for (int column = 0; column < static_cast<int>(GridColumnCount); ++column) {
-        ListView_SetColumnWidth(window, column, MulDiv(widths[static_cast<std::size_t>(column)], dpi, TwipsPerInch));
+    FitWidths();
+}
+
+// As designed, and wide enough for the header and what can stand below it, until the user has chosen other widths.
+void JobGrid::FitWidths() {
+    if (dpi == 0) return;
+    const std::array<std::string, GridColumnCount> headers = Headers();
+    const int margin = MulDiv(CellMargin, dpi, USER_DEFAULT_SCREEN_DPI);
+    for (std::size_t column = 0; column < GridColumnCount; ++column) {
+        const auto needed = [&](const char* text) {
+            return MulDiv(ListView_GetStringWidth(window, text) + margin, TwipsPerInch, dpi);
+        };
+        const int least = std::max(needed(headers[column].c_str()), needed(LongestTexts[column]));
+        if (!widthsAreChosen) widths[column] = std::max(DesignedWidths[column], least);
+        ListView_SetColumnWidth(window, static_cast<int>(column), MulDiv(widths[column], dpi, TwipsPerInch));
     }
 }
 
-// Eight numbers with commas between them; any other text is none of ours.
-void JobGrid::LoadWidths() {
-    widths = DesignedWidths;
+// Eight numbers with commas between them; any other text is none of ours. False without them.
+bool JobGrid::LoadWidths() {
     const std::string stored = platform::ReadRegistry(RegistryKey(), WidthsValue).value_or("");
     Widths read{};
     const char* next = stored.data();
     const char* const end = stored.data() + stored.size();
     for (int& width : read) {
         const auto [behind, error] = std::from_chars(next, end, width);
-        if (error != std::errc() || width < 0 || width > WidestColumn) return;
+        if (error != std::errc() || width < 0 || width > WidestColumn) return false;
         next = behind == end ? end : behind + 1;
     }
     widths = read;
+    return true;
+}
+
+// A column that the user has drawn to another width: from then on all of them are the user's.
+void JobGrid::TakeWidths() {
+    if (dpi == 0) return;
+    for (std::size_t column = 0; column < GridColumnCount; ++column) {
+        const int width = ListView_GetColumnWidth(window, static_cast<int>(column));
+        if (width == MulDiv(widths[column], dpi, TwipsPerInch)) continue;
+        widths[column] = MulDiv(width, TwipsPerInch, dpi);
+        widthsAreChosen = true;
+    }
 }
 
 void JobGrid::SaveWidths() {
-    if (dpi == 0) return;
+    TakeWidths();
+    if (!widthsAreChosen) return;
     std::string text;
-    for (int column = 0; column < static_cast<int>(GridColumnCount); ++column) {
-        const int width = MulDiv(ListView_GetColumnWidth(window, column), TwipsPerInch, dpi);
-        widths[static_cast<std::size_t>(column)] = width;
-        text += (text.empty() ? "" : ",") + std::to_string(width);
-    }
+    for (const int width : widths) text += (text.empty() ? "" : ",") + std::to_string(width);
     platform::WriteRegistry(RegistryKey(), WidthsValue, text);
 }

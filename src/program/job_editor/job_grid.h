@@ -61,7 +61,9 @@ private:
     void OnGetText(LVITEMA& item);
     static LRESULT OnDraw(NMLVCUSTOMDRAW& draw, bool focused);
 
-    void LoadWidths();
+    bool LoadWidths();
+    void FitWidths();
+    void TakeWidths();
     void SaveWidths();
 
     HWND window = nullptr;
@@ -69,6 +71,7 @@ private:
     int wheel = 0;  // what a fine wheel has turned since the last whole notch
     int shownRow = -1;
     GridColumns shownColumns;
-    Widths widths{};  // twips
-    int dpi = 0;      // for which the columns stand
+    Widths widths{};               // twips
+    bool widthsAreChosen = false;  // by the user, now or another time
+    int dpi = 0;                   // for which the columns stand
 };
