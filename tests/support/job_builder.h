@@ -150,7 +150,7 @@ private:
     }
 
     JobBuilder& Add(JobEvent event, std::int32_t chainIndex) {
-        event.time() = clock;
+        event.time() = static_cast<std::int32_t>(clock);
         clock += Step;
         event.WindowChainIndex = chainIndex;
         if (chainIndex >= 0) {
@@ -187,7 +187,7 @@ private:
     }
 
     Job job;
-    std::int32_t clock = 0;
+    std::int64_t clock = 0;
     std::int32_t chain = NoWindowMarker;
     std::int32_t waitForWindow = 10;
     std::uint8_t ifNoWindow = StopExecuting;

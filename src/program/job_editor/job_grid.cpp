@@ -25,9 +25,9 @@ constexpr int WidestColumn = 30000;  // twips
 
 constexpr std::array<int, GridColumnCount> DesignedWidths = {500, 1350, 2300, 1000, 1300, 800, 2000, 4000};
 constexpr int CellMargin = 14;  // pixels at 100 percent, on both sides of a text together
-constexpr std::array<const char*, GridColumnCount> LongestTexts = {"99999",        "",         "", "100000ms",
-                                                                   "00:00:00.000", "100000ms", "", ""};
+constexpr int NumberColumn = 0;
 constexpr int DelayColumn = 3;
+constexpr int StartTimeColumn = 4;
 constexpr int DurationColumn = 5;
 
 std::string RegistryKey() {
@@ -62,6 +62,21 @@ GridColumns ColumnsOf(int row) {
         return RowColumns(row);
     } catch (const std::exception&) {
         return {};
+    }
+}
+
+// Of the columns whose texts have a length that can be told.
+const char* LongestTextOf(int column) {
+    switch (column) {
+        case NumberColumn:
+            return "99999";
+        case DelayColumn:
+        case DurationColumn:
+            return "100000ms";
+        case StartTimeColumn:
+            return "00:00:00.000";
+        default:
+            return "";
     }
 }
 
@@ -365,7 +380,7 @@ void JobGrid::FitWidths() {
         const auto needed = [&](const char* text) {
             return MulDiv(ListView_GetStringWidth(window, text) + margin, TwipsPerInch, dpi);
         };
-        const int least = std::max(needed(headers[column].c_str()), needed(LongestTexts[column]));
+        const int least = std::max(needed(headers[column].c_str()), needed(LongestTextOf(static_cast<int>(column))));
         if (!widthsAreChosen) widths[column] = std::max(DesignedWidths[column], least);
         ListView_SetColumnWidth(window, static_cast<int>(column), MulDiv(widths[column], dpi, TwipsPerInch));
     }
