@@ -135,7 +135,7 @@ void MeasureDelay() {
     OpenToFirstPage(path);
     std::int32_t delay = GetDelay(0);
     bench::ReportRatio(
-        "change the first delay / add to every time", [&] { SetNewDelay(0, editState.RowKind[0], ++delay); },
+        "change the first delay / add to every time", [&] { SetNewDelay(0, 0, ++delay); },
         [&] { AddToEveryTime(1), ++delay; }, 1.5);
 }
 

@@ -3,7 +3,6 @@
 #include <chrono>
 #include <map>
 
-#include "platform/boxes.h"
 #include "platform/clock.h"
 #include "platform/load.h"
 #include "platform/processes.h"
@@ -49,16 +48,6 @@ void StopAllTimers() {
 }  // namespace quiet
 
 namespace platform {
-
-void ShowBox(const std::string&, const std::string&, BoxIcon) {}
-
-bool AskYesNo(const std::string&, const std::string&, BoxIcon) {
-    return false;
-}
-
-bool AskBeforeLoss(const std::string&, const std::string&, BoxIcon) {
-    return false;
-}
 
 bool StartProgram(const std::string&, int) {
     return false;

@@ -1,8 +1,6 @@
-// A form of the job editor that nobody looks at, and boxes that nobody answers: of a fold there can be hundreds, and
-// nothing may pile up.
+// A form of the job editor that nobody looks at.
 #include "editor/edit_view.h"
 #include "editor/keystroke_view.h"
-#include "platform/boxes.h"
 
 namespace edit_view {
 
@@ -40,22 +38,3 @@ void AppendPlainText(const std::string&) {}
 void FocusGrid() {}
 
 }  // namespace keystroke_view
-
-namespace platform {
-
-void ShowBox(const std::string&, const std::string&, BoxIcon) {}
-bool AskYesNo(const std::string&, const std::string&, BoxIcon) {
-    return false;
-}
-bool AskBeforeLoss(const std::string&, const std::string&, BoxIcon) {
-    return false;
-}
-bool AskOkCancel(const std::string&, const std::string&, BoxIcon) {
-    return false;
-}
-BoxChoice AskToSave(const std::string&, const std::string&, BoxIcon) {
-    return BoxChoice::Cancel;
-}
-void WatchBoxes(const BoxWatch&) {}
-
-}  // namespace platform

@@ -29,7 +29,7 @@ void Refresh();
 // The box that asks for a file name, with this one in it. False when the user canceled. Pumps.
 bool AskJobName(std::string& name);
 
-// Minimised and disabled while a piece is recorded, and back.
+// Out of sight and of use while a piece is recorded, and back.
 void PutAside();
 void BringBack();
 

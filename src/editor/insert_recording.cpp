@@ -1,16 +1,14 @@
 #include "editor/insert_recording.h"
 
-#include <limits>
 #include <string>
 #include <utility>
 
 #include "base/product.h"
-#include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "editor/edit_view.h"
-#include "editor/grid_rows.h"
 #include "editor/job_changes.h"
 #include "editor/row_edits.h"
+#include "folding/grid_rows.h"
 #include "folding/popuni_listu.h"
 #include "folding/row_texts.h"
 #include "platform/boxes.h"
@@ -19,13 +17,7 @@
 
 namespace {
 
-struct Insertion {
-    bool insertIntoEmpty = false;
-    bool insertAtEnd = false;
-    std::int32_t insertAt = 0;      // event index of the first new event
-    std::int32_t eventsBefore = 0;  // of the job
-};
-Insertion insertion;
+std::int32_t insertAt = 0;  // event index of the first new event
 
 std::int32_t EventCount() {
     return static_cast<std::int32_t>(editState.EditEvents.size());
@@ -37,8 +29,7 @@ std::int64_t TimeAt(std::int32_t event) {
 
 // Sets where the piece goes, and returns the time at which it begins.
 std::int64_t PlaceAtEnd(std::int32_t row) {
-    insertion.insertAtEnd = true;
-    insertion.insertAt = EventCount();
+    insertAt = EventCount();
     // The last row's duration counts twice, being in the time of the last event already: the piece begins that much
     // later, which gives what the last row has set off the time to finish.
     return TimeAt(EventCount() - 1) + GetEventDuration(row);
@@ -47,15 +38,14 @@ std::int64_t PlaceAtEnd(std::int32_t row) {
 std::int64_t PlaceAtRow(std::int32_t row, bool above) {
     const std::int32_t place = above ? EventsOfRow(row).first : EventsOfRow(row).last + 1;
     if ((row == RowCount() - 1 && !above) || place >= EventCount()) return PlaceAtEnd(row);
-    insertion.insertAt = place;
+    insertAt = place;
     return TimeAt(place);
 }
 
-// The tail keeps its distance from what is before it, counted from the end of the piece.
+// The tail keeps its distance from what is before it, counted from the end of the piece; before the first event the
+// time is 0. Behind the last one there is no tail.
 std::int64_t ShiftOfTail(const std::vector<JobEvent>& piece) {
-    const std::int64_t pieceEnd = piece.back().time();
-    if (insertion.insertIntoEmpty) return pieceEnd;
-    return pieceEnd - (insertion.insertAt == 0 ? 0 : TimeAt(insertion.insertAt - 1));
+    return piece.back().time() - (insertAt == 0 ? 0 : TimeAt(insertAt - 1));
 }
 
 bool IsRowToInsertAt(std::int32_t rowIndex) {
@@ -90,11 +80,8 @@ void InsertRecording(std::int32_t rowIndex, bool empty, bool above) {
     } else if (!IsRowToInsertAt(rowIndex)) {
         return;
     }
-    insertion = {};
-    insertion.eventsBefore = EventCount();
-    insertion.insertIntoEmpty = empty;
+    insertAt = 0;
     const std::int64_t base = empty ? 0 : PlaceAtRow(rowIndex, above);
-    TextRunEnds();
     StartInsertRecording(platform::TickCount() - base, editState.Windows, editState.Chains);
 }
 
@@ -102,8 +89,7 @@ void ZavrsiUmetanjeSnimanjem() {
     edit_view::BringBack();
     Job piece = RecordedJob();
     if (piece.Events.empty()) return;
-    const std::int64_t shift = insertion.insertAtEnd ? 0 : ShiftOfTail(piece.Events);
-    const std::int32_t at = insertion.insertAt;
-    InsertPiece(at, {std::move(piece.Events), std::move(piece.Windows), std::move(piece.Chains)}, shift);
-    SelectRowAtEvent(at);
+    const std::int64_t shift = ShiftOfTail(piece.Events);
+    InsertPiece(insertAt, {std::move(piece.Events), std::move(piece.Windows), std::move(piece.Chains)}, shift);
+    SelectRowAtEvent(insertAt);
 }

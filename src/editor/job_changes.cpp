@@ -7,7 +7,7 @@
 
 #include "base/runtime_failure.h"
 #include "editor/event_splices.h"
-#include "editor/grid_rows.h"
+#include "folding/grid_rows.h"
 #include "folding/popuni_listu.h"
 #include "folding/row_texts.h"
 

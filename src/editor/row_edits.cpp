@@ -11,9 +11,9 @@
 #include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
 #include "editor/edit_view.h"
-#include "editor/grid_rows.h"
 #include "editor/job_changes.h"
 #include "editor/keystroke_box.h"
+#include "folding/grid_rows.h"
 #include "folding/popuni_listu.h"
 #include "folding/row_texts.h"
 #include "platform/boxes.h"
@@ -188,12 +188,6 @@ std::vector<std::int32_t> DurationEdit::Result() const {
     return result;
 }
 
-void SetDurations(std::int32_t from, std::int32_t to, std::int32_t value) {
-    DurationEdit edit(EventsOfRow(from).first);
-    for (std::int32_t row = from; row <= to; ++row) edit.SetDuration(EventsOfRow(row), value);
-    if (edit.Changes()) SetTimes(EventsOfRow(from).first, edit.Result(), edit.TailShift());
-}
-
 // --- what both buttons do ---
 
 // The number in a picker. It keeps to its range, so what it holds fits.
@@ -201,11 +195,15 @@ std::int32_t ValueOf(const std::string& text) {
     return In32Bits(TypedNumber(text).value_or(0));
 }
 
-void AfterTimesWereSet() {
+void SetForSelection(void (*set)(std::int32_t from, std::int32_t to, std::int32_t value), const std::string& text) {
+    if (RowCount() == 0) return;
+    std::int32_t from = 0;
+    std::int32_t to = 0;
+    GetOdkudDokud(from, to);
+    set(from, to, ValueOf(text));
     touched = true;
     FillTimingFields();
     edit_view::RepaintRows();
-    edit_view::Refresh();
 }
 
 void ShowStep(std::int32_t event) {
@@ -278,33 +276,25 @@ void DurationTyped(const std::string& text) {
 }
 
 void delay_set_Click() {
-    if (RowCount() == 0) return;
-    std::int32_t from = 0;
-    std::int32_t to = 0;
-    GetOdkudDokud(from, to);
-    ShiftTimes(ShiftsForDelays(from, to, ValueOf(eventPane.delay_mk)));
-    AfterTimesWereSet();
+    SetForSelection(SetNewDelay, eventPane.delay_mk);
     eventPane.delay_set = false;
     edit_view::Refresh();
 }
 
 void duration_set_Click() {
-    if (RowCount() == 0) return;
-    std::int32_t from = 0;
-    std::int32_t to = 0;
-    GetOdkudDokud(from, to);
-    SetDurations(from, to, ValueOf(eventPane.duration_mk));
-    AfterTimesWereSet();
+    SetForSelection(SetNewDuration, eventPane.duration_mk);
     eventPane.duration_set = false;
     edit_view::Refresh();
 }
 
-void SetNewDelay(std::int32_t gridRow, std::int32_t, std::int32_t value) {
-    if (RowCount() > 0) ShiftTimes(ShiftsForDelays(gridRow, gridRow, value));
+void SetNewDelay(std::int32_t from, std::int32_t to, std::int32_t value) {
+    ShiftTimes(ShiftsForDelays(from, to, value));
 }
 
-void SetNewDuration(std::int32_t gridRow, std::int32_t, std::int32_t value) {
-    SetDurations(gridRow, gridRow, value);
+void SetNewDuration(std::int32_t from, std::int32_t to, std::int32_t value) {
+    DurationEdit edit(EventsOfRow(from).first);
+    for (std::int32_t row = from; row <= to; ++row) edit.SetDuration(EventsOfRow(row), value);
+    if (edit.Changes()) SetTimes(EventsOfRow(from).first, edit.Result(), edit.TailShift());
 }
 
 void WaitForWindowChanged(std::int32_t seconds) {

@@ -52,12 +52,12 @@ void DurationTyped(const std::string& text);
 void delay_set_Click();
 void duration_set_Click();
 
-// The row gets this delay (ms from the end of the row before), and all rows behind it move along.
-void SetNewDelay(std::int32_t gridRow, std::int32_t kind, std::int32_t value);
+// Each of these rows gets this delay (ms from the end of the row before), and all rows behind it move along.
+void SetNewDelay(std::int32_t from, std::int32_t to, std::int32_t value);
 
-// The row gets this duration (ms); its events keep their place in proportion. Those that shared one moment are spread
-// evenly. A row of one event has none to change.
-void SetNewDuration(std::int32_t gridRow, std::int32_t kind, std::int32_t value);
+// Each of these rows gets this duration (ms); its events keep their place in proportion. Those that shared one moment
+// are spread evenly. A row of one event has none to change.
+void SetNewDuration(std::int32_t from, std::int32_t to, std::int32_t value);
 
 // The target fields of one selected row.
 void WaitForWindowChanged(std::int32_t seconds);

@@ -3,9 +3,9 @@
 #include <cstdint>
 
 #include "base/text.h"
-#include "editor/grid_rows.h"
 #include "editor/job_changes.h"
 #include "editor/row_edits.h"
+#include "folding/grid_rows.h"
 #include "folding/popuni_listu.h"
 #include "replay/run_job.h"
 

@@ -3,6 +3,7 @@
 #include "base/product.h"
 #include "base/runtime_failure.h"
 #include "dictionary/dictionary.h"
+#include "folding/grid_rows.h"
 #include "folding/popuni_listu.h"
 #include "keystrokes/notation.h"
 #include "platform/boxes.h"
@@ -25,39 +26,20 @@ std::int32_t In32Bits(std::int64_t ms) {
     return static_cast<std::int32_t>(ms);
 }
 
-std::int32_t KindOf(std::int32_t row) {
-    return CheckedAt(editState.RowKind, row, "Row");
-}
-
-struct Range {
-    std::int32_t first = 0;
-    std::int32_t last = 0;
-};
-
-Range EventsOf(std::int32_t row) {
-    const std::int32_t index = CheckedAt(editState.RowIndex, row, "Row");
-    if (KindOf(row) == MouseRowKind) {
-        const MouseRow& mouseRow = CheckedAt(editState.MouseRows, index, "Mouse row");
-        return {mouseRow.FirstEvent, mouseRow.LastEvent};
-    }
-    const KeyRow& keyRow = CheckedAt(editState.KeyRows, index, "Keystroke row");
-    return {keyRow.FirstEvent, keyRow.LastEvent};
-}
-
 // The row's kind says where the time lies, not the event's type: a run of moves can end at a wheel notch that has
 // joined a keystroke row, and that has its time in both places.
 std::int32_t TimeOf(std::int32_t row, std::int32_t eventIndex) {
     const JobEvent& event = CheckedAt(editState.EditEvents, eventIndex, "Event");
-    return event.word[KindOf(row) == MouseRowKind ? MouseTimeWord : KeyTimeWord];
+    return event.word[KindOfRow(row) == MouseRowKind ? MouseTimeWord : KeyTimeWord];
 }
 
 bool IsKnownKind(std::int32_t row) {
-    return KindOf(row) == MouseRowKind || KindOf(row) == KeyRowKind;
+    return KindOfRow(row) == MouseRowKind || KindOfRow(row) == KeyRowKind;
 }
 
 bool IsKnownKindOrTell(std::int32_t row, const std::string& box) {
     if (IsKnownKind(row)) return true;
-    platform::ShowBox(box + std::to_string(KindOf(row)), ProductName);
+    platform::ShowBox(box + std::to_string(KindOfRow(row)), ProductName);
     return false;
 }
 
@@ -141,17 +123,17 @@ std::string timeStr(std::int32_t ms) {
 
 std::int32_t Event_StartTime(std::int32_t row) {
     if (!IsKnownKindOrTell(row, "Unknown GridType in function Event_startTime:")) return 0;
-    return TimeOf(row, EventsOf(row).first);
+    return TimeOf(row, EventsOfRow(row).first);
 }
 
 std::int32_t Event_EndTime(std::int32_t row) {
     if (!IsKnownKindOrTell(row, "Unknown GridType in function Event_EndTime:")) return 0;
-    return TimeOf(row, EventsOf(row).last);
+    return TimeOf(row, EventsOfRow(row).last);
 }
 
 std::int32_t Event_I_Begin(std::int32_t row) {
     if (!IsKnownKindOrTell(row, "Unknown GridType in function Event_I_begin")) return 0;
-    return EventsOf(row).first;
+    return EventsOfRow(row).first;
 }
 
 std::int64_t DelayOf(std::int32_t row) {
@@ -222,7 +204,7 @@ GridColumns StaviUGrid(const std::string& number, const std::string& col1, const
 
 GridColumns RowColumns(std::int32_t row) {
     const std::int32_t index = CheckedAt(editState.RowIndex, row, "Row");
-    const ActionColumns action = KindOf(row) == MouseRowKind ? MouseColumns(index) : KeyColumns(index);
+    const ActionColumns action = KindOfRow(row) == MouseRowKind ? MouseColumns(index) : KeyColumns(index);
     return StaviUGrid(std::to_string(CheckedAt(editState.RowNumber, row, "Row")), action.device, action.action,
                       std::to_string(DelayOf(row)) + "ms", timeStr(Event_StartTime(row)),
                       std::to_string(DurationOf(row)) + "ms", action.window, action.detail);

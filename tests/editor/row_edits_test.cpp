@@ -223,7 +223,7 @@ TEST(Duration, OfManyRowsIsThatOfEachInTurn) {
     Open(job);
     const std::int32_t last = static_cast<std::int32_t>(Rows().size()) - 1;
     for (std::int32_t row = 0; row <= last; ++row)
-        SetNewDuration(row, editState.RowKind[static_cast<std::size_t>(row)], 77);
+        SetNewDuration(row, row, 77);
     const std::vector<std::int32_t> oneByOne = Times();
     while (CanUndo()) Undo();
     Select(0, last);

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "controls/buffered_paper.h"
 #include "dictionary/dictionary.h"
 #include "dictionary/sentences.h"
 #include "editor/keystroke_hook.h"
@@ -125,38 +124,18 @@ LRESULT KeystrokeBoxControl::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
 }
 
 LRESULT KeystrokeBoxControl::OnLooks(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_ERASEBKGND:
-            return TRUE;
-        case WM_PAINT:
-            OnPaint(BufferedPaper(Window()).Get());
-            return 0;
-        case WM_PRINTCLIENT:
-            OnPaint(reinterpret_cast<HDC>(wParam));
-            return 0;
-        case WM_SETCURSOR:
-            if (LOWORD(lParam) != HTCLIENT) break;
-            SetCursor(LoadCursorA(nullptr, MAKEINTRESOURCEA(32513)));  // the bar of a text
-            return TRUE;
-        default:
-            break;
+    if (message == WM_SETCURSOR && LOWORD(lParam) == HTCLIENT) {
+        SetCursor(LoadCursorA(nullptr, MAKEINTRESOURCEA(32513)));  // the bar of a text
+        return TRUE;
     }
-    const LRESULT result = Default(message, wParam, lParam);
+    const LRESULT result = DefaultWithBorder(message, wParam, lParam);
     switch (message) {
-        case WM_NCPAINT:
-            DrawEditBorder(Window());
-            break;
         case WM_SETFONT:
         case WM_DPICHANGED_AFTERPARENT:
             Measure();
             break;
         case WM_SIZE:
             Lay();
-            break;
-        case WM_THEMECHANGED:
-        case WM_SYSCOLORCHANGE:
-        case WM_ENABLE:
-            RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
             break;
         default:
             break;

@@ -6,7 +6,7 @@
 #include <array>
 #include <vector>
 
-#include "controls/own_control.h"
+#include "controls/painted_control.h"
 #include "editor/keystroke_box.h"
 
 // Before the first dialog that names the class; more than once does no harm.
@@ -20,7 +20,7 @@ bool HasKeyboard(HWND control);
 // typed, is handed over as it is, and neither dialog nor menu nor accelerator hears of it: true.
 bool HandOnKey(const MSG& message, HWND text, HWND plainText);
 
-class KeystrokeBoxControl : public OwnControl {
+class KeystrokeBoxControl : public PaintedControl {
 public:
     void Attach(HWND control);
 
@@ -39,7 +39,7 @@ private:
     void OnPress(POINT point);
     void OnScroll(int code);
     void OnWheel(int delta);
-    void OnPaint(HDC paper) const;
+    void OnPaint(HDC paper) const override;
     void PaintPiece(HDC paper, const TokenSpan& span, RECT place) const;
 
     // A token where it stands, in pixels from the first line on.

@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "base/text.h"
-#include "controls/buffered_paper.h"
 #include "toolkit/system_look.h"
 #include "toolkit/window_tools.h"
 
@@ -141,32 +140,12 @@ LRESULT ListControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT ListControl::OnLooks(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = DefaultWithBorder(message, wParam, lParam);
     switch (message) {
-        case WM_ERASEBKGND:
-            return TRUE;
-        case WM_PAINT:
-            OnPaint(BufferedPaper(Window()).Get());
-            return 0;
-        case WM_PRINTCLIENT:
-            OnPaint(reinterpret_cast<HDC>(wParam));
-            return 0;
-        default:
-            break;
-    }
-    const LRESULT result = Default(message, wParam, lParam);
-    switch (message) {
-        case WM_NCPAINT:
-            DrawEditBorder(Window());
-            break;
         case WM_SIZE:
         case WM_SETFONT:
         case WM_DPICHANGED_AFTERPARENT:
             Measure();
-            break;
-        case WM_THEMECHANGED:
-        case WM_SYSCOLORCHANGE:
-        case WM_ENABLE:
-            RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
             break;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:

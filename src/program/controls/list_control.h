@@ -11,13 +11,13 @@
 #include <vector>
 
 #include "controls/list_painter.h"
-#include "controls/own_control.h"
+#include "controls/painted_control.h"
 #include "widgets/list_model.h"
 
 // Before the first dialog that names the class; more than once does no harm.
 void RegisterListControl();
 
-class ListControl : public OwnControl {
+class ListControl : public PaintedControl {
 public:
     // `lengths` are in pixels at 100 percent; the visible part is the control's own affair. Rows are higher and small
     // buttons wider where their texts need it.
@@ -75,7 +75,7 @@ private:
     void OnScroll(int code);
     bool OnKey(int key);
     void OnMenuKey();
-    void OnPaint(HDC paper) const;
+    void OnPaint(HDC paper) const override;
     void OnModelChanged();
     void Update();
     void OnDestroy();

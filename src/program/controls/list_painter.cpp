@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "controls/buffered_paper.h"
+#include "controls/painted_control.h"
 #include "toolkit/system_look.h"
 #include "toolkit/window_tools.h"
 

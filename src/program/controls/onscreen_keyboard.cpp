@@ -7,7 +7,6 @@
 #include <array>
 #include <cstddef>
 
-#include "controls/buffered_paper.h"
 #include "dictionary/dictionary.h"
 #include "editor/keystroke_box.h"
 #include "keystrokes/notation.h"
@@ -158,14 +157,6 @@ LRESULT OnscreenKeyboardControl::OnMessage(UINT message, WPARAM wParam, LPARAM l
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
             OnRightPress(PointOf(lParam));
-            return 0;
-        case WM_ERASEBKGND:
-            return TRUE;
-        case WM_PAINT:
-            OnPaint(BufferedPaper(Window()).Get());
-            return 0;
-        case WM_PRINTCLIENT:
-            OnPaint(reinterpret_cast<HDC>(wParam));
             return 0;
         case WM_INPUTLANGCHANGE:
             PodesiRjecnik();

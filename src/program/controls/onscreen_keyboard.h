@@ -4,13 +4,13 @@
 // readers each key is a button.
 #pragma once
 
-#include "controls/own_control.h"
+#include "controls/painted_control.h"
 #include "editor/keyboard_layout.h"
 
 // Before the first dialog that names the class; more than once does no harm.
 void RegisterOnscreenKeyboard();
 
-class OnscreenKeyboardControl : public OwnControl {
+class OnscreenKeyboardControl : public PaintedControl {
 public:
     ~OnscreenKeyboardControl();
 
@@ -41,7 +41,7 @@ private:
 
     void MakeFonts();
     void FreeFonts();
-    void OnPaint(HDC paper) const;
+    void OnPaint(HDC paper) const override;
     void PaintKey(HDC paper, const KeyPart& part) const;
     void PaintCaption(HDC paper, const KeyPart& part) const;
     bool IsHeld(const KeyPart& part) const;

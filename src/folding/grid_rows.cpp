@@ -1,4 +1,4 @@
-#include "editor/grid_rows.h"
+#include "folding/grid_rows.h"
 
 #include <algorithm>
 
