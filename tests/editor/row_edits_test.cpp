@@ -222,8 +222,7 @@ TEST(Duration, OfManyRowsIsThatOfEachInTurn) {
                         .Built();
     Open(job);
     const std::int32_t last = static_cast<std::int32_t>(Rows().size()) - 1;
-    for (std::int32_t row = 0; row <= last; ++row)
-        SetNewDuration(row, row, 77);
+    for (std::int32_t row = 0; row <= last; ++row) SetNewDuration(row, row, 77);
     const std::vector<std::int32_t> oneByOne = Times();
     while (CanUndo()) Undo();
     Select(0, last);
