@@ -70,6 +70,13 @@ function(tessarine_library name)
     endif()
 endfunction()
 
+# A program that is given to users: nothing in it but what runs, and the same bytes from every build.
+function(tessarine_program name)
+    target_link_options(${name} PRIVATE
+        -s -Wl,--dynamicbase,--high-entropy-va,--nxcompat -Wl,--no-insert-timestamp)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TESSARINE_OUTPUT})
+endfunction()
+
 # The standard library's headers that most sources read are compiled once.
 add_library(standard_headers OBJECT ${CMAKE_CURRENT_LIST_DIR}/standard_headers.cpp)
 target_precompile_headers(standard_headers PRIVATE

@@ -7,6 +7,7 @@
 #include "settings/sample_settings.h"
 #include "sounds/sample_bank.h"
 #include "storage/archive.h"
+#include "support/least_program.h"
 
 namespace {
 
@@ -76,6 +77,10 @@ int main(int argumentCount, char** arguments) {
         Put(corpus / target / "sample", SampleBytes());
         Put(corpus / target / "empty", empty);
         Put(corpus / target / "newer", newer);
+    }
+    for (const char language : {'\1', '\4'}) {
+        const std::string made = LeastProgram() + std::string{language, 0} + SampleBytes();
+        Put(corpus / "made_program" / (language == 1 ? "english" : "french"), made);
     }
     Put(corpus / "edit_job" / "every", EveryEdit() + EveryEvent());
     Put(corpus / "edit_job" / "empty", EveryEdit());

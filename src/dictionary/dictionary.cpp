@@ -123,9 +123,13 @@ std::optional<std::int16_t> StoredLanguage() {
     return std::nullopt;
 }
 
-void SetLanguage(int language) {
+void UseLanguage(int language) {
     const bool known = language >= LanguageEnglish && language <= LanguageFrench;
     dictionary.CurrentLanguage = known ? static_cast<std::int16_t>(language) : LanguageEnglish;
+}
+
+void SetLanguage(int language) {
+    UseLanguage(language);
     const auto text = languageTexts[static_cast<std::size_t>(dictionary.CurrentLanguage - 1)];
     // Where the registry refuses, the language holds until the program ends.
     platform::WriteRegistry(registryKey, registryValue, std::string(text));

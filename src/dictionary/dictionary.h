@@ -24,6 +24,9 @@ std::optional<std::int16_t> StoredLanguage();
 // Stores the language and puts it in force. An unknown number is English.
 void SetLanguage(int language);
 
+// Puts it in force for this process alone.
+void UseLanguage(int language);
+
 // The text for `key` in the present language, or "<key>" when the table has none. Case does not matter: in English
 // the key comes back in the caller's case, in the other languages the text has the table's.
 std::string Translate(const std::string& key);

@@ -203,6 +203,12 @@ constexpr DictionaryRow ownRows[] = {
      "pouvez répondre. Relancez la tâche ensuite.",
      "No se puede acceder al escritorio: el equipo está bloqueado, o Windows hace una pregunta que solo usted puede "
      "responder. Después vuelva a ejecutar la tarea."},
+    {"Another program is playing a job. Please try again when it has ended.",
+     "Ein anderes Programm spielt gerade eine Aufgabe ab. Bitte versuchen Sie es noch einmal, wenn sie beendet ist.",
+     "Un autre programme est en train de rejouer une tâche. Veuillez réessayer lorsqu'elle sera terminée.",
+     "Otro programa está reproduciendo una tarea. Vuelva a intentarlo cuando haya terminado."},
+    {"There is nothing to play: the job is empty.", "Es gibt nichts abzuspielen: Die Aufgabe ist leer.",
+     "Il n'y a rien à rejouer\u00A0: la tâche est vide.", "No hay nada que reproducir: la tarea está vacía."},
 
     // what a screen reader says of controls without a caption
     {"Replay speed in percent", "Wiedergabegeschwindigkeit in Prozent", "Vitesse de rejeu en pourcentage",

@@ -1,6 +1,7 @@
 #include "editor/run_rows.h"
 
 #include <cstdint>
+#include <utility>
 
 #include "base/text.h"
 #include "editor/job_changes.h"
@@ -17,7 +18,7 @@ void RunRows(std::int32_t from, std::int32_t to) {
     header.RepeatCount = 1;
     Job job = JobToSave(header);
     job.Events = EventsToSaveOf(from, to);
-    RunLoadedJob(job, BaseName(editState.jobName));
+    RunLoadedJob(std::move(job), BaseName(editState.jobName));
 }
 
 }  // namespace

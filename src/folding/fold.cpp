@@ -43,10 +43,10 @@ bool IsWheelNotch(const JobEvent& event) {
     return event.dwFlags() == WheelFlags && (event.mouseData() == WheelNotch || event.mouseData() == -WheelNotch);
 }
 
-// Only the left and right releases and the moves leave an open keystroke row as it is. A press ends it, and so do a
-// middle and an X release, for no better reason than that it has always been so.
+// Of the buttons only the left and right releases leave an open keystroke row as it is, as moves do. A press ends it,
+// and so do a middle and an X release, for no better reason than that it has always been so.
 bool EndsKeyRow(const JobEvent& event) {
-    return event.dwFlags() != MoveFlags && event.dwFlags() != MouseFlagBase + platform::MouseLeftUp &&
+    return event.dwFlags() != MouseFlagBase + platform::MouseLeftUp &&
            event.dwFlags() != MouseFlagBase + platform::MouseRightUp;
 }
 
@@ -105,9 +105,9 @@ private:
     void FoldKeyUp(std::int32_t index);
     void FoldStoredText(std::int32_t index);
     void FoldContinuation(std::int32_t index);
-    void FoldMouse(std::int32_t index);
+    void FoldMouse(std::int32_t index, const JobEvent& event);
     void FoldWheelNotch(std::int32_t index);
-    void FoldMove(std::int32_t index);
+    void FoldMove(std::int32_t index, const JobEvent& event);
     void FoldButton(std::int32_t index);
 
     void DodajNoviText(std::int32_t index);
@@ -154,10 +154,10 @@ void Pass::Run() {
 }
 
 void Pass::FoldEvent(std::int32_t index) {
-    const std::int32_t type = At(index).dwType();
-    switch (type) {
+    const JobEvent& event = At(index);
+    switch (event.dwType()) {
         case platform::InputMouse:
-            return FoldMouse(index);
+            return FoldMouse(index, event);
         case platform::InputKeyboard:
             return FoldKey(index);
         case INPUT_TEXT:
@@ -165,7 +165,7 @@ void Pass::FoldEvent(std::int32_t index) {
         case TextContinuation:
             return FoldContinuation(index);
         default:
-            platform::ShowBox("Unknown dwType:" + std::to_string(type), ProductName);
+            platform::ShowBox("Unknown dwType:" + std::to_string(event.dwType()), ProductName);
     }
 }
 
@@ -220,11 +220,10 @@ void Pass::FoldContinuation(std::int32_t index) {
     JoinLastKeyRow(index);
 }
 
-void Pass::FoldMouse(std::int32_t index) {
-    const JobEvent& event = At(index);
+void Pass::FoldMouse(std::int32_t index, const JobEvent& event) {
+    if (event.dwFlags() == MoveFlags) return FoldMove(index, event);
     if (IsWheelNotch(event)) return FoldWheelNotch(index);
     if (EndsKeyRow(event)) CurrentChain.Path[0] = NoChain;
-    if (event.dwFlags() == MoveFlags) return FoldMove(index);
     CloseMoveRow(index - 1);
     FoldButton(index);
 }
@@ -245,8 +244,7 @@ void Pass::FoldWheelNotch(std::int32_t index) {
     lastKind = LastKind::Wheel;
 }
 
-void Pass::FoldMove(std::int32_t index) {
-    const JobEvent& event = At(index);
+void Pass::FoldMove(std::int32_t index, const JobEvent& event) {
     if (!moveRow.open) {
         moveRow.open = true;
         moveRow.first = index;

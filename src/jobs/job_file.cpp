@@ -20,6 +20,8 @@ namespace {
 // Every save says so, whatever the program's version: the layout has not changed since.
 constexpr std::int32_t WrittenVersion = 300;
 
+constexpr std::int32_t OldestVersion = 300;
+
 // Sizes `array` from its count in the file. A count of zero or less leaves what the caller had.
 template <class Record>
 void ReadArray(InputFile& file, std::int32_t count, std::vector<Record>& array) {
@@ -100,11 +102,12 @@ bool IsFlag(std::int32_t value) {
 
 }  // namespace
 
-bool OptionsAreGood(const JobHeader& job) {
+bool HeaderIsGood(const JobHeader& job) {
     const std::int16_t style = job.StartProgram.WindowStyle;
-    return style >= 0 && style <= 3 && job.SpeedPercent >= 1 && job.SpeedPercent <= MaximumSpeed &&
-           IsFlag(job.SkipMouseMoves) && IsFlag(job.CapsLockState) && job.RepeatCount >= 0 && job.SafetyLevel >= 0 &&
-           job.SafetyLevel <= 2 && IsFlag(job.SimilarWindowNames);
+    return job.Version >= OldestVersion && job.Version <= ProductVersionNumber && style >= 0 && style <= 3 &&
+           job.SpeedPercent >= 1 && job.SpeedPercent <= MaximumSpeed && IsFlag(job.SkipMouseMoves) &&
+           IsFlag(job.CapsLockState) && job.RepeatCount >= 0 && job.SafetyLevel >= 0 && job.SafetyLevel <= 2 &&
+           IsFlag(job.SimilarWindowNames);
 }
 
 namespace {
@@ -151,13 +154,13 @@ JobHeaderCheck Accepted(JobHeader& job) {
 JobHeaderCheck JudgeFront(const FileFront& front, const std::string& path) {
     if (front.size < 4) return Corrupted(path);
     const auto version = little_endian::Load<std::int32_t>(front.bytes.data());
-    if (version < 300 || version > 900) return Corrupted(path);
+    if (version < OldestVersion || version > 900) return Corrupted(path);
     if (version > ProductVersionNumber) return Refused(JobHeaderCheck::Bad, NewerMessage(path, version));
     if (front.size < static_cast<std::int64_t>(RecordSize<JobHeader>())) return Corrupted(path);
     JobHeader job;
     RecordReader reader(front.bytes.data());
     Fields(reader, job);
-    return OptionsAreGood(job) ? Accepted(job) : Corrupted(path);
+    return HeaderIsGood(job) ? Accepted(job) : Corrupted(path);
 }
 
 }  // namespace

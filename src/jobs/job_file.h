@@ -17,8 +17,9 @@ void ReadJob(const std::string& path, Job& job);
 class InputFile;
 void ReadJob(InputFile& file, Job& job);
 
-// Whether every option is one that the job page can have set: what a quick check of a damaged file goes by.
-bool OptionsAreGood(const JobHeader& job);
+// Whether the version is known, and every option one that the job page can have set: what a quick check of a damaged
+// file goes by.
+bool HeaderIsGood(const JobHeader& job);
 
 // Writes `job` over `path` in one step. Version and DurationMs are the writer's own. When a longer file stood there,
 // its tail stays behind the new bytes. Paths, captions and the like that are too long for their field are cut. A

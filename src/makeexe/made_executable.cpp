@@ -118,6 +118,6 @@ MadeExecutable ReadMadeExecutable(const std::string& path) {
     made.language = little_endian::Load<std::int16_t>(file.Take(LanguageSize));
     if (made.language < LanguageEnglish || made.language > LanguageFrench) Refuse(path, "its language is unknown.");
     ReadJob(file, made.job);
-    if (!OptionsAreGood(made.job)) Refuse(path, "its job has options that no job has.");
+    if (!HeaderIsGood(made.job)) Refuse(path, "its job has a version or options that no job has.");
     return made;
 }

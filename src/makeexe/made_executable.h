@@ -22,6 +22,6 @@ struct MadeExecutable {
     Job job;
 };
 
-// Reads the job and its language. A file failure, too, for a job that is cut, has options that no job has, or an
-// unknown language; an index in it that leads nowhere is found by the run.
+// Reads the job and its language. A file failure, too, for a job that is cut, has a version or options that no job
+// has, or an unknown language; an index in it that leads nowhere is found by the run.
 MadeExecutable ReadMadeExecutable(const std::string& path);

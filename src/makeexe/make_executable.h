@@ -4,8 +4,6 @@
 
 #include <string>
 
-inline constexpr bool MakeExeExists = false;
-
 // Asks for the name of the executable and writes it in one step: whoever starts it meets the old one or the new one,
 // whole. A longer file that bore the name keeps its tail behind the new bytes. Boxes tell of a runner that is missing,
 // of success and of what went wrong. Pumps.

@@ -14,6 +14,22 @@ namespace platform {
 // place for this process, until it ends; one that ended without a word has left it.
 bool AnotherInstanceRuns(const std::string& name);
 
+// The right to play a job on this desktop, which one program at a time has: the main program or a made one. A program
+// that ended without a word has given it back.
+class RunClaim {
+public:
+    RunClaim();
+    RunClaim(const RunClaim&) = delete;
+    RunClaim& operator=(const RunClaim&) = delete;
+    ~RunClaim();
+
+    bool Granted() const { return granted; }
+
+private:
+    [[maybe_unused]] void* mutex = nullptr;  // a handle of Windows; the simulated desktop has none
+    bool granted = false;
+};
+
 // What a second start sends. `lpData` is another program's, and `cbData` what it says of it; valid during the call.
 struct SentMessage {
     unsigned message = 0;  // WM_COPYDATA, or one of ShowYourselfMessage's kind

@@ -7,6 +7,8 @@
 
 namespace platform {
 
+// The program's own file and its folder. A folder whose name the system code page does not have goes by its short name.
+std::string ExecutablePath();
 std::string ExecutableFolder();
 std::string DesktopDirectory();  // SHGetSpecialFolderLocation, CSIDL_DESKTOPDIRECTORY
 

@@ -1,6 +1,7 @@
 #include "replay/run_job.h"
 
 #include <exception>
+#include <utility>
 #include <vector>
 
 #include "base/product.h"
@@ -16,6 +17,7 @@
 #include "platform/files.h"
 #include "platform/guard.h"
 #include "platform/input.h"
+#include "platform/instances.h"
 #include "platform/processes.h"
 #include "platform/pump.h"
 #include "platform/timers.h"
@@ -93,6 +95,25 @@ bool DisplaysStatus() {
     return settings.Display_Executing_Status == 1;
 }
 
+void LogFailure(const std::string& reason) {
+    LogLine("Execution of job failed. Reason: ");
+    LogLine(reason);
+}
+
+// How the run went stays true when its log cannot be written. The lines wait in the buffer for the next log that can.
+// Nobody may be there: what tells of it must not wait for an answer.
+void WriteLog(const std::string& logPath) {
+    try {
+        WriteLogFile(logPath);
+    } catch (const RuntimeFailure& failure) {
+        if (DisplaysStatus()) {
+            status_view::AddLine(failure.what());
+        } else {
+            platform::ShowTrayBalloon(ProductName, failure.what());
+        }
+    }
+}
+
 // One call of RunJob that was not refused.
 class JobRun {
 public:
@@ -100,7 +121,7 @@ public:
         : jobPath(runPath), name(BaseName(runPath)), logPath(runLogPath), noInputBlock(withoutInputBlock) {}
 
     // Of a job that is no file.
-    JobRun(const Job& runJob, const std::string& runName) : name(runName), noInputBlock(false), job(runJob) {}
+    JobRun(Job&& runJob, const std::string& runName) : name(runName), noInputBlock(false), job(std::move(runJob)) {}
 
     std::int32_t Run();
 
@@ -118,8 +139,6 @@ private:
     void Tell();
     void TellCanceled(int row) const;
     void TellFailed(int row) const;
-    void LogFailure(const std::exception& failure) const;
-    void WriteLog() const;
     void Finish();
 
     // Copies: the caller's text may be an entry of a table that changes while this pumps, or that of the recent jobs.
@@ -255,14 +274,11 @@ void JobRun::TellFailed(int row) const {
             Translate1("Execution of job '%1' failed", name) + ". " + Label("Reason") + LineBreak + reason, ProductName,
             platform::BoxIcon::Error);
     }
-    if (!logPath.empty()) {
-        LogLine("Execution of job failed. Reason: ");
-        LogLine(reason);
-    }
+    if (!logPath.empty()) LogFailure(reason);
 }
 
 void JobRun::Finish() {
-    if (!logPath.empty()) WriteLog();
+    if (!logPath.empty()) WriteLog(logPath);
     runState.ReplayRunning = false;
     platform::Pump();
     main_window_view::EnableExitButton(true);
@@ -275,27 +291,9 @@ void JobRun::PutRight(const std::exception& failure) {
     status_view::UnloadExecuting2();
     RestoreMainWindow();
     main_window_view::EnableExitButton(true);
-    if (!logPath.empty()) LogFailure(failure);
-}
-
-void JobRun::LogFailure(const std::exception& failure) const {
-    LogLine("Execution of job failed. Reason: ");
-    LogLine(failure.what());
-    WriteLog();
-}
-
-// How the run went stays true when its log cannot be written. The lines wait in the buffer for the next log that can.
-// Nobody may be there: what tells of it must not wait for an answer.
-void JobRun::WriteLog() const {
-    try {
-        WriteLogFile(logPath);
-    } catch (const RuntimeFailure& failure) {
-        if (DisplaysStatus()) {
-            status_view::AddLine(failure.what());
-        } else {
-            platform::ShowTrayBalloon(ProductName, failure.what());
-        }
-    }
+    if (logPath.empty()) return;
+    LogFailure(failure.what());
+    WriteLog(logPath);
 }
 
 // 0 when a run may begin.
@@ -304,7 +302,22 @@ std::int32_t Refusal() {
     return RecordingActive() || KeyboardHookInstalled() ? RunRefusedRecording : 0;
 }
 
-std::int32_t RunToTheEnd(JobRun& run) {
+// A box would take the keys of the run that is under way.
+void TellAnotherProgramPlays(const std::string& logPath) {
+    const std::string text = Translate("Another program is playing a job. Please try again when it has ended.");
+    platform::ShowTrayBalloon(ProductName, text);
+    if (logPath.empty()) return;
+    LogFailure(text);
+    WriteLog(logPath);
+}
+
+std::int32_t RunToTheEnd(JobRun& run, const std::string& logPath = {}) {
+    const platform::RunClaim claim;
+    if (!claim.Granted()) {
+        runState.ReplayRunning = false;
+        TellAnotherProgramPlays(logPath);
+        return RunRefusedOrNoFile;
+    }
     try {
         return run.Run();
     } catch (const std::exception& failure) {  // RuntimeFailure, and a lack of memory
@@ -324,12 +337,12 @@ std::int32_t RunJob(const std::string& jobPath, std::int32_t, const std::string&
         return RunRefusedOrNoFile;
     }
     JobRun run(jobPath, logPath, noInputBlock);
-    return RunToTheEnd(run);
+    return RunToTheEnd(run, logPath);
 }
 
-std::int32_t RunLoadedJob(const Job& job, const std::string& name) {
+std::int32_t RunLoadedJob(Job job, const std::string& name) {
     if (const std::int32_t refusal = Refusal(); refusal != 0) return refusal;
     runState.ReplayRunning = true;
-    JobRun run(job, name);
+    JobRun run(std::move(job), name);
     return RunToTheEnd(run);
 }

@@ -9,7 +9,8 @@
 
 // Results of RunJob beside those of ReplayEvents.
 inline constexpr std::int32_t RunProgramMissing = 0;      // the job's program could not be started
-inline constexpr std::int32_t RunRefusedOrNoFile = -10;   // another run is under way, or the job cannot be opened
+inline constexpr std::int32_t RunRefusedOrNoFile = -10;   // another run is under way, of this program or another, or
+                                                          // the job cannot be opened
 inline constexpr std::int32_t RunRefusedRecording = -11;  // a recording is under way
 
 struct RunState {
@@ -27,4 +28,4 @@ extern RunState runState;
 std::int32_t RunJob(const std::string& jobPath, std::int32_t reserved, const std::string& logPath, bool noInputBlock);
 
 // The same for a job that is no file, under this name; it is no recent job. Attended, with the user's input blocked.
-std::int32_t RunLoadedJob(const Job& job, const std::string& name);
+std::int32_t RunLoadedJob(Job job, const std::string& name);

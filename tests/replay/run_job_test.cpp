@@ -89,6 +89,20 @@ TEST_F(RunJobTest, ARunIsRefusedDuringAnotherAndDuringARecording) {
     EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+TEST_F(RunJobTest, ARunIsRefusedWhileAnotherProgramPlays) {
+    InEdit().Type("a");
+    platform::AddTrayIcon(notepad, "");
+    simulated::LetAnotherProgramPlay();
+    EXPECT_EQ(Run(LogPath), -10);
+    EXPECT_THAT(simulated::Tray().balloons, ElementsAre(HasSubstr("Another program is playing a job")));
+    EXPECT_THAT(Log(), HasSubstr("Another program is playing a job"));
+    EXPECT_THAT(Boxes(), IsEmpty()) << "it would take the keys of the other run";
+    EXPECT_TRUE(mainWindowViewStandIn.calls.empty());
+    simulated::LetAnotherProgramPlay(false);
+    EXPECT_EQ(Run(), 1);
+    EXPECT_EQ(TextOf(edit), "a");
+}
+
 TEST_F(RunJobTest, AJobThatCannotBeReadIsToldAndAHeldOneIsWaitedForBefore) {
     EXPECT_EQ(RunJob("C:\\Data\\gone.tsj", 0, "", true), -10);
     EXPECT_EQ(LastBox(), "File access error|File does not exist:\r\nC:\\Data\\gone.tsj");

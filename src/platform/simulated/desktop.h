@@ -275,8 +275,9 @@ void LetProcessRun(std::uint32_t process);
 
 // Instances.
 void LetAnotherInstanceRun(const std::string& name, bool runs = true);
-int RepliesToSenders();                    // early ones
-bool MayComeForward(WindowHandle window);  // its process was granted the foreground
+void LetAnotherProgramPlay(bool plays = true);  // a job
+int RepliesToSenders();                         // early ones
+bool MayComeForward(WindowHandle window);       // its process was granted the foreground
 struct SentMessage {
     WindowHandle window = 0;
     Message message;

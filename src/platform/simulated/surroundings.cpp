@@ -63,6 +63,7 @@ struct Surroundings {
     int guardStarts = 0;
 
     std::set<std::string> otherInstances;
+    bool anotherProgramPlays = false;
     WindowHandle door = 0;
     int repliesToSenders = 0;
     std::pair<std::string, bool> begun;  // what a second start waits for, and whether it has begun
@@ -188,6 +189,10 @@ void LetProcessRun(std::uint32_t process) {
 void LetAnotherInstanceRun(const std::string& name, bool runs) {
     if (runs) State().otherInstances.insert(name);
     if (!runs) State().otherInstances.erase(name);
+}
+
+void LetAnotherProgramPlay(bool plays) {
+    State().anotherProgramPlays = plays;
 }
 
 int RepliesToSenders() {
@@ -326,6 +331,10 @@ bool ProcessRuns(std::uint32_t process) {
 bool AnotherInstanceRuns(const std::string& name) {
     return State().otherInstances.contains(name);
 }
+
+RunClaim::RunClaim() : granted(!State().anotherProgramPlays) {}
+
+RunClaim::~RunClaim() = default;
 
 void OpenDoor(const std::string& name, std::function<void(const SentMessage&)> take) {
     State().door = simulated::AddWindow(

@@ -11,14 +11,14 @@ namespace platform {
 namespace {
 
 // Owned by the thread until the process ends, so that the system gives the place on when that happens. "Local" keeps
-// the sessions of several users on one machine apart.
-bool ClaimPlace(const std::string& name) {
+// the sessions of several users on one machine apart. Null when another process has it.
+HANDLE ClaimPlace(const std::string& name) {
     const HANDLE mutex = CreateMutexA(nullptr, FALSE, ("Local\\" + name + " running").c_str());
-    if (mutex == nullptr) return false;  // the name is held with higher privilege, by another instance then
+    if (mutex == nullptr) return nullptr;  // the name is held with higher privilege, by another instance then
     const DWORD answer = WaitForSingleObject(mutex, 0);
-    if (answer == WAIT_OBJECT_0 || answer == WAIT_ABANDONED) return true;
+    if (answer == WAIT_OBJECT_0 || answer == WAIT_ABANDONED) return mutex;
     CloseHandle(mutex);
-    return false;
+    return nullptr;
 }
 
 // A process that ends in the middle answers as one that knows nothing of the message, and so does one that may not be
@@ -72,8 +72,16 @@ void RegisterDoorClass() {
 
 bool AnotherInstanceRuns(const std::string& name) {
     static bool isFirst = false;
-    if (!isFirst) isFirst = ClaimPlace(name);
+    if (!isFirst) isFirst = ClaimPlace(name) != nullptr;
     return !isFirst;
+}
+
+RunClaim::RunClaim() : mutex(ClaimPlace("TessarineJob")), granted(mutex != nullptr) {}
+
+RunClaim::~RunClaim() {
+    if (!granted) return;
+    ReleaseMutex(mutex);
+    CloseHandle(mutex);
 }
 
 // Not a message-only window: those are not found by FindWindow.

@@ -113,7 +113,7 @@ std::vector<ControlRow> JobPageForm::ActionRows() {
         {.id = job_page_make_exe_button,
          .caption = "Make exe",
          .tip = [] { return jobPage.make_exe_tip; },
-         .enabled = [] { return WithJob() && MakeExeExists; },
+         .enabled = WithJob,
          .clicked = create_exe,
          .anchors = AtTopRight},
         {.id = job_page_frame, .member = Shown(FrameCaption), .anchors = AcrossBottom},
@@ -418,14 +418,13 @@ void JobPageForm::FocusOn(HotkeyFocus control) {
 void JobPageForm::OpenMenuJobs() {
     struct Entry {
         FormText caption = {};  // none is a line
-        bool exists = true;
         void (*command)() = nullptr;
     };
     const std::vector<Entry> entries = {
         {.caption = "&Run", .command = run_job},
         {.caption = "&Edit", .command = edit_job},
         {.caption = "&Schedule", .command = schedule_job},
-        {.caption = "&Convert job to .exe file", .exists = MakeExeExists, .command = create_exe},
+        {.caption = "&Convert job to .exe file", .command = create_exe},
         {},
         {.caption = "Create S&hortcut on Desktop", .command = create_desktop_shortcut},
         {.caption = "&Delete job", .command = delete_job},
@@ -433,7 +432,7 @@ void JobPageForm::OpenMenuJobs() {
     const HMENU menu = CreatePopupMenu();
     for (std::size_t i = 0; i < entries.size(); ++i) {
         const UINT kind = entries[i].caption ? MF_STRING : MF_SEPARATOR;
-        AppendMenuA(menu, kind | (entries[i].exists ? MF_ENABLED : MF_GRAYED), i + 1, entries[i].caption().c_str());
+        AppendMenuA(menu, kind, i + 1, entries[i].caption().c_str());
     }
     const auto chosen = static_cast<std::size_t>(TrackMenu(menu, GetParent(Window()), lista_jobs.MenuPlace()));
     if (chosen > 0) entries[chosen - 1].command();

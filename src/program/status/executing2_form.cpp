@@ -1,9 +1,9 @@
-#include "forms/executing2_form.h"
+#include "status/executing2_form.h"
 
 #include "dictionary/sentences.h"
-#include "forms/executing2_ids.h"
-#include "forms/executing_form.h"
 #include "replay/status_view.h"
+#include "status/executing2_ids.h"
+#include "status/executing_form.h"
 #include "toolkit/window_tools.h"
 
 Executing2Form executing2;

@@ -1,4 +1,4 @@
-#include "forms/executing_form.h"
+#include "status/executing_form.h"
 
 #include <commctrl.h>
 

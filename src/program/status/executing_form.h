@@ -6,7 +6,7 @@
 // window like any other, for the keyboard too. Nothing here pumps.
 #pragma once
 
-#include "forms/executing_ids.h"
+#include "status/executing_ids.h"
 #include "toolkit/form.h"
 
 class ExecutingForm : public Form {
