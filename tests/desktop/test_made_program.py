@@ -111,7 +111,7 @@ def test_escape_ends_it_and_one_run_goes_on_at_a_time(stage):
 
 
 def test_a_killed_one_leaves_no_key_down(stage):
-    path = made(stage, holding_job(stage, stage.notepad()))
+    path = made(stage, holding_job(stage, stage.notepad()), name="Задача")  # no name of the code page
     first = start(stage, path)
     assert wait_for(lambda: 160 in stage.probe.ask("keys")), "the job holds Shift"
     stage.end(first)
