@@ -83,14 +83,14 @@ TEST(BringToForeground, IsCheckedByWhatIsInFrontAfterIt) {
     EXPECT_TRUE(platform::BringToForeground(front));
 }
 
-std::atomic<int> keysHeard = 0;
+std::atomic<int> keysHeardMeanwhile = 0;
 
 // While a call waits for another program, the hooks of this thread go on: else the whole desktop would stand still.
 TEST(HungWindows, LetTheHooksGoOn) {
     OtherProgram program;
     const WindowHandle window = program.Add({.caption = "Hung"});
     const platform::WindowPlacement placement = platform::PlacementOf(window);
-    ASSERT_TRUE(platform::InstallKeyboardHook([](const auto&) { ++keysHeard; }));
+    ASSERT_TRUE(platform::InstallKeyboardHook([](const auto&) { ++keysHeardMeanwhile; }));
     program.Hang();
     std::int64_t slowestKey = 0;
     std::thread typist([&] {
@@ -99,7 +99,7 @@ TEST(HungWindows, LetTheHooksGoOn) {
         platform::SendInput(contract::KeyRecord(VK_F9, platform::KeyUp));
     });
     platform::SetPlacement(window, placement);
-    EXPECT_EQ(keysHeard, 2);
+    EXPECT_EQ(keysHeardMeanwhile, 2);
     typist.join();
     EXPECT_LT(slowestKey, 300);
     platform::RemoveKeyboardHook();

@@ -1,7 +1,6 @@
 #include "controls/keystroke_box_control.h"
 
 #include <oleacc.h>
-#include <windowsx.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -15,8 +14,8 @@
 
 namespace {
 
-constexpr int NamePercent = 14;   // of the selection's colour, behind a key that goes by its name
-constexpr int BlankPercent = 55;  // of the back's colour, in the dot that stands for a blank
+constexpr int NameShadePercent = 14;  // of the selection's colour, behind a key that goes by its name
+constexpr int BlankPercent = 55;      // of the back's colour, in the dot that stands for a blank
 constexpr int LinesPerNotch = 3;
 
 bool IsKeyMessage(UINT message) {
@@ -35,18 +34,6 @@ int CaretWidth() {
     DWORD width = 1;
     SystemParametersInfoA(SPI_GETCARETWIDTH, 0, &width, 0);
     return static_cast<int>(width);
-}
-
-bool HasScrollBar(HWND window) {
-    return (GetWindowLongPtrA(window, GWL_STYLE) & WS_VSCROLL) != 0;
-}
-
-// With and without a scroll bar.
-SIZE InsideOf(HWND window) {
-    RECT area{};
-    GetClientRect(window, &area);
-    const int bar = GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(DpiOf(window)));
-    return {area.right + (HasScrollBar(window) ? bar : 0), area.bottom};
 }
 
 }  // namespace
@@ -110,7 +97,7 @@ LRESULT KeystrokeBoxControl::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
             return 0;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
-            OnPress({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+            OnPress(PointOf(lParam));
             return 0;
         case WM_MOUSEWHEEL:
             OnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
@@ -232,7 +219,7 @@ void KeystrokeBoxControl::BreakLines(int width) {
 
 // The bar takes room from the lines, and may be needed only for that: who needs it without the bar has it.
 void KeystrokeBoxControl::Lay() {
-    const SIZE inside = InsideOf(Window());
+    const SIZE inside = AreaWithoutScrollBar();
     BreakLines(inside.cx);
     const bool bar = LineCount() > LinesShown();
     if (bar) BreakLines(inside.cx - GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(DpiOf(Window()))));
@@ -242,34 +229,22 @@ void KeystrokeBoxControl::Lay() {
 }
 
 int KeystrokeBoxControl::LinesShown() const {
-    return std::max(1, (static_cast<int>(InsideOf(Window()).cy) - 2 * margin) / lineHeight);
+    return std::max(1, (static_cast<int>(AreaWithoutScrollBar().cy) - 2 * margin) / lineHeight);
 }
 
 void KeystrokeBoxControl::UpdateScrollBar(bool needed) {
     topLine = std::clamp(topLine, 0, std::max(0, LineCount() - LinesShown()));
-    if (needed != HasScrollBar(Window())) ShowScrollBar(Window(), SB_VERT, needed);
-    if (!needed) return;
-    SCROLLINFO bar{};
-    bar.cbSize = sizeof bar;
-    bar.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    bar.nMax = LineCount() - 1;
-    bar.nPage = static_cast<UINT>(LinesShown());
-    bar.nPos = topLine;
-    SetScrollInfo(Window(), SB_VERT, &bar, TRUE);
+    SetScrollBar(needed, LineCount(), LinesShown(), topLine);
 }
 
 void KeystrokeBoxControl::ScrollTo(int line) {
     topLine = line;
-    UpdateScrollBar(HasScrollBar(Window()));
+    UpdateScrollBar(HasScrollBar());
     PlaceSystemCaret();
     InvalidateRect(Window(), nullptr, FALSE);
 }
 
 void KeystrokeBoxControl::OnScroll(int code) {
-    SCROLLINFO bar{};
-    bar.cbSize = sizeof bar;
-    bar.fMask = SIF_TRACKPOS;
-    GetScrollInfo(Window(), SB_VERT, &bar);
     switch (code) {
         case SB_LINEUP:
             return ScrollTo(topLine - 1);
@@ -281,7 +256,7 @@ void KeystrokeBoxControl::OnScroll(int code) {
             return ScrollTo(topLine + LinesShown());
         case SB_THUMBTRACK:
         case SB_THUMBPOSITION:
-            return ScrollTo(bar.nTrackPos);
+            return ScrollTo(ThumbPlace());
         default:
             return;
     }
@@ -355,7 +330,7 @@ void KeystrokeBoxControl::PaintPiece(HDC paper, const TokenSpan& span, RECT plac
     }
     if (span.length > 1 && !HighContrast() && IsWindowEnabled(Window())) {
         const RECT behind{place.left + 1, place.top + 1, place.right - 1, place.bottom - 1};
-        Fill(paper, behind, Mixed(back, GetSysColor(COLOR_HIGHLIGHT), NamePercent));
+        Fill(paper, behind, Mixed(back, GetSysColor(COLOR_HIGHLIGHT), NameShadePercent));
     }
     DrawTextA(paper, text, span.length, &place, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
 }

@@ -24,10 +24,6 @@ std::int64_t InputTime() {
     return static_cast<std::uint32_t>(GetMessageTime());
 }
 
-platform::Point PointOf(LPARAM lParam) {
-    return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-}
-
 POINT OnScreen(HWND window, platform::Point point) {
     POINT place{point.x, point.y};
     ClientToScreen(window, &place);
@@ -39,22 +35,6 @@ platform::Point MousePlace(HWND window) {
     GetCursorPos(&place);
     ScreenToClient(window, &place);
     return {place.x, place.y};
-}
-
-bool LeftButtonIsDown() {
-    return GetKeyState(VK_LBUTTON) < 0;
-}
-
-bool HasScrollBar(HWND window) {
-    return (GetWindowLongPtrA(window, GWL_STYLE) & WS_VSCROLL) != 0;
-}
-
-int ThumbPlace(HWND window) {
-    SCROLLINFO bar{};
-    bar.cbSize = sizeof bar;
-    bar.fMask = SIF_TRACKPOS;
-    GetScrollInfo(window, SB_VERT, &bar);
-    return bar.nTrackPos;
 }
 
 ListMeasures Scaled(ListMeasures lengths, int dpi) {
@@ -113,7 +93,9 @@ void ListControl::StaviFocus() {
 
 LRESULT ListControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) {
-        return OnMouse(message, wParam, PointOf(lParam)) ? 0 : Default(message, wParam, lParam);
+        return OnMouse(message, wParam, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})
+                   ? 0
+                   : Default(message, wParam, lParam);
     }
     if (OnKeyboard(message, wParam, lParam)) return 0;
     switch (message) {
@@ -209,7 +191,7 @@ void ListControl::OnPress(ListButton button, platform::Point point) {
 // The handler may have opened a box, which swallowed the release. The mouse is captured only now: otherwise the box
 // would not have got it.
 void ListControl::HoldPress() {
-    capturing = LeftButtonIsDown() && IsWindowEnabled(Window());
+    capturing = KeyIsDown(VK_LBUTTON) && IsWindowEnabled(Window());
     if (!capturing) return EndPress();
     SetCapture(Window());
     InvalidateRect(Window(), nullptr, FALSE);
@@ -324,23 +306,15 @@ void ListControl::OnScroll(int code) {
             return model->scrolldown();
         case SB_THUMBTRACK:
         case SB_THUMBPOSITION:
-            return model->ScrollTo(ThumbPlace(Window()));
+            return model->ScrollTo(ThumbPlace());
         default:
             return;
     }
 }
 
 void ListControl::UpdateScrollBar() {
-    const bool needed = model->ScrollVisible();
-    if (needed != HasScrollBar(Window())) ShowScrollBar(Window(), SB_VERT, needed);
-    if (!needed) return;
-    SCROLLINFO bar{};
-    bar.cbSize = sizeof bar;
-    bar.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-    bar.nMax = model->ListCount() - 1;
-    bar.nPage = static_cast<UINT>(model->ListCount() - model->ScrollMaximum());
-    bar.nPos = model->ScrollValue();
-    SetScrollInfo(Window(), SB_VERT, &bar, TRUE);
+    SetScrollBar(model->ScrollVisible(), model->ListCount(), model->ListCount() - model->ScrollMaximum(),
+                 model->ScrollValue());
 }
 
 // --- what is shown ---

@@ -1,7 +1,6 @@
 #include "controls/onscreen_keyboard.h"
 
 #include <oleacc.h>
-#include <windowsx.h>
 
 #include <algorithm>
 #include <array>
@@ -48,10 +47,6 @@ Paint PaintOf(const KeyPart& part) {
     if (HighContrast()) return StrongPaint(colours, usable);
     const COLORREF text = usable ? colours.text : Mixed(colours.text, colours.back, DisabledPercent);
     return {colours.back, text, Mixed(colours.back, RGB(0, 0, 0), EdgePercent), KeyUnderMouse.back};
-}
-
-POINT PointOf(LPARAM lParam) {
-    return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
 }
 
 int KeyOf(const KeyPart& part) {

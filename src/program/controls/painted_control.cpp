@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "toolkit/system_look.h"
+#include "toolkit/window_tools.h"
 
 namespace {
 
@@ -72,6 +73,37 @@ LRESULT PaintedControl::DefaultWithBorder(UINT message, WPARAM wParam, LPARAM lP
             break;
     }
     return result;
+}
+
+bool PaintedControl::HasScrollBar() const {
+    return (GetWindowLongPtrA(Window(), GWL_STYLE) & WS_VSCROLL) != 0;
+}
+
+void PaintedControl::SetScrollBar(bool needed, int lines, int page, int top) const {
+    if (needed != HasScrollBar()) ShowScrollBar(Window(), SB_VERT, needed);
+    if (!needed) return;
+    SCROLLINFO bar{};
+    bar.cbSize = sizeof bar;
+    bar.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    bar.nMax = lines - 1;
+    bar.nPage = static_cast<UINT>(page);
+    bar.nPos = top;
+    SetScrollInfo(Window(), SB_VERT, &bar, TRUE);
+}
+
+int PaintedControl::ThumbPlace() const {
+    SCROLLINFO bar{};
+    bar.cbSize = sizeof bar;
+    bar.fMask = SIF_TRACKPOS;
+    GetScrollInfo(Window(), SB_VERT, &bar);
+    return bar.nTrackPos;
+}
+
+SIZE PaintedControl::AreaWithoutScrollBar() const {
+    RECT area{};
+    GetClientRect(Window(), &area);
+    const int bar = GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(DpiOf(Window())));
+    return {area.right + (HasScrollBar() ? bar : 0), area.bottom};
 }
 
 void Fill(HDC paper, const RECT& place, COLORREF colour) {

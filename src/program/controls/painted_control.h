@@ -15,6 +15,14 @@ protected:
 
     // The same for a control with the border of a text box, which changes with theme, contrast and use.
     LRESULT DefaultWithBorder(UINT message, WPARAM wParam, LPARAM lParam) const;
+
+    // The vertical scroll bar: `page` of `lines` are seen, from `top` on.
+    bool HasScrollBar() const;
+    void SetScrollBar(bool needed, int lines, int page, int top) const;
+    int ThumbPlace() const;  // where the user drags it to
+
+    // The client area as it is without a scroll bar, whether there is one or not.
+    SIZE AreaWithoutScrollBar() const;
 };
 
 // Fills a place with a colour.

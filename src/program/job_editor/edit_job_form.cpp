@@ -93,12 +93,6 @@ bool ChangesText(const MSG& message) {
     return message.message == WM_KEYDOWN && message.wParam == VK_DELETE;
 }
 
-std::vector<ControlRow> Joined(std::initializer_list<std::vector<ControlRow>> parts) {
-    std::vector<ControlRow> rows;
-    for (const std::vector<ControlRow>& part : parts) rows.insert(rows.end(), part.begin(), part.end());
-    return rows;
-}
-
 }  // namespace
 
 // --- what it is ---

@@ -57,10 +57,6 @@ constexpr CommandKey commandKeys[] = {
     {VK_F5, false, true, false, edit_job_run_from_here},
 };
 
-bool IsDown(int virtualKey) {
-    return GetKeyState(virtualKey) < 0;
-}
-
 void SetEntryText(HMENU menu, UINT entry, bool byPlace, std::string text) {
     MENUITEMINFOA item{};
     item.cbSize = sizeof item;
@@ -102,10 +98,10 @@ void EnableMenuEntries(HWND form, HMENU menu) {
 }
 
 int CommandOfKey(WPARAM key, bool forText, bool inGrid) {
-    if (IsDown(VK_MENU) || IsDown(VK_SHIFT)) return 0;
+    if (KeyIsDown(VK_MENU) || KeyIsDown(VK_SHIFT)) return 0;
     for (const CommandKey& each : commandKeys) {
         const bool here = inGrid || (forText ? each.inTexts : !each.inGridOnly);
-        if (each.key == key && each.ctrl == IsDown(VK_CONTROL) && here) return each.id;
+        if (each.key == key && each.ctrl == KeyIsDown(VK_CONTROL) && here) return each.id;
     }
     return 0;
 }

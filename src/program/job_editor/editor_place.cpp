@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr int TwipsPerInch = 1440;
 constexpr SIZE FirstSize = {1160, 840};  // pixels at 100 percent
 
 enum EditorStateValue : std::int32_t { WasMinimised = 0, WasNormal = 1, WasMaximised = 2 };
@@ -20,10 +19,9 @@ MONITORINFO MonitorOf(const RECT& place) {
 }
 
 RECT KeptPlace(int dpi) {
-    const auto pixels = [dpi](std::int32_t twips) { return static_cast<LONG>(MulDiv(twips, dpi, TwipsPerInch)); };
-    return {pixels(settings.EditorLeft), pixels(settings.EditorTop),
-            pixels(settings.EditorLeft) + pixels(settings.EditorWidth),
-            pixels(settings.EditorTop) + pixels(settings.EditorHeight)};
+    const int left = Pixels(settings.EditorLeft, dpi);
+    const int top = Pixels(settings.EditorTop, dpi);
+    return {left, top, left + Pixels(settings.EditorWidth, dpi), top + Pixels(settings.EditorHeight, dpi)};
 }
 
 // In the middle of the main monitor.
@@ -74,9 +72,7 @@ void ShowInKeptPlace(HWND editor) {
 }
 
 void KeepPlace(HWND editor) {
-    const auto twips = [dpi = DpiOf(editor)](LONG pixels) {
-        return static_cast<std::int32_t>(MulDiv(static_cast<int>(pixels), TwipsPerInch, dpi));
-    };
+    const auto twips = [dpi = DpiOf(editor)](LONG pixels) { return Twips(static_cast<int>(pixels), dpi); };
     const RECT place = NormalPlace(editor);
     settings.EditorLeft = twips(place.left);
     settings.EditorTop = twips(place.top);

@@ -1,7 +1,5 @@
 #include "job_editor/job_grid.h"
 
-#include <windowsx.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
@@ -18,7 +16,6 @@
 namespace {
 
 constexpr UINT_PTR SubclassId = 1;
-constexpr int TwipsPerInch = 1440;
 constexpr int MostRowsTold = 1000;
 constexpr const char* WidthsValue = "EditorColumns";
 constexpr int WidestColumn = 30000;  // twips
@@ -38,14 +35,6 @@ std::string RegistryKey() {
 // None while no job is open.
 int RowCount() {
     return static_cast<int>(editState.RowIndex.size());
-}
-
-bool IsDown(int virtualKey) {
-    return GetKeyState(virtualKey) < 0;
-}
-
-POINT PointOf(LPARAM place) {
-    return {GET_X_LPARAM(place), GET_Y_LPARAM(place)};
 }
 
 std::array<std::string, GridColumnCount> Headers() {
@@ -187,7 +176,7 @@ bool JobGrid::OnKey(WPARAM key) {
         default:
             return false;
     }
-    if (count > 0) Choose(std::clamp(row, 0, count - 1), IsDown(VK_SHIFT));
+    if (count > 0) Choose(std::clamp(row, 0, count - 1), KeyIsDown(VK_SHIFT));
     return true;
 }
 
@@ -378,11 +367,11 @@ void JobGrid::FitWidths() {
     const int margin = MulDiv(CellMargin, dpi, USER_DEFAULT_SCREEN_DPI);
     for (std::size_t column = 0; column < GridColumnCount; ++column) {
         const auto needed = [&](const char* text) {
-            return MulDiv(ListView_GetStringWidth(window, text) + margin, TwipsPerInch, dpi);
+            return Twips(ListView_GetStringWidth(window, text) + margin, dpi);
         };
         const int least = std::max(needed(headers[column].c_str()), needed(LongestTextOf(static_cast<int>(column))));
         if (!widthsAreChosen) widths[column] = std::max(DesignedWidths[column], least);
-        ListView_SetColumnWidth(window, static_cast<int>(column), MulDiv(widths[column], dpi, TwipsPerInch));
+        ListView_SetColumnWidth(window, static_cast<int>(column), Pixels(widths[column], dpi));
     }
 }
 
@@ -406,8 +395,8 @@ void JobGrid::TakeWidths() {
     if (dpi == 0) return;
     for (std::size_t column = 0; column < GridColumnCount; ++column) {
         const int width = ListView_GetColumnWidth(window, static_cast<int>(column));
-        if (width == MulDiv(widths[column], dpi, TwipsPerInch)) continue;
-        widths[column] = MulDiv(width, TwipsPerInch, dpi);
+        if (width == Pixels(widths[column], dpi)) continue;
+        widths[column] = Twips(width, dpi);
         widthsAreChosen = true;
     }
 }

@@ -60,10 +60,6 @@ bool IsMouseMoveOver(HWND window, LPARAM place) {
     return MAKELPARAM(point.x, point.y) == place;
 }
 
-bool IsDown(int virtualKey) {
-    return GetKeyState(virtualKey) < 0;
-}
-
 HMENU RecentJobsMenu() {
     const HMENU menu = CreatePopupMenu();
     int item = form1_run_last_job;
@@ -196,10 +192,10 @@ void MainForm::OnCopyData(const COPYDATASTRUCT* data) {
 bool MainForm::OnKey(const MSG& message) {
     if (message.message != WM_KEYDOWN || !IsWindowEnabled(Window())) return false;
     const int key = static_cast<int>(message.wParam);
-    if (!IsDown(VK_CONTROL) || (key != VK_TAB && key != VK_NEXT && key != VK_PRIOR)) {
+    if (!KeyIsDown(VK_CONTROL) || (key != VK_TAB && key != VK_NEXT && key != VK_PRIOR)) {
         return CurrentPage().OnKeyDown(key);
     }
-    const int step = (key == VK_TAB && IsDown(VK_SHIFT)) || key == VK_PRIOR ? PageCount - 1 : 1;
+    const int step = (key == VK_TAB && KeyIsDown(VK_SHIFT)) || key == VK_PRIOR ? PageCount - 1 : 1;
     ShowPageAt((current + step) % PageCount);
     StaviFocus();
     return true;

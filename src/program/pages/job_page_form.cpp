@@ -69,12 +69,6 @@ Member KeyOfHotkey(bool& value) {
     });
 }
 
-std::vector<ControlRow> Joined(std::initializer_list<std::vector<ControlRow>> parts) {
-    std::vector<ControlRow> rows;
-    for (const std::vector<ControlRow>& part : parts) rows.insert(rows.end(), part.begin(), part.end());
-    return rows;
-}
-
 }  // namespace
 
 // --- what it is ---

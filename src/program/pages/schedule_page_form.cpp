@@ -128,12 +128,6 @@ HICON IconOfRow(int number, int size) {
     return number == DisabledIcon ? IconOf(ICON_SCHEDULE_OFF, size) : ProgramIcon(size);
 }
 
-std::vector<ControlRow> Joined(std::initializer_list<std::vector<ControlRow>> parts) {
-    std::vector<ControlRow> rows;
-    for (const std::vector<ControlRow>& part : parts) rows.insert(rows.end(), part.begin(), part.end());
-    return rows;
-}
-
 }  // namespace
 
 // --- what it is ---

@@ -85,3 +85,9 @@ Member Choice(int& place, std::function<void()> changed) {
                     if (changed) changed();
                 }};
 }
+
+std::vector<ControlRow> Joined(std::initializer_list<std::vector<ControlRow>> parts) {
+    std::vector<ControlRow> rows;
+    for (const std::vector<ControlRow>& part : parts) rows.insert(rows.end(), part.begin(), part.end());
+    return rows;
+}

@@ -92,3 +92,6 @@ struct ControlRow {
     FontStyle font = {};
     std::optional<COLORREF> colour = {};  // of a label's text; in high contrast the system's
 };
+
+// The rows of a form that has many, part by part.
+std::vector<ControlRow> Joined(std::initializer_list<std::vector<ControlRow>> parts);

@@ -1,6 +1,14 @@
 #include "toolkit/window_tools.h"
 
+#include <windowsx.h>
+
 #include "toolkit/resource_ids.h"
+
+namespace {
+
+constexpr int TwipsPerInch = 1440;
+
+}  // namespace
 
 HINSTANCE ProgramInstance() {
     return GetModuleHandleA(nullptr);
@@ -48,6 +56,22 @@ void SetTick(HWND form, int control, bool ticked) {
 
 bool IsTicked(HWND form, int control) {
     return IsDlgButtonChecked(form, control) == BST_CHECKED;
+}
+
+POINT PointOf(LPARAM lParam) {
+    return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+}
+
+bool KeyIsDown(int virtualKey) {
+    return GetKeyState(virtualKey) < 0;
+}
+
+std::int32_t Twips(int pixels, int dpi) {
+    return MulDiv(pixels, TwipsPerInch, dpi);
+}
+
+int Pixels(std::int32_t twips, int dpi) {
+    return MulDiv(twips, dpi, TwipsPerInch);
 }
 
 int TrackMenu(HMENU menu, HWND owner, POINT place) {

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <string>
 
 #include "platform/types.h"
@@ -38,6 +39,16 @@ std::string TextOf(HWND form, int control);
 // Check boxes and option buttons.
 void SetTick(HWND form, int control, bool ticked);
 bool IsTicked(HWND form, int control);
+
+// Where the mouse is, as a message tells it.
+POINT PointOf(LPARAM lParam);
+
+// As of the message that is being dealt with (GetKeyState).
+bool KeyIsDown(int virtualKey);
+
+// Lengths as settings keep them, whatever the scale. 1440 twips are an inch.
+std::int32_t Twips(int pixels, int dpi);
+int Pixels(std::int32_t twips, int dpi);
 
 // Opens a popup menu and takes it away again; the command that was chosen, 0 for none. Pumps while it is open.
 int TrackMenu(HMENU menu, HWND owner, POINT place);

@@ -16,14 +16,8 @@
 
 namespace {
 
-constexpr int TwipsPerInch = 1440;
-
-std::int32_t Twips(int pixels) {
-    return MulDiv(pixels, TwipsPerInch, DpiOf(mainForm.Window()));
-}
-
-int Pixels(std::int32_t twips) {
-    return MulDiv(twips, DpiOf(mainForm.Window()), TwipsPerInch);
+int Dpi() {
+    return DpiOf(mainForm.Window());
 }
 
 }  // namespace
@@ -54,9 +48,9 @@ void RestoreWindowPosition() {
     const platform::Rect place = RectangleOf(mainForm.Window());
     const platform::Size screen = platform::ScreenSize();
     const platform::Point corner =
-        MainWindowPosition({Twips(place.right - place.left), Twips(place.bottom - place.top)},
-                           {Twips(screen.width), Twips(screen.height)});
-    MoveWindowTo(mainForm.Window(), Pixels(corner.x), Pixels(corner.y));
+        MainWindowPosition({Twips(place.right - place.left, Dpi()), Twips(place.bottom - place.top, Dpi())},
+                           {Twips(screen.width, Dpi()), Twips(screen.height, Dpi())});
+    MoveWindowTo(mainForm.Window(), Pixels(corner.x, Dpi()), Pixels(corner.y, Dpi()));
 }
 
 void ShowOptions() {
@@ -103,6 +97,6 @@ void CopyControlsToSettings() {
     recordPage.CopyOptions();
     if (IsIconic(mainForm.Window())) return;
     const platform::Rect place = RectangleOf(mainForm.Window());
-    settings.MainLeft = Twips(place.left);
-    settings.MainTop = Twips(place.top);
+    settings.MainLeft = Twips(place.left, Dpi());
+    settings.MainTop = Twips(place.top, Dpi());
 }
