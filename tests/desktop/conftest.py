@@ -15,6 +15,7 @@ import pytest
 ROOT = Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / "tools"), str(Path(__file__).resolve().parent)]
 
+from editor import Editor  # noqa: E402
 from hands import Hands  # noqa: E402
 from person import Person  # noqa: E402
 from probe import Probe  # noqa: E402
@@ -74,3 +75,8 @@ def person(stage):
     person = Person(stage)
     yield person
     person.leave()
+
+
+@pytest.fixture
+def editor(person):
+    return Editor(person)
