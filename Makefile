@@ -1,5 +1,5 @@
 # Thin names over tools/ and the CMake presets.
-.PHONY: run test lint bench coverage fuzz circle windows
+.PHONY: run test lint bench coverage fuzz circle windows package
 
 run:      ; @tools/run.sh
 test:     ; @tools/test.sh
@@ -9,3 +9,4 @@ coverage: ; @tools/coverage.sh
 fuzz:     ; @tools/fuzz.sh $(SECONDS)
 circle:   ; @tools/circle.sh "$(SESSIONS)" "$(FROM)" "$(DESKTOP)"
 windows:  ; @tools/build_windows.sh
+package:  ; @tools/package.sh

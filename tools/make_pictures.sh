@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Draws the program's icons and the pictures of executing2's frame from their sources in assets/. The results are
+# Draws the program's icons, the pictures of executing2's frame and that of the installer from their sources. The results are
 # committed, so that a build needs none of these tools; run this after a change of a source.
 #
 #   tools/make_pictures.sh        needs rsvg-convert, convert (ImageMagick) and icotool
@@ -10,9 +10,11 @@ trap 'rm -rf "$workshop"' EXIT
 
 draw() { rsvg-convert -w "$2" -h "$2" "$1" -o "$workshop/$3"; }
 
-for size in 16 20 24; do draw tessarine_small.svg $size "icon_$size.png"; done
-for size in 32 40 48 64 256; do draw tessarine.svg $size "icon_$size.png"; done
-icotool -c -o tessarine.ico "$workshop"/icon_{16,20,24,32,40,48,64}.png --raw="$workshop/icon_256.png"
+for name in tessarine job; do
+    for size in 16 20 24; do draw ${name}_small.svg $size "${name}_$size.png"; done
+    for size in 32 40 48 64 256; do draw $name.svg $size "${name}_$size.png"; done
+    icotool -c -o $name.ico "$workshop/$name"_{16,20,24,32,40,48,64}.png --raw="$workshop/${name}_256.png"
+done
 
 for name in schedule schedule_off; do
     for size in 32 48 64; do draw $name.svg $size "${name}_$size.png"; done
@@ -24,3 +26,6 @@ for scale in 100 125 150 200 300; do
     # No alpha and no smoothed edge: what is pure blue is left out of the window, and only that.
     convert "$workshop/frame_$scale.png" -background '#0000ff' -alpha remove -alpha off "BMP3:frame_$scale.bmp"
 done
+
+rsvg-convert ../packaging/side.svg -o "$workshop/side.png"
+convert "$workshop/side.png" -alpha off "BMP3:../packaging/side.bmp"

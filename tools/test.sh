@@ -10,7 +10,7 @@ reports=$PWD/out/test
 rm -rf "$reports"
 mkdir -p "$reports"
 
-tools/set_up.sh windows native desktop lint || exit 1
+tools/set_up.sh windows native desktop package lint || exit 1
 for preset in sanitize windows; do tools/build.sh "$preset" || exit 1; done
 
 failed=0

@@ -26,6 +26,7 @@
 #include "scheduler/exit_request.h"
 #include "settings/settings.h"
 #include "settings/settings_view.h"
+#include "shell/close_request.h"
 #include "shell/copy_data.h"
 #include "shell/exit.h"
 #include "shell/handed_over.h"
@@ -138,7 +139,7 @@ LRESULT CALLBACK MainForm::ProcedureThunk(HWND form, UINT message, WPARAM wParam
     });
 }
 
-bool MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) {
+bool MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     if (message == TaskbarCreated()) return platform::RestoreTrayIcon();
     switch (message) {
         case TrayMessage:
@@ -151,6 +152,9 @@ bool MainForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) {
             return true;
         case WM_CLOSE:
             OnClose();
+            return true;
+        case WM_QUERYENDSESSION:
+            result = (lParam & ENDSESSION_CLOSEAPP) == 0 || MayBeEnded();
             return true;
         case WM_ENDSESSION:
             if (wParam) EndWithSession();

@@ -4,6 +4,7 @@
 #define ICON_TESSARINE 1
 #define ICON_SCHEDULE 2
 #define ICON_SCHEDULE_OFF 3
+#define ICON_JOB 4  // of .tsj files; the registry names it by its number
 
 // The frame of the floating windows, by scale in percent.
 #define FRAME_100 100
