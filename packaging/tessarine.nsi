@@ -65,6 +65,7 @@ Var deleteButton
 !define MUI_WELCOMEPAGE_TEXT "$(WelcomeText)"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\tessarine.exe"
 !define MUI_LANGDLL_ALLLANGUAGES
+!define MUI_CUSTOMFUNCTION_UNABORT un.RemoveTemporaryCopy
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
@@ -92,7 +93,7 @@ Function ${un}TakeLanguageOfProgram
             StrCpy $LANGUAGE ${LANG_GERMAN}
         ${Case} "fr"
             StrCpy $LANGUAGE ${LANG_FRENCH}
-        ${Case} "es"
+        ${Case} "sp"
             StrCpy $LANGUAGE ${LANG_SPANISH}
     ${EndSelect}
 FunctionEnd
@@ -103,6 +104,9 @@ Function ${un}BeTheOnlyOne
     ${If} $0 = 183 ; ERROR_ALREADY_EXISTS
         MessageBox MB_OK|MB_ICONEXCLAMATION "$(SetupIsOpen)" /SD IDOK
         SetErrorLevel ${EXIT_SETUP_OPEN}
+        !if "${un}" != ""
+            Call un.RemoveTemporaryCopy
+        !endif
         Quit
     ${EndIf}
 FunctionEnd
@@ -505,6 +509,25 @@ Function un.RemoveJobsAndSettings
     DeleteRegKey HKCU "${OWN_KEY}"
 FunctionEnd
 
+; An uninstaller runs as a copy of itself among the temporary files, which without administrator rights nobody would
+; clear away. Another program has to: nothing can delete itself while it runs.
+Function un.RemoveTemporaryCopy
+    StrLen $0 "$TEMP\~nsu"
+    StrCpy $1 $EXEDIR $0
+    ${If} $1 == "$TEMP\~nsu"
+        SetOutPath "$TEMP"
+        ExecShell "" "$SYSDIR\cmd.exe" '/d /c ping -n 3 127.0.0.1 >nul & del "$EXEPATH" & rd "$EXEDIR"' SW_HIDE
+    ${EndIf}
+FunctionEnd
+
+Function un.onUninstSuccess
+    Call un.RemoveTemporaryCopy
+FunctionEnd
+
+Function un.onUninstFailed
+    Call un.RemoveTemporaryCopy
+FunctionEnd
+
 ; What finds the program and this removal goes last, so that it can be repeated when it was interrupted.
 Section un.
     Call un.EndProgram
@@ -517,5 +540,6 @@ Section un.
     ${EndIf}
     Delete "$INSTDIR\Uninstall.exe"
     RMDir "$INSTDIR" ; only when nothing is in it
+    RMDir "$LOCALAPPDATA\Programs"
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
 SectionEnd

@@ -11,7 +11,7 @@
 !define EMPTY_LINE "$\r$\n$\r$\n"
 
 ; As the registry holds it (dictionary.h).
-!insertmacro Text LanguageOfProgram "en" "de" "fr" "es"
+!insertmacro Text LanguageOfProgram "en" "de" "fr" "sp"
 
 !insertmacro Text WelcomeText \
     "Tessarine records what you do with mouse and keyboard, and plays it back later.${EMPTY_LINE}It is installed for you alone, and you need not be an administrator. Its folder:${NEW_LINE}$INSTDIR${EMPTY_LINE}If Tessarine is there already, it is replaced or repaired. Your jobs and settings stay as they are." \
