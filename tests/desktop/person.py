@@ -47,10 +47,14 @@ class Person:
         return found and found[1].strip()
 
     def puts_into_registry(self, key, value, text=None):
-        """None takes the value away."""
-        words = ["delete", f"HKCU\\{key}", "/v", value, "/f"] if text is None else [
-            "add", f"HKCU\\{key}", "/v", value, "/d", text, "/f"]
+        """The value "" is that of the key itself. None for the text takes it away."""
+        name = ["/v", value] if value else ["/ve"]
+        words = ["delete", f"HKCU\\{key}", *name, "/f"] if text is None else [
+            "add", f"HKCU\\{key}", *name, "/d", text, "/f"]
         self.stage.wine.run("reg", *words)
+
+    def forgets_key(self, key):
+        self.stage.wine.run("reg", "delete", f"HKCU\\{key}", "/f")
 
     def puts_job(self, name, **options):
         job = self.stage.job(**options)

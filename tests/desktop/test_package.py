@@ -1,0 +1,280 @@
+"""The package: the same twice, installed and removed silently and by hand in four languages, over what is there and what
+is at work; a double click on a job. Before an installation and after the removal the whole registry and the whole disk
+are the same but for what is the user's.
+"""
+
+import contextlib
+import os
+import random
+import re
+import shutil
+import subprocess
+import time
+import zipfile
+
+import pytest
+from wine_desktop import OUT, ROOT, wait_for
+
+CLASSES = "Software\\Classes"
+RUN_KEY = "Software\\Microsoft\\Windows\\CurrentVersion\\Run"
+UNINSTALL_KEY = "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall"
+OWN_KEY = "Software\\Tessarine"
+IN_USE = 3
+# What Wine itself rewrites all the time; and where it notes the copy of an uninstaller for the next start, as Windows
+# does for administrators.
+RESTLESS = re.compile(r'"DriverDate|"PendingFileRenameOperations"|^  ')
+
+
+def make_package(folder, **environment):
+    subprocess.run(["/usr/bin/python3", ROOT / "tools" / "package.py", folder], check=True, cwd="/",
+                   stdout=subprocess.DEVNULL, env={**os.environ, **environment})
+    return folder
+
+
+@pytest.fixture(scope="module")
+def package():
+    return make_package(OUT / "test" / "package")
+
+
+def bytes_in(folder):
+    return {path.name: path.read_bytes() for path in folder.iterdir()}
+
+
+def test_two_packages_of_a_commit_are_the_same(package):
+    programs = OUT / "windows" / "tessarine.exe"
+    os.utime(programs)  # as if it were built again
+    again = make_package(OUT / "test" / "package again", TZ="Asia/Tokyo", LC_ALL="C", TMPDIR=str(OUT / "test"))
+    assert bytes_in(again) == bytes_in(package)
+    subprocess.run(["sha256sum", "--check", "--quiet", "--strict", "SHA256SUMS"], cwd=package, check=True)
+    with zipfile.ZipFile(next(package.glob("*.zip"))) as portable:
+        entry = next(entry for entry in portable.infolist() if entry.filename.endswith("/tessarine.exe"))
+        assert portable.read(entry) == programs.read_bytes()
+        assert len({entry.date_time for entry in portable.infolist()}) == 1
+
+
+# --- before and after ---
+
+class Installed:
+    """What the installer makes of the desktop."""
+
+    def __init__(self, person, package):
+        self.person, self.stage, self.wine = person, person.stage, person.stage.wine
+        self.setup = next(package.glob("*-setup.exe"))
+        local = self.wine.drive_c / "users" / person.folder.parents[1].name / "AppData" / "Local"
+        self.folder = local / "Programs" / "Tessarine"
+        self.program = self.wine.windows_path(self.folder.parent) + "\\Tessarine\\tessarine.exe"
+        with zipfile.ZipFile(next(package.glob("*.zip"))) as portable:
+            self.files = {entry.filename.partition("/")[2]: portable.read(entry) for entry in portable.infolist()}
+
+    def install(self):
+        return self.wine.run(self.setup, "/S", timeout=60)
+
+    def uninstaller(self, *words):
+        return self.stage.start(self.wine.windows_path(self.folder) + "\\Uninstall.exe", *words)
+
+    def start(self, *words):
+        return self.stage.start(self.program, *words)
+
+    def is_whole(self):
+        return all((self.folder / name).read_bytes() == data for name, data in self.files.items()) and {
+            path.name for path in self.folder.iterdir()} == {*self.files, "Uninstall.exe"}
+
+    def program_files(self):
+        return [name for name in self.files if (self.folder / name).exists()]
+
+    def is_gone(self):
+        return not self.folder.exists() and not list(self.wine.drive_c.glob("users/*/Temp/~nsu*"))
+
+
+@pytest.fixture
+def installed(person, package):
+    """Removed with all that is the user's after the test, whatever has become of it."""
+    installed = Installed(person, package)
+    for key in (CLASSES, UNINSTALL_KEY):  # every Windows has them
+        installed.wine.run("reg", "add", f"HKCU\\{key}", "/f")
+    yield installed
+    person.stage.clear()
+    if installed.folder.exists():
+        installed.uninstaller("/S").wait(30)
+        wait_for(installed.is_gone)
+        shutil.rmtree(installed.folder, ignore_errors=True)
+
+
+def registry(wine):
+    """Every line of the registry, with its key in front."""
+    wine.run("regedit.exe", "/E", "C:\\registry.txt", timeout=60)
+    path = wine.drive_c / "registry.txt"
+    lines, key = set(), ""
+    for line in path.read_text("utf-16").splitlines():
+        key = line if line.startswith("[") else key
+        if not RESTLESS.search(line):
+            lines.add(f"{key} {line}")
+    path.unlink()
+    return lines
+
+
+def disk(wine):
+    found = set()
+    for folder, folders, files in os.walk(wine.drive_c):
+        found.update(os.path.join(folder, name) for name in folders)
+        for name in files:
+            path = os.path.join(folder, name)
+            status = os.lstat(path)
+            found.add((path, status.st_size, status.st_mtime_ns))
+    return found
+
+
+def everything(wine):
+    return registry(wine) | disk(wine)
+
+
+# --- silently ---
+
+def test_silently_installed_repaired_and_removed(stage, person, installed):
+    """What the user has stays, and nothing else does."""
+    job = person.puts_job("mine")
+    (person.folder / "notes.log").write_text("the user's own")
+    person.puts_into_registry(OWN_KEY, "DataDir", stage.wine.windows_path(person.folder))
+    person.puts_into_registry(CLASSES + "\\.tsj", "", "Somebody.Else")
+    before = everything(stage.wine)
+
+    assert installed.install() == 0
+    assert installed.is_whole()
+    (installed.folder / "tessarine.exe").write_bytes(b"damaged")
+    (installed.folder / "sounds.bin").unlink()
+    (installed.folder / "of the user.txt").write_text("stays")
+    assert installed.install() == 0
+    (installed.folder / "of the user.txt").unlink()
+    assert installed.is_whole(), "repaired"
+
+    person.puts_into_registry(RUN_KEY, "Tessarine", f'"{installed.program}" -startup')
+    puts_shortcut_on_desktop(stage, person, installed, job)
+    installed.uninstaller("/S").wait(30)
+    assert wait_for(installed.is_gone)
+    assert everything(stage.wine) ^ before == set()
+    person.forgets_key(CLASSES + "\\.tsj")
+
+
+def puts_shortcut_on_desktop(stage, person, installed, job):
+    """To a job, by the program's own menu."""
+    installed.start()
+    assert wait_for(lambda: stage.main_window() and stage.main_window().visible)
+    person.opens_page("job_page_lista_jobs")
+    person.presses("Shift_L", "F10")
+    person.presses("h")
+    assert wait_for((person.desktop / f"{job.stem}.lnk").exists)
+    stage.clear()
+
+
+def test_nothing_changes_while_the_program_is_at_work(stage, person, installed):
+    """A recording goes on; when it is over the program ends for the installer, and runs again after it."""
+    assert installed.install() == 0
+    program = installed.start()
+    assert wait_for(lambda: stage.main_window() and stage.main_window().visible)
+    time.sleep(0.5)
+    person.records_by_shortcut()
+    (installed.folder / "sounds.bin").write_bytes(b"old")
+    before = disk(stage.wine)
+    assert installed.install() == IN_USE
+    assert disk(stage.wine) == before
+    installed.uninstaller("/S").wait(30)
+    assert wait_for(lambda: not list(stage.wine.drive_c.glob("users/*/Temp/~nsu*")), 15)
+    assert disk(stage.wine) == before
+    assert person.sees("recording_Command1") and program.poll() is None
+    person.clicks("recording_Command1")
+    person.saves_job_as("work")
+    first = stage.main_window().process
+    assert installed.install() == 0
+    assert installed.is_whole() and program.wait(10) == 0
+    assert (person.folder / "settings.binary").exists(), "ended as by its own Exit"
+    assert wait_for(lambda: stage.main_window() and stage.main_window().process != first), "it ran, so it runs again"
+    ends(stage)
+
+
+def ends(stage):
+    """Whatever has started the program, as the installer's request would."""
+    stage.probe.ask("post", stage.main_window().handle, 0x16, 1, 1)  # WM_ENDSESSION
+    assert wait_for(lambda: not stage.main_window())
+
+
+def test_all_files_are_replaced_or_none(stage, installed):
+    """One of them cannot be: those before it come back. Then installations that are killed at any moment."""
+    assert installed.install() == 0
+    old = {name: b"old " + name.encode() for name in installed.files}
+    for name, data in old.items():
+        (installed.folder / name).write_bytes(data)
+    (installed.folder / "sounds.bin").unlink()
+    (installed.folder / "sounds.bin").mkdir()
+    before = disk(stage.wine)
+    assert installed.install() == IN_USE
+    assert disk(stage.wine) == before
+    (installed.folder / "sounds.bin").rmdir()
+    (installed.folder / "sounds.bin").write_bytes(old["sounds.bin"])
+
+    for kill in range(int(os.environ.get("KILLS", "4"))):
+        setup = stage.start(installed.setup, "/S")
+        with contextlib.suppress(subprocess.TimeoutExpired):
+            setup.wait(random.Random(kill).uniform(0.2, 1.4))
+        stage.end(setup)
+        for name, data in installed.files.items():
+            assert (installed.folder / name).read_bytes() in (data, old[name]), (kill, name)
+    assert installed.install() == 0
+    assert installed.is_whole()
+
+
+# --- by hand ---
+
+LANGUAGES = {"en": 0, "de": 1, "fr": 2, "sp": 3}  # places in the list of the first dialog
+
+
+def installer_page(person, language, name, seconds=15):
+    """The installer's window, once it rests, in a picture."""
+    shown = wait_for(lambda: person.probe.find("#32770", visible=True), seconds)
+    assert shown, name
+    time.sleep(0.7)
+    person.stage.wine.screenshot(OUT / "test" / "installer" / f"{language}_{name}.png")
+    return person.probe.find("#32770", visible=True)
+
+
+def texts_of(person, window):
+    return " ".join(control.caption for control in person.visible_controls(window))
+
+
+@pytest.mark.parametrize("language", LANGUAGES)
+def test_installed_and_removed_by_hand(stage, person, installed, language):
+    """By keyboard, by somebody who has never had the program. The pictures of all pages lie in out/test/installer."""
+    person.forgets_key(OWN_KEY)
+    shutil.rmtree(person.folder)
+    before = everything(stage.wine)
+    stage.start(installed.setup)
+    installer_page(person, language, "1_language")
+    for _ in range(LANGUAGES[language]):
+        person.presses("Down")
+    person.presses("Return")
+    time.sleep(0.5)
+    assert "AppData\\Local\\Programs\\Tessarine" in texts_of(person, installer_page(person, language, "2_welcome"))
+    person.presses("Return")
+    assert wait_for(installed.is_whole)
+    installer_page(person, language, "3_finish")
+    person.presses("Return")
+    assert wait_for(lambda: stage.main_window() and stage.main_window().visible), "it has been started"
+    assert person.registry(OWN_KEY, "Language") == language, "and nobody is asked again"
+
+    person.opens_page("about_page_Command4")
+    person.clicks("about_page_Command4")
+    question = person.box()
+    stage.start(installed.folder / "Uninstall.exe")
+    person.puts_job("mine")
+    wait_for(lambda: any("Tessarine" in window.caption and window.class_name == "#32770" and window.visible
+                         for window in person.probe.windows()))
+    installer_page(person, language, "4_remove")
+    person.presses("Down")
+    person.presses("Return")
+    installer_page(person, language, "5_busy")
+    stage.answer(question)
+    person.presses("Return")
+    assert wait_for(lambda: not installed.program_files()), "retried"
+    installer_page(person, language, "6_removed")
+    person.presses("Return")
+    assert wait_for(installed.is_gone)
+    assert everything(stage.wine) ^ before == set()
