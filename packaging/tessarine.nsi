@@ -50,6 +50,7 @@ VIAddVersionKey /LANG=1033 "LegalCopyright" "The Tessarine developers"
 !include Win\COM.nsh
 !include "${FILES}"
 
+Var isBusy       ; 1: the program has refused to end, does not answer, or is there all the same
 Var endedProgram ; 1: it ran, and has ended at our request
 Var busyFile     ; the first one that could not be replaced
 Var dataFolder
@@ -112,9 +113,8 @@ Function ${un}BeTheOnlyOne
 FunctionEnd
 
 ; Asks the program of this main window ($1) to end, as the Restart Manager of Windows would, if it is the one that is
-; installed here. The error flag tells that it has refused, or does not answer.
+; installed here.
 Function ${un}AskToEnd
-    ClearErrors
     System::Call 'user32::GetWindowThreadProcessId(p r1, *i .r2)'
     System::Call 'kernel32::OpenProcess(i 0x101000, i 0, i r2) p .r3' ; SYNCHRONIZE, PROCESS_QUERY_LIMITED_INFORMATION
     System::Call 'kernel32::QueryFullProcessImageName(p r3, i 0, t .r4, *i ${NSIS_MAX_STRLEN})'
@@ -123,13 +123,13 @@ Function ${un}AskToEnd
         System::Call 'user32::SendMessageTimeout(p r1, i ${WM_QUERYENDSESSION}, p 0, p 1, i 2, i 5000, *p .r5) p .r6'
         ${If} $6 P= 0
         ${OrIf} $5 P= 0
-            SetErrors
+            StrCpy $isBusy 1
         ${Else}
             StrCpy $endedProgram 1
             System::Call 'user32::SendMessageTimeout(p r1, i ${WM_ENDSESSION}, p 1, p 1, i 2, i 10000, *p .r5)'
             System::Call 'kernel32::WaitForSingleObject(p r3, i 10000) i .r6'
             ${If} $6 <> 0
-                SetErrors
+                StrCpy $isBusy 1
             ${EndIf}
         ${EndIf}
     ${EndIf}
@@ -137,27 +137,25 @@ Function ${un}AskToEnd
 FunctionEnd
 
 ; A program that starts or shows nothing yet has no main window, and its guard ends a moment after it. Windows lets
-; nobody write into a file that is being run; the error flag tells that after 5 seconds it still does not.
+; nobody write into a file that is being run.
 Function ${un}WaitForFile
     ${For} $2 1 50
         ${IfNot} ${FileExists} "$INSTDIR\tessarine.exe"
-            ClearErrors
             Return
         ${EndIf}
         ; GENERIC_WRITE, shared with everybody, OPEN_EXISTING
         System::Call 'kernel32::CreateFile(t "$INSTDIR\tessarine.exe", i 0x40000000, i 7, p 0, i 3, i 0, p 0) p .r3'
         ${If} $3 P<> -1
             System::Call 'kernel32::CloseHandle(p r3)'
-            ClearErrors
             Return
         ${EndIf}
         Sleep 100
     ${Next}
-    SetErrors
+    StrCpy $isBusy 1
 FunctionEnd
 
-; The error flag tells that the program goes on.
 Function ${un}TryToEndProgram
+    StrCpy $isBusy 0
     StrCpy $1 0
     ${Do}
         System::Call 'user32::FindWindowEx(p 0, p r1, t "TessarineMainWindow", p 0) p .r1'
@@ -165,7 +163,7 @@ Function ${un}TryToEndProgram
             ${ExitDo}
         ${EndIf}
         Call ${un}AskToEnd
-        ${If} ${Errors}
+        ${If} $isBusy = 1
             Return
         ${EndIf}
     ${Loop}
@@ -176,7 +174,7 @@ FunctionEnd
 Function ${un}EndProgram
     ${Do}
         Call ${un}TryToEndProgram
-        ${IfNot} ${Errors}
+        ${If} $isBusy = 0
             Return
         ${EndIf}
         MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(ProgramIsBusy)" /SD IDCANCEL IDRETRY again

@@ -20,9 +20,9 @@ RUN_KEY = "Software\\Microsoft\\Windows\\CurrentVersion\\Run"
 UNINSTALL_KEY = "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall"
 OWN_KEY = "Software\\Tessarine"
 IN_USE = 3
-# What Wine itself rewrites all the time; and where it notes the copy of an uninstaller for the next start, as Windows
-# does for administrators.
-RESTLESS = re.compile(r'"DriverDate|"PendingFileRenameOperations"|^  ')
+# What Wine keeps for itself, its note of the first console, and where it has the copy of an uninstaller for the next
+# start, as Windows does for administrators.
+RESTLESS = re.compile(r'"DriverDate|\\Software\\Wine\\|\\Console\]|"PendingFileRenameOperations"|\]   ')
 
 
 def make_package(folder, **environment):
@@ -94,6 +94,9 @@ def installed(person, package):
         installed.wine.run("reg", "add", f"HKCU\\{key}", "/f")
     yield installed
     person.stage.clear()
+    for window in person.probe.windows():  # a copy of the uninstaller that still waits for an answer
+        if window.class_name == "#32770" and window.visible and not window.parent:
+            installed.wine.run("taskkill", "/f", "/pid", str(window.process))
     if installed.folder.exists():
         installed.uninstaller("/S").wait(30)
         wait_for(installed.is_gone)
@@ -107,7 +110,7 @@ def registry(wine):
     lines, key = set(), ""
     for line in path.read_text("utf-16").splitlines():
         key = line if line.startswith("[") else key
-        if not RESTLESS.search(line):
+        if not RESTLESS.search(f"{key} {line}"):
             lines.add(f"{key} {line}")
     path.unlink()
     return lines
@@ -120,7 +123,7 @@ def disk(wine):
         for name in files:
             path = os.path.join(folder, name)
             status = os.lstat(path)
-            found.add((path, status.st_size, status.st_mtime_ns))
+            found.add((path, status.st_size, status.st_mtime_ns // 100))  # as finely as Windows knows it
     return found
 
 
