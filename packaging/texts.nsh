@@ -32,16 +32,16 @@
     "Tessarine ya se está instalando o desinstalando. Termine eso primero."
 
 !insertmacro Text ProgramIsBusy \
-    "Tessarine is busy: it records or runs a job, asks something, has a job open in the editor, or a change of a job is not saved yet.${EMPTY_LINE}Please bring that to an end, then choose Retry. Nothing has been changed so far." \
-    "Tessarine ist beschäftigt: Es zeichnet auf oder spielt eine Aufgabe ab, fragt etwas, hat eine Aufgabe im Editor offen, oder eine Änderung an einer Aufgabe ist noch nicht gespeichert.${EMPTY_LINE}Bitte bringen Sie das zu Ende und wählen Sie dann Wiederholen. Bisher wurde nichts verändert." \
-    "Tessarine est occupé : il enregistre ou lance une tâche, pose une question, a une tâche ouverte dans l'éditeur, ou une modification d'une tâche n'est pas encore enregistrée.${EMPTY_LINE}Veuillez terminer cela, puis choisir Réessayer. Rien n'a été modifié jusqu'ici." \
-    "Tessarine está ocupado: graba o ejecuta una tarea, pregunta algo, tiene una tarea abierta en el editor, o un cambio de una tarea aún no se ha guardado.${EMPTY_LINE}Termine eso y elija Reintentar. Hasta ahora no se ha cambiado nada."
+    "Tessarine is busy: it records or runs a job, asks something, has a job open in the editor, or a change of a job is not saved yet.${EMPTY_LINE}Please bring that to an end, then try again. Nothing has been changed so far." \
+    "Tessarine ist beschäftigt: Es zeichnet auf oder spielt eine Aufgabe ab, fragt etwas, hat eine Aufgabe im Editor offen, oder eine Änderung an einer Aufgabe ist noch nicht gespeichert.${EMPTY_LINE}Bitte bringen Sie das zu Ende und versuchen Sie es dann noch einmal. Bisher wurde nichts verändert." \
+    "Tessarine est occupé : il enregistre ou lance une tâche, pose une question, a une tâche ouverte dans l'éditeur, ou une modification d'une tâche n'est pas encore enregistrée.${EMPTY_LINE}Veuillez terminer cela, puis réessayer. Rien n'a été modifié jusqu'ici." \
+    "Tessarine está ocupado: graba o ejecuta una tarea, pregunta algo, tiene una tarea abierta en el editor, o un cambio de una tarea aún no se ha guardado.${EMPTY_LINE}Termine eso y vuelva a intentarlo. Hasta ahora no se ha cambiado nada."
 
 !insertmacro Text FileIsBusy \
-    "The file '$busyFile' is in use, or may not be written. Please close what uses it (the help, for example), then choose Retry." \
-    "Die Datei '$busyFile' wird gerade benutzt oder darf nicht geschrieben werden. Bitte schließen Sie, was sie benutzt (zum Beispiel die Hilfe), und wählen Sie dann Wiederholen." \
-    "Le fichier « $busyFile » est en cours d'utilisation ou protégé en écriture. Veuillez fermer ce qui l'utilise (l'aide, par exemple), puis choisir Réessayer." \
-    "El archivo «$busyFile» está en uso o no se puede escribir. Cierre lo que lo usa (la ayuda, por ejemplo) y elija Reintentar."
+    "The file '$busyFile' is in use, or may not be written. Please close what uses it (the help, for example), then try again." \
+    "Die Datei '$busyFile' wird gerade benutzt oder darf nicht geschrieben werden. Bitte schließen Sie, was sie benutzt (zum Beispiel die Hilfe), und versuchen Sie es dann noch einmal." \
+    "Le fichier « $busyFile » est en cours d'utilisation ou protégé en écriture. Veuillez fermer ce qui l'utilise (l'aide, par exemple), puis réessayer." \
+    "El archivo «$busyFile» está en uso o no se puede escribir. Cierre lo que lo usa (la ayuda, por ejemplo) y vuelva a intentarlo."
 
 !insertmacro Text NothingChanged \
     "Nothing has been changed." \
