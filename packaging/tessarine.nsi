@@ -293,8 +293,9 @@ Function RegisterJobs
     WriteRegStr HKCU "${EXTENSION_KEY}\OpenWithProgids" "${JOB_TYPE}" ""
     WriteRegStr HKCU "${JOB_KEY}" "" "$(JobType)"
     WriteRegStr HKCU "${JOB_KEY}\DefaultIcon" "" "$INSTDIR\tessarine.exe,-${ICON_JOB}"
-    WriteRegStr HKCU "${JOB_KEY}\shell" "" "run"
-    !insertmacro RegisterVerb "run" "$(VerbRun)" "-run"
+    WriteRegStr HKCU "${JOB_KEY}\shell" "" "open"
+    ; Shown as "Run"; "open" is what other programs ask for that start a file.
+    !insertmacro RegisterVerb "open" "$(VerbRun)" "-run"
     !insertmacro RegisterVerb "edit" "$(VerbEdit)" "-edit"
     Call TellShell
 FunctionEnd

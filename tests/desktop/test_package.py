@@ -225,8 +225,48 @@ def test_all_files_are_replaced_or_none(stage, installed):
     assert installed.is_whole()
 
 
-# --- by hand ---
+# --- a double click ---
 
+NAMES = ["plain", "two words", "gr\u00fcn & wei\u00df", "one, two; three", "100 % %TEMP% %1", "(it's) ^ = + ~ [1]"]
+
+
+@pytest.fixture
+def types_of_the_user(installed):
+    """HKEY_CLASSES_ROOT shows the user's own types of files on Windows, but not under this Wine: they are put there."""
+    assert installed.install() == 0
+    keys = (".tsj", "Tessarine.Job")
+    for key in keys:
+        assert installed.wine.run("reg", "copy", f"HKCU\\{CLASSES}\\{key}", f"HKLM\\{CLASSES}\\{key}", "/s", "/f") == 0
+    yield
+    for key in keys:
+        installed.wine.run("reg", "delete", f"HKLM\\{CLASSES}\\{key}", "/f")
+
+
+def test_a_double_click_plays_the_job(stage, installed, types_of_the_user):
+    """What the Explorer does with one: it opens the file. Without the program, and in the one that runs."""
+    notepad = stage.notepad()
+    job = stage.typing_job(notepad, "x")
+    names = [*NAMES, "long " + "n" * (200 - len(stage.wine.windows_path(stage.folder)) - 10)]
+    paths = [stage.write(job, name) for name in names]
+    assert len(paths[-1]) == 200
+
+    def is_played(path):
+        stage.start("start.exe", path)
+        assert wait_for(lambda: notepad.text == "x", 15), (path, stage.box() and stage.box_text(stage.box()))
+        notepad.set_text("")
+
+    for path in (paths[2], paths[-1]):
+        is_played(path)
+        assert wait_for(lambda: not stage.main_window()), "it was for that job alone"
+    program = installed.start()
+    assert wait_for(lambda: stage.main_window() and stage.main_window().visible)
+    for path in paths:
+        is_played(path)
+    assert program.poll() is None and stage.main_window().process
+    ends(stage)
+
+
+# --- by hand ---
 
 LANGUAGES = {"en": [], "de": ["Up"], "fr": ["Down", "Down"], "sp": ["Down"]}  # by their names, from English on
 
