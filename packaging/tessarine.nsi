@@ -5,8 +5,8 @@
 ; place in one step: whatever interrupts the installation, each file is the old one or the new one. What fails is taken
 ; back.
 ;
-; Exit codes: 0 done, 1 cancelled, 2 something could not be written, 3 Tessarine or one of its files is in use, 4 another
-; set-up is open. With another one than 0 nothing has changed. /S asks nothing.
+; Exit codes: 0 done, 1 cancelled, 2 something could not be written, 3 Tessarine or one of its files is in use, 4
+; another set-up is open. With another one than 0 nothing has changed. /S asks nothing.
 
 Unicode true
 Target amd64-unicode
@@ -232,9 +232,17 @@ FunctionEnd
     File "${STAGE}/${NAME}"
 !macroend
 
-; Copies of the old files, in case one of the new ones cannot take its place.
+; A copy of the old file, in case one of the new ones cannot take its place; once, for there may be a second try.
 !macro KeepOld NAME
-    System::Call 'kernel32::CopyFile(t "$INSTDIR\${NAME}", t "${OLD}\${NAME}", i 0)'
+    ${If} $busyFile == ""
+    ${AndIf} ${FileExists} "$INSTDIR\${NAME}"
+    ${AndIf} ${FileExists} "${NEW}\${NAME}"
+    ${AndIfNot} ${FileExists} "${OLD}\${NAME}"
+        System::Call 'kernel32::CopyFile(t "$INSTDIR\${NAME}", t "${OLD}\${NAME}", i 1) i .r0'
+        ${If} $0 = 0
+            StrCpy $busyFile "${NAME}"
+        ${EndIf}
+    ${EndIf}
 !macroend
 
 ; MOVEFILE_REPLACE_EXISTING, MOVEFILE_WRITE_THROUGH: in one step, and on the disk before the next one.
@@ -258,10 +266,10 @@ FunctionEnd
 ; All of the new files, or none.
 Function ReplaceFiles
     CreateDirectory "${OLD}"
-    !insertmacro EachFile KeepOld
-    !insertmacro KeepOld "Uninstall.exe"
     ${Do}
         StrCpy $busyFile ""
+        !insertmacro EachFile KeepOld
+        !insertmacro KeepOld "Uninstall.exe"
         !insertmacro Replace "Uninstall.exe"
         !insertmacro EachFile Replace
         ${If} $busyFile == ""
@@ -325,6 +333,8 @@ Function HandOnLanguage
 FunctionEnd
 
 Section
+    RMDir /r "${NEW}" ; of an installation that was interrupted
+    RMDir /r "${OLD}"
     SetOutPath "${NEW}"
     !insertmacro EachFile Unpack
     WriteUninstaller "${NEW}\Uninstall.exe"
@@ -416,7 +426,7 @@ Function un.RemoveFiles
         Abort "$(RemovalStopped)"
         again:
     ${Loop}
-    RMDir /r "${NEW}" ; of an installation that was interrupted
+    RMDir /r "${NEW}"
     RMDir /r "${OLD}"
     Delete "$SMPROGRAMS\Tessarine.lnk"
 FunctionEnd

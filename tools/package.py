@@ -70,8 +70,8 @@ def write_installer(path, folder, names, version, when):
     lines = "\n".join(f'    !insertmacro ${{DO}} "{name}"' for name in names)
     listed.write_text(f"!macro EachFile DO\n{lines}\n!macroend\n")
     defines = {"VERSION": version, "OUT_FILE": path, "STAGE": folder, "FILES": listed, "ASSETS": ROOT / "assets"}
-    command = ["makensis", "-V2", "-WX", "-INPUTCHARSET", "UTF8", *(f"-D{key}={value}" for key, value in defines.items()),
-               "tessarine.nsi"]
+    command = ["makensis", "-V2", "-WX", "-INPUTCHARSET", "UTF8",
+               *(f"-D{key}={value}" for key, value in defines.items()), "tessarine.nsi"]
     made = subprocess.run(command, cwd=PACKAGING, env={**os.environ, "SOURCE_DATE_EPOCH": str(when)},
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
     if made.returncode != 0:

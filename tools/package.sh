@@ -3,8 +3,8 @@
 # byte.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-tools/set_up.sh windows package
-tools/build.sh windows
+tools/set_up.sh package
+tools/build_windows.sh
 [ -z "$(git status --porcelain 2>/dev/null)" ] || echo "    the tree differs from its commit, and so does the package"
 echo "==> Packaging"
 exec /usr/bin/python3 tools/package.py
