@@ -525,7 +525,9 @@ Function un.RemoveTemporaryCopy
     StrCpy $1 $EXEDIR $0
     ${If} $1 == "$TEMP\~nsu"
         SetOutPath "$TEMP"
-        ExecShell "" "$SYSDIR\cmd.exe" '/d /c ping -n 3 127.0.0.1 >nul & del "$EXEPATH" & rd "$EXEDIR"' SW_HIDE
+        StrCpy $2 '127.0.0.1 >nul & del "$EXEPATH" & rd "$EXEDIR"'
+        ; A second time on a busy machine.
+        ExecShell "" "$SYSDIR\cmd.exe" '/d /c ping -n 3 $2 & if exist "$EXEPATH" ping -n 15 $2' SW_HIDE
     ${EndIf}
 FunctionEnd
 
