@@ -1,4 +1,4 @@
-"""Every linter over the whole tree: clang-format, clang-tidy, shellcheck, flake8. Fails when one has a finding.
+"""Every linter over the whole tree: clang-format, clang-tidy, shellcheck, flake8, yamllint. Fails when one has a finding.
 
     tools/lint.py WORD        only clang-tidy, and only over the sources with WORD in their path
     tools/lint.py --shallow   every check, but the analyzer follows fewer and shorter paths: a fifth of the time
@@ -46,6 +46,7 @@ def quick_linters():
         complains(["clang-format-14", "--dry-run", "--Werror", *listed(".cpp"), *listed(".h")]),
         complains(["shellcheck", *listed(".sh"), ROOT / ".ci" / "run"]),
         complains(["/usr/bin/python3", "-m", "flake8", *listed(".py")]),
+        complains(["yamllint", "--strict", ROOT / ".github", ROOT / ".yamllint"]),
     ]
     return any(findings)
 

@@ -11,7 +11,7 @@ packages() {
         native) echo cmake ninja-build make g++ googletest libgtest-dev libgmock-dev libbenchmark-dev python3 ;;
         desktop) echo wine64 fonts-wine xvfb xdotool imagemagick x11-utils python3 python3-xlib python3-pytest python3-pytest-xdist ;;
         package) echo nsis git python3 ;;
-        lint) echo clang-format-14 clang-tidy-14 shellcheck python3 python3-flake8 ;;
+        lint) echo clang-format-14 clang-tidy-14 shellcheck python3 python3-flake8 yamllint ;;
         coverage) echo gcovr ;;
         fuzz) echo cmake ninja-build make clang-14 libclang-rt-14-dev llvm-14 python3 ;;
         *) echo "set_up.sh: unknown purpose '$1'" >&2; exit 2 ;;
