@@ -1,4 +1,5 @@
-// The memory of the program when it begins to record: tessarine.exe itself, on the real desktop. Counted is what it
+// The memory of the program in the notification area, and when it begins to record: tessarine.exe itself, on the real
+// desktop. Counted is what it
 // uses: private pages that hold something. The unused ends of stacks and, under Wine, of the tables of handles, which
 // every process has there, are committed as well, but cost nothing. What a recording adds counts touched or not.
 //
@@ -8,13 +9,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <functional>
-#include <string>
+#include <cstdio>
 #include <vector>
 
 #include "bench/ratio.h"
+#include "bench/started_program.h"
 #include "pages/record_page_ids.h"
 #include "platform/clock.h"
 #include "shell/startup.h"
@@ -25,23 +24,10 @@ namespace {
 constexpr double LimitMegabytes = 8;
 constexpr double AddedLimitMegabytes = 4;
 constexpr std::ptrdiff_t PageBytes = 4096;
-constexpr int PatienceMs = 60'000;
 constexpr int SettlesMs = 2000;
 
-// Ends the bench when it does not come.
-HWND Await(const std::function<HWND()>& window) {
-    const std::int64_t end = platform::TickCount() + PatienceMs;
-    for (;;) {
-        const HWND found = window();
-        if (found != nullptr) return found;
-        if (platform::TickCount() >= end) std::exit(2);
-        platform::Sleep(50);
-    }
-}
-
-HWND VisibleWindow(const char* className) {
-    const HWND found = FindWindowA(className, nullptr);
-    return found != nullptr && IsWindowVisible(found) ? found : nullptr;
+HWND MainWindow() {
+    return bench::VisibleWindow(MainWindowClass);
 }
 
 BOOL CALLBACK IsRecordButton(HWND window, LPARAM result) {
@@ -88,33 +74,39 @@ Memory PrivateMemory(HANDLE process) {
     return memory;
 }
 
-HANDLE Start(std::string path) {
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessA(nullptr, path.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
-        std::exit(3);
-    }
-    CloseHandle(process.hThread);
-    return process.hProcess;
+Memory Told(const char* when, HANDLE process) {
+    platform::Sleep(SettlesMs);
+    const Memory memory = PrivateMemory(process);
+    std::printf("%s: %.1f MB committed, %.1f MB in use\n", when, memory.committed, memory.used);
+    return memory;
+}
+
+// Closed by the user, with its list of jobs filled: it goes on in the notification area.
+void BenchTray(const char* path) {
+    const platform::OwnedHandle process = bench::Start(path);
+    PostMessageA(bench::Await(MainWindow), WM_CLOSE, 0, 0);
+    bench::Report("memory of the program in the tray, MB", Told("in the tray", process.Get()).used, LimitMegabytes);
+    bench::End(process);
+}
+
+void BenchRecording(const char* path) {
+    const platform::OwnedHandle process = bench::Start(path);
+    const HWND form1 = bench::Await(MainWindow);
+    const Memory atRest = Told("at rest", process.Get());
+    PostMessageA(RecordButton(form1), BM_CLICK, 0, 0);
+    bench::Await([] { return bench::VisibleWindow("TessarineRecording"); });
+    const Memory recording = Told("recording", process.Get());
+    bench::Report("memory of a program that records, MB", recording.used, LimitMegabytes);
+    bench::Report("what a recording adds, touched or not, MB", recording.committed - atRest.committed,
+                  AddedLimitMegabytes);
+    bench::End(process);
 }
 
 }  // namespace
 
 int main(int count, char** words) {
     if (count != 2) return 1;
-    const platform::OwnedHandle process(Start(words[1]));
-    const HWND form1 = Await([] { return VisibleWindow(MainWindowClass); });
-    platform::Sleep(SettlesMs);
-    const Memory atRest = PrivateMemory(process.Get());
-    std::printf("at rest: %.1f MB committed, %.1f MB in use\n", atRest.committed, atRest.used);
-    PostMessageA(RecordButton(form1), BM_CLICK, 0, 0);
-    Await([] { return VisibleWindow("TessarineRecording"); });
-    platform::Sleep(SettlesMs);
-    const Memory recording = PrivateMemory(process.Get());
-    bench::Report("memory of a program that records, MB", recording.used, LimitMegabytes);
-    bench::Report("what a recording adds, touched or not, MB", recording.committed - atRest.committed,
-                  AddedLimitMegabytes);
-    TerminateProcess(process.Get(), 0);
+    BenchTray(words[1]);
+    BenchRecording(words[1]);
     return bench::ExitCode();
 }
