@@ -100,6 +100,7 @@ std::vector<ControlRow> MainForm::Rows() {
 void MainForm::OnInit() {
     ownWindows.main = platform::FromHwnd(Window());
     for (int place = 0; place < PageCount; ++place) SetTab(Control(form1_tabs), TCM_INSERTITEMA, place, "");
+    ReserveLetters();
     for (Page* const page : pages) page->CreateIn(Window());
     ShowPageAt(current);
     OnLooks();  // the tray icon is the window's
@@ -218,9 +219,7 @@ void MainForm::ShowPage(const Page& page) {
 void MainForm::ShowPageAt(int place) {
     current = std::clamp(place, 0, PageCount - 1);
     SendMessageA(Control(form1_tabs), TCM_SETCURSEL, static_cast<WPARAM>(current), 0);
-    for (const Page* const page : pages) {
-        ShowWindow(page->Window(), page == &CurrentPage() ? SW_SHOWNA : SW_HIDE);
-    }
+    for (Page* const page : pages) page->BringIntoSight(page == &CurrentPage());
 }
 
 // Into the tabs' frame, and above them, so that they do not paint over a page.
@@ -273,14 +272,19 @@ void MainForm::RunTrayCommand(int command) {
 // No letter stands twice: a page's are seen together with those of the window.
 void MainForm::PodesiRjecnik() {
     Form::PodesiRjecnik();
-    Mnemonics letters;
-    letters.Mark(Translate("E&xit"));
+    ReserveLetters();
     for (int place = 0; place < PageCount; ++place) {
         SetTab(Control(form1_tabs), TCM_SETITEMA, place, Unmarked(pages[place]->TabCaption()));
-        pages[place]->SetTakenLetters(letters);
-        pages[place]->PodesiRjecnik();
+        pages[place]->PodesiRjecnikIfOther();
     }
     WordTrayEntry();
+}
+
+// What stands beside every page.
+void MainForm::ReserveLetters() {
+    Mnemonics letters;
+    letters.Mark(Translate("E&xit"));
+    for (Page* const page : pages) page->SetTakenLetters(letters);
 }
 
 void MainForm::StaviFocus() {

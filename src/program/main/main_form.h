@@ -27,6 +27,7 @@ public:
     void OpenTrayMenu();
 
 private:
+    static void ReserveLetters();
     static LRESULT CALLBACK ProcedureThunk(HWND form, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     std::vector<ControlRow> Rows() override;
     void OnInit() override;

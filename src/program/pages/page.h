@@ -10,10 +10,18 @@ public:
 
     void CreateIn(HWND mainWindow);  // not visible
 
+    // In front of the others, or behind them. What has changed meanwhile is caught up with.
+    void BringIntoSight(bool inSight);
+
     virtual std::string TabCaption() const = 0;
     virtual void StaviFocus() const = 0;  // ("set the focus"): to the control that one wants first
     virtual void OnEnter() {}             // Enter, anywhere but on a button
 
     // A key before the control with the focus gets it; true when it was for the page.
     virtual bool OnKeyDown(int) { return false; }
+
+private:
+    bool InSight() const override { return isInSight; }
+
+    bool isInSight = false;
 };

@@ -52,12 +52,8 @@ Member Option(const std::function<bool()>& chosen, std::function<void()> choose)
                 }};
 }
 
-// A text that stays as it is must not flicker.
 Member Shown(FormText text) {
-    return {.show = [text = std::move(text)](HWND control) {
-        const std::string shown = text();
-        if (WindowText(control) != shown) SetWindowTextA(control, shown.c_str());
-    }};
+    return {.show = [text = std::move(text)](HWND control) { ShowText(control, text()); }};
 }
 
 Member Typed(std::string& value, std::function<void(const std::string&)> changed) {
@@ -78,7 +74,11 @@ Member Slider(std::int32_t& value, std::function<void(std::int32_t)> changed) {
 }
 
 Member Choice(int& place, std::function<void()> changed) {
-    return {.show = [&place](HWND control) { SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(place), 0); },
+    return {.show =
+                [&place](HWND control) {
+                    if (SendMessageA(control, CB_GETCURSEL, 0, 0) == place) return;
+                    SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(place), 0);
+                },
             .take =
                 [&place, changed = std::move(changed)](HWND control) {
                     place = static_cast<int>(SendMessageA(control, CB_GETCURSEL, 0, 0));

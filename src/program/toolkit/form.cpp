@@ -34,6 +34,12 @@ std::string WithLetter(const std::string& caption, char letter) {
     return place == std::string::npos ? caption : caption.substr(0, place) + "&" + caption.substr(place);
 }
 
+// As it is for itself, whatever it lies in. To show what is shown already would be as dear as to show it.
+void ShowOrHide(HWND control, bool show) {
+    const bool shown = (GetWindowLongPtrA(control, GWL_STYLE) & WS_VISIBLE) != 0;
+    if (show != shown) ShowWindow(control, show ? SW_SHOWNA : SW_HIDE);
+}
+
 SIZE SizeOf(const RECT& area) {
     return {area.right - area.left, area.bottom - area.top};
 }
@@ -102,6 +108,7 @@ void Form::OnDestroy() {
     platform::RemoveModelessForm(window);
     SetWindowLongPtrA(window, DWLP_USER, 0);
     window = nullptr;
+    wordedIn = 0;
     for (const auto& [id, font] : fonts) DeleteObject(font);
     fonts.clear();
     if (back != nullptr) DeleteObject(std::exchange(back, nullptr));
@@ -241,7 +248,8 @@ const ControlRow* Form::RowOf(int id) const {
 
 void Form::PodesiRjecnik() {
     if (window == nullptr) return;
-    if (const std::string caption = Caption(); !caption.empty()) SetWindowTextA(window, caption.c_str());
+    wordedIn = GetLanguage();
+    if (const std::string caption = Caption(); !caption.empty()) ShowText(window, caption);
     std::vector<MnemonicCaption> marked;
     for (const ControlRow& row : rows) {
         const HWND control = Control(row.id);
@@ -249,9 +257,9 @@ void Form::PodesiRjecnik() {
         if (!row.caption) continue;
         const std::string caption = WithLetter(row.caption(), row.letter);
         if (IsPlainText(control)) {
-            SetWindowTextA(control, caption.c_str());
+            ShowText(control, caption);
         } else if (IsGroupBox(control)) {
-            SetWindowTextA(control, Unmarked(caption).c_str());
+            ShowText(control, Unmarked(caption));
         } else {
             marked.push_back({row.id, caption, row.panels});
         }
@@ -262,13 +270,17 @@ void Form::PodesiRjecnik() {
     Refresh();
 }
 
+void Form::PodesiRjecnikIfOther() {
+    if (wordedIn != GetLanguage()) PodesiRjecnik();
+}
+
 void Form::PodesiRjecnikOfAll() {
     const std::vector<Form*> forms = openForms;
-    for (Form* const form : forms) form->PodesiRjecnik();
+    for (Form* const form : forms) form->PodesiRjecnikIfOther();
 }
 
 void Form::Refresh() {
-    if (window == nullptr || showing) return;
+    if (window == nullptr || showing || !InSight()) return;
     const BusyMark mark(showing);
     const unsigned panels = VisiblePanels();
     for (const ControlRow& row : rows) ShowRow(row, panels);
@@ -278,7 +290,7 @@ void Form::Refresh() {
 void Form::ShowRow(const ControlRow& row, unsigned panels) {
     const HWND control = Control(row.id);
     if (row.member.show) row.member.show(control);
-    if (row.panels != Mnemonics::AllPanels) ShowWindow(control, (row.panels & panels) != 0 ? SW_SHOWNA : SW_HIDE);
+    if (row.panels != Mnemonics::AllPanels) ShowOrHide(control, (row.panels & panels) != 0);
     if (row.tip) tips.Set(row.id, row.tip());
 }
 

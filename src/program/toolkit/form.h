@@ -31,10 +31,12 @@ public:
     // PodesiRjecnik ("set up the dictionary"): captions, names and tips in the language in force, and then Refresh.
     virtual void PodesiRjecnik();
 
-    // The same for every form that is open; pages are their main window's affair.
+    // The same, unless that is how it is worded already; and for every form that is open. Pages are their main window's
+    // affair.
+    void PodesiRjecnikIfOther();
     static void PodesiRjecnikOfAll();
 
-    // Values, enabling, panels and tips, as the model has them.
+    // Values, enabling, panels and tips, as the model has them. Nothing while the form is out of sight.
     void Refresh();
 
     // The letters that an owner's captions use, for a form that is seen together with it. Before PodesiRjecnik.
@@ -62,6 +64,9 @@ protected:
     virtual void OnInit() {}                 // the template's controls are there, and get their ranges and lists
     virtual bool OnLoad() { return false; }  // they are filled; true: the first control gets the focus
     virtual void OnUnload() {}               // the window is going
+
+    // Whether it is worth to refresh it. Whoever brings it into sight refreshes it first.
+    virtual bool InSight() const { return true; }
 
     // A message that the base does not know; true when it is dealt with. `result` is what the procedure returns.
     virtual bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
@@ -125,6 +130,7 @@ private:
     HWND window = nullptr;
     bool modal = false;
     bool showing = false;  // what the controls report meanwhile is our own doing
+    int wordedIn = 0;      // the language
     std::vector<ControlRow> rows;
     Mnemonics takenLetters;
     Design design;

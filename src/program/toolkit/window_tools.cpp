@@ -42,8 +42,12 @@ void SendToChildren(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
+void ShowText(HWND window, const std::string& text) {
+    if (WindowText(window) != text) SetWindowTextA(window, text.c_str());
+}
+
 void SetText(HWND form, int control, const std::string& text) {
-    SetDlgItemTextA(form, control, text.c_str());
+    ShowText(GetDlgItem(form, control), text);
 }
 
 std::string TextOf(HWND form, int control) {

@@ -33,6 +33,8 @@ std::string WindowText(HWND window);
 // To the direct children, one after the other.
 void SendToChildren(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
+// A text that stays as it is must not flicker, nor cost a painting.
+void ShowText(HWND window, const std::string& text);
 void SetText(HWND form, int control, const std::string& text);
 std::string TextOf(HWND form, int control);
 
