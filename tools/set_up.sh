@@ -2,7 +2,7 @@
 # Installs the Debian packages that a purpose needs and that are missing. Costs a fraction of a second when nothing
 # is. Safe to run twice, at the same time, and after an interrupted run.
 #
-#   tools/set_up.sh PURPOSE...      windows  native  desktop  package  lint  coverage  fuzz
+#   tools/set_up.sh PURPOSE...      windows  native  desktop  help  package  lint  coverage  fuzz
 set -euo pipefail
 
 packages() {
@@ -10,6 +10,7 @@ packages() {
         windows) echo cmake ninja-build make g++-mingw-w64-x86-64-posix googletest python3 ;;
         native) echo cmake ninja-build make g++ googletest libgtest-dev libgmock-dev libbenchmark-dev python3 ;;
         desktop) echo wine64 fonts-wine xvfb xdotool imagemagick x11-utils python3 python3-xlib python3-pytest python3-pytest-xdist ;;
+        help) echo fp-utils python3 ;;
         package) echo nsis git python3 ;;
         lint) echo clang-format-14 clang-tidy-14 shellcheck python3 python3-flake8 yamllint ;;
         coverage) echo gcovr ;;

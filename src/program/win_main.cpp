@@ -4,7 +4,9 @@
 #include <commctrl.h>
 
 #include "guard/guard_process.h"
+#include "shell/help.h"
 #include "shell/startup.h"
+#include "toolkit/form.h"
 #include "win32/failure_guard.h"
 #include "win32/message_loop.h"
 #include "win32/system_library.h"
@@ -26,6 +28,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     platform::HardenProcess();
     if (const auto guard = GuardCommandOfThisProcess()) return RunGuard(*guard);
     LoadControls();
+    Form::UseHelp([](const std::string& topic) { OpenHelp(topic); });
     bool stays = false;
     if (!platform::GuardedCall([&] { stays = Main(); })) return FailedStart;
     return stays ? platform::RunMessageLoop() : 0;

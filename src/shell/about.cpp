@@ -4,9 +4,7 @@
 
 #include "dictionary/dictionary.h"
 #include "platform/boxes.h"
-#include "platform/files.h"
 #include "platform/processes.h"
-#include "settings/folders.h"
 #include "update/update_server.h"
 
 namespace {
@@ -17,10 +15,6 @@ void OpenPage(const std::string& address) {
     if (platform::StartProgram(address, NormalWindow)) return;
     platform::ShowBox(Translate1("The web page '%1' cannot be opened.", address), Translate("About Tessarine"),
                       platform::BoxIcon::Error);
-}
-
-void TellHelp(const std::string& text, platform::BoxIcon icon) {
-    platform::ShowBox(text, Translate("Help"), icon);
 }
 
 }  // namespace
@@ -35,13 +29,4 @@ void OpenHomepage() {
 
 void OpenSupport() {
     OpenPage(CustomersPage());
-}
-
-void OpenHelp() {
-    const std::string path = folders.ProgramFolder + "\\Tessarine Help.chm";
-    if (platform::StateOf(path) == platform::FileState::Missing) {
-        TellHelp(Translate1("The help is not installed: there is no file '%1'.", path), platform::BoxIcon::Warning);
-    } else if (!platform::StartProgram("\"" + path + "\"", NormalWindow)) {
-        TellHelp(Translate1("The help file '%1' cannot be opened.", path), platform::BoxIcon::Error);
-    }
 }

@@ -8,6 +8,7 @@
 #include "platform/registry.h"
 #include "settings/folders.h"
 #include "shell/about.h"
+#include "shell/help.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
 
@@ -107,15 +108,17 @@ TEST_F(Options, ChangesOnTheJobPageAreAskedAboutBeforeTheListIsFilledAnew) {
 }
 
 TEST_F(Options, HelpIsTheFileBesideTheProgram) {
-    OpenHelp();
+    OpenHelp("speed.htm");
     EXPECT_EQ(LastBox(),
               "Help|The help is not installed: there is no file 'C:\\Program Files\\Tessarine\\Tessarine "
               "Help.chm'.");
     simulated::PutFile(folders.ProgramFolder + "\\Tessarine Help.chm", "help");
-    OpenHelp();
-    EXPECT_THAT(Started(), ElementsAre("\"C:\\Program Files\\Tessarine\\Tessarine Help.chm\""));
+    OpenHelp("speed.htm");
+    OpenHelp("");
+    const std::string file = "C:\\Program Files\\Tessarine\\Tessarine Help.chm";
+    EXPECT_THAT(simulated::ShownHelp(), ElementsAre(file + "|speed.htm", file + "|"));
     simulated::RefuseStarts();
-    OpenHelp();
+    OpenHelp("");
     EXPECT_THAT(LastBox(), EndsWith("Help.chm' cannot be opened."));
 }
 

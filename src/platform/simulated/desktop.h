@@ -254,11 +254,14 @@ struct StartedProgram {
     std::int64_t time = 0;
 };
 const std::vector<StartedProgram>& StartedPrograms();
-void RefuseStarts(bool refuse = true);
+void RefuseStarts(bool refuse = true);  // of the viewer of the help, too
 void OnStart(std::function<void(const StartedProgram&)> action);
 
 // A start whose command line contains `part` shows a window after a while.
 void ProgramShows(const std::string& part, std::int64_t afterMs, const WindowSpec& window);
+
+// Pages of the help that were shown: "path|topic".
+const std::vector<std::string>& ShownHelp();
 
 // The network. The connection is there at first; an address at which nobody was put answers nothing. A page comes after
 // `afterMs`, or not at all when that is longer than it is waited for.

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/guard.h"
+#include "platform/help.h"
 #include "platform/hotkeys.h"
 #include "platform/instances.h"
 #include "platform/load.h"
@@ -54,6 +55,7 @@ struct Surroundings {
     std::vector<StartedProgram> started;
     std::vector<std::function<void(const StartedProgram&)>> onStart;
     bool refusesStarts = false;
+    std::vector<std::string> shownHelp;
     std::set<std::uint32_t> processes;  // of others
 
     bool disconnected = false;
@@ -154,6 +156,10 @@ const std::vector<StartedProgram>& StartedPrograms() {
 
 void RefuseStarts(bool refuse) {
     State().refusesStarts = refuse;
+}
+
+const std::vector<std::string>& ShownHelp() {
+    return State().shownHelp;
 }
 
 void OnStart(std::function<void(const StartedProgram&)> action) {
@@ -300,6 +306,12 @@ bool StartProgram(const std::string& commandLine, int windowStyle) {
     State().started.push_back(program);
     const auto actions = State().onStart;
     for (const auto& action : actions) action(program);
+    return true;
+}
+
+bool ShowHelp(const std::string& path, const std::string& topic) {
+    if (State().refusesStarts) return false;
+    State().shownHelp.push_back(path + "|" + topic);
     return true;
 }
 

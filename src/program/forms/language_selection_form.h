@@ -4,6 +4,7 @@
 
 #include "forms/language_selection_ids.h"
 #include "toolkit/form.h"
+#include "toolkit/help_topics.h"
 
 class LanguageSelectionForm : public Form {
 public:
@@ -12,6 +13,7 @@ public:
 
 private:
     std::vector<ControlRow> Rows() override;
+    std::string HelpTopic() const override { return help_topic::Language; }
     bool OnLoad() override;
     void OnLooks() override;
     bool OnClicked(int id) override;

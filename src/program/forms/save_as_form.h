@@ -9,6 +9,7 @@
 
 #include "forms/save_as_ids.h"
 #include "toolkit/form.h"
+#include "toolkit/help_topics.h"
 
 class SaveAsForm : public Form {
 public:
@@ -17,6 +18,7 @@ public:
 
 private:
     std::vector<ControlRow> Rows() override;
+    std::string HelpTopic() const override { return help_topic::SaveAs; }
     std::string Caption() const override;
     void OnInit() override;
     bool OnLoad() override;

@@ -4,6 +4,7 @@
 
 #include "forms/schedule_ids.h"
 #include "toolkit/form.h"
+#include "toolkit/help_topics.h"
 
 class ScheduleWarningForm : public Form {
 public:
@@ -13,6 +14,7 @@ public:
 
 private:
     std::vector<ControlRow> Rows() override;
+    std::string HelpTopic() const override { return help_topic::ScheduleWarning; }
     std::string Caption() const override;
     void OnInit() override;
     bool OnLoad() override;

@@ -5,6 +5,7 @@
 #include "forms/start_app_ids.h"
 #include "recording/start_app.h"
 #include "toolkit/form.h"
+#include "toolkit/help_topics.h"
 
 class StartAppForm : public Form {
 public:
@@ -13,6 +14,7 @@ public:
 
 private:
     std::vector<ControlRow> Rows() override;
+    std::string HelpTopic() const override { return help_topic::StartProgram; }
     std::string Caption() const override;
     void OnInit() override;
     bool OnLoad() override;

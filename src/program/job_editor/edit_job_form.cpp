@@ -140,6 +140,7 @@ std::vector<ControlRow> EditJobForm::FileRows() {
          .enabled = MayLeave,
          .clicked = [this] { Leave(); },
          .anchors = AtTopRight},
+        {.id = IDHELP, .anchors = AtTopRight},
     };
 }
 

@@ -16,6 +16,7 @@
 #include "job_editor/edit_job_ids.h"
 #include "job_editor/job_grid.h"
 #include "toolkit/form.h"
+#include "toolkit/help_topics.h"
 
 class EditJobForm : public Form {
 public:
@@ -45,6 +46,7 @@ public:
 
 private:
     std::vector<ControlRow> Rows() override;
+    std::string HelpTopic() const override { return help_topic::JobEditor; }
     std::string Caption() const override;
     void OnInit() override;
     void OnUnload() override;

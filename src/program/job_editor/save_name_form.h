@@ -6,6 +6,7 @@
 
 #include "job_editor/edit_job_ids.h"
 #include "toolkit/form.h"
+#include "toolkit/help_topics.h"
 
 class SaveNameForm : public Form {
 public:
@@ -16,6 +17,7 @@ public:
 
 private:
     std::vector<ControlRow> Rows() override;
+    std::string HelpTopic() const override { return help_topic::SaveName; }
     std::string Caption() const override;
     void OnInit() override;
     bool OnLoad() override;

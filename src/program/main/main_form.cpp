@@ -93,6 +93,7 @@ void MainForm::CreateMainWindow() {
 std::vector<ControlRow> MainForm::Rows() {
     return {
         {.id = form1_Exit, .caption = "E&xit", .clicked = CloseToTray, .anchors = AtBottomRight},
+        {.id = IDHELP, .anchors = AtBottomLeft},
         {.id = form1_tabs, .anchors = AllEdges},
     };
 }
@@ -207,6 +208,11 @@ bool MainForm::OnKey(const MSG& message) {
 }
 
 // --- pages ---
+
+// The tray menu belongs to this window, too, and may be open while it is hidden.
+std::string MainForm::HelpTopic() const {
+    return Visible() ? CurrentPage().HelpTopic() : help_topic::Tray;
+}
 
 Page& MainForm::CurrentPage() const {
     return *pages[current];

@@ -21,6 +21,7 @@ public:
     void RestoreProcedure();
 
     void PodesiRjecnik() override;
+    std::string HelpTopic() const override;  // of the page that is seen
     void ShowPage(const Page& page);
     void StaviFocus();
     void SetTrayOpenCaption(const std::string& caption) { trayOpenCaption = caption; }

@@ -3,6 +3,7 @@
 #include "base/product.h"
 #include "dictionary/sentences.h"
 #include "shell/about.h"
+#include "shell/help.h"
 #include "toolkit/window_tools.h"
 #include "update/update_button.h"
 
@@ -34,7 +35,7 @@ std::vector<ControlRow> AboutPage::Rows() {
         {.id = about_page_version, .caption = Version, .anchors = AcrossTop},
         {.id = about_page_release_date, .caption = ReleaseDate, .anchors = AcrossTop},
         {.id = about_page_help_frame, .caption = "Help", .anchors = AcrossTop},
-        {.id = about_page_help, .caption = "Launch Tessarine help", .clicked = OpenHelp},
+        {.id = about_page_help, .caption = "Launch Tessarine help", .clicked = [] { OpenHelp(help_topic::None); }},
         {.id = about_page_homepage, .caption = "Homepage", .enabled = HasWebPages, .clicked = OpenHomepage},
         {.id = about_page_support, .caption = "Support", .enabled = HasWebPages, .clicked = OpenSupport},
         {.id = about_page_no_pages, .member = Shown(WhyNoPages), .anchors = AcrossTop},

@@ -12,6 +12,7 @@ public:
     void ShowUpdateButton();  // at once
 
     std::string TabCaption() const override;
+    std::string HelpTopic() const override { return help_topic::About; }
     void StaviFocus() const override;
 
 private:

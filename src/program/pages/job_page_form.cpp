@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <array>
+
 #include "dictionary/sentences.h"
 #include "library/job_library.h"
 #include "mainwindow/job_page.h"
@@ -111,6 +113,7 @@ std::vector<ControlRow> JobPageForm::ActionRows() {
          .clicked = create_exe,
          .anchors = AtTopRight},
         {.id = job_page_frame, .member = Shown(FrameCaption), .anchors = AcrossBottom},
+        {.id = job_page_panel_help, .anchors = AtBottomRight},
         {.id = job_page_button_save_changes,
          .caption = "Save Changes",
          .letter = 'S',
@@ -315,6 +318,7 @@ void JobPageForm::OnInit() {
 
 void JobPageForm::PodesiRjecnik() {
     Page::PodesiRjecnik();
+    WordHelpLink(job_page_panel_help);
     lista_jobs.SetName(Translate("Saved Jobs"));
     lista_jobs.SetAction(Translate("Edit"));
 }
@@ -366,6 +370,10 @@ LRESULT CALLBACK JobPageForm::SpeedThunk(HWND edit, UINT message, WPARAM wParam,
 
 bool JobPageForm::OnMessage(UINT message, WPARAM, LPARAM lParam, LRESULT& result) {
     if (message != WM_NOTIFY) return false;
+    if (LinkFollowed(*reinterpret_cast<const NMHDR*>(lParam), job_page_panel_help)) {
+        OpenHelpOn(TopicOfPanel());
+        return true;
+    }
     const auto* const notice = reinterpret_cast<const NMUPDOWN*>(lParam);
     if (notice->hdr.idFrom != job_page_updown2 || notice->hdr.code != static_cast<UINT>(UDN_DELTAPOS)) return false;
     StepSpeedBox(notice->iDelta > 0 ? 1 : -1);
@@ -405,6 +413,19 @@ void JobPageForm::FocusOn(HotkeyFocus control) {
     SetFocus(Control(control == HotkeyFocus::hot_ctrl    ? job_page_hot_ctrl
                      : control == HotkeyFocus::hot_slovo ? job_page_hot_slovo
                                                          : job_page_lista_jobs));
+}
+
+// --- help ---
+
+std::string JobPageForm::TopicOfPanel() const {
+    constexpr std::array topics = {help_topic::Speed, help_topic::Repeat, help_topic::Safety, help_topic::Hotkey};
+    return topics.at(static_cast<std::size_t>(jobPage.other_option));
+}
+
+std::string JobPageForm::HelpTopic() const {
+    const HWND focus = GetFocus();
+    const int id = GetParent(focus) == Window() ? GetDlgCtrlID(focus) : 0;
+    return id >= job_page_other_option0 && id <= job_page_hotkey_LAST ? TopicOfPanel() : help_topic::MyJobs;
 }
 
 // --- Menu_Jobs ---

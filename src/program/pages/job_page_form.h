@@ -17,6 +17,7 @@ public:
     void PosiviSve(bool grey) const;
 
     std::string TabCaption() const override;
+    std::string HelpTopic() const override;  // of the sub-tab, when the keyboard is there
     void StaviFocus() const override;
     void OnEnter() override;  // saves what was changed
     bool OnKeyDown(int virtualKey) override;
@@ -35,6 +36,7 @@ private:
     unsigned VisiblePanels() const override;
     void OnInit() override;
     void OnLayout() override;
+    std::string TopicOfPanel() const;
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     int FocusInsteadOf(int) const override { return job_page_lista_jobs; }
 

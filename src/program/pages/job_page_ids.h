@@ -17,6 +17,9 @@
 #define job_page_other_option2 1312
 #define job_page_other_option3 1313
 
+// The help of the one that is seen.
+#define job_page_panel_help 1315
+
 // What stands under each of the four: FIRST to LAST of its panel.
 #define job_page_speed_FIRST 1320
 #define job_page_speed_label 1320

@@ -12,6 +12,7 @@ public:
     void ShowOptions();  // as settings, registry and language have them
 
     std::string TabCaption() const override;
+    std::string HelpTopic() const override { return help_topic::Options; }
     void StaviFocus() const override;
 
 private:

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "toolkit/form.h"
+#include "toolkit/help_topics.h"
 
 class Page : public Form {
 public:

@@ -14,6 +14,7 @@ public:
     void CopyOptions() const;  // countdown_period, back into the settings; the rest is there already
 
     std::string TabCaption() const override;
+    std::string HelpTopic() const override { return help_topic::Record; }
     void StaviFocus() const override;
     void OnEnter() override;
     void PodesiRjecnik() override;

@@ -382,8 +382,7 @@ bool SchedulePageForm::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRE
         OnDateChanged(reinterpret_cast<const NMDATETIMECHANGE*>(lParam)->st);
         return true;
     }
-    const bool isLink = notice.code == static_cast<UINT>(NM_CLICK) || notice.code == static_cast<UINT>(NM_RETURN);
-    if (notice.idFrom != schedule_page_view_log || !isLink) return false;
+    if (!LinkFollowed(notice, schedule_page_view_log)) return false;
     ViewScheduleLog();
     return true;
 }

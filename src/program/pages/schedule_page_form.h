@@ -18,6 +18,7 @@ public:
     void OpenMenu_Schedule();
 
     std::string TabCaption() const override;
+    std::string HelpTopic() const override { return help_topic::Schedules; }
     void StaviFocus() const override;
     void OnEnter() override;  // saves the schedule, or opens the selected one
     bool OnKeyDown(int virtualKey) override;

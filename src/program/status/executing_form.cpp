@@ -69,6 +69,7 @@ std::vector<ControlRow> ExecutingForm::Rows() {
         {.id = executing_status, .colour = RGB(0, 0, 255)},
         {.id = executing_List1, .name = "Executing job", .tip = [] { return LineOf(SelectedLineOfList()); }},
         {.id = executing_Pbar, .name = "Executing job"},
+        {.id = IDHELP, .caption = "Help"},
         {.id = executing_closebutton, .caption = "Close this window", .clicked = [this] { OnClicked(IDCANCEL); }},
     };
 }
@@ -101,6 +102,11 @@ void ExecutingForm::OnLooks() {
     SetPicture(Window(), executing_Picture1);
     SendMessageA(Bar(), PBM_SETBKCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));
     FitList();
+}
+
+// During a run no help is opened; a program that has none shows no button.
+void ExecutingForm::ShowHelpButton(bool show) const {
+    ShowWindow(Control(IDHELP), show && HasHelp() ? SW_SHOWNA : SW_HIDE);
 }
 
 // Whole lines, whatever the font: what the template says is only the place.
@@ -192,6 +198,7 @@ void StopDodging() {
 
 void ShowCloseButton(bool show) {
     ShowWindow(CloseButton(), show ? SW_SHOWNA : SW_HIDE);
+    executing.ShowHelpButton(show);
 }
 
 void ClearList() {

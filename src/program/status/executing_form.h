@@ -8,6 +8,7 @@
 
 #include "status/executing_ids.h"
 #include "toolkit/form.h"
+#include "toolkit/help_topics.h"
 
 class ExecutingForm : public Form {
 public:
@@ -15,11 +16,13 @@ public:
 
     void ShowAt(int top);  // with its upper edge at `top` when it is new
     void SetDodging(bool flag);
+    void ShowHelpButton(bool show) const;
 
 private:
     static LRESULT CALLBACK ControlThunk(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                          DWORD_PTR) noexcept;
     std::vector<ControlRow> Rows() override;
+    std::string HelpTopic() const override { return help_topic::Running; }
     void OnInit() override;
     void OnUnload() override;
     void OnLooks() override;

@@ -151,6 +151,11 @@ INT_PTR Form::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_HSCROLL:
         case WM_VSCROLL:
             return OnScroll(reinterpret_cast<HWND>(lParam));
+        case WM_NOTIFY:
+            return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+        case WM_HELP:  // F1, also where a box or a control of this form has the keyboard
+            OpenHelpOn(HelpTopic());
+            return TRUE;
         case WM_CTLCOLORDLG:
         case WM_CTLCOLORSTATIC:
             return BrushOf(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
@@ -196,6 +201,10 @@ bool Form::OnKey(const MSG&) {
 
 bool Form::OnCommand(int id, int code) {
     if (showing) return false;
+    if (id == IDHELP && code == BN_CLICKED) {
+        OpenHelpOn(HelpTopic());
+        return true;
+    }
     if (const ControlRow* const row = RowOf(id)) return OnRowCommand(*row, code);
     return code == BN_CLICKED && OnClicked(id);
 }
@@ -237,6 +246,26 @@ bool Form::OnScroll(HWND slider) {
     return true;
 }
 
+// --- help ---
+
+void Form::OpenHelpOn(const std::string& topic) const {
+    if (HasHelp() && !topic.empty()) openHelp(topic);
+}
+
+bool Form::OnNotify(const NMHDR& notice) {
+    const bool followed = LinkFollowed(notice, IDHELP);
+    if (followed) OpenHelpOn(HelpTopic());
+    return followed;
+}
+
+void Form::WordHelpLink(int id) const {
+    const HWND link = Control(id);
+    if (ClassOf(link) != "SysLink") return;
+    SetWindowTextA(link, ("<a>" + Translate("Help") + "</a>").c_str());
+    SetAccessibleName(link, Translate("Help"));
+    ShowWindow(link, HasHelp() ? SW_SHOWNA : SW_HIDE);
+}
+
 // --- the table ---
 
 const ControlRow* Form::RowOf(int id) const {
@@ -267,6 +296,7 @@ void Form::PodesiRjecnik() {
     Mnemonics letters = takenLetters;
     MarkAll(marked, letters);
     for (const MnemonicCaption& caption : marked) SetText(window, caption.control, caption.text);
+    WordHelpLink(IDHELP);
     Refresh();
 }
 
@@ -336,9 +366,11 @@ COLORREF Form::TextColour(int id) const {
     return own ? *row->colour : GetSysColor(COLOR_WINDOWTEXT);
 }
 
+// The link takes the system's brush: Wine's links delete the one that they are given.
 INT_PTR Form::BrushOf(HDC paper, HWND control) {
-    if (back == nullptr) return FALSE;
-    SetTextColor(paper, TextColour(GetDlgCtrlID(control)));
+    const int id = GetDlgCtrlID(control);
+    if (back == nullptr || id == IDHELP) return FALSE;
+    SetTextColor(paper, TextColour(id));
     SetBkColor(paper, *BackColour());
     return reinterpret_cast<INT_PTR>(back);
 }

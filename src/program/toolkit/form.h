@@ -1,6 +1,7 @@
 // A form: a dialog template, a table of its controls, and an object that outlives its window. Every window of the
 // program is one, so what all of them need is here once: the message thunk, captions and their letters, tool tips,
-// names for screen readers, fonts, enabling, panels, DPI, high contrast, resizing, and the keyboard of modeless forms.
+// names for screen readers, fonts, enabling, panels, DPI, high contrast, resizing, help, and the keyboard of modeless
+// forms.
 //
 // What a form is stands in its table (Rows) and in a few virtual functions; what it decides stands in a model without
 // <windows.h>. A handler that pumps finds the window gone, perhaps: Window() is nullptr then, and calls on controls do
@@ -39,6 +40,13 @@ public:
     // Values, enabling, panels and tips, as the model has them. Nothing while the form is out of sight.
     void Refresh();
 
+    // What opens a page of the help. A program that names nothing has no help: F1 does nothing, and no link is seen.
+    using HelpOpener = void (*)(const std::string& topic);
+    static void UseHelp(HelpOpener opener) { openHelp = opener; }
+
+    // The page that F1 and the form's help link open (help_topics.h); none for a form that never has the keyboard.
+    virtual std::string HelpTopic() const { return {}; }
+
     // The letters that an owner's captions use, for a form that is seen together with it. Before PodesiRjecnik.
     void SetTakenLetters(const Mnemonics& letters) { takenLetters = letters; }
 
@@ -64,6 +72,12 @@ protected:
     virtual void OnInit() {}                 // the template's controls are there, and get their ranges and lists
     virtual bool OnLoad() { return false; }  // they are filled; true: the first control gets the focus
     virtual void OnUnload() {}               // the window is going
+
+    // Links to the help beside IDHELP, which every form that has one in its template gets for nothing. Worded at each
+    // PodesiRjecnik, and not seen in a program without help.
+    void WordHelpLink(int id) const;
+    void OpenHelpOn(const std::string& topic) const;
+    static bool HasHelp() { return openHelp != nullptr; }
 
     // Whether it is worth to refresh it. Whoever brings it into sight refreshes it first.
     virtual bool InSight() const { return true; }
@@ -104,6 +118,7 @@ private:
     bool OnRowCommand(const ControlRow& row, int code);
     bool OnRowClicked(const ControlRow& row);
     bool OnScroll(HWND slider);
+    bool OnNotify(const NMHDR& notice);
     void OnDestroy();
     INT_PTR BrushOf(HDC paper, HWND control);
 
@@ -125,6 +140,8 @@ private:
         SIZE window{};
         std::map<int, RECT> controls;
     };
+
+    static inline HelpOpener openHelp = nullptr;
 
     const int resource;
     HWND window = nullptr;

@@ -1,5 +1,6 @@
 #include "toolkit/window_tools.h"
 
+#include <commctrl.h>
 #include <windowsx.h>
 
 #include "toolkit/resource_ids.h"
@@ -52,6 +53,11 @@ void SetText(HWND form, int control, const std::string& text) {
 
 std::string TextOf(HWND form, int control) {
     return WindowText(GetDlgItem(form, control));
+}
+
+bool LinkFollowed(const NMHDR& notice, int control) {
+    const bool followed = notice.code == static_cast<UINT>(NM_CLICK) || notice.code == static_cast<UINT>(NM_RETURN);
+    return followed && notice.idFrom == static_cast<UINT_PTR>(control);
 }
 
 void SetTick(HWND form, int control, bool ticked) {

@@ -38,6 +38,9 @@ void ShowText(HWND window, const std::string& text);
 void SetText(HWND form, int control, const std::string& text);
 std::string TextOf(HWND form, int control);
 
+// Whether `notice` tells that the link `control` was followed, by the mouse or by Enter.
+bool LinkFollowed(const NMHDR& notice, int control);
+
 // Check boxes and option buttons.
 void SetTick(HWND form, int control, bool ticked);
 bool IsTicked(HWND form, int control);
