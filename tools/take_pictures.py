@@ -2,7 +2,7 @@
 """Takes the pictures of the real windows for the help and the README, assets/help/pictures/*.png, on a Wine desktop of
 its own.
 
-    tools/take_pictures.py        after tools/build.sh windows, with Debian's python3
+    tools/take_pictures.py [STORY...]        after tools/build.sh windows, with Debian's python3
 """
 
 import subprocess
@@ -21,6 +21,7 @@ from test_schedules import Schedules, clock  # noqa: E402
 
 NOTEPAD_PLACE = (330, 60, 960, 420)
 NOWHERE = (1270, 900)  # for the pointer, where it makes nothing shine
+STORIES = ["first_start", "options", "first_recording", "speaks_german"]
 
 
 class Photographer:
@@ -55,22 +56,20 @@ class Photographer:
         form = wait_for(lambda: self.stage.probe.find("#32770", "Select Language", visible=True))
         time.sleep(1)
         self.takes("language", form.rect)
-        self.stage.clear()
-        self.person.speaks("en")
 
     def options(self):
         """With a folder of jobs that bears nobody's name."""
         own_key = "Software\\Tessarine"
-        (self.stage.wine.drive_c / "Jobs").mkdir()
-        self.person.puts_into_registry(own_key, "DataDir", "C:\\Jobs")
-        self.person.start_program()
-        self.person.opens_page("options_page_Command7")
-        self.takes_main_window("options")
         person = self.person
+        (self.stage.wine.drive_c / "Jobs").mkdir()
+        person.puts_into_registry(own_key, "DataDir", "C:\\Jobs")
+        person.start_program()
+        person.opens_page("options_page_Command7")
+        self.takes_main_window("options")
         person.opens_page("about_page_Command4")
         self.takes_main_window("about")
         self.stage.clear()
-        self.person.puts_into_registry(own_key, "DataDir")
+        person.puts_into_registry(own_key, "DataDir")
 
     def first_recording(self):
         person = self.person
@@ -150,6 +149,7 @@ class Photographer:
         self.takes_main_window("jobs_de")
         person.opens_page("record_page_command3")
         self.takes_main_window("record_de")
+        person.clicks("record_page_display_countdown_check")
         person.clicks("record_page_command3")
         person.waits_for("recording_Command1", 30)
         time.sleep(0.5)
@@ -160,8 +160,6 @@ class Photographer:
         person.types("Morgenbericht")
         time.sleep(0.5)
         self.takes("save_as_de", form.rect)
-        self.stage.clear()
-        person.speaks("en")
 
     def saves(self):
         person = self.person
@@ -250,11 +248,11 @@ def main():
         probe = Probe(wine, OUT / "build" / "windows" / "tests" / "desktop" / "probe.exe")
         stage = Stage(wine, probe, Hands(wine.display), OUT / "windows" / "tessarine.exe")
         photographer = Photographer(stage)
-        photographer.first_start()
-        photographer.options()
-        photographer.first_recording()
-        stage.clear()
-        photographer.speaks_german()
+        for story in sys.argv[1:] or STORIES:
+            photographer.person = Person(stage)
+            getattr(photographer, story)()
+            stage.clear()
+            photographer.person.speaks("en")
         probe.close()
 
 

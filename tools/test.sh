@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Every test: the logic on the simulated desktop, under sanitizers, the real program on a Wine desktop, and the quick
-# linters. Ends in one summary. Reports lie in out/test/.
+# Every test: the logic on the simulated desktop, under sanitizers, the real program on a Wine desktop, the pages of the
+# help, and the quick linters. Ends in one summary. Reports lie in out/test/.
 set -uo pipefail
 cd "$(dirname "$0")/.." || exit
 mkdir -p out
@@ -10,8 +10,9 @@ reports=$PWD/out/test
 rm -rf "$reports"
 mkdir -p "$reports"
 
-tools/set_up.sh windows native desktop package lint || exit 1
+tools/set_up.sh windows native desktop help package lint || exit 1
 for preset in sanitize windows; do tools/build.sh "$preset" || exit 1; done
+tools/build_help.sh || exit 1
 
 failed=0
 echo "==> Native tests (under sanitizers)"
@@ -24,8 +25,11 @@ ctest --preset sanitize --parallel "$(nproc)" --progress --output-junit "$report
 # clang-tidy takes as long as all the rest: make lint.
 tools/lint.sh --quick || failed=1
 
+echo "==> Pages of the help"
+/usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml "$reports/help.xml" tests/help || failed=1
+
 echo "==> Desktop tests (the real program under Wine; pictures of failures in out/test/)"
 /usr/bin/python3 -m pytest -q -n 2 -p no:cacheprovider --junitxml "$reports/desktop.xml" tests/desktop || failed=1
 
-/usr/bin/python3 tools/test_summary.py "$reports"/native.xml "$reports"/desktop.xml || failed=1
+/usr/bin/python3 tools/test_summary.py "$reports"/native.xml "$reports"/help.xml "$reports"/desktop.xml || failed=1
 exit "$failed"

@@ -6,6 +6,8 @@
 #include "library/job_library.h"
 #include "mainwindow/job_page.h"
 #include "platform/registry.h"
+#include "recording/recording_session.h"
+#include "replay/run_job.h"
 #include "settings/folders.h"
 #include "shell/about.h"
 #include "shell/help.h"
@@ -108,7 +110,9 @@ TEST_F(Options, ChangesOnTheJobPageAreAskedAboutBeforeTheListIsFilledAnew) {
 }
 
 TEST_F(Options, HelpIsTheFileBesideTheProgram) {
+    simulated::AnswerNextBox({.whileOpen = [] { OpenHelp("speed.htm"); }});  // F1 in the box
     OpenHelp("speed.htm");
+    EXPECT_THAT(Boxes(), SizeIs(1));
     EXPECT_EQ(LastBox(),
               "Help|The help is not installed: there is no file 'C:\\Program Files\\Tessarine\\Tessarine "
               "Help.chm'.");
@@ -120,6 +124,21 @@ TEST_F(Options, HelpIsTheFileBesideTheProgram) {
     simulated::RefuseStarts();
     OpenHelp("");
     EXPECT_THAT(LastBox(), EndsWith("Help.chm' cannot be opened."));
+}
+
+TEST_F(Options, HelpComesNeitherIntoARunNorIntoARecording) {
+    simulated::PutFile(folders.ProgramFolder + "\\Tessarine Help.chm", "help");
+    runState.ReplayRunning = true;
+    OpenHelp("");
+    runState.ReplayRunning = false;
+    for (const RecordingState state : {RecordingState::Recording, RecordingState::Paused}) {
+        recordingSession.state = state;
+        OpenHelp("");
+    }
+    EXPECT_THAT(simulated::ShownHelp(), IsEmpty());
+    recordingSession.state = RecordingState::Stopping;
+    OpenHelp("save_as.htm");
+    EXPECT_THAT(simulated::ShownHelp(), SizeIs(1)) << "the Save As form asks";
 }
 
 TEST_F(Options, WebPagesAreThoseOfTheUpdateServer) {
