@@ -144,7 +144,8 @@ class Photographer:
     def speaks_german(self):
         person = self.person
         person.speaks("de")
-        self.puts_jobs()
+        person.puts_job("Monatsabrechnung", description="Druckt und versendet sie")
+        person.puts_job("Sicherung", description="Kopiert die Woche auf die andere Platte")
         person.start_program()
         self.takes_main_window("jobs_de")
         person.opens_page("record_page_command3")

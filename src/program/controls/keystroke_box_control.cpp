@@ -89,6 +89,8 @@ LRESULT KeystrokeBoxControl::OnMessage(UINT message, WPARAM wParam, LPARAM lPara
     switch (message) {
         case WM_GETDLGCODE:
             return DLGC_WANTALLKEYS | DLGC_WANTCHARS | DLGC_WANTARROWS;
+        case WM_HELP:  // the system posts it beside the key, and F1 is a key of the row
+            return TRUE;
         case WM_SETFOCUS:
             OnFocus();
             return 0;
