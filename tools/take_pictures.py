@@ -19,7 +19,8 @@ from probe import Probe  # noqa: E402
 from stage import Stage  # noqa: E402
 from test_schedules import Schedules, clock  # noqa: E402
 
-NOTEPAD_PLACE = (330, 60, 960, 420)
+NOTEPAD_PLACE = (480, 60, 1060, 420)  # beside the status windows
+SCENE = (0, 0, 1080, 440)
 NOWHERE = (1270, 900)  # for the pointer, where it makes nothing shine
 STORIES = ["first_start", "options", "first_recording", "speaks_german"]
 
@@ -88,7 +89,7 @@ class Photographer:
         self.stage.hands.click(600, 300)
         person.types("Good morning.\nhere is the report of today.")
         time.sleep(1.2)
-        self.takes("recording", (0, 0, 980, 440))
+        self.takes("recording", SCENE)
         self.saves()
         self.takes_panels()
         self.gives_a_hotkey()
@@ -123,7 +124,7 @@ class Photographer:
         person = self.person
         person.clicks("job_page_run_job_button")
         time.sleep(2.2)
-        self.takes("running", (0, 0, 980, 440))
+        self.takes("running", SCENE)
         assert wait_for(lambda: self.stage.main_window().enabled and person.sees("job_page_lista_jobs"), 30)
 
     def fails(self, notepad):

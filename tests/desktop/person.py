@@ -13,6 +13,7 @@ from wine_desktop import ROOT, wait_for
 # The controls' numbers, by the names that the forms' headers give them.
 IDS = {name: int(number) for header in (ROOT / "src" / "program").rglob("*_ids.h")
        for name, number in re.findall(r"#define (\w+?(?<!_FIRST)(?<!_LAST)(?<!_dialog)) (\d+)", header.read_text())}
+IDS["help_link"] = 9  # IDHELP, on every form
 
 TRAY_ICON = (1269, 1014)
 KEY_NAMES = {" ": "space", ".": "period", "\n": "Return", "-": "minus", "!": "exclam",

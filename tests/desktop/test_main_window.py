@@ -156,12 +156,13 @@ def test_by_keyboard_alone(stage, person):
     assert person.focus() == "job_page_lista_jobs"
     person.presses("Down")
     assert person.text_of("job_page_lista_jobs").startswith("b")
-    there = walk(person, 11, "Tab")
+    there = walk(person, 14, "Tab")
     assert there == ["job_page_run_job_button", "job_page_edit_job_button", "job_page_schedule_job_button",
-                     "job_page_other_option0", "job_page_Slider1", "job_page_Options_speed", "job_page_Check6",
-                     "job_page_Check7", "job_page_Command5", "form1_Exit", "form1_tabs"]
-    assert walk(person, 10, "Shift_L", "Tab") == there[-2::-1]
-    walk(person, 5, "Tab")
+                     "job_page_make_exe_button", "job_page_other_option0", "job_page_Slider1",
+                     "job_page_Options_speed", "job_page_Check6", "job_page_Check7", "job_page_Command5",
+                     "job_page_panel_help", "help_link", "form1_Exit", "form1_tabs"]
+    assert walk(person, 13, "Shift_L", "Tab") == there[-2::-1]
+    walk(person, 6, "Tab")
     person.presses("Up")  # in the speed box
     assert person.text_of("job_page_Options_speed") == "101"
     person.presses("Down")
