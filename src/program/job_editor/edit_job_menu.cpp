@@ -22,7 +22,7 @@ struct EntryWords {
 
 // In the order of the bar.
 std::vector<PopupWords> Popups() {
-    return {{.caption = "&File"}, {.caption = "&Edit"}, {.caption = "&Job"}, {.caption = "Help"}};
+    return {{.caption = "&File"}, {.caption = "&Edit"}, {.caption = "&Job"}};
 }
 
 std::vector<EntryWords> Entries() {
@@ -38,7 +38,6 @@ std::vector<EntryWords> Entries() {
         {.id = edit_job_run_only_this, .caption = "Run onl&y this"},
         {.id = edit_job_start_recording_above, .caption = {"Insert above", Ellipsis}},
         {.id = edit_job_start_recording_below, .caption = {"Insert below", Ellipsis}},
-        {.id = IDHELP, .caption = "Job Editor", .keys = "F1"},
     };
 }
 
