@@ -3,7 +3,7 @@
 #include "platform/help.h"
 
 #include <array>
-#include <utility>
+#include <string>
 
 #include "win32/handles.h"
 
@@ -14,20 +14,14 @@ struct Viewer {
     HANDLE process = nullptr;  // kept open, so that its number is not given to another
     DWORD number = 0;
     std::string page;
+    ULONGLONG startTick = 0;
 };
 Viewer viewer;
 
+constexpr ULONGLONG KeyRepeatMs = 2000;  // a held key asks again and again, until the viewer has the keyboard
+
 bool IsOpen() {
     return viewer.process != nullptr && WaitForSingleObject(viewer.process, 0) == WAIT_TIMEOUT;
-}
-
-BOOL CALLBACK BringForward(HWND window, LPARAM) noexcept {
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    if (process != viewer.number || !IsWindowVisible(window)) return TRUE;
-    if (IsIconic(window)) ShowWindowAsync(window, SW_RESTORE);
-    SetForegroundWindow(window);
-    return FALSE;
 }
 
 BOOL CALLBACK AskToClose(HWND window, LPARAM) noexcept {
@@ -37,25 +31,27 @@ BOOL CALLBACK AskToClose(HWND window, LPARAM) noexcept {
     return TRUE;
 }
 
-std::string PathOfViewer() {
+std::string WindowsFolder() {
     std::array<char, MAX_PATH> folder{};
     const UINT length = GetSystemWindowsDirectoryA(folder.data(), static_cast<UINT>(folder.size()));
-    return length == 0 || length >= folder.size() ? "" : std::string(folder.data(), length) + "\\hh.exe";
+    return length < folder.size() ? std::string(folder.data(), length) : "";
 }
 
+// In the folder of Windows, so that it neither keeps another one from being removed nor loads anything from there.
 bool Start(const std::string& page) {
-    const std::string path = PathOfViewer();
+    const std::string folder = WindowsFolder();
+    const std::string path = folder + "\\hh.exe";
     std::string commandLine = "\"" + path + "\" \"" + page + "\"";
     STARTUPINFOA start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION made{};
-    if (!CreateProcessA(path.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+    if (!CreateProcessA(path.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &start,
                         &made)) {
         return false;
     }
     CloseHandle(made.hThread);
     if (viewer.process != nullptr) CloseHandle(viewer.process);
-    viewer = {made.hProcess, made.dwProcessId, page};
+    viewer = {made.hProcess, made.dwProcessId, page, GetTickCount64()};
     return true;
 }
 
@@ -63,10 +59,7 @@ bool Start(const std::string& page) {
 
 bool ShowHelp(const std::string& path, const std::string& topic) {
     const std::string page = topic.empty() ? path : path + "::/" + topic;
-    if (IsOpen() && viewer.page == page) {
-        EnumWindows(BringForward, 0);
-        return true;
-    }
+    if (IsOpen() && viewer.page == page && GetTickCount64() - viewer.startTick < KeyRepeatMs) return true;
     if (IsOpen()) EnumWindows(AskToClose, 0);
     return Start(page);
 }
