@@ -9,7 +9,7 @@ import time
 from pathlib import Path
 
 import pytest
-from test_editor import Editor
+from editor import Editor
 from wine_desktop import OUT, wait_for
 
 HELP = "Tessarine Help.chm"
