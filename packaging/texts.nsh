@@ -57,7 +57,7 @@
 
 ; What the Explorer shows of a job: its type, and the entries of its menu.
 !insertmacro Text JobType "Tessarine job" "Tessarine-Aufgabe" "Tâche Tessarine" "Tarea de Tessarine"
-!insertmacro Text VerbRun "&Run" "&AbspielenStarten" "E&xécuterLancer" "&Iniciar"
+!insertmacro Text VerbRun "&Run" "&Starten" "&Lancer" "&Iniciar"
 !insertmacro Text VerbEdit "&Edit" "&Bearbeiten" "&Modifier" "E&ditar"
 
 !insertmacro Text RemoveTitle \
