@@ -1,4 +1,4 @@
-"""Every linter over the whole tree: clang-format, clang-tidy, shellcheck, flake8, yamllint. Fails when one has a finding.
+"""The linters behind tools/lint.sh: clang-format, clang-tidy in batches, shellcheck, flake8 and yamllint.
 
     tools/lint.py WORD        only clang-tidy, and only over the sources with WORD in their path
     tools/lint.py --shallow   every check, but the analyzer follows fewer and shorter paths: a fifth of the time
