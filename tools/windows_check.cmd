@@ -26,8 +26,8 @@ echo Not tried: Tessarine was running.>> %report%
 exit /b 4
 :free
 
-call :part "The contract of the platform layer" platform_contract.exe
-if not "%1"=="quick" call :part "Benchmark of the real desktop" desktop_bench.exe
+call :part "The contract of the platform layer" "platform_contract.exe" 1
+if not "%1"=="quick" call :part "Benchmark of the real desktop" "desktop_bench.exe" 2
 
 rem A job that succeeds ends the program. One that does not leaves it in the notification area, so somebody else waits.
 call :title "The sample job: two lines in Notepad"
@@ -75,13 +75,17 @@ echo.>> %report%
 echo ==== %~1>> %report%
 exit /b 0
 
+rem Into a file of its own: a process that outlives the part would hold the report.
 :part
 call :title %1
-%2>> %report% 2>&1
-if errorlevel 1 goto partfailed
+%~2> part-%3.tmp
+set code=%errorlevel%
+type part-%3.tmp>> %report%
+del part-%3.tmp 2>nul
+if not "%code%"=="0" goto partfailed
 echo ok>> %report%
 exit /b 0
 :partfailed
-echo FAILED, exit code %errorlevel%>> %report%
+echo FAILED, exit code %code%>> %report%
 set /a failed=failed+1
 exit /b 0
