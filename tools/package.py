@@ -80,8 +80,9 @@ def write_installer(path, folder, names, version, when):
 
 def main(folder):
     version, when = product_version(), time_of_commit()
-    shutil.rmtree(folder, ignore_errors=True)
-    folder.mkdir(parents=True)
+    folder.mkdir(parents=True, exist_ok=True)
+    for old in (*folder.glob("Tessarine-*"), folder / "SHA256SUMS"):  # what else is made there stays
+        old.unlink(missing_ok=True)
     results = [folder / f"Tessarine-{version}-setup.exe", folder / f"Tessarine-{version}-portable.zip"]
     with tempfile.TemporaryDirectory() as workshop:
         staged = Path(workshop) / "files"
