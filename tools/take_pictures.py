@@ -93,7 +93,8 @@ class Photographer:
         self.saves()
         self.takes_panels()
         self.gives_a_hotkey()
-        self.runs()
+        notepad.set_text("")
+        self.runs(notepad)
         self.takes_main_window("jobs")
         self.edits_the_job()
         self.schedules_a_job()
@@ -120,10 +121,10 @@ class Photographer:
             self.person.clicks(f"job_page_other_option{number}")
             self.takes_control(name, "job_page_frame")
 
-    def runs(self):
+    def runs(self, notepad):
         person = self.person
         person.clicks("job_page_run_job_button")
-        time.sleep(2.2)
+        assert wait_for(lambda: "report" in notepad.text)
         self.takes("running", SCENE)
         assert wait_for(lambda: self.stage.main_window().enabled and person.sees("job_page_lista_jobs"), 30)
 
