@@ -225,20 +225,19 @@ void MainForm::ShowPage(const Page& page) {
 void MainForm::ShowPageAt(int place) {
     current = std::clamp(place, 0, PageCount - 1);
     SendMessageA(Control(form1_tabs), TCM_SETCURSEL, static_cast<WPARAM>(current), 0);
+    PlacePage();
     for (Page* const page : pages) page->BringIntoSight(page == &CurrentPage());
 }
 
 // Into the tabs' frame, and above them, so that they do not paint over a page.
-void MainForm::PlacePages() const {
+void MainForm::PlacePage() const {
     const HWND tabs = Control(form1_tabs);
     RECT area{};
     GetClientRect(tabs, &area);
     TabCtrl_AdjustRect(tabs, FALSE, &area);
     MapWindowPoints(tabs, Window(), reinterpret_cast<POINT*>(&area), 2);
-    for (const Page* const page : pages) {
-        SetWindowPos(page->Window(), HWND_TOP, area.left, area.top, area.right - area.left, area.bottom - area.top,
-                     SWP_NOACTIVATE);
-    }
+    SetWindowPos(CurrentPage().Window(), HWND_TOP, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                 SWP_NOACTIVATE);
 }
 
 // --- tray ---
@@ -306,5 +305,5 @@ void MainForm::OnLooks() {
 }
 
 void MainForm::OnLayout() {
-    PlacePages();
+    PlacePage();
 }

@@ -43,7 +43,7 @@ private:
     void OnClose();
     void OnTrayMessageOf(WPARAM wParam, LPARAM lParam);
     void OnCopyData(const COPYDATASTRUCT* data);
-    void PlacePages() const;
+    void PlacePage() const;
     void RunTrayCommand(int command);
 
     WNDPROC previousProcedure = nullptr;

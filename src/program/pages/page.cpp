@@ -9,6 +9,9 @@ void Page::CreateIn(HWND mainWindow) {
 }
 
 void Page::BringIntoSight(bool inSight) {
-    if (inSight != std::exchange(isInSight, inSight)) Refresh();
+    if (inSight != std::exchange(isInSight, inSight) && inSight) {
+        PodesiRjecnikIfOther();
+        Refresh();
+    }
     ShowWindow(Window(), inSight ? SW_SHOWNA : SW_HIDE);
 }

@@ -44,6 +44,22 @@ SIZE SizeOf(const RECT& area) {
     return {area.right - area.left, area.bottom - area.top};
 }
 
+RECT PlaceIn(HWND form, HWND control) {
+    RECT place{};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+// To put it where it stands already would be as dear as to move it.
+void Place(HWND control, HWND form, const RECT& place) {
+    const RECT before = PlaceIn(form, control);
+    if (EqualRect(&before, &place)) return;
+    const SIZE size = SizeOf(place);
+    SetWindowPos(control, nullptr, place.left, place.top, size.cx, size.cy,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+}
+
 SIZE ClientSize(HWND window) {
     RECT area{};
     GetClientRect(window, &area);
@@ -97,7 +113,7 @@ bool Form::OnInitDialog(HWND dialog) {
     tips.Create(dialog);
     RememberDesign();
     OnInit();
-    PodesiRjecnik();
+    if (InSight()) PodesiRjecnik();
     Look();
     return OnLoad();
 }
@@ -301,7 +317,7 @@ void Form::PodesiRjecnik() {
 }
 
 void Form::PodesiRjecnikIfOther() {
-    if (wordedIn != GetLanguage()) PodesiRjecnik();
+    if (InSight() && wordedIn != GetLanguage()) PodesiRjecnik();
 }
 
 void Form::PodesiRjecnikOfAll() {
@@ -380,11 +396,7 @@ INT_PTR Form::BrushOf(HDC paper, HWND control) {
 void Form::RememberDesign() {
     design = {DpiOf(window), ClientSize(window), WindowSize(window), {}};
     for (const ControlRow& row : rows) {
-        if (row.anchors == AtTopLeft) continue;
-        RECT place{};
-        GetWindowRect(Control(row.id), &place);
-        MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
-        design.controls[row.id] = place;
+        if (row.anchors != AtTopLeft) design.controls[row.id] = PlaceIn(window, Control(row.id));
     }
 }
 
@@ -409,10 +421,7 @@ void Form::Lay() {
     const int moreHeight = now.cy - MulDiv(design.client.cy, dpi, design.dpi);
     for (const ControlRow& row : rows) {
         if (row.anchors == AtTopLeft) continue;
-        const RECT place = PlaceOf(row, moreWidth, moreHeight);
-        const SIZE size = SizeOf(place);
-        SetWindowPos(Control(row.id), nullptr, place.left, place.top, size.cx, size.cy,
-                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+        Place(Control(row.id), window, PlaceOf(row, moreWidth, moreHeight));
     }
     OnLayout();
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);

@@ -32,8 +32,8 @@ public:
     // PodesiRjecnik ("set up the dictionary"): captions, names and tips in the language in force, and then Refresh.
     virtual void PodesiRjecnik();
 
-    // The same, unless that is how it is worded already; and for every form that is open. Pages are their main window's
-    // affair.
+    // The same, unless that is how it is worded already, or it is out of sight; and for every form that is open. Pages
+    // are their main window's affair.
     void PodesiRjecnikIfOther();
     static void PodesiRjecnikOfAll();
 
@@ -79,7 +79,7 @@ protected:
     void OpenHelpOn(const std::string& topic) const;
     static bool HasHelp() { return openHelp != nullptr; }
 
-    // Whether it is worth to refresh it. Whoever brings it into sight refreshes it first.
+    // Whether it is worth to word and to refresh it. Whoever brings it into sight does both first.
     virtual bool InSight() const { return true; }
 
     // A message that the base does not know; true when it is dealt with. `result` is what the procedure returns.
