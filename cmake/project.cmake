@@ -81,3 +81,15 @@ endfunction()
 add_library(standard_headers OBJECT ${CMAKE_CURRENT_LIST_DIR}/standard_headers.cpp)
 target_precompile_headers(standard_headers PRIVATE
     <algorithm> <array> <cstdint> <functional> <map> <memory> <optional> <string> <utility> <vector>)
+
+# packages_NAME: a package that is headers alone, shown by itself. The folder in which it lies has the headers of this
+# system beside it, which a build for Windows must not see.
+foreach(package CLI nlohmann stb)
+    find_path(${package}_FOLDER ${package} PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH)
+    if(${package}_FOLDER)
+        file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/packages/${package})
+        file(CREATE_LINK ${${package}_FOLDER}/${package} ${CMAKE_BINARY_DIR}/packages/${package}/${package} SYMBOLIC)
+        add_library(packages_${package} INTERFACE)
+        target_include_directories(packages_${package} SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/packages/${package})
+    endif()
+endforeach()

@@ -7,14 +7,14 @@ set -euo pipefail
 
 packages() {
     case "$1" in
-        windows) echo cmake ninja-build make g++-mingw-w64-x86-64-posix googletest python3 ;;
-        native) echo cmake ninja-build make g++ googletest libgtest-dev libgmock-dev libbenchmark-dev python3 ;;
-        desktop) echo wine64 fonts-wine xvfb xdotool imagemagick x11-utils python3 python3-xlib python3-pytest python3-pytest-xdist ;;
+        windows) echo cmake ninja-build make g++-mingw-w64-x86-64-posix googletest python3 libcli11-dev nlohmann-json3-dev libstb-dev ;;
+        native) echo cmake ninja-build make g++ googletest libgtest-dev libgmock-dev libbenchmark-dev python3 libcli11-dev nlohmann-json3-dev libstb-dev ;;
+        desktop) echo wine64 fonts-wine xvfb xdotool imagemagick x11-utils python3 python3-xlib python3-pytest python3-pytest-xdist python3-jsonschema python3-junitparser ;;
         help) echo fp-utils python3 ;;
         package) echo nsis git python3 ;;
         lint) echo clang-format-14 clang-tidy-14 shellcheck python3 python3-flake8 yamllint ;;
         coverage) echo gcovr ;;
-        fuzz) echo cmake ninja-build make clang-14 libclang-rt-14-dev llvm-14 python3 ;;
+        fuzz) echo cmake ninja-build make clang-14 libclang-rt-14-dev llvm-14 python3 nlohmann-json3-dev ;;
         *) echo "set_up.sh: unknown purpose '$1'" >&2; exit 2 ;;
     esac
 }
