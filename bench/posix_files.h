@@ -1,9 +1,10 @@
-// platform/files.h over a folder of the machine's own disk, for measuring natively what the simulated files cannot
-// tell. A program that links this does not get the simulated files. "C:\x.tsj" lies in the folder given as "x.tsj".
+// Benches of files: in a folder of the machine's own disk.
 #pragma once
 
 #include <functional>
 #include <string>
+
+#include "posix/files.h"
 
 namespace posix_files {
 
@@ -13,11 +14,5 @@ int RunBench(int argumentCount, char** arguments, const std::string& name, const
 
 // Ends a bench that a file operation has failed in.
 [[noreturn]] void Stop(const char* what);
-
-// To be called before any file is touched. The folder must exist.
-void UseFolder(const std::string& folder);
-
-// Where a path of the program lies on the machine.
-std::string RealPath(const std::string& path);
 
 }  // namespace posix_files

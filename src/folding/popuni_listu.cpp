@@ -11,9 +11,7 @@ EditState editState;
 
 namespace {
 
-EditState ReadForEditing(const std::string& jobName) {
-    Job job;
-    ReadJob(jobName, job);
+EditState ForEditing(Job job, const std::string& jobName) {
     EditState state;
     state.title = Translate("Job Editor") + " - " + BaseName(jobName) + ".tsj";
     state.header = job;
@@ -24,6 +22,12 @@ EditState ReadForEditing(const std::string& jobName) {
     state.Windows = std::move(job.Windows);
     state.Chains = std::move(job.Chains);
     return state;
+}
+
+EditState ReadForEditing(const std::string& jobName) {
+    Job job;
+    ReadJob(jobName, job);
+    return ForEditing(std::move(job), jobName);
 }
 
 void DescribeJob(EditState& state) {
@@ -84,12 +88,8 @@ void Fold(EditState& state) {
     } while (Purge(state));
 }
 
-}  // namespace
-
 // Folded aside: a box in the fold pumps, and another job may be opened inside it. Whichever ends last stands, whole.
-void PopuniListu(std::string jobName, bool keep) {
-    // Taken and not copied: on a long job the copy would cost more than the fold.
-    EditState folded = keep ? std::exchange(editState, {}) : ReadForEditing(jobName);
+void FoldAside(EditState folded, std::string jobName) {
     folded.jobName = std::move(jobName);
     try {
         Fold(folded);
@@ -100,6 +100,19 @@ void PopuniListu(std::string jobName, bool keep) {
     }
     editState = std::move(folded);
     OrderRows();
+}
+
+}  // namespace
+
+void PopuniListu(std::string jobName, bool keep) {
+    // Taken and not copied: on a long job the copy would cost more than the fold.
+    EditState state = keep ? std::exchange(editState, {}) : ReadForEditing(jobName);
+    FoldAside(std::move(state), std::move(jobName));
+}
+
+void OpenAsRows(Job job, std::string jobName) {
+    EditState state = ForEditing(std::move(job), jobName);
+    FoldAside(std::move(state), std::move(jobName));
 }
 
 void OrderRows() {

@@ -43,6 +43,9 @@ extern EditState editState;
 // ended the job is still the one before it, or with `keep` none.
 void PopuniListu(std::string jobName, bool keep);
 
+// The same for a job that has been read, from whatever it was.
+void OpenAsRows(Job job, std::string jobName);
+
 // The rows in the order of the grid, and Strings and FoldedRowText as the rows have them: what the grid is filled
 // from.
 void OrderRows();

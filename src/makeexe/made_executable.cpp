@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr std::int64_t LanguageSize = sizeof(std::int16_t);
-
 // Offsets of the format, in bytes: from the start of the file, of the headers, of the optional header, of a section.
 constexpr std::int64_t HeadersAt = 0x3C;
 constexpr std::size_t DosHeaderSize = 64;

@@ -7,6 +7,8 @@
 
 #include "jobs/job_records.h"
 
+inline constexpr std::int64_t LanguageSize = sizeof(std::int16_t);
+
 // Where the parts lie in the file, in bytes. A certificate that was put behind all of it, when somebody signed the made
 // executable, is no part of the job.
 struct MadeLayout {

@@ -1,6 +1,5 @@
 #include "makeexe/make_executable.h"
 
-#include <cstdint>
 #include <vector>
 
 #include "base/product.h"
@@ -8,6 +7,7 @@
 #include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "dictionary/sentences.h"
+#include "makeexe/made_executable.h"
 #include "platform/boxes.h"
 #include "platform/files.h"
 #include "platform/shell_folders.h"
@@ -15,7 +15,6 @@
 #include "settings/folders.h"
 #include "storage/archive.h"
 #include "storage/input_file.h"
-#include "storage/save_file.h"
 
 namespace {
 
@@ -49,26 +48,27 @@ std::vector<char> AllOf(const std::string& path) {
     return {bytes, bytes + size};
 }
 
-void Write(const std::string& path, const std::string& jobPath) {
-    const std::vector<char> runner = AllOf(RunnerPath());
-    const std::vector<char> job = AllOf(jobPath);
-    char language[sizeof(std::int16_t)];
-    little_endian::Store(language, GetLanguage());
-    SaveFile file(path);
-    file.Write(runner.data(), runner.size());
-    file.Write(language, sizeof language);
-    file.Write(job.data(), job.size());
-    file.Commit();
-}
-
 }  // namespace
+
+void WriteMadeExecutable(const std::string& path, const std::string& runner, std::int16_t language,
+                         const std::string& jobPath, OldTail oldTail) {
+    const std::vector<char> runnerBytes = AllOf(runner);
+    const std::vector<char> job = AllOf(jobPath);
+    char languageBytes[LanguageSize];
+    little_endian::Store(languageBytes, language);
+    SaveFile file(path);
+    file.Write(runnerBytes.data(), runnerBytes.size());
+    file.Write(languageBytes, sizeof languageBytes);
+    file.Write(job.data(), job.size());
+    file.Commit(oldTail);
+}
 
 void MakeExe(const std::string& jobPath) {
     if (!RunnerIsThere()) return;
     const std::string path = ChoosePath(jobPath);
     if (path.empty()) return;
     try {
-        Write(path, jobPath);
+        WriteMadeExecutable(path, RunnerPath(), GetLanguage(), jobPath, OldTail::Stays);
     } catch (const RuntimeFailure& failure) {
         platform::ShowBox(failure.what(), "Cannot create .exe file", platform::BoxIcon::Error);
         return;

@@ -16,8 +16,9 @@ constexpr std::int64_t PauseMs = 4;
 constexpr int TriesInARow = 8;
 constexpr std::int64_t CopyBlock = 128LL * 1024;
 
+// The folder is named with either stroke; no file has one in its name.
 std::string FolderOf(const std::string& path) {
-    const std::size_t end = path.rfind('\\');
+    const std::size_t end = path.find_last_of("\\/");
     return end == std::string::npos ? "." : path.substr(0, end);
 }
 

@@ -1,0 +1,9 @@
+// The commands, a file each. Each adds itself with its options; see tsj.h.
+#pragma once
+
+#include "tsj/tsj.h"
+
+void AddShow(CLI::App& tsj, Tool& tool);
+void AddExe(CLI::App& tsj, Tool& tool);
+void AddUnpack(CLI::App& tsj, Tool& tool);
+void AddRun(CLI::App& tsj, Tool& tool);

@@ -1,0 +1,62 @@
+#include "tsj/tool.h"
+
+#include <array>
+#include <memory>
+
+#include "jobs/job_file.h"
+#include "platform/text.h"
+#include "storage/input_file.h"
+#include "storage/save_file.h"
+
+std::string Tool::Utf8(std::string_view text) {
+    return platform::ToUtf8(text);
+}
+
+std::string Tool::ReadAll(const std::string& path) const {
+    if (path == StandardStream) return streams.readAll();
+    InputFile file(PathOf(path));
+    const auto size = static_cast<std::size_t>(file.Length());
+    return size == 0 ? std::string() : std::string(file.Take(size), size);
+}
+
+Job Tool::ReadJobAt(const std::string& path) const {
+    Job job;
+    ReadJob(PathOf(path), job);
+    return job;
+}
+
+void Tool::WriteAll(const std::string& path, std::string_view bytes) const {
+    if (path == StandardStream) {
+        streams.out(bytes);
+        return;
+    }
+    SaveFile file(PathOf(path));
+    file.Write(bytes.data(), bytes.size());
+    file.Commit(OldTail::Goes);
+}
+
+void Tool::PrintLine(std::string_view text) const {
+    std::string line(text);
+    streams.out(line += '\n');
+}
+
+void Tool::Warn(std::string_view text) const {
+    streams.err("tsj: " + std::string(text) + "\n");
+}
+
+std::string Tool::Coloured(std::string_view text, Colour colour) const {
+    // By Colour: SGR codes of terminals.
+    static constexpr std::array<const char*, 5> codes = {"31", "32", "33", "90", "1"};
+    if (!streams.colours) return std::string(text);
+    return "\x1b[" + std::string(codes[static_cast<std::size_t>(colour)]) + "m" + std::string(text) + "\x1b[0m";
+}
+
+std::function<void(std::int64_t, std::int64_t)> Tool::Progress(const std::string& what) const {
+    if (!streams.progress) return [](std::int64_t, std::int64_t) {};
+    return [this, what, told = std::make_shared<std::int64_t>(-1)](std::int64_t done, std::int64_t total) {
+        const std::int64_t percent = total == 0 ? 100 : done * 100 / total;
+        if (percent == *told) return;
+        *told = percent;
+        streams.err("\r" + what + ": " + std::to_string(percent) + " %" + (percent == 100 ? "\r\x1b[K" : ""));
+    };
+}

@@ -1,0 +1,48 @@
+// What every command of tsj uses: files and standard streams by name, messages, colours, and the exit code.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "base/exit_codes.h"
+#include "jobs/job_records.h"
+#include "tsj/streams.h"
+
+class Tool {
+public:
+    explicit Tool(Streams& theStreams) : streams(theStreams) {}
+
+    // A path, or "-" for a standard stream. All fail as the files do (RuntimeFailure, kind File).
+    std::string ReadAll(const std::string& path) const;
+    Job ReadJobAt(const std::string& path) const;
+
+    // In one step: the old file or the new one, whole. Nothing of a longer old file stays behind the new bytes.
+    void WriteAll(const std::string& path, std::string_view bytes) const;
+
+    void Print(std::string_view text) const { streams.out(text); }
+    void PrintLine(std::string_view text) const;
+    void Warn(std::string_view text) const;  // "tsj: ...", for a person, beside what the command gives out
+
+    enum class Colour { Red, Green, Yellow, Grey, Bold };
+    std::string Coloured(std::string_view text, Colour colour) const;
+    bool HasColours() const { return streams.colours; }
+
+    // For long work: tells of it by the percent, where somebody watches.
+    std::function<void(std::int64_t done, std::int64_t total)> Progress(const std::string& what) const;
+
+    std::string BesideProgram(const std::string& name) const { return streams.besideProgram(name); }
+    std::string PathOf(const std::string& typed) const { return streams.pathOf(typed); }
+
+    // Text of a job, for a person or another program.
+    static std::string Utf8(std::string_view text);
+
+    int exitCode = static_cast<int>(ExitCode::Success);
+    void EndWith(ExitCode code) { exitCode = static_cast<int>(code); }
+
+private:
+    Streams& streams;
+};
+
+inline constexpr const char* StandardStream = "-";
