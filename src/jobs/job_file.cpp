@@ -50,15 +50,6 @@ void HandOver(std::vector<Record>& from, std::vector<Record>& to) {
     if (!from.empty()) to = std::move(from);
 }
 
-// At a low speed a long job lasts longer than the field can hold, and is told to last as long as that.
-std::int32_t DurationAtSpeed(const Job& job) {
-    constexpr double Longest = std::numeric_limits<std::int32_t>::max();
-    const std::int64_t time = job.Events.empty() ? 0 : job.Events.back().time();
-    if (time == 0) return 0;
-    if (job.SpeedPercent == 0) throw RuntimeFailure(FailureKind::Overflow, "A job cannot have a speed of 0 percent.");
-    return RoundHalfEven(std::clamp(static_cast<double>(time * 100) / job.SpeedPercent, -Longest, Longest));
-}
-
 JobHeader HeaderToWrite(const Job& job) {
     if (job.Description.size() > DescriptionWidth) {
         throw RuntimeFailure(FailureKind::Range, "The description of the job is longer than " +
@@ -66,11 +57,12 @@ JobHeader HeaderToWrite(const Job& job) {
     }
     JobHeader header = job;
     header.Version = WrittenVersion;
-    header.DurationMs = DurationAtSpeed(job);
+    header.DurationMs = DurationAtSpeed(job.Events.empty() ? 0 : job.Events.back().time(), job.SpeedPercent);
     return header;
 }
 
-void WriteArrays(OutputFile& file, const Job& job) {
+void WriteWhole(RecordOutput& file, const Job& job) {
+    file.Write(HeaderToWrite(job));
     file.WriteCount(job.Events.size());
     file.WriteCount(job.Strings.size());
     for (const std::string& text : job.Strings) file.WriteString(text);
@@ -101,6 +93,14 @@ bool IsFlag(std::int32_t value) {
 }
 
 }  // namespace
+
+// At a low speed a long job lasts longer than the field can hold, and is told to last as long as that.
+std::int32_t DurationAtSpeed(std::int32_t lastTime, std::int32_t speedPercent) {
+    constexpr double Longest = std::numeric_limits<std::int32_t>::max();
+    if (lastTime == 0) return 0;
+    if (speedPercent == 0) throw RuntimeFailure(FailureKind::Overflow, "A job cannot have a speed of 0 percent.");
+    return RoundHalfEven(std::clamp(lastTime * 100.0 / speedPercent, -Longest, Longest));
+}
 
 bool HeaderIsGood(const JobHeader& job) {
     const std::int16_t style = job.StartProgram.WindowStyle;
@@ -182,11 +182,15 @@ void ReadJob(InputFile& file, Job& job) {
 }
 
 void WriteJob(const std::string& path, const Job& job) {
-    const JobHeader header = HeaderToWrite(job);
     OutputFile file(path);
-    file.Write(header);
-    WriteArrays(file, job);
+    WriteWhole(file, job);
     file.Commit();
+}
+
+std::string JobBytes(const Job& job) {
+    OutputBytes file;
+    WriteWhole(file, job);
+    return file.Take();
 }
 
 void RewriteJobOptions(const std::string& path, const JobOptions& options) {

@@ -27,6 +27,13 @@ bool HeaderIsGood(const JobHeader& job);
 // bits an overflow failure; the old file stays as it was, as it does after a file failure.
 void WriteJob(const std::string& path, const Job& job);
 
+// The bytes that WriteJob writes. Fails alike.
+std::string JobBytes(const Job& job);
+
+// What DurationMs tells for a job that ends at `lastTime`: a number that 32 bits cannot hold is the largest that they
+// can. An overflow failure for a speed of 0, unless the time is 0, too.
+std::int32_t DurationAtSpeed(std::int32_t lastTime, std::int32_t speedPercent);
+
 // The options of the job page.
 struct JobOptions {
     std::int32_t SpeedPercent = 100;

@@ -30,20 +30,22 @@ InputFile::InputFile(const std::string& filePath, std::int64_t from, std::int64_
     BeginBlock();
 }
 
+InputFile::InputFile(const std::string& name, std::string_view bytes)
+    : path(name), length(static_cast<std::int64_t>(bytes.size())), next(bytes.data()), end(next + bytes.size()) {}
+
 void InputFile::BeginBlock() {
     unread = length;
     block.resize(static_cast<std::size_t>(std::min(length, ReadBlockSize)));
     next = end = block.data();
 }
 
-std::string InputFile::ReadString() {
+std::string_view InputFile::TakeString() {
     const std::size_t size = little_endian::Load<std::uint16_t>(Take(sizeof(std::uint16_t)));
-    return std::string(Take(size), size);
+    return {Take(size), size};
 }
 
 void InputFile::RequireRoom(std::int32_t count, std::size_t size) const {
-    const std::int64_t rest = unread + (end - next);
-    if (static_cast<std::int64_t>(count) * static_cast<std::int64_t>(size) > rest) FailCut();
+    if (static_cast<std::int64_t>(count) * static_cast<std::int64_t>(size) > Rest()) FailCut();
 }
 
 // Moves what is left to the front of the block and fills it up. A piece that is larger than the block, and in the file,

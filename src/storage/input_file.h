@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/files.h"
@@ -19,6 +20,10 @@ public:
     // Of the file only `partLength` bytes from `from` on, as if they were all of it. A part that the file does not hold
     // whole is cut.
     InputFile(const std::string& filePath, std::int64_t from, std::int64_t partLength);
+
+    // Bytes in memory, which must outlive it, as if they were a file of this name. They are not copied: what Take
+    // returns stays valid.
+    InputFile(const std::string& name, std::string_view bytes);
 
     std::int64_t Length() const { return length; }
 
@@ -48,7 +53,11 @@ public:
     }
 
     // A 16-bit length and that many bytes.
-    std::string ReadString();
+    std::string ReadString() { return std::string(TakeString()); }
+    std::string_view TakeString();  // valid until the next call
+
+    // How many bytes have not been taken yet.
+    std::int64_t Rest() const { return unread + (end - next); }
 
     // A file failure when the rest of the file is shorter than `count` items of at least `size` bytes.
     void RequireRoom(std::int32_t count, std::size_t size) const;

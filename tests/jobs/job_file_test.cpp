@@ -1,6 +1,8 @@
 #include "jobs/job_file.h"
 
+#include "jobs/job_parts.h"
 #include "jobs/sample_job.h"
+#include "storage/input_file.h"
 #include "support/disk_faults.h"
 #include "support/story.h"
 
@@ -31,6 +33,22 @@ protected:
 TEST_F(JobFile, SampleIsWrittenByteForByte) {
     WriteSample();
     EXPECT_EQ(Written(), SampleBytes());
+}
+
+TEST_F(JobFile, WholeJobsComeToMemoryAndFromIt) {
+    EXPECT_EQ(JobBytes(SampleJob()), SampleBytes());
+    const std::string bytes = SampleBytes() + "old tail";
+    InputFile memory("a stream", bytes);
+    Job job;
+    ReadJob(memory, job);
+    EXPECT_EQ(Dump(job), Dump(SampleJob()));
+    const JobParts parts = PartsOfJob("a stream", bytes);
+    EXPECT_EQ(parts.tail, "old tail");
+    EXPECT_EQ(parts.events.bytes.data() - bytes.data(), static_cast<std::ptrdiff_t>(WindowCountAt - 3 * 37));
+    for (std::size_t length = 0; length < SampleBytes().size(); ++length) {
+        EXPECT_THAT([&] { PartsOfJob("a stream", std::string_view(bytes).substr(0, length)); },
+                    testing::ThrowsMessage<RuntimeFailure>(HasSubstr("'a stream' is damaged")));
+    }
 }
 
 TEST_F(JobFile, SampleIsReadFieldByField) {

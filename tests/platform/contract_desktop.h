@@ -149,6 +149,7 @@ private:
 //   another process has a place                                                 minimised, and the place forgotten
 //   for later while minimised
 //   or maximised
+//   knowsAllCodePages               no: its own alone     yes                   yes
 //
 // Under Wine also, and met by patience (Within) on all three: a window brought forward is raised a moment later, and
 // an injected move of the mouse comes back from the display as further moves that are not injected.
@@ -156,6 +157,7 @@ struct Differences {
     bool clockIsReal;
     bool hooksTellAltDown;
     bool placesMinimised;
+    bool knowsAllCodePages;
 };
 const Differences& Desktop();
 

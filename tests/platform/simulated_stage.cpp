@@ -30,7 +30,8 @@ WindowHandle AddTo(std::uint32_t thread, const NewWindow& window) {
 }  // namespace
 
 const Differences& Desktop() {
-    static const Differences differences = {.clockIsReal = false, .hooksTellAltDown = true, .placesMinimised = true};
+    static const Differences differences = {
+        .clockIsReal = false, .hooksTellAltDown = true, .placesMinimised = true, .knowsAllCodePages = false};
     return differences;
 }
 

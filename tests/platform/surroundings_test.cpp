@@ -132,6 +132,21 @@ TEST(Text, IsInTheCodePage) {
     EXPECT_EQ(platform::FromUtf8(platform::ToUtf8(all)), all);
 }
 
+TEST(Text, IsInAnyCodePageByItsNumber) {
+    const int system = platform::SystemCodePage();
+    EXPECT_EQ(system, 1252);
+    EXPECT_EQ(platform::FromUtf8("\xC3\xA9\xE6\x97\xA5", system), "\xE9?");
+    EXPECT_EQ(platform::ToUtf8("\xE9", system), "\xC3\xA9");
+    for (const int unknown : {-1, 0, 1, 3, 42, 77777}) {
+        EXPECT_FALSE(platform::FromUtf8("a", unknown).has_value()) << unknown;
+        EXPECT_FALSE(platform::ToUtf8("a", unknown).has_value()) << unknown;
+    }
+    if (!contract::Desktop().knowsAllCodePages) return;
+    EXPECT_EQ(platform::FromUtf8("\xD0\x96", 1251), "\xC6");
+    EXPECT_EQ(platform::ToUtf8("\xC6", 1251), "\xD0\x96");
+    EXPECT_EQ(platform::ToUtf8("\xC3\xA9", 65001), "\xC3\xA9");
+}
+
 // --- Sounds ---
 
 // With a device or without one.

@@ -65,7 +65,8 @@ OrderData ToOrder(const NewWindow& window) {
 
 const Differences& Desktop() {
     static const bool wine = GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
-    static const Differences differences = {.clockIsReal = true, .hooksTellAltDown = !wine, .placesMinimised = !wine};
+    static const Differences differences = {
+        .clockIsReal = true, .hooksTellAltDown = !wine, .placesMinimised = !wine, .knowsAllCodePages = true};
     return differences;
 }
 

@@ -21,6 +21,11 @@ std::string Narrow(const std::wstring& wide, UINT codePage) {
     return text;
 }
 
+// The numbers below are not of one code page, but ask for that of the system, of the thread and the like.
+bool IsKnown(int codePage) {
+    return codePage > static_cast<int>(CP_SYMBOL) && IsValidCodePage(static_cast<UINT>(codePage)) != 0;
+}
+
 }  // namespace
 
 std::string FromUtf8(std::string_view utf8) {
@@ -29,6 +34,20 @@ std::string FromUtf8(std::string_view utf8) {
 
 std::string ToUtf8(std::string_view text) {
     return Narrow(Widen(text, CP_ACP), CP_UTF8);
+}
+
+int SystemCodePage() {
+    return static_cast<int>(GetACP());
+}
+
+std::optional<std::string> FromUtf8(std::string_view utf8, int codePage) {
+    if (!IsKnown(codePage)) return std::nullopt;
+    return Narrow(Widen(utf8, CP_UTF8), static_cast<UINT>(codePage));
+}
+
+std::optional<std::string> ToUtf8(std::string_view text, int codePage) {
+    if (!IsKnown(codePage)) return std::nullopt;
+    return Narrow(Widen(text, static_cast<UINT>(codePage)), CP_UTF8);
 }
 
 std::string LowerCase(std::string_view text) {
