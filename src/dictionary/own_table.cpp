@@ -301,6 +301,8 @@ constexpr DictionaryRow ownRows[] = {
      "Mehrere Fenster heißen '%1', und keines davon steht dort, wo es aufgenommen wurde.",
      "Plusieurs fenêtres s'appellent '%1', et aucune ne se trouve là où elle a été enregistrée.",
      "Hay más de una ventana llamada '%1' y ninguna está donde se grabó."},
+    {"The time that the run was given is over", "Die Zeit, die für den Ablauf vorgesehen war, ist um",
+     "Le temps accordé à l'exécution est écoulé", "Se ha agotado el tiempo concedido a la ejecución"},
 };
 
 }  // namespace

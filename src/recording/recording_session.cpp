@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <limits>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -16,6 +17,7 @@
 #include "platform/clock.h"
 #include "platform/hooks.h"
 #include "platform/input.h"
+#include "platform/instances.h"
 #include "platform/processes.h"
 #include "platform/pump.h"
 #include "platform/tray.h"
@@ -41,12 +43,18 @@ void ShowTrayTip(const std::string& tip) {
     platform::AddTrayIcon(ownWindows.main, tip);
 }
 
+// While it is held, no other program begins a run: its input would be recorded. Should one play already, the recording
+// goes on all the same.
+std::optional<platform::RunClaim> desktopClaim;
+
 void RemoveHooks() {
+    desktopClaim.reset();
     if (platform::MouseHookInstalled()) platform::RemoveMouseHook();
     if (platform::KeyboardHookInstalled()) platform::RemoveKeyboardHook();
 }
 
 void BeginCapture() {
+    desktopClaim.emplace();
     InstallRecordingHooks();
     StartHookWatch();
     recordingSession.state = RecordingState::Recording;

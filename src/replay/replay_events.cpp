@@ -18,6 +18,8 @@
 #include "replay/reach.h"
 #include "replay/replay_log.h"
 #include "replay/row_descriptions.h"
+#include "replay/run_listener.h"
+#include "replay/run_stop.h"
 #include "replay/send_keystrokes.h"
 #include "replay/status.h"
 #include "replay/status_view.h"
@@ -26,6 +28,8 @@
 #include "settings/settings.h"
 #include "sounds/key_sounds.h"
 #include "trace/debug_trace.h"
+
+RunListener* runListener = nullptr;
 
 namespace {
 
@@ -133,13 +137,17 @@ private:
     bool ChecksWindows() const { return job.SafetyLevel == SafetyHigh || job.SafetyLevel == SafetyMedium; }
     bool MaySend(const JobEvent& event) const { return lastResult > 0 || event.IfNoWindow == ExecuteAnyway; }
     std::string CurrentRowText() const;
+    void TellSent(const JobEvent& event);
+    void TellFailure() const;
 
     Job& job;
     std::vector<ActionRow>& rows;
     std::string& reason;
     const bool logged;
+    RunListener* const listener = runListener;
 
     std::vector<std::string> rowTexts;
+    bool rowWasSent = false;
     std::int32_t lastResult = 0;  // of the last search or sending; above 0 is good; never reset between events
     WindowChain lastGoodChain;
     platform::WindowHandle keyForeground = 0;  // that the last search for keys ended with; 0 when it failed
@@ -201,6 +209,8 @@ Replay::Ending Replay::Pass() {
     AnnouncePass();
     DropMoveRows(rows);
     rowTexts = RowDescriptions(rows, job.Events);
+    rowWasSent = false;
+    if (listener != nullptr) listener->PassBegins(passCount, rowTexts);
     if (settings.Display_Executing_Status == 1) ShowRows();
     passStartTick = platform::Microseconds();
     worstLateness = 0;
@@ -248,6 +258,7 @@ void Replay::ShowRows() {
 // pass on; without that, an endless one could not be stopped.
 bool Replay::Canceled(std::int32_t index) {
     const bool pressed = platform::AsyncKeyState(platform::VirtualKeyEscape) != 0;
+    if (RunStopReason() != StopReason::None) return true;
     const bool mayCancel = index > 0 || (job.Events.size() == 1 && passCount > 0);
     return pressed && mayCancel && !escHeld;
 }
@@ -257,12 +268,14 @@ void Replay::AdvanceRow(std::int32_t index) {
     if (rowIndex + 1 >= rows.size() || index <= rows[rowIndex].lastEvent) return;
     CloseRow();
     ++rowIndex;
+    rowWasSent = false;
 }
 
 // The verdict is that of the last check or sending, not of the worst one.
 void Replay::CloseRow() {
     if (logged) LogLine((lastResult > 0 ? "OK <-  " : "FAILED <- ") + CurrentRowText());
     if (settings.Display_Executing_Status == 1) ShowVerdict();
+    if (listener != nullptr) listener->RowEnds(rowIndex, lastResult > 0);
 }
 
 void Replay::ShowVerdict() {
@@ -376,7 +389,9 @@ int Replay::Search(const JobEvent& event, bool useFocus, std::int32_t waitSecond
     request.waitSeconds = waitSeconds;
     request.graceMs = MsCaughtUp(event);
     request.useFocus = useFocus;
+    const double begin = listener == nullptr ? 0 : ElapsedMs();
     const int found = FindTarget(request, job.Windows, job.Chains, reason);
+    if (listener != nullptr) listener->Searched(rowIndex, ElapsedMs() - begin, searchState.rounds, found);
     // While the desktop is away no window is found either; that is the reason to tell.
     if (const std::int32_t desktop = CheckDesktop(reason); desktop < 1) return desktop;
     if (found < 1) return found;
@@ -401,6 +416,21 @@ void Replay::RememberGoodChain(const WindowChain& chain) {
 
 std::string Replay::CurrentRowText() const {
     return rowIndex < rowTexts.size() ? Trim(rowTexts[rowIndex]) : std::string();
+}
+
+// --- what a report is made of ---
+
+// Of the row as a whole: its first input.
+void Replay::TellSent(const JobEvent& event) {
+    if (listener == nullptr || rowWasSent) return;
+    rowWasSent = true;
+    const bool due = job.SpeedPercent < MaximumSpeed;
+    const double sent = ElapsedMs();
+    listener->RowIsSent(rowIndex, due ? event.time() * 100.0 / job.SpeedPercent : sent, sent);
+}
+
+void Replay::TellFailure() const {
+    if (listener != nullptr) listener->RowFails(rowIndex, reason);
 }
 
 // --- keys ---
@@ -432,6 +462,7 @@ Replay::Ending Replay::CheckKeyWindow(const JobEvent& event) {
         lastFailedChain = -1;
     } else {
         lastFailedChain = event.WindowChainIndex;
+        TellFailure();
         if (event.IfNoWindow == StopExecuting) return lastResult;
     }
     return std::nullopt;
@@ -460,6 +491,7 @@ void Replay::SendKey(JobEvent& event) {
     bool& down = KeyDownFlag(event.KeyCode() & 0xFFFF);
     const int sound = PickSound();
     if (settings.play_sounds_for_keystrokes == 1 && event.KeyState() == 0 && KeySoundCount() > 0) PlayKeySound(sound);
+    TellSent(event);
     const std::int32_t time = event.keyTime();
     event.keyTime() = 0;  // the system stamps what it injects
     lastResult = platform::SendInput(event);
@@ -528,6 +560,7 @@ Replay::Ending Replay::CheckTextWindow(const JobEvent& event) {
         return std::nullopt;
     }
     DebugTrace("Cannot execute keyboard event (INPUT_TEXT) on window");
+    TellFailure();
     if (event.IfNoWindow == StopExecuting) return lastResult;
     return std::nullopt;
 }
@@ -560,6 +593,7 @@ Replay::Ending Replay::TypeWatched(const JobEvent& event, const std::string& tex
         };
         guard.afterToken = [&](std::int32_t virtualKey, std::int32_t action) { watch.Sent(virtualKey, action); };
     }
+    TellSent(event);
     lastResult = SendKeystrokes(text, pacing, escHeld, guard);
     if (found < 1 && event.IfNoWindow == StopExecuting) lastResult = found;
     if (lastResult == DesktopOutOfReach) reason = DesktopReason();
@@ -573,7 +607,11 @@ int Replay::BackToTheWindow(const JobEvent& event, FocusWatch& watch) {
         return TargetWindowMissing;
     }
     const int found = SearchForKeys(event, event.WaitForWindow);
-    if (found > 0) watch.GoOnHere();
+    if (found > 0) {
+        watch.GoOnHere();
+    } else {
+        TellFailure();
+    }
     return found;
 }
 
@@ -664,12 +702,14 @@ Replay::Ending Replay::CheckMouseWindow(const JobEvent& event) {
         LogLine("   " + CurrentRowText());
     }
     DebugTrace("Failed");
+    TellFailure();
     lastFailedChain = event.WindowChainIndex;
     if (event.IfNoWindow == StopExecuting) return lastResult;
     return std::nullopt;
 }
 
 void Replay::SendMouse(JobEvent& event) {
+    if (!IsMouseMove(event)) TellSent(event);
     if (event.dwFlags() == DoubleClickFlags) {
         SendDoubleClick();
         return;

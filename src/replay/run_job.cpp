@@ -25,8 +25,11 @@
 #include "platform/window_services.h"
 #include "recording/recording_state.h"
 #include "replay/main_window_view.h"
+#include "replay/reach.h"
 #include "replay/replay_events.h"
 #include "replay/replay_log.h"
+#include "replay/run_listener.h"
+#include "replay/run_stop.h"
 #include "replay/status.h"
 #include "replay/status_view.h"
 #include "replay/target_search.h"
@@ -125,6 +128,9 @@ public:
 
     std::int32_t Run();
 
+    // A box would take the keys of the run that is under way.
+    void TellAnotherProgramPlays() const;
+
     // After a failure that was thrown: no key stays down, no window stays disabled, the next run is possible.
     void PutRight(const std::exception& failure);
 
@@ -169,6 +175,7 @@ std::int32_t JobRun::Run() {
     result = begins ? ReplayEvents(job, rows, reason, logPath) : ReplayCanceled;
     CleanUp();
     if (result < 1) Tell();
+    if (runListener != nullptr) runListener->RunEnds(result, reason);
     Finish();
     return result;
 }
@@ -257,7 +264,9 @@ void JobRun::Tell() {
 
 void JobRun::TellCanceled(int row) const {
     if (DisplaysStatus()) {
-        status_view::InsertLine(row, Translate("Execution of job was canceled by user"));
+        const bool timeIsUp = RunStopReason() == StopReason::TimeIsUp;
+        status_view::InsertLine(row, Translate(timeIsUp ? "The time that the run was given is over"
+                                                        : "Execution of job was canceled by user"));
         status_view::SelectLine(row);
         setStatus(StatusCanceled);
     }
@@ -296,14 +305,7 @@ void JobRun::PutRight(const std::exception& failure) {
     WriteLog(logPath);
 }
 
-// 0 when a run may begin.
-std::int32_t Refusal() {
-    if (runState.ReplayRunning) return RunRefusedOrNoFile;
-    return RecordingActive() || KeyboardHookInstalled() ? RunRefusedRecording : 0;
-}
-
-// A box would take the keys of the run that is under way.
-void TellAnotherProgramPlays(const std::string& logPath) {
+void JobRun::TellAnotherProgramPlays() const {
     const std::string text = Translate("Another program is playing a job. Please try again when it has ended.");
     platform::ShowTrayBalloon(ProductName, text);
     if (logPath.empty()) return;
@@ -311,11 +313,17 @@ void TellAnotherProgramPlays(const std::string& logPath) {
     WriteLog(logPath);
 }
 
-std::int32_t RunToTheEnd(JobRun& run, const std::string& logPath = {}) {
+// 0 when a run may begin.
+std::int32_t Refusal() {
+    if (runState.ReplayRunning) return RunRefusedOrNoFile;
+    return RecordingActive() || KeyboardHookInstalled() ? RunRefusedRecording : 0;
+}
+
+std::int32_t RunToTheEnd(JobRun& run) {
     const platform::RunClaim claim;
     if (!claim.Granted()) {
         runState.ReplayRunning = false;
-        TellAnotherProgramPlays(logPath);
+        run.TellAnotherProgramPlays();
         return RunRefusedOrNoFile;
     }
     try {
@@ -328,6 +336,27 @@ std::int32_t RunToTheEnd(JobRun& run, const std::string& logPath = {}) {
 
 }  // namespace
 
+ExitCode ExitCodeOf(std::int32_t result) {
+    if (result >= 1) return ExitCode::Success;
+    switch (result) {
+        case ReplayCanceled:
+            return RunStopReason() == StopReason::TimeIsUp ? ExitCode::TimedOut : ExitCode::Cancelled;
+        case RunRefusedOrNoFile:
+        case RunRefusedRecording:
+            return ExitCode::Busy;
+        case ReplayNothingToDo:
+            return ExitCode::NothingToPlay;
+        case DesktopOutOfReach:
+            return ExitCode::DesktopUnreachable;
+        default:
+            return ExitCode::Failed;
+    }
+}
+
+ExitCode ExitCodeOf(const RuntimeFailure& failure) {
+    return failure.Kind() == FailureKind::Range ? ExitCode::NothingToPlay : ExitCode::Failed;
+}
+
 std::int32_t RunJob(const std::string& jobPath, std::int32_t, const std::string& logPath, bool noInputBlock) {
     if (const std::int32_t refusal = Refusal(); refusal != 0) return refusal;
     runState.ReplayRunning = true;  // at once: whatever pumps from here on can bring another start
@@ -337,7 +366,7 @@ std::int32_t RunJob(const std::string& jobPath, std::int32_t, const std::string&
         return RunRefusedOrNoFile;
     }
     JobRun run(jobPath, logPath, noInputBlock);
-    return RunToTheEnd(run, logPath);
+    return RunToTheEnd(run);
 }
 
 std::int32_t RunLoadedJob(Job job, const std::string& name) {

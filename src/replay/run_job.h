@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "base/exit_codes.h"
+#include "base/runtime_failure.h"
 #include "jobs/job_records.h"
 
 // Results of RunJob beside those of ReplayEvents.
@@ -29,3 +31,8 @@ std::int32_t RunJob(const std::string& jobPath, std::int32_t reserved, const std
 
 // The same for a job that is no file, under this name; it is no recent job. Attended, with the user's input blocked.
 std::int32_t RunLoadedJob(Job job, const std::string& name);
+
+// What a program that plays one job leaves with: for a result of RunJob, and for a failure that came out of it (of kind
+// Range: an index that leads nowhere, which the fold finds before anything is sent).
+ExitCode ExitCodeOf(std::int32_t result);
+ExitCode ExitCodeOf(const RuntimeFailure& failure);

@@ -165,6 +165,7 @@ private:
 };
 
 int Search::Run() {
+    searchState.rounds = 0;
     if (wanted.Top().ClassName == "Shell_TrayWnd" && request.useFocus) return TargetReady;
     // The clock is read between the rounds, so the first never times out, and a wait of 0 gets a second one.
     startTick = now = platform::TickCount();
@@ -173,6 +174,7 @@ int Search::Run() {
 }
 
 Search::Step Search::Round() {
+    ++searchState.rounds;
     if (EscapePressed(request.escHeld)) return End(TargetCanceled);
     several = false;
     Step step = LookAtLiveWindow();

@@ -50,6 +50,7 @@ struct SearchState {
     CaptionAliasTable CaptionAlias;
     std::array<bool, 10000> PositionedWindows{};  // by handle modulo 10000: put in place during this run
     std::vector<MetTop> metTops;                  // during this run
+    std::int32_t rounds = 0;                      // of the last search
 };
 extern SearchState searchState;
 

@@ -7,6 +7,7 @@
 #include "base/runtime_failure.h"
 #include "platform/clock.h"
 #include "platform/pump.h"
+#include "replay/run_stop.h"
 #include "replay/status_view.h"
 #include "settings/settings.h"
 
@@ -138,5 +139,5 @@ void ReleaseStuckKeys() noexcept {
 // The key is read in any case: reading takes away the mark of a tap, and the job's own must not be left for later.
 bool EscapePressed(bool escHeld) {
     const bool pressed = platform::AsyncKeyState(platform::VirtualKeyEscape) != 0;
-    return pressed && !escHeld;
+    return (pressed && !escHeld) || RunStopReason() != StopReason::None;
 }

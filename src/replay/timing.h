@@ -44,5 +44,6 @@ void NoteButton(const platform::InputRecord& record);
 // Releases every key and every mouse button that replay still holds, the buttons where the cursor is.
 void ReleaseStuckKeys() noexcept;
 
-// True when ESC is down or was pressed since the last call, unless the job itself holds it.
+// True when ESC is down or was pressed since the last call, unless the job itself holds it; or when the run was asked
+// to end (run_stop.h).
 bool EscapePressed(bool escHeld);

@@ -11,7 +11,6 @@
 #include "makeexe/made_executable.h"
 #include "platform/boxes.h"
 #include "replay/reach.h"
-#include "replay/replay_events.h"
 #include "replay/run_job.h"
 #include "settings/settings.h"
 
@@ -33,27 +32,12 @@ std::optional<MadeExecutable> ReadOrTell(const std::string& path) {
     return std::nullopt;
 }
 
-ExitCode CodeOf(std::int32_t result) {
-    if (result >= 1) return ExitCode::Success;
-    switch (result) {
-        case ReplayCanceled:
-            return ExitCode::Cancelled;
-        case RunRefusedOrNoFile:
-            return ExitCode::Busy;
-        case DesktopOutOfReach:
-            return ExitCode::DesktopUnreachable;
-        default:
-            return ExitCode::Failed;
-    }
-}
-
 ExitCode Play(Job job, const std::string& name) {
     try {
-        return CodeOf(RunLoadedJob(std::move(job), name));
+        return ExitCodeOf(RunLoadedJob(std::move(job), name));
     } catch (const RuntimeFailure& failure) {
         Tell(failure.what());
-        // An index that leads nowhere, which the fold finds before anything is sent.
-        return failure.Kind() == FailureKind::Range ? ExitCode::NothingToPlay : ExitCode::Failed;
+        return ExitCodeOf(failure);
     }
 }
 

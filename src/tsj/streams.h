@@ -8,10 +8,10 @@
 struct Streams {
     std::function<void(std::string_view)> out;  // bytes as they are, for another program to read
     std::function<void(std::string_view)> err;
-    std::function<std::string()> readAll;                        // standard input to its end
-    std::function<std::string(const std::string&)> pathOf;       // as the files of the platform want it
-    std::function<std::string(const std::string&)> pathAsTyped;  // the way back, for messages
+    std::function<std::string()> readAll;                          // standard input to its end
+    std::function<std::string(const std::string&)> pathOf;         // as the files of the platform want it
+    std::function<std::string(const std::string&)> pathAsTyped;    // the way back, for messages
     std::function<std::string(const std::string&)> besideProgram;  // a file in its own folder, by name
-    bool colours = false;                                        // on a terminal, for a person
-    bool progress = false;                                       // somebody watches the messages
+    bool colours = false;                                          // on a terminal, for a person
+    bool progress = false;                                         // somebody watches the messages
 };

@@ -21,7 +21,13 @@ std::string Tool::ReadAll(const std::string& path) const {
 
 Job Tool::ReadJobAt(const std::string& path) const {
     Job job;
-    ReadJob(PathOf(path), job);
+    if (path == StandardStream) {
+        const std::string bytes = streams.readAll();
+        InputFile file("standard input", bytes);
+        ReadJob(file, job);
+    } else {
+        ReadJob(PathOf(path), job);
+    }
     return job;
 }
 

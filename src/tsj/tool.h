@@ -22,6 +22,8 @@ public:
     void WriteAll(const std::string& path, std::string_view bytes) const;
 
     void Print(std::string_view text) const { streams.out(text); }
+    const auto& OutStream() const { return streams.out; }
+    const auto& ErrorStream() const { return streams.err; }
     void PrintLine(std::string_view text) const;
     void Warn(std::string_view text) const;  // "tsj: ...", for a person, beside what the command gives out
 

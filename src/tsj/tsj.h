@@ -22,7 +22,7 @@ extern const std::vector<AddCommand> textCommands;
 extern const std::vector<AddCommand> desktopCommands;
 extern const std::vector<AddCommand> withoutDesktop;
 
-// Runs the program with the arguments behind its name, and gives its exit code: 64 for a wrong usage, which is told with
-// a hint of the right one.
+// Runs the program with the arguments behind its name, and gives its exit code: 64 for a wrong usage, which is told
+// with a hint of the right one.
 int RunTsj(const std::vector<std::string>& arguments, Streams& streams,
            const std::vector<std::vector<AddCommand>>& commands);

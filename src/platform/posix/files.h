@@ -1,5 +1,5 @@
-// What platform/files.h is over the disk of a POSIX machine: for programs that need no Windows desktop, and for measuring
-// natively what the simulated files cannot tell. A program that links this does not get the simulated files.
+// What platform/files.h is over the disk of a POSIX machine: for programs that need no Windows desktop, and for
+// measuring natively what the simulated files cannot tell. A program that links this does not get the simulated files.
 #pragma once
 
 #include <string>

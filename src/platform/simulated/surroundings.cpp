@@ -12,12 +12,15 @@
 #include "platform/hotkeys.h"
 #include "platform/instances.h"
 #include "platform/load.h"
+#include "platform/machine.h"
 #include "platform/network.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
+#include "platform/screen_picture.h"
 #include "platform/shell_folders.h"
 #include "platform/sound.h"
 #include "platform/tray.h"
+#include "platform/window_services.h"
 #include "simulated/agenda.h"
 #include "simulated/desktop.h"
 #include "simulated/window_tree.h"
@@ -342,6 +345,24 @@ bool ProcessRuns(std::uint32_t process) {
 
 bool AnotherInstanceRuns(const std::string& name) {
     return State().otherInstances.contains(name);
+}
+
+// The simulated desktop has one monitor, and nothing to be seen on it.
+std::vector<Monitor> Monitors() {
+    const Size size = ScreenSize();
+    return {{{0, 0, size.width, size.height}, 96, true}};
+}
+
+std::string KeyboardLayoutName() {
+    return "00000409";
+}
+
+std::string SystemVersion() {
+    return "simulated";
+}
+
+Picture TakeScreenPicture() {
+    return {2, 1, {0, 0, 0, 255, 255, 255}};
 }
 
 RunClaim::RunClaim() : granted(!State().anotherProgramPlays) {}

@@ -29,21 +29,7 @@ int Show(const std::string& text, const std::string& title, UINT flags) {
     return MessageBoxA(owner, text.c_str(), title.c_str(), flags | MB_TASKMODAL | MB_SETFOREGROUND);
 }
 
-BoxWatch boxWatch;
-
 }  // namespace
-
-OpenBox::OpenBox(HWND owner) {
-    if (boxWatch.opens != nullptr) boxWatch.opens(FromHwnd(owner));
-}
-
-OpenBox::~OpenBox() {
-    if (boxWatch.closed != nullptr) boxWatch.closed();
-}
-
-void WatchBoxes(const BoxWatch& watch) {
-    boxWatch = watch;
-}
 
 void ShowBox(const std::string& text, const std::string& title, BoxIcon icon) {
     Show(text, title, MB_OK | IconFlag(icon));

@@ -1,0 +1,6 @@
+// The commands that need a desktop, a file each.
+#pragma once
+
+#include "tsj/tsj.h"
+
+void AddRun(CLI::App& tsj, Tool& tool);
