@@ -4,14 +4,19 @@
 #include "jobs/job_records.h"
 #include "storage/archive.h"
 
+// Bytes of the fixed texts.
+inline constexpr std::size_t ProgramPathWidth = 800;
+inline constexpr std::size_t CommandLineWidth = 300;
+inline constexpr std::size_t DescriptionWidth = 1000;
+inline constexpr std::size_t CaptionWidth = 1024;
+inline constexpr std::size_t ClassNameWidth = 100;
+
 template <class Archive>
 void Fields(Archive& file, In<Archive, StartProgramRecord>& program) {
-    file.Text("ProgramPath", program.ProgramPath, 800);
-    file.Text("CommandLine", program.CommandLine, 300);
+    file.Text("ProgramPath", program.ProgramPath, ProgramPathWidth);
+    file.Text("CommandLine", program.CommandLine, CommandLineWidth);
     file.Int16("WindowStyle", program.WindowStyle);
 }
-
-inline constexpr std::size_t DescriptionWidth = 1000;
 
 template <class Archive>
 void Fields(Archive& file, In<Archive, JobHeader>& job) {
@@ -69,8 +74,8 @@ void Fields(Archive& file, In<Archive, platform::WindowPlacement>& placement) {
 template <class Archive>
 void Fields(Archive& file, In<Archive, WindowSignature>& window) {
     Fields(file, window.Placement);
-    file.Text("Caption", window.Caption, 1024);
-    file.Text("ClassName", window.ClassName, 100);
+    file.Text("Caption", window.Caption, CaptionWidth);
+    file.Text("ClassName", window.ClassName, ClassNameWidth);
     file.Int32("ControlId", window.ControlId);
 }
 

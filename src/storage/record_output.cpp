@@ -17,13 +17,13 @@ void RecordOutput::WriteString(std::string_view text) {
 }
 
 std::string OutputBytes::Take() {
-    bytes.resize(static_cast<std::size_t>(next - bytes.data()));
+    bytes.resize(Written());
     next = end = nullptr;
     return std::exchange(bytes, {});
 }
 
 void OutputBytes::MakeRoom(std::size_t size) {
-    const std::size_t written = next == nullptr ? 0 : static_cast<std::size_t>(next - bytes.data());
+    const std::size_t written = Written();
     bytes.resize(std::max(2 * bytes.size(), written + size));
     next = bytes.data() + written;
     end = bytes.data() + bytes.size();

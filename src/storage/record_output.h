@@ -61,6 +61,7 @@ public:
 
 private:
     void MakeRoom(std::size_t size) override;
+    std::size_t Written() const { return next == nullptr ? 0 : static_cast<std::size_t>(next - bytes.data()); }
 
     std::string bytes;
 };

@@ -1,0 +1,323 @@
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <vector>
+
+#include "base/runtime_failure.h"
+#include "jobs/job_file.h"
+#include "jobs/job_parts.h"
+#include "jobtext/carried.h"
+#include "jobtext/differing_bytes.h"
+#include "jobtext/event_names.h"
+#include "jobtext/job_text.h"
+#include "jobtext/pace.h"
+#include "jobtext/text_of_page.h"
+#include "jobtext/usual.h"
+
+namespace {
+
+constexpr std::size_t BlockSize = 128ULL * 1024;
+constexpr std::size_t LongestNumber = 20;
+constexpr std::size_t TailBytesInLine = 64;
+
+// The text on its way to the sink.
+class Blocks {
+public:
+    explicit Blocks(const TextSink& textSink) : sink(textSink), block(BlockSize) {}
+
+    Blocks& operator<<(std::string_view text) {
+        if (text.size() > Free()) {
+            Flush();
+            if (text.size() > Free()) {
+                sink(text);
+                return *this;
+            }
+        }
+        std::memcpy(block.data() + used, text.data(), text.size());
+        used += text.size();
+        return *this;
+    }
+
+    Blocks& operator<<(std::int64_t number) {
+        if (Free() < LongestNumber) Flush();
+        char* const start = block.data() + used;
+        used += static_cast<std::size_t>(std::to_chars(start, start + Free(), number).ptr - start);
+        return *this;
+    }
+
+    void Flush() {
+        if (used > 0) sink({block.data(), used});
+        used = 0;
+    }
+
+private:
+    std::size_t Free() const { return block.size() - used; }
+
+    const TextSink& sink;
+    std::vector<char> block;
+    std::size_t used = 0;
+};
+
+// Control characters break lines, also in programs that only show a file; JSON itself asks for the first 32 alone.
+std::string Escape(char32_t code) {
+    static constexpr std::string_view Digits = "0123456789abcdef";
+    std::string escape = "\\u";
+    for (int shift = 12; shift >= 0; shift -= 4) escape += Digits[(code >> shift) & 15];
+    return escape;
+}
+
+// Of a character at the front of well-formed UTF-8: its escape, or nothing, and how many bytes it takes.
+std::string EscapeOf(std::string_view utf8, std::size_t& size) {
+    const auto byteAt = [utf8](std::size_t at) { return static_cast<unsigned char>(utf8[at]); };
+    size = 1;
+    if (utf8[0] == '"' || utf8[0] == '\\') return std::string("\\") + utf8[0];
+    if (byteAt(0) < ' ' || byteAt(0) == 0x7F) return Escape(byteAt(0));
+    const bool isUpperControl = byteAt(0) == 0xC2 && byteAt(1) < 0xA0;
+    if (isUpperControl) return Escape(byteAt(size++));
+    const bool isSeparator = utf8.starts_with("\xE2\x80\xA8") || utf8.starts_with("\xE2\x80\xA9");
+    if (!isSeparator) return {};
+    size = 3;
+    return Escape(byteAt(2) == 0xA8 ? 0x2028 : 0x2029);
+}
+
+std::string Quoted(std::string_view utf8) {
+    std::string quoted = "\"";
+    for (std::size_t size = 0; !utf8.empty(); utf8.remove_prefix(size)) {
+        const std::string escape = EscapeOf(utf8, size);
+        quoted += escape.empty() ? utf8.substr(0, size) : escape;
+    }
+    return quoted + '"';
+}
+
+class Exporter {
+public:
+    Exporter(const JobParts& jobParts, const TextSink& sink, int textCodePage, TextPace& textPace)
+        : parts(jobParts), out(sink), codePage(textCodePage), pace(textPace) {}
+
+    void Export() {
+        WriteHeader();
+        WriteStrings();
+        WriteArray<JobEvent>("Events", parts.events);
+        WriteArray<WindowSignature>("Windows", parts.windows);
+        WriteArray<WindowChain>("Chains", parts.chains);
+        WriteTail();
+        out << "\n}\n";
+        out.Flush();
+        pace.End();
+    }
+
+private:
+    void WriteHeader();
+    void WriteStrings();
+    void WriteTail();
+
+    template <class Record>
+    void WriteArray(std::string_view name, const JobParts::Array& array);
+
+    void WriteRecord(const JobEvent& event);
+    void WriteRecord(const WindowSignature& window);
+    void WriteRecord(const WindowChain& chain);
+
+    void WriteAction(const JobEvent& event);
+    void WriteKey(const JobEvent& event);
+    void WriteList(std::string_view name, std::initializer_list<std::int64_t> numbers);
+
+    // Members of the whole stand in lines of their own.
+    void WriteLine(std::string_view name, std::int64_t number) { out << ",\n\"" << name << "\": " << number; }
+    void WriteTextLine(std::string_view name, std::string_view text) {
+        out << ",\n\"" << name << "\": " << TextValue(text);
+    }
+
+    // A count of zero or less is told by the lines; a negative one is odd.
+    void WriteCount(std::string_view name, std::int32_t count) {
+        if (count < 0) WriteLine(name, count);
+    }
+
+    void Member(std::string_view name, std::int64_t number) { out << ",\"" << name << "\":" << number; }
+    void MemberUnless(std::int64_t usual, std::string_view name, std::int64_t number) {
+        if (number != usual) Member(name, number);
+    }
+
+    std::string TextValue(std::string_view text) const {
+        if (const auto utf8 = ExactUtf8(text, codePage)) return Quoted(*utf8);
+        std::string hex = "{\"hex\":\"";
+        AppendHex(hex, text);
+        return hex + "\"}";
+    }
+
+    // What the members of `record` do not tell about `bytes`.
+    template <class Record>
+    std::string UntoldBytes(const Record& record, std::string_view bytes) {
+        Encode(Carried(record), written);
+        return bytes == written ? std::string() : DifferingBytes(bytes, written);
+    }
+
+    const JobParts& parts;
+    Blocks out;
+    const int codePage;
+    TextPace& pace;
+    std::string written;
+};
+
+void Exporter::WriteHeader() {
+    const auto header = RecordOf<JobHeader>(parts.header);
+    out << "{\n\"TessarineJob\": " << TextFormatVersion;
+    WriteLine("CodePage", codePage);
+    WriteLine("Version", header.Version);
+    WriteTextLine("ProgramPath", header.StartProgram.ProgramPath);
+    WriteTextLine("CommandLine", header.StartProgram.CommandLine);
+    WriteLine("WindowStyle", header.StartProgram.WindowStyle);
+    WriteTextLine("Description", header.Description);
+    if (header.DurationMs != UsualDuration(header, parts.events.bytes)) WriteLine("DurationMs", header.DurationMs);
+    WriteLine("SpeedPercent", header.SpeedPercent);
+    WriteLine("SkipMouseMoves", header.SkipMouseMoves);
+    WriteLine("CapsLockState", header.CapsLockState);
+    WriteLine("RepeatCount", header.RepeatCount);
+    WriteLine("SafetyLevel", header.SafetyLevel);
+    WriteLine("SimilarWindowNames", header.SimilarWindowNames);
+    if (const std::string untold = UntoldBytes(header, parts.header); !untold.empty()) {
+        out << ",\n\"bytes\": \"" << untold << "\"";
+    }
+    WriteCount("EventCount", parts.events.count);
+    WriteCount("StringCount", parts.stringCount);
+    WriteCount("WindowCount", parts.windows.count);
+    WriteCount("ChainCount", parts.chains.count);
+}
+
+void Exporter::WriteStrings() {
+    out << ",\n\"Strings\": [";
+    std::string_view separator = "\n";
+    for (const std::string_view text : parts.strings) {
+        out << separator << TextValue(text);
+        separator = ",\n";
+        pace.Advance(sizeof(std::uint16_t) + text.size());
+    }
+    out << (parts.strings.empty() ? "]" : "\n]");
+}
+
+template <class Record>
+void Exporter::WriteArray(std::string_view name, const JobParts::Array& array) {
+    out << ",\n\"" << name << "\": [";
+    const std::size_t size = RecordSize<Record>();
+    std::string_view separator = "\n";
+    for (std::size_t at = 0; at < array.bytes.size(); at += size) {
+        const std::string_view bytes = array.bytes.substr(at, size);
+        const auto record = RecordOf<Record>(bytes);
+        out << separator;
+        WriteRecord(record);
+        if (const std::string untold = UntoldBytes(record, bytes); !untold.empty()) {
+            out << ",\"bytes\":\"" << untold << "\"";
+        }
+        out << "}";
+        separator = ",\n";
+        pace.Advance(size);
+    }
+    out << (array.bytes.empty() ? "]" : "\n]");
+}
+
+void Exporter::WriteRecord(const JobEvent& event) {
+    out << "{\"time\":" << std::int64_t{event.time()} << ",\"action\":";
+    WriteAction(event);
+    MemberUnless(NoWindowMarker, "WindowChainIndex", event.WindowChainIndex);
+    MemberUnless(0, "WaitForWindow", event.WaitForWindow);
+    if (event.IfNoWindow == StopExecuting) return;
+    const std::string_view choice = NameOfChoice(event.IfNoWindow);
+    if (choice.empty()) return Member("IfNoWindow", event.IfNoWindow);
+    out << ",\"IfNoWindow\":\"" << choice << "\"";
+}
+
+void Exporter::WriteAction(const JobEvent& event) {
+    const EventAction* const action = ActionOf(event);
+    if (action == nullptr) {
+        out << std::int64_t{event.dwType()};
+        return;
+    }
+    out << "\"" << action->name << "\"";
+    switch (action->type) {
+        case platform::InputMouse:
+            if (!action->isNamed) Member("dwFlags", event.dwFlags());
+            Member("dx", event.dx());
+            Member("dy", event.dy());
+            MemberUnless(0, "mouseData", event.mouseData());
+            return MemberUnless(0, "dwExtraInfo", event.word[6]);
+        case platform::InputKeyboard:
+            if (!action->isNamed) Member("KeyState", event.KeyState());
+            WriteKey(event);
+            return MemberUnless(0, "dwExtraInfo", event.keyExtraInfo());
+        default:
+            return Member("StringIndex", event.StringIndex());
+    }
+}
+
+void Exporter::WriteKey(const JobEvent& event) {
+    const std::int32_t vk = VirtualKeyOf(event.KeyCode());
+    const std::string_view name = NameOfKey(vk);
+    if (name.empty()) {
+        Member("vk", vk);
+    } else {
+        out << ",\"vk\":\"" << name << "\"";
+    }
+    MemberUnless(0, "scan", ScanOf(event.KeyCode()));
+}
+
+void Exporter::WriteList(std::string_view name, std::initializer_list<std::int64_t> numbers) {
+    out << ",\"" << name << "\":";
+    std::string_view separator = "[";
+    for (const std::int64_t number : numbers) {
+        out << separator << number;
+        separator = ",";
+    }
+    out << "]";
+}
+
+void Exporter::WriteRecord(const WindowSignature& window) {
+    const platform::WindowPlacement& place = window.Placement;
+    out << "{\"Caption\":" << TextValue(window.Caption) << ",\"ClassName\":" << TextValue(window.ClassName);
+    Member("ControlId", window.ControlId);
+    Member("length", place.length);
+    Member("flags", place.flags);
+    Member("showCmd", place.showCmd);
+    WriteList("ptMinPosition", {place.ptMinPosition.x, place.ptMinPosition.y});
+    WriteList("ptMaxPosition", {place.ptMaxPosition.x, place.ptMaxPosition.y});
+    const platform::Rect& normal = place.rcNormalPosition;
+    WriteList("rcNormalPosition", {normal.left, normal.top, normal.right, normal.bottom});
+}
+
+void Exporter::WriteRecord(const WindowChain& chain) {
+    const std::int32_t levels = LevelsOf(chain);
+    out << "{\"Path\":[";
+    for (std::int32_t level = 0; level < levels; ++level) {
+        if (level > 0) out << ",";
+        out << std::int64_t{chain.Path[static_cast<std::size_t>(level)]};
+    }
+    out << "]";
+    MemberUnless(UsualLeaf(chain.Path, levels), "LeafWindow", chain.LeafWindow);
+    MemberUnless(levels - 1, "Depth", chain.Depth);
+}
+
+void Exporter::WriteTail() {
+    if (parts.tail.empty()) return;
+    out << ",\n\"Tail\": [";
+    std::string line = "\n\"";
+    for (std::size_t at = 0; at < parts.tail.size(); at += TailBytesInLine) {
+        const std::string_view bytes = parts.tail.substr(at, TailBytesInLine);
+        AppendHex(line, bytes);
+        out << line << "\"";
+        line = ",\n\"";
+        pace.Advance(bytes.size());
+    }
+    out << "\n]";
+}
+
+}  // namespace
+
+void ExportJob(const std::string& name, std::string_view bytes, const TextSink& sink, int codePage,
+               const TextProgress& progress) {
+    const JobParts parts = PartsOfJob(name, bytes);
+    if (!ExactUtf8({}, codePage)) {
+        throw RuntimeFailure(FailureKind::Range, "The code page " + std::to_string(codePage) +
+                                                     " is not known here. Choose another one, such as 1252.");
+    }
+    TextPace pace(progress, bytes.size());
+    Exporter(parts, sink, codePage, pace).Export();
+}
