@@ -4,6 +4,8 @@
 #include "tsj/tsj.h"
 
 void AddShow(CLI::App& tsj, Tool& tool);
+void AddExport(CLI::App& tsj, Tool& tool);
+void AddImport(CLI::App& tsj, Tool& tool);
 void AddExe(CLI::App& tsj, Tool& tool);
 void AddUnpack(CLI::App& tsj, Tool& tool);
 void AddRun(CLI::App& tsj, Tool& tool);

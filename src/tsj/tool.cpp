@@ -23,7 +23,7 @@ Job Tool::ReadJobAt(const std::string& path) const {
     Job job;
     if (path == StandardStream) {
         const std::string bytes = streams.readAll();
-        InputFile file("standard input", bytes);
+        InputFile file(NameOf(path), bytes);
         ReadJob(file, job);
     } else {
         ReadJob(PathOf(path), job);
@@ -32,12 +32,16 @@ Job Tool::ReadJobAt(const std::string& path) const {
 }
 
 void Tool::WriteAll(const std::string& path, std::string_view bytes) const {
+    WriteBlocks(path, [&](const Sink& write) { write(bytes); });
+}
+
+void Tool::WriteBlocks(const std::string& path, const std::function<void(const Sink&)>& fill) const {
     if (path == StandardStream) {
-        streams.out(bytes);
+        fill(streams.out);
         return;
     }
     SaveFile file(PathOf(path));
-    file.Write(bytes.data(), bytes.size());
+    fill([&](std::string_view block) { file.Write(block.data(), block.size()); });
     file.Commit(OldTail::Goes);
 }
 

@@ -10,6 +10,8 @@
 #include "jobs/job_records.h"
 #include "tsj/streams.h"
 
+inline constexpr const char* StandardStream = "-";
+
 class Tool {
 public:
     explicit Tool(Streams& theStreams) : streams(theStreams) {}
@@ -20,6 +22,13 @@ public:
 
     // In one step: the old file or the new one, whole. Nothing of a longer old file stays behind the new bytes.
     void WriteAll(const std::string& path, std::string_view bytes) const;
+
+    // The same in blocks: `fill` is called once, with what writes one.
+    using Sink = std::function<void(std::string_view)>;
+    void WriteBlocks(const std::string& path, const std::function<void(const Sink&)>& fill) const;
+
+    // For failures.
+    static std::string NameOf(const std::string& path) { return path == StandardStream ? "standard input" : path; }
 
     void Print(std::string_view text) const { streams.out(text); }
     const auto& OutStream() const { return streams.out; }
@@ -46,5 +55,3 @@ public:
 private:
     Streams& streams;
 };
-
-inline constexpr const char* StandardStream = "-";

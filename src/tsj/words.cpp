@@ -1,33 +1,18 @@
 #include "tsj/words.h"
 
-#include <algorithm>
 #include <array>
-#include <utility>
+
+#include "jobtext/event_names.h"
 
 namespace {
 
-constexpr std::array<std::pair<std::int32_t, const char*>, 10> mouseWords = {{
-    {platform::MouseMove, "move"},
-    {platform::MouseLeftDown, "left down"},
-    {platform::MouseLeftUp, "left up"},
-    {platform::MouseRightDown, "right down"},
-    {platform::MouseRightUp, "right up"},
-    {platform::MouseMiddleDown, "middle down"},
-    {platform::MouseMiddleUp, "middle up"},
-    {platform::MouseXDown, "X button down"},
-    {platform::MouseXUp, "X button up"},
-    {platform::MouseWheel, "wheel"},
-}};
-
-std::string MouseWord(std::int32_t flags) {
-    if (flags == DoubleClickFlags) return "double click";
-    const auto* const found =
-        std::ranges::find_if(mouseWords, [&](const auto& word) { return word.first == flags - MouseFlagBase; });
-    return found == mouseWords.end() ? "mouse, flags " + std::to_string(flags) : found->second;
-}
-
 std::string Choice(std::int64_t value, const std::array<const char*, 3>& words) {
     return value >= 0 && value < 3 ? words[static_cast<std::size_t>(value)] : "unknown (" + std::to_string(value) + ")";
+}
+
+std::string KeyWord(std::int32_t virtualKey) {
+    const std::string_view name = NameOfKey(virtualKey);
+    return name.empty() ? "virtual key " + std::to_string(virtualKey) : std::string(name);
 }
 
 }  // namespace
@@ -45,18 +30,8 @@ std::string IfNoWindowWord(std::uint8_t choice) {
 }
 
 std::string EventWord(const JobEvent& event) {
-    switch (event.dwType()) {
-        case platform::InputMouse:
-            return MouseWord(event.dwFlags());
-        case platform::InputKeyboard:
-            return (event.KeyState() & platform::KeyUp) != 0 ? "key up" : "key down";
-        case INPUT_TEXT:
-            return "text";
-        case TextContinuation:
-            return "text, continued";
-        default:
-            return "unknown (" + std::to_string(event.dwType()) + ")";
-    }
+    const EventAction* const action = ActionOf(event);
+    return action == nullptr ? "unknown (" + std::to_string(event.dwType()) + ")" : std::string(action->name);
 }
 
 std::string EventData(const JobEvent& event) {
@@ -66,7 +41,7 @@ std::string EventData(const JobEvent& event) {
             return event.mouseData() == 0 ? place : place + " data " + std::to_string(event.mouseData());
         }
         case platform::InputKeyboard:
-            return "virtual key " + std::to_string(event.KeyCode() & 0xFFFF);
+            return KeyWord(event.KeyCode() & 0xFFFF);
         default:
             return "string " + std::to_string(event.StringIndex());
     }
