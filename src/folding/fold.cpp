@@ -407,6 +407,19 @@ void BuildRowOrder(FoldedRows& rows) {
     }
 }
 
+std::vector<std::size_t> HiddenMoves(const FoldedRows& rows, const std::vector<JobEvent>& events) {
+    std::vector<std::size_t> hidden;
+    for (const KeyRow& row : rows.KeyRows) {
+        for (std::int32_t i = row.FirstEvent + 1; i < row.LastEvent; ++i) {
+            const JobEvent& event = CheckedAt(events, i, "Event");
+            if (event.dwType() == platform::InputMouse && event.dwFlags() == MoveFlags) {
+                hidden.push_back(static_cast<std::size_t>(i));
+            }
+        }
+    }
+    return hidden;
+}
+
 void ClearRows(FoldedRows& rows) {
     rows.MouseRows.clear();
     rows.KeyRows.clear();

@@ -73,6 +73,10 @@ bool KeyRowComesNext(const FoldedRows& rows, std::size_t keyRowsDone, std::size_
 // Merges the rows of both kinds by their first events into RowIndex, RowKind and RowNumber.
 void BuildRowOrder(FoldedRows& rows);
 
+// Moves between the first and the last event of a keystroke row, by their indexes, in order. The editor cannot show
+// them: it drops them and folds again, until there are none. The ranges of keystroke rows are in order and apart.
+std::vector<std::size_t> HiddenMoves(const FoldedRows& rows, const std::vector<JobEvent>& events);
+
 void ClearRows(FoldedRows& rows);
 
 // The top-level window of a chain; nullptr when the indexes lead nowhere.

@@ -36,21 +36,6 @@ void DescribeJob(EditState& state) {
     state.debugLabel = state.Strings.empty() ? "LOW_LEVEL" : "INPUT_TEXT";
 }
 
-// Moves between the first and the last event of a keystroke row, by their indexes. The ranges of these rows are in
-// order and apart.
-std::vector<std::size_t> HiddenMoves(const EditState& state) {
-    std::vector<std::size_t> hidden;
-    for (const KeyRow& row : state.KeyRows) {
-        for (std::int32_t i = row.FirstEvent + 1; i < row.LastEvent; ++i) {
-            const JobEvent& event = CheckedAt(state.EditEvents, i, "Event");
-            if (event.dwType() == platform::InputMouse && event.dwFlags() == MoveFlags) {
-                hidden.push_back(static_cast<std::size_t>(i));
-            }
-        }
-    }
-    return hidden;
-}
-
 void Drop(std::vector<EventRun>& dropped, std::size_t index, const JobEvent& event) {
     if (dropped.empty() || static_cast<std::size_t>(dropped.back().first) + dropped.back().events.size() != index) {
         dropped.push_back({static_cast<std::int32_t>(index), {}});
@@ -60,7 +45,7 @@ void Drop(std::vector<EventRun>& dropped, std::size_t index, const JobEvent& eve
 
 // True when events were dropped. The types of all others are then as they were before the fold.
 bool Purge(EditState& state) {
-    const std::vector<std::size_t> hidden = HiddenMoves(state);
+    const std::vector<std::size_t> hidden = HiddenMoves(state, state.EditEvents);
     if (hidden.empty()) return false;
     std::vector<EventRun>& dropped = state.DroppedMoves.emplace_back();
     std::vector<JobEvent>& events = state.PristineEvents;

@@ -1,0 +1,141 @@
+"""tsj.exe, as a script meets it: the exit code of each end, what the reports say, and what is left of a run that ends early."""
+
+import json
+import signal
+import subprocess
+import time
+
+import pytest
+from jsonschema import Draft202012Validator
+from junitparser import JUnitXml
+from test_made_program import holding_job
+from wine_desktop import OUT, ROOT, wait_for
+
+SUCCESS, FAILED, CANCELLED, NOTHING_TO_PLAY, BUSY, UNREACHABLE, TIMED_OUT, USAGE = *range(7), 64
+SCHEMA = Draft202012Validator(json.loads((ROOT / "docs" / "run_report.schema.json").read_text()))
+
+
+class Tool:
+    def __init__(self, stage):
+        self.stage = stage
+        self.folder = stage.folder / "reports, 100% für uns"
+        self.folder.mkdir(exist_ok=True)
+
+    def path(self, name):
+        return self.stage.wine.windows_path(self.folder / name)
+
+    def start(self, *words):
+        """With files for its streams: other processes of Wine would keep a pipe open."""
+        words = [self.stage.wine.windows_path(OUT / "windows" / "tsj.exe"), *words]
+        with open(self.folder / "out.txt", "wb") as out, open(self.folder / "err.txt", "wb") as err:
+            return self.stage.start(*words, stdin=subprocess.DEVNULL, stdout=out, stderr=err)
+
+    def __call__(self, *words, timeout=60):
+        return self.start(*words).wait(timeout)
+
+    def run(self, job, *options):
+        """The code of `tsj run`, after a look at both reports."""
+        code = self("run", job, "--report", self.path("r.json"), "--junit", self.path("r.xml"), *options)
+        SCHEMA.validate(self.report)
+        assert self.report["exitCode"] == code
+        suite = next(iter(JUnitXml.fromfile(str(self.folder / "r.xml"))))
+        assert suite.tests == len(self.report["rows"]) + 1
+        assert suite.failures == sum(row["verdict"] == "failed" for row in self.report["rows"])
+        assert (suite.errors == 0) == (code == SUCCESS)
+        return code
+
+    @property
+    def report(self):
+        return json.loads((self.folder / "r.json").read_text())
+
+    @property
+    def out(self):
+        return (self.folder / "out.txt").read_text()
+
+    @property
+    def err(self):
+        return (self.folder / "err.txt").read_text()
+
+
+@pytest.fixture
+def tsj(stage):
+    return Tool(stage)
+
+
+def test_a_run_is_reported_and_fails_with_a_picture(stage, tsj):
+    notepad = stage.notepad()
+    job = stage.write(stage.typing_job(notepad, "reported "))
+    assert tsj.run(job) == SUCCESS
+    assert notepad.holds("reported ")
+    assert "OK   1. MOUSE: Left click at: Untitled - Notepad" in tsj.out
+    rows = tsj.report["rows"]
+    assert [row["verdict"] for row in rows] == ["ok", "ok"]
+    assert all(row["sentMs"] >= row["dueMs"] for row in rows) and rows[0]["searchRounds"] >= 1
+    assert tsj.report["machine"]["monitors"][0]["width"] > 0
+
+    stage.probe.ask("place", notepad.handle, 0)  # hidden
+    stage.end(notepad.process)
+    job = stage.typing_job(notepad, "never", wait=1)
+    assert tsj.run(stage.write(job), "--picture", tsj.path("")) == FAILED
+    failed = tsj.report["rows"][0]
+    assert failed["verdict"] == "failed" and "Untitled - Notepad" in failed["reason"]
+    assert (tsj.folder / failed["picture"]).read_bytes().startswith(b"\x89PNG")
+    assert tsj.report["rows"][1]["verdict"] == "not reached"
+
+
+def test_each_end_has_its_code(stage, person, tsj):
+    notepad = stage.notepad()
+    held = stage.write(holding_job(stage, notepad), "held")
+    long_run = tsj.start("run", held)
+    assert wait_for(lambda: notepad.holds("abc") and stage.probe.ask("keys") != [])
+    second = Tool(stage)
+    second.folder = stage.folder
+    assert second.run(held) == BUSY
+    assert second.run(held, "--wait", "--timeout", "1") == TIMED_OUT
+    person.presses("Escape")
+    assert long_run.wait(20) == CANCELLED
+    assert stage.probe.ask("keys") == []
+
+    assert tsj.run(held, "--timeout", "2") == TIMED_OUT
+    assert stage.probe.ask("keys") == [], "what was held is released"
+
+    killed = tsj.start("run", held)
+    assert wait_for(lambda: stage.probe.ask("keys") != [])
+    killed.send_signal(signal.SIGKILL)
+    assert wait_for(lambda: stage.probe.ask("keys") == []), "by the guard"
+
+    assert tsj("run", tsj.path("none.tsj")) == NOTHING_TO_PLAY
+    assert "none.tsj' cannot be read" in tsj.err
+    (tsj.folder / "empty.tsj").write_bytes(stage.job().bytes())
+    assert tsj.run(tsj.path("empty.tsj")) == NOTHING_TO_PLAY
+    assert tsj("run", held, "--speed", "fast") == USAGE
+    assert "--speed" in tsj.err
+
+
+def test_who_records_is_not_disturbed(stage, person, tsj):
+    notepad = stage.notepad()
+    job = stage.write(stage.typing_job(notepad, "abc"))
+    person.start_program()
+    person.records()
+    assert tsj.run(job) == BUSY
+    person.presses("Pause")
+    person.dismisses_save_as()
+    assert tsj.run(job) == SUCCESS
+
+
+def test_jobs_go_through_text_and_programs_unchanged(stage, tsj):
+    notepad = stage.notepad()
+    job = stage.write(stage.typing_job(notepad, "there and back "))
+    bytes_of_job = (stage.folder / "job.tsj").read_bytes()
+    assert tsj("export", job, tsj.path("ö.json")) == SUCCESS
+    assert tsj("import", tsj.path("ö.json"), tsj.path("ö.tsj")) == SUCCESS
+    assert (tsj.folder / "ö.tsj").read_bytes() == bytes_of_job
+    assert tsj("exe", job, tsj.path("a.exe"), "--language", "fr") == SUCCESS
+    assert tsj("unpack", tsj.path("a.exe"), tsj.path("b.tsj")) == SUCCESS
+    assert (tsj.folder / "b.tsj").read_bytes() == bytes_of_job and tsj.err.endswith(" fr\n")
+    stage.probe.ask("front", notepad.handle)
+    assert stage.start(tsj.path("a.exe")).wait(30) == SUCCESS
+    assert notepad.holds("there and back ")
+    time.sleep(0.2)
+    assert tsj("show", tsj.path("ö.tsj")) == SUCCESS
+    assert "there and back" in tsj.out
