@@ -4,6 +4,7 @@
 #include "tsj/tsj.h"
 
 void AddShow(CLI::App& tsj, Tool& tool);
+void AddCheck(CLI::App& tsj, Tool& tool);
 void AddExport(CLI::App& tsj, Tool& tool);
 void AddImport(CLI::App& tsj, Tool& tool);
 void AddExe(CLI::App& tsj, Tool& tool);

@@ -46,6 +46,8 @@ public:
     std::string BesideProgram(const std::string& name) const { return streams.besideProgram(name); }
     std::string PathOf(const std::string& typed) const { return streams.pathOf(typed); }
 
+    bool KnowsWindowsPaths() const { return streams.knowsWindowsPaths; }
+
     // Text of a job, for a person or another program.
     static std::string Utf8(std::string_view text);
 

@@ -73,9 +73,8 @@ def test_a_run_is_reported_and_fails_with_a_picture(stage, tsj):
     assert all(row["sentMs"] >= row["dueMs"] for row in rows) and rows[0]["searchRounds"] >= 1
     assert tsj.report["machine"]["monitors"][0]["width"] > 0
 
-    stage.probe.ask("place", notepad.handle, 0)  # hidden
+    job = stage.typing_job(notepad, "never", wait_for_window=1)
     stage.end(notepad.process)
-    job = stage.typing_job(notepad, "never", wait=1)
     assert tsj.run(stage.write(job), "--picture", tsj.path("")) == FAILED
     failed = tsj.report["rows"][0]
     assert failed["verdict"] == "failed" and "Untitled - Notepad" in failed["reason"]
@@ -116,10 +115,10 @@ def test_who_records_is_not_disturbed(stage, person, tsj):
     notepad = stage.notepad()
     job = stage.write(stage.typing_job(notepad, "abc"))
     person.start_program()
-    person.records()
+    person.starts_recording()
     assert tsj.run(job) == BUSY
     person.presses("Pause")
-    person.dismisses_save_as()
+    person.saves_job_as("recorded beside")
     assert tsj.run(job) == SUCCESS
 
 
