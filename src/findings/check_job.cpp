@@ -9,8 +9,8 @@
 
 #include "base/product.h"
 #include "base/text.h"
-#include "findings/press_ledger.h"
 #include "findings/job_links.h"
+#include "findings/press_ledger.h"
 #include "findings/row_numbers.h"
 #include "findings/typed_texts.h"
 #include "findings/window_titles.h"

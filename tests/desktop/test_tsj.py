@@ -1,4 +1,4 @@
-"""tsj.exe, as a script meets it: the exit code of each end, what the reports say, and what is left of a run that ends early."""
+"""tsj.exe, as a script meets it: the exit code of each end, what the reports say, and what an early end leaves."""
 
 import json
 import signal
