@@ -66,7 +66,7 @@ double MsOf(const RunReport& report, std::size_t index) {
 std::string CaseOf(const RunReport& report, std::size_t index) {
     const RowReport& row = report.rows[index];
     return "    <testcase" + Attribute("classname", report.jobPath) +
-           Attribute("name", "pass " + std::to_string(row.pass) + ": " + Tool::Utf8(row.text)) +
+           Attribute("name", "pass " + std::to_string(row.pass) + ": " + Tool::Utf8(report.TextOf(row))) +
            Attribute("time", Seconds(MsOf(report, index))) + ">" + Inside(row, report.reason) + "</testcase>\n";
 }
 

@@ -37,11 +37,11 @@ Json Ms(double ms) {
     return ms < 0 ? Json() : Json(static_cast<double>(static_cast<std::int64_t>(ms * 1000 + 0.5)) / 1000);
 }
 
-Json RowJson(const RowReport& row) {
+Json RowJson(const RunReport& report, const RowReport& row) {
     const bool wasSent = row.sent >= 0;
     Json json = {{"pass", row.pass},
                  {"row", row.row},
-                 {"text", Tool::Utf8(row.text)},
+                 {"text", Tool::Utf8(report.TextOf(row))},
                  {"dueMs", Ms(row.due)},
                  {"sentMs", Ms(row.sent)},
                  {"latenessMs", wasSent ? Json(Ms(std::max(0.0, row.sent - row.due))) : Json()},
@@ -88,14 +88,16 @@ void RunReport::PassBegins(std::int32_t pass, const std::vector<std::string>& te
         ++rowsLeftOut;
     }
     passStart = rows.size();
-    std::int32_t number = 0;
-    for (const std::string& text : texts) {
-        RowReport row;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        RowReport& row = rows.emplace_back();
         row.pass = passes;
-        row.row = ++number;
-        row.text = Trim(text);
-        rows.push_back(std::move(row));
+        row.row = static_cast<std::int32_t>(i) + 1;
     }
+    if (rowTexts.empty()) rowTexts = texts;
+}
+
+std::string RunReport::TextOf(const RowReport& row) const {
+    return Trim(rowTexts[static_cast<std::size_t>(row.row) - 1]);
 }
 
 // A job of nothing but moves has no rows.
@@ -155,7 +157,7 @@ const char* OutcomeWord(ExitCode code) {
 
 std::string JsonOf(const RunReport& report) {
     Json rows = Json::array();
-    for (const RowReport& row : report.rows) rows.push_back(RowJson(row));
+    for (const RowReport& row : report.rows) rows.push_back(RowJson(report, row));
     const Json json = {{"format", 1},
                        {"tool", std::string("tsj ") + ProductVersion},
                        {"job",

@@ -18,7 +18,6 @@ enum class Verdict { Ok, Failed, NotReached };
 struct RowReport {
     std::int32_t pass = 0;  // from 1
     std::int32_t row = 0;   // its number in the action list, from 1
-    std::string text;       // in the system code page
     double due = -1;
     double sent = -1;
     double searchMs = 0;
@@ -44,6 +43,9 @@ public:
     std::int32_t passes = 0;  // begun
     std::int64_t rowsLeftOut = 0;
     std::deque<RowReport> rows;
+    std::vector<std::string> rowTexts;  // of each pass the same, in the system code page
+
+    std::string TextOf(const RowReport& row) const;
 
     // Called at a failure, and gives the name of the file in which the desktop was kept, "" for none.
     std::function<std::string(const RowReport&)> keepPicture;

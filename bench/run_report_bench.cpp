@@ -1,0 +1,93 @@
+// What a report costs a run at maximum speed: each row's moments, searches and verdict are taken down on the way.
+#include <cstdlib>
+
+#include "bench/ratio.h"
+#include "folding/puni_listu.h"
+#include "platform/input.h"
+#include "platform/window_services.h"
+#include "replay/replay_events.h"
+#include "replay/target_search.h"
+#include "settings/settings.h"
+#include "simulated/desktop.h"
+#include "tsj_desktop/run_report.h"
+
+namespace {
+
+constexpr std::size_t EventCount = 200'000;
+constexpr int KeysInARow = 8;
+constexpr int MovesInARow = 10;
+
+JobEvent Mouse(std::int32_t action, int i, bool aimed) {
+    JobEvent event;
+    event.dwType() = platform::InputMouse;
+    event.dwFlags() = MouseFlagBase + action;
+    event.dx() = 150 + i % 300;
+    event.dy() = 150 + i % 200;
+    if (aimed) event.WindowChainIndex = 0;
+    return event;
+}
+
+JobEvent Key(std::int32_t state, int i) {
+    JobEvent event;
+    event.dwType() = platform::InputKeyboard;
+    event.KeyCode() = platform::ScanCodeOf('A' + i % 26) * 65536 + 'A' + i % 26;
+    event.KeyState() = state;
+    if (state == 0) event.WindowChainIndex = 0;
+    return event;
+}
+
+// A wheel turn of nothing comes first: nothing is sent before the first success. Then rows of turns, moves and keys.
+Job JobOfRows() {
+    Job job;
+    job.SpeedPercent = MaximumSpeed;
+    job.SafetyLevel = SafetyLow;
+    job.Windows.push_back({{}, "", "Edit", 15});
+    job.Chains.emplace_back();
+    job.Events.push_back(Mouse(platform::MouseWheel, 0, true));
+    for (int i = 0; job.Events.size() < EventCount; ++i) {
+        for (int move = 0; move < MovesInARow; ++move)
+            job.Events.push_back(Mouse(platform::MouseMove, i + move, false));
+        job.Events.push_back(Mouse(platform::MouseMiddleDown, i, true));
+        job.Events.push_back(Mouse(platform::MouseMiddleUp, i, false));
+        for (int key = 0; key < KeysInARow; ++key) {
+            job.Events.push_back(Key(0, i));
+            job.Events.push_back(Key(platform::KeyUp, i));
+        }
+    }
+    return job;
+}
+
+void Replay(Job& job, const std::vector<ActionRow>& folded, RunListener* listener) {
+    runListener = listener;
+    std::vector<ActionRow> rows = folded;
+    std::string reason;
+    if (ReplayEvents(job, rows, reason, "") != 1) std::abort();
+    runListener = nullptr;
+}
+
+}  // namespace
+
+int main() {
+    simulated::KeepJournals(false);
+    const platform::WindowHandle top = simulated::AddWindow({.className = "Target", .rect = {100, 100, 700, 500}});
+    const platform::WindowHandle edit =
+        simulated::AddWindow({.className = "Edit", .rect = {0, 0, 600, 400}, .parent = top, .controlId = 15});
+    simulated::SetFocus(edit);
+    settings.Display_Executing_Status = 0;
+    Job job = JobOfRows();
+    const std::vector<ActionRow> rows = FoldForReplay(job);
+    bench::ReportRatio(
+        "a run with a report / without",
+        [&] {
+            simulated::SetText(edit, "");
+            RunReport report;
+            Replay(job, rows, &report);
+            if (report.rows.back().verdict != Verdict::Ok) std::abort();
+        },
+        [&] {
+            simulated::SetText(edit, "");
+            Replay(job, rows, nullptr);
+        },
+        1.1);
+    return bench::ExitCode();
+}
