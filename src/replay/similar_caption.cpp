@@ -51,11 +51,8 @@ struct ScoredWindow {
     std::ptrdiff_t score = 0;
 };
 
-}  // namespace
-
-// Classes are the cheapest to ask for, captions come next, and to be found by name costs a walk of the system over all
-// windows: so that is asked of the best first, mostly once.
-SimilarWindow FindSimilarWindow(const std::string& className, const std::string& caption) {
+// The best first.
+std::vector<ScoredWindow> Scored(const std::string& className, const std::string& caption) {
     const Words recorded = WordsOf(caption);
     std::vector<ScoredWindow> scored;
     for (const platform::WindowHandle window : Candidates()) {
@@ -66,8 +63,28 @@ SimilarWindow FindSimilarWindow(const std::string& className, const std::string&
     }
     std::reverse(scored.begin(), scored.end());  // on a tie the later one wins
     std::ranges::stable_sort(scored, std::greater(), &ScoredWindow::score);
-    for (ScoredWindow& each : scored) {
-        if (each.live.IsFoundByName(0)) return {each.live.Handle(0), each.live.Caption(0)};
+    return scored;
+}
+
+}  // namespace
+
+// Classes are the cheapest to ask for, captions come next, and to be found by name costs a walk of the system over all
+// windows: so that is asked of the best first, mostly once.
+SimilarWindow FindSimilarWindow(const std::string& className, const std::string& caption, const SimilarTold& tell) {
+    SimilarWindow found;
+    for (ScoredWindow& each : Scored(className, caption)) {
+        Fate fate = Fate::AnotherIsBetter;
+        if (found.window == 0) fate = each.live.IsFoundByName(0) ? Fate::Taken : Fate::NotFoundByName;
+        if (fate == Fate::Taken) found = {each.live.Handle(0), each.live.Caption(0)};
+        if (tell) {
+            tell(each.live, fate);
+        } else if (found.window != 0) {
+            break;
+        }
     }
-    return {};
+    return found;
+}
+
+std::ptrdiff_t WordsInCommon(const std::string& recorded, const std::string& live) {
+    return Score(WordsOf(recorded), WordsOf(live));
 }

@@ -9,18 +9,15 @@
 #include "dictionary/sentences.h"
 #include "identity/live_chain.h"
 #include "identity/window_identity.h"
-#include "platform/clock.h"
 #include "platform/input.h"
-#include "platform/pump.h"
 #include "platform/text.h"
 #include "platform/window_services.h"
+#include "replay/search_hands.h"
+#include "replay/search_listener.h"
 #include "replay/similar_caption.h"
 #include "replay/status.h"
-#include "replay/timing.h"
 #include "replay/top_choice.h"
 #include "replay/window_match.h"
-#include "settings/settings.h"
-#include "trace/debug_trace.h"
 
 using platform::WindowHandle;
 
@@ -39,10 +36,6 @@ constexpr int WrongDepthLimit = 10;
 constexpr int RestlessLimit = 3;
 constexpr std::int32_t ChainLevels = 101;
 constexpr std::int64_t TooFar = 100000;  // pixels
-
-bool StatusShown() {
-    return settings.Display_Executing_Status == 1;
-}
 
 bool& PositionedFlag(WindowHandle window) {
     auto& flags = searchState.PositionedWindows;
@@ -88,7 +81,10 @@ class Search {
 public:
     Search(const SearchRequest& searchRequest, const std::vector<WindowSignature>& windows,
            const std::vector<WindowChain>& chains, std::string& failureReason)
-        : request(searchRequest), wanted(searchRequest.chainIndex, windows, chains), reason(failureReason) {}
+        : request(searchRequest),
+          wanted(searchRequest.chainIndex, windows, chains),
+          reason(failureReason),
+          hands(searchRequest.onlyLook) {}
 
     int Run();
 
@@ -97,12 +93,14 @@ private:
     enum class Step { Next, NewRound, Over };
 
     Step Round();
+    void ChooseListener();
 
     Step LookAtLiveWindow();
     int Attempts() const;
     bool KeysCanGo();
     bool IsTop(WindowHandle window) const;
     Step Compare();
+    Fate FateOfLive();
     bool IsTheElement();
     bool UncoverDesktop();
 
@@ -111,20 +109,20 @@ private:
     Step BringTopForward();
 
     Step LookForElement();
-    WindowHandle NearestElement(WindowHandle window) const;
-    bool IsElement(LiveChain& candidate) const;
+    WindowHandle NearestElement(WindowHandle window, SearchListener* to) const;
+    Fate FateOfElement(LiveChain& candidate) const;
     bool HasRightDepth(LiveChain& candidate) const;
     bool BringElementForward(WindowHandle element);
     bool FocusIsIn(WindowHandle window) const;
     bool BelongsTo(WindowHandle outer, WindowHandle window) const;
     bool IsCovered(WindowHandle top) const;
 
-    Step Confirmed(const WindowSignature& as);
+    Step Confirmed(bool asTop);
     Step WrongDepth();
     Step PutInPlace(std::int32_t liveDepth);
     bool PlaceLevels();
     bool TopWasMoved();
-    bool InputArrives();
+    Fate FateOfInput();
     void RememberTop(std::int32_t liveDepth);
     bool ShowsNewPage(WindowHandle top, std::int32_t level);
 
@@ -132,17 +130,27 @@ private:
     Step NotThere();
     int Fail();
     Step End(int searchResult);
-    static void SleepAndPump(int ms);
+    void SleepAndPump(int ms);
+    platform::Point AimedAt() const { return hands.Held() ? request.point : platform::CursorPosition(); }
     void SetCurrent(WindowHandle window);
     bool IsExcluded(WindowHandle window) const;
     bool TimeIsUp() const {
+        if (hands.Held()) return now > startTick;
         return now - startTick > std::max(request.waitSeconds * std::int64_t{1000}, request.graceMs);
     }
     bool IsHigh() const { return request.safetyLevel == SafetyHigh; }
 
+    // For who listens; never called without.
+    void TellElement(SearchListener& to, LiveChain candidate, Fate fate) const;
+    void TellCurrent(SearchStep step, Fate fate);
+    void TellStandIn(LiveChain& window, Fate fate) const;
+    WindowHandle InputGoesTo() const;
+
     const SearchRequest& request;
     const WantedChain wanted;
     std::string& reason;
+    SearchHands hands;
+    SearchListener* listener = nullptr;  // of this round
 
     std::int64_t startTick = 0;
     std::int64_t now = 0;  // at the start of the round
@@ -157,6 +165,7 @@ private:
     bool moved = false;       // the window found has another placement than the recorded one
     bool newTop = false;      // its top-level window is met for the first time in this run
     bool unsettled = false;   // something was moved, brought forward or waited for since the compare
+    bool foundAsTop = false;  // the window found was compared as a top-level window, and not with its whole chain
     WindowHandle target = 0;  // the top-level window of the one found
     std::optional<platform::WindowPlacement> placed;  // of that, when it was put in place
     int restless = 0;                                 // how often it did not stay there
@@ -168,14 +177,17 @@ int Search::Run() {
     searchState.rounds = 0;
     if (wanted.Top().ClassName == "Shell_TrayWnd" && request.useFocus) return TargetReady;
     // The clock is read between the rounds, so the first never times out, and a wait of 0 gets a second one.
-    startTick = now = platform::TickCount();
-    while (Round() != Step::Over) now = platform::TickCount();
+    startTick = now = hands.Now();
+    while (Round() != Step::Over) now = hands.Now();
+    if (listener != nullptr) listener->Ended(result, searchState.current);
     return result;
 }
 
 Search::Step Search::Round() {
     ++searchState.rounds;
-    if (EscapePressed(request.escHeld)) return End(TargetCanceled);
+    similar = request.similarAllowed && TimeIsUp();
+    if (request.listener != nullptr) ChooseListener();
+    if (hands.EscapePressed(request.escHeld)) return End(TargetCanceled);
     several = false;
     Step step = LookAtLiveWindow();
     if (step == Step::Next) step = LookForTop();
@@ -183,23 +195,32 @@ Search::Step Search::Round() {
     return step;
 }
 
+void Search::ChooseListener() {
+    const bool mayFail = TimeIsUp() || tries >= WrongDepthLimit;
+    listener = mayFail || !request.lastRoundsOnly ? request.listener : nullptr;
+    hands.ToldTo(listener);
+    if (listener != nullptr) listener->RoundBegins(request, wanted, similar);
+}
+
 // --- the live window ---
 
 Search::Step Search::LookAtLiveWindow() {
-    similar = request.similarAllowed && TimeIsUp();
     const int attempts = Attempts();
     for (int attempt = 1; attempt <= attempts; ++attempt) {
         if (request.useFocus) {
             if (KeysCanGo()) return End(TargetReady);
-            if (IsExcluded(searchState.current)) break;
+            if (IsExcluded(searchState.current)) {
+                if (listener != nullptr) TellCurrent(SearchStep::LiveWindow, Fate::OtherDepth);
+                break;
+            }
         } else {
-            SetCurrent(platform::WindowAt(platform::CursorPosition()));
+            SetCurrent(platform::WindowAt(AimedAt()));
         }
         if (const Step step = Compare(); step != Step::Next) return step;
         if (attempt == 1) continue;
         ++tries;
         SleepAndPump(RetryPause);
-        if (EscapePressed(request.escHeld)) return End(TargetCanceled);
+        if (hands.EscapePressed(request.escHeld)) return End(TargetCanceled);
     }
     return Step::Next;
 }
@@ -231,18 +252,26 @@ bool Search::IsTop(WindowHandle window) const {
 Search::Step Search::Compare() {
     lastMatch = MatchLive(live, wanted, similar);
     if (lastMatch >= MatchMoved) target = live.Handle(wanted.Depth());
-    if (lastMatch >= MatchMoved && IsTheTop(live, wanted) && IsTheElement()) {
+    const Fate fate = FateOfLive();
+    if (listener != nullptr) TellCurrent(SearchStep::LiveWindow, fate);
+    if (fate == Fate::Taken) {
         moved = lastMatch == MatchMoved;
         unsettled = false;
-        return Confirmed(wanted.Leaf());
+        return Confirmed(false);
     }
     return UncoverDesktop() ? Step::NewRound : Step::Next;
+}
+
+Fate Search::FateOfLive() {
+    if (lastMatch < MatchMoved) return FateOf(lastMatch);
+    if (!IsTheTop(live, wanted)) return Fate::AnotherIsTheTop;
+    return IsTheElement() ? Fate::Taken : Fate::AnotherIsNearer;
 }
 
 // An element away from its recorded place can be another one of its kind, when the window itself was moved.
 bool Search::IsTheElement() {
     if (lastMatch == MatchAll || !IsHigh() || wanted.Depth() == 0) return true;
-    const WindowHandle nearest = NearestElement(target);
+    const WindowHandle nearest = NearestElement(target, nullptr);
     return nearest == 0 || nearest == searchState.current;
 }
 
@@ -256,7 +285,7 @@ bool Search::UncoverDesktop() {
     if (root == platform::DesktopRoot()) return false;  // a bare desktop, without a shell
     platform::WindowPlacement placement = platform::PlacementOf(root);
     placement.showCmd = platform::ShowMinimized;
-    platform::SetPlacement(root, placement);
+    hands.Place(root, placement);
     return true;
 }
 
@@ -264,43 +293,51 @@ bool Search::UncoverDesktop() {
 
 Search::Step Search::LookForTop() {
     const WindowSignature& top = wanted.Top();
-    WindowHandle window = ChooseTop(top.ClassName, top.Caption, wanted, several);
+    WindowHandle window = ChooseTop(top.ClassName, top.Caption, wanted, several, listener);
     if (window == 0 && request.similarAllowed) window = FindStandIn();
     SetCurrent(window);
     // A recorded minimised or maximised state comes back with the placement.
-    if (window == 0 || !platform::SetPlacement(window, top.Placement)) return NotReady();
-    return Step::Next;
+    if (window == 0) return NotReady();
+    // Of several, the next round of another search would know it by its place.
+    if (hands.Held()) Meet(window, wanted, {});
+    if (hands.Place(window, top.Placement)) return Step::Next;
+    if (listener != nullptr) TellCurrent(SearchStep::TopWindow, Fate::NotPlaced);
+    return NotReady();
 }
 
 WindowHandle Search::FindStandIn() {
     const WindowSignature& top = wanted.Top();
     const std::string alias = searchState.CaptionAlias.Find(top.Caption);
-    if (!alias.empty()) return ChooseTop(top.ClassName, alias, wanted, several);
+    if (!alias.empty()) return ChooseTop(top.ClassName, alias, wanted, several, listener);
     if (!TimeIsUp()) return 0;
-    DebugTrace("Trazim similiar window: ");
-    const SimilarWindow found = FindSimilarWindow(top.ClassName, top.Caption);
+    hands.Trace("Trazim similiar window: ");
+    SimilarTold tell;
+    if (listener != nullptr) tell = [this](LiveChain& window, Fate fate) { TellStandIn(window, fate); };
+    const SimilarWindow found = FindSimilarWindow(top.ClassName, top.Caption, tell);
     if (found.window == 0) return 0;
     searchState.CaptionAlias.Add(top.Caption, found.caption);
-    DebugTrace("FOUND SIMILIAR NAME: ");
+    hands.Trace("FOUND SIMILIAR NAME: ");
     return found.window;
 }
 
 Search::Step Search::BringTopForward() {
     const bool hasElements = IsHigh() && wanted.Depth() > 0;
-    if (hasElements) platform::Sleep(RetryPause);
+    if (hasElements) hands.Sleep(RetryPause);
     const WindowHandle top = searchState.current;
     unsettled = true;
     target = top;
-    const bool forward = (platform::ForegroundWindow() == top && !IsCovered(top)) || platform::BringToForeground(top);
-    if (forward && request.useFocus && IsHigh() && !hasElements) platform::GiveFocus(top);
-    platform::Pump();
+    const bool forward = (platform::ForegroundWindow() == top && !IsCovered(top)) || hands.BringForward(top);
+    if (forward && request.useFocus && IsHigh() && !hasElements) hands.GiveFocus(top);
+    hands.Pump();
     if (hasElements) {
         // With its window in front, the window under the cursor may well be the right one now.
         childPhase = true;
         return Step::NewRound;
     }
     // At Medium this is all that was asked for.
-    return forward ? Confirmed(wanted.Top()) : NotReady();
+    if (forward) return Confirmed(true);
+    if (listener != nullptr) TellCurrent(SearchStep::TopWindow, Fate::NotForward);
+    return NotReady();
 }
 
 // --- the element in it ---
@@ -308,10 +345,13 @@ Search::Step Search::BringTopForward() {
 Search::Step Search::LookForElement() {
     target = searchState.current;
     unsettled = true;
-    if (const WindowHandle element = NearestElement(target); element != 0 && BringElementForward(element)) {
-        platform::Pump();
-        moved = true;
-        return Confirmed(wanted.Leaf());
+    if (const WindowHandle element = NearestElement(target, listener); element != 0) {
+        if (BringElementForward(element)) {
+            hands.Pump();
+            moved = true;
+            return Confirmed(false);
+        }
+        if (listener != nullptr) TellCurrent(SearchStep::Element, Fate::NotForward);
     }
     ++tries;
     if (TimeIsUp()) return End(Fail());
@@ -321,24 +361,32 @@ Search::Step Search::LookForElement() {
 }
 
 // Of several like elements in a window, the one nearest to the recorded place; on a tie the first. 0 for none.
-WindowHandle Search::NearestElement(WindowHandle window) const {
+WindowHandle Search::NearestElement(WindowHandle window, SearchListener* to) const {
     std::int64_t best = TooFar;
     WindowHandle nearest = 0;
     for (const WindowHandle descendant : DescendantsOf(window)) {
         LiveChain candidate(descendant);
-        if (!IsElement(candidate)) continue;
+        const Fate fate = FateOfElement(candidate);
+        if (fate != Fate::Taken) {
+            if (to != nullptr) TellElement(*to, candidate, fate);
+            continue;
+        }
         const platform::Rect place = platform::PlacementOf(descendant).rcNormalPosition;
         const std::int64_t distance = Distance(place, wanted.Leaf().Placement.rcNormalPosition);
+        const WindowHandle farther = distance < best ? nearest : descendant;
+        if (to != nullptr && farther != 0) TellElement(*to, LiveChain(farther), Fate::AnotherIsNearer);
         if (distance >= best) continue;
         best = distance;
         nearest = descendant;
     }
+    if (to != nullptr && nearest != 0) TellElement(*to, LiveChain(nearest), Fate::Taken);
     return nearest;
 }
 
-bool Search::IsElement(LiveChain& candidate) const {
-    return MatchNames(candidate, wanted, similar) >= MatchMoved && !IsExcluded(candidate.Handle(0)) &&
-           HasRightDepth(candidate);
+Fate Search::FateOfElement(LiveChain& candidate) const {
+    const int match = MatchNames(candidate, wanted, similar);
+    if (match < MatchMoved) return FateOf(match);
+    return !IsExcluded(candidate.Handle(0)) && HasRightDepth(candidate) ? Fate::Taken : Fate::OtherDepth;
 }
 
 // Recorded chains end at the first window that is found by its name, which is a top-level one. When another window of
@@ -351,15 +399,15 @@ bool Search::BringElementForward(WindowHandle element) {
     SetCurrent(element);
     if (request.useFocus && FocusIsIn(element)) return true;
     const bool forward =
-        platform::BringToForeground(element) || platform::ForegroundWindow() == live.Handle(live.Depth(ChainLevels));
+        hands.BringForward(element) || platform::ForegroundWindow() == live.Handle(live.Depth(ChainLevels));
     // Its window came forward with the focus where it was last; keys want it in this very element.
-    if (forward && request.useFocus && !FocusIsIn(element)) platform::GiveFocus(element);
+    if (forward && request.useFocus && !FocusIsIn(element)) hands.GiveFocus(element);
     return forward;
 }
 
 // A window in the foreground can lie under others that never became active.
 bool Search::IsCovered(WindowHandle top) const {
-    return !request.useFocus && !BelongsTo(top, platform::WindowAt(platform::CursorPosition()));
+    return !request.useFocus && !BelongsTo(top, platform::WindowAt(AimedAt()));
 }
 
 bool Search::FocusIsIn(WindowHandle window) const {
@@ -383,25 +431,29 @@ bool Search::BelongsTo(WindowHandle outer, WindowHandle window) const {
 // --- the last look ---
 
 // The current window matches: it becomes the target once its chain is as deep as the recorded one and everything is in
-// its place. `as` is the signature that it was found by.
-Search::Step Search::Confirmed(const WindowSignature& as) {
-    platform::Pump();
+// its place. `asTop`: it was found by the signature of the recorded top-level window, and else by that of the leaf.
+Search::Step Search::Confirmed(bool asTop) {
+    foundAsTop = asTop;
+    hands.Pump();
     if (wanted.Depth() >= ChainLevels) {
         throw RuntimeFailure(FailureKind::Range,
                              "A chain of " + std::to_string(wanted.Depth()) + " windows is too long to be replayed.");
     }
     const std::int32_t liveDepth = live.Depth(ChainLevels);
     if (IsHigh() && !HasRightDepth(live)) return WrongDepth();
+    const WindowSignature& as = asTop ? wanted.Top() : wanted.Leaf();
     if (const Step step = as.ClassName == "NetUIHWND" ? Step::Next : PutInPlace(liveDepth); step != Step::Next) {
         return step;  // such panes are no real windows to move
     }
     if (waited && !newTop) {
-        platform::Sleep(RetryPause);
+        hands.Sleep(RetryPause);
         unsettled = true;
     }
     RememberTop(liveDepth);
-    platform::Pump();
-    if (unsettled && !InputArrives()) return NotThere();
+    hands.Pump();
+    const Fate fate = unsettled ? FateOfInput() : Fate::Taken;
+    if (listener != nullptr) TellCurrent(SearchStep::LastLook, fate);
+    if (fate != Fate::Taken) return NotThere();
     Meet(target, wanted, placed);
     return End(TargetReady);
 }
@@ -416,23 +468,26 @@ bool LiesBehindLabel(WindowHandle element, WindowHandle hit) {
 
 // Whether input reaches the target as things are now. Something may have come in between while it was put in place, and
 // a window in front can have another element under the cursor or in the focus.
-bool Search::InputArrives() {
+Fate Search::FateOfInput() {
+    if (hands.Held())
+        return Fate::Taken;  // nothing was moved or brought forward: what it would come to is not to be seen
     const WindowHandle reached = IsHigh() ? searchState.current : target;
-    if (request.useFocus) return FocusIsIn(reached);
+    if (request.useFocus) return FocusIsIn(reached) ? Fate::Taken : Fate::InputElsewhere;
     // Some windows go on to another place by themselves; they are not put back for ever.
     if (IsHigh() && placed) {
         const platform::WindowPlacement standing = platform::PlacementOf(target);
-        if (!StandsAs(standing, *placed) && ++restless <= RestlessLimit) return false;
+        if (!StandsAs(standing, *placed) && ++restless <= RestlessLimit) return Fate::GoesElsewhere;
         placed = standing;
     }
-    const WindowHandle hit = platform::WindowAt(platform::CursorPosition());
-    if (!IsHigh()) return BelongsTo(reached, hit);
-    return hit == reached || LiesBehindLabel(reached, hit);
+    const WindowHandle hit = platform::WindowAt(AimedAt());
+    const bool arrives = IsHigh() ? hit == reached || LiesBehindLabel(reached, hit) : BelongsTo(reached, hit);
+    return arrives ? Fate::Taken : Fate::InputElsewhere;
 }
 
 // The right name in the right place, but not the target. The limit counts all misses and no time.
 Search::Step Search::WrongDepth() {
-    DebugTrace("OVO NE VALJA!!!");
+    hands.Trace("OVO NE VALJA!!!");
+    if (listener != nullptr) TellCurrent(SearchStep::LastLook, Fate::OtherDepth);
     excluded.push_back(searchState.current);
     if (++tries <= WrongDepthLimit) return Step::NewRound;
     reason.clear();
@@ -442,11 +497,14 @@ Search::Step Search::WrongDepth() {
 Search::Step Search::PutInPlace(std::int32_t liveDepth) {
     const bool topMoved = TopWasMoved();
     if (PositionedFlag(searchState.current) && !moved && !topMoved) {
-        DebugTrace("Vecpodecen Window: ");
+        hands.Trace("Vecpodecen Window: ");
         return Step::Next;
     }
     newTop = newTop || !PositionedFlag(live.Handle(liveDepth));
-    if (IsHigh() && !PlaceLevels()) return NotReady();
+    if (IsHigh() && !PlaceLevels()) {
+        if (listener != nullptr) TellCurrent(SearchStep::LastLook, Fate::NotPlaced);
+        return NotReady();
+    }
     placed = platform::PlacementOf(target);
     // Flags are set at High alone. At Medium every search that gets here pays this pause: the price of that level.
     if (!newTop && !topMoved) return Step::Next;
@@ -470,7 +528,7 @@ bool Search::PlaceLevels() {
         const platform::WindowPlacement& recorded = wanted.At(level).Placement;
         const platform::WindowPlacement standing = platform::PlacementOf(window);
         if (!WindowPlacementsEqual(recorded, standing) || ShowStateOf(recorded) != ShowStateOf(standing)) {
-            if (!platform::SetPlacement(window, recorded)) return false;
+            if (!hands.Place(window, recorded)) return false;
             unsettled = true;
         }
         PositionedFlag(window) = true;
@@ -486,9 +544,9 @@ void Search::RememberTop(std::int32_t liveDepth) {
     const WindowHandle top = level <= liveDepth ? live.Handle(level) : 0;
     std::string caption = top == 0 ? std::string() : live.Caption(level);
     if (ShowsNewPage(top, level)) {
-        if (StatusShown()) setStatus(StatusWebPage);
-        platform::Pump();
-        platform::Sleep(NewPagePause);
+        hands.ShowStatus(StatusWebPage);
+        hands.Pump();
+        hands.Sleep(NewPagePause);
         caption = LiveCaption(top);
     }
     searchState.lastTopCaption = caption;
@@ -506,7 +564,7 @@ bool Search::ShowsNewPage(WindowHandle top, std::int32_t level) {
 // The top-level window is not there, or does not answer: another round, while there is time.
 Search::Step Search::NotReady() {
     const std::string& caption = wanted.Top().Caption;
-    if (StatusShown()) setStatus(StatusWaitingForWindow, caption);
+    hands.ShowStatus(StatusWaitingForWindow, caption);
     ++tries;
     if (TimeIsUp()) {
         reason = several
@@ -544,8 +602,8 @@ Search::Step Search::End(int searchResult) {
 }
 
 void Search::SleepAndPump(int ms) {
-    platform::Sleep(ms);
-    platform::Pump();
+    hands.Sleep(ms);
+    hands.Pump();
 }
 
 void Search::SetCurrent(WindowHandle window) {
@@ -557,6 +615,42 @@ bool Search::IsExcluded(WindowHandle window) const {
     return std::find(excluded.begin(), excluded.end(), window) != excluded.end();
 }
 
+// --- what is told ---
+
+void Search::TellElement(SearchListener& to, LiveChain candidate, Fate fate) const {
+    const std::int32_t depth = fate == Fate::OtherDepth ? candidate.Depth(ChainLevels) : -1;
+    TellChain(to, SearchStep::Element, fate, candidate, wanted, similar, depth);
+}
+
+void Search::TellCurrent(SearchStep step, Fate fate) {
+    const WindowHandle other = fate == Fate::InputElsewhere ? InputGoesTo() : 0;
+    if (step == SearchStep::TopWindow || (step == SearchStep::LastLook && foundAsTop)) {
+        const std::string caption = live.Caption(0);  // the one that it was found by, be it an alias
+        if (step == SearchStep::TopWindow && caption != wanted.Top().Caption) step = SearchStep::StandIn;
+        return TellTop(*listener, step, fate, live, wanted, caption, other);
+    }
+    const std::int32_t depth = fate == Fate::OtherDepth ? live.Depth(ChainLevels) : -1;
+    TellChain(*listener, step, fate, live, wanted, similar, depth, other);
+}
+
+void Search::TellStandIn(LiveChain& window, Fate fate) const {
+    TellTop(*listener, SearchStep::StandIn, fate, window, wanted, wanted.Top().Caption);
+}
+
+WindowHandle Search::InputGoesTo() const {
+    WindowHandle foreground = 0;
+    return request.useFocus ? FocusedWindow(foreground) : platform::WindowAt(AimedAt());
+}
+
+// Puts searchState back.
+struct StateKeeper {
+    const SearchState before = searchState;
+    StateKeeper() = default;
+    StateKeeper(const StateKeeper&) = delete;
+    StateKeeper& operator=(const StateKeeper&) = delete;
+    ~StateKeeper() { searchState = before; }
+};
+
 }  // namespace
 
 void ResetSearch() {
@@ -567,5 +661,7 @@ void ResetSearch() {
 
 int FindTarget(const SearchRequest& request, const std::vector<WindowSignature>& windows,
                const std::vector<WindowChain>& chains, std::string& reason) {
+    if (!request.onlyLook) return Search(request, windows, chains, reason).Run();
+    const StateKeeper keeper;
     return Search(request, windows, chains, reason).Run();
 }

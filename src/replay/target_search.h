@@ -57,6 +57,8 @@ extern SearchState searchState;
 // Forgets what belongs to one run; the start of the next.
 void ResetSearch();
 
+class SearchListener;
+
 struct SearchRequest {
     std::int32_t speedPercent = 100;
     bool escHeld = false;
@@ -66,6 +68,16 @@ struct SearchRequest {
     std::int32_t waitSeconds = 0;
     std::int64_t graceMs = 0;  // waited at least: what the run has caught up since it was late
     bool useFocus = false;     // keys, text rows and the wheel; clicks look under the cursor
+
+    // A search that only looks does nothing to the desktop, pumps and waits for nothing, and leaves searchState as it
+    // is. What it would do is taken to succeed, and the wait to be over after the first round. It looks at this point
+    // of the desktop, where the cursor of a run would be.
+    bool onlyLook = false;
+    platform::Point point;
+
+    // Hears the search, or those of its rounds alone after which it can fail.
+    SearchListener* listener = nullptr;
+    bool lastRoundsOnly = false;
 };
 
 // Makes sure that the window of the request's chain is what input will reach. `reason` is set with

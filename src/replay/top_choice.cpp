@@ -30,15 +30,51 @@ bool WasMet(WindowHandle window) {
     return std::ranges::any_of(searchState.metTops, [&](const MetTop& each) { return each.window == window; });
 }
 
-std::vector<WindowHandle> NamedWindows(const std::string& className, const std::string& caption) {
+// Who is told of the windows that ChooseTop looks at.
+struct Telling {
+    SearchListener& listener;
+    const WantedChain& wanted;
+    const std::string& caption;
+
+    void Tell(WindowHandle window, Fate fate) const {
+        const auto step = caption == wanted.Top().Caption ? SearchStep::TopWindow : SearchStep::StandIn;
+        LiveChain live(window);
+        TellTop(listener, step, fate, live, wanted, caption);
+    }
+    void TellStranger(WindowHandle window, bool ofTheClass) const {
+        if (ofTheClass) return Tell(window, Fate::OtherCaption);
+        if (!caption.empty() && LiveCaption(window) == caption) Tell(window, Fate::OtherClass);
+    }
+    void TellHidden(const std::vector<WindowHandle>& windows) const {
+        for (const WindowHandle window : windows) {
+            if (!platform::IsShown(window)) Tell(window, Fate::Hidden);
+        }
+    }
+    void TellChoice(const std::vector<WindowHandle>& windows, WindowHandle chosen) const {
+        for (const WindowHandle window : windows) {
+            if (window != chosen) Tell(window, chosen == 0 ? Fate::OneOfSeveral : Fate::AnotherIsBetter);
+        }
+        if (chosen != 0) Tell(chosen, Fate::Taken);
+    }
+};
+
+std::vector<WindowHandle> NamedWindows(const std::string& className, const std::string& caption,
+                                       const Telling* telling = nullptr) {
     std::vector<WindowHandle> windows;
     platform::ForEachTopWindow([&](WindowHandle window) {
-        if (LiveClass(window) == className && LiveCaption(window) == caption) windows.push_back(window);
+        const bool ofTheClass = LiveClass(window) == className;
+        if (ofTheClass && LiveCaption(window) == caption) {
+            windows.push_back(window);
+        } else if (telling != nullptr) {
+            telling->TellStranger(window, ofTheClass);
+        }
         return true;
     });
     std::vector<WindowHandle> shown = windows;
     std::erase_if(shown, [](WindowHandle window) { return !platform::IsShown(window); });
-    return shown.empty() ? windows : shown;
+    if (shown.empty()) return windows;
+    if (telling != nullptr) telling->TellHidden(windows);
+    return shown;
 }
 
 // The only one, or 0.
@@ -90,18 +126,22 @@ ShowState ShowStateOf(const platform::WindowPlacement& placement) {
 }
 
 WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted,
-                       bool& several) {
+                       bool& several, SearchListener* listener) {
     several = false;
+    std::optional<Telling> telling;
+    if (listener != nullptr) telling.emplace(Telling{*listener, wanted, caption});
     // Mostly there is one such window, and it is asked for in one call.
     const WindowHandle first = platform::FindTopWindow(className, caption);
     if (first != 0 && platform::IsShown(first) && LiveClass(first) == className && LiveCaption(first) == caption &&
         HasRecordedRectangle(first, wanted)) {
+        if (telling) telling->Tell(first, Fate::Taken);
         return first;
     }
     // A caption with characters outside the code page is not found by what the code page makes of it, but compares
     // with it.
-    const std::vector<WindowHandle> windows = NamedWindows(className, caption);
+    const std::vector<WindowHandle> windows = NamedWindows(className, caption, telling ? &*telling : nullptr);
     const WindowHandle chosen = ChooseFrom(windows, wanted);
+    if (telling) telling->TellChoice(windows, chosen);
     several = chosen == 0 && !windows.empty();
     return chosen;
 }

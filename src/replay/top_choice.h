@@ -7,12 +7,14 @@
 #include <string>
 
 #include "platform/types.h"
+#include "replay/search_listener.h"
 #include "replay/window_match.h"
 
 // 0 when there is none of this class and caption (live texts, exact), or more than one and nothing to tell them by:
-// then `several` is set. Hidden windows count only when none is shown.
+// then `several` is set. Hidden windows count only when none is shown. A listener is told of each window of the class,
+// and of others with the caption.
 platform::WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted,
-                                 bool& several);
+                                 bool& several, SearchListener* listener = nullptr);
 
 // Whether ChooseTop would take the window at the recorded depth of `live`, which has the right class and caption. None
 // is as good as any.

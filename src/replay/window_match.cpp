@@ -77,6 +77,15 @@ int MatchLive(LiveChain& live, const WantedChain& wanted, bool similar) {
     return WindowPlacementsEqual(wanted.Leaf().Placement, live.Placement(0)) ? MatchAll : MatchMoved;
 }
 
+LevelMatch MatchLevel(LiveChain& live, const WantedChain& wanted, std::int32_t level, bool similar) {
+    const WindowSignature& recorded = level == 0 ? wanted.Leaf() : wanted.At(level);
+    const std::string& className = live.ClassName(level);
+    return {level == 0 ? LeafClassMatches(className, recorded.ClassName)
+                       : ParentClassMatches(className, recorded.ClassName),
+            CaptionMatches(live.Caption(level), recorded.Caption, similar),
+            WindowPlacementsEqual(recorded.Placement, live.Placement(level))};
+}
+
 int MatchWindow(platform::WindowHandle window, std::int32_t chainIndex, const std::vector<WindowSignature>& windows,
                 const std::vector<WindowChain>& chains, bool similar) {
     LiveChain live(window);

@@ -32,3 +32,12 @@ int MatchNames(LiveChain& live, const WantedChain& wanted, bool similar);
 
 // MatchWindow, likewise.
 int MatchLive(LiveChain& live, const WantedChain& wanted, bool similar);
+
+// What compares equal between a live window and the recorded one of a level, by the rules of MatchLive. (That takes
+// only the placement of the window itself for a difference.)
+struct LevelMatch {
+    bool className = false;
+    bool caption = false;
+    bool placement = false;
+};
+LevelMatch MatchLevel(LiveChain& live, const WantedChain& wanted, std::int32_t level, bool similar);
