@@ -14,6 +14,7 @@
 #include "platform/pump.h"
 #include "platform/window_services.h"
 #include "replay/click_spacing.h"
+#include "replay/explanation.h"
 #include "replay/focus_watch.h"
 #include "replay/reach.h"
 #include "replay/replay_log.h"
@@ -54,21 +55,6 @@ bool IsMouseMove(const JobEvent& event) {
 
 bool IsKeyDown(const JobEvent& event) {
     return event.KeyState() == 0 || event.KeyState() == platform::KeyExtended;
-}
-
-// The actions whose window is looked for. Releases and moves go where the press before them went.
-bool HasTarget(std::int32_t flags) {
-    switch (flags) {
-        case LeftDownFlags:
-        case RightDownFlags:
-        case MouseFlagBase + platform::MouseMiddleDown:
-        case MouseFlagBase + platform::MouseXDown:
-        case WheelFlags:
-        case DoubleClickFlags:
-            return true;
-        default:
-            return false;
-    }
 }
 
 ClickSpacing clickSpacing;  // of all runs: one can follow the other within the double-click time
@@ -131,6 +117,7 @@ private:
     const WindowChain& ChainOf(const JobEvent& event) const;
     const WindowSignature& LeafOf(const JobEvent& event) const;
     int Search(const JobEvent& event, bool useFocus, std::int32_t waitSeconds);
+    void KeepFailure(const SearchRequest& request, int result);
     int SearchForKeys(const JobEvent& event, std::int32_t waitSeconds);
     bool KeysStillGoTo(const WindowChain& chain) const;
     void RememberGoodChain(const WindowChain& chain);
@@ -149,6 +136,7 @@ private:
     std::vector<std::string> rowTexts;
     bool rowWasSent = false;
     std::int32_t lastResult = 0;  // of the last search or sending; above 0 is good; never reset between events
+    Explainer explainer;
     WindowChain lastGoodChain;
     platform::WindowHandle keyForeground = 0;  // that the last search for keys ended with; 0 when it failed
     std::int32_t lastFailedChain = -1;
@@ -380,23 +368,34 @@ const WindowSignature& Replay::LeafOf(const JobEvent& event) const {
 }
 
 int Replay::Search(const JobEvent& event, bool useFocus, std::int32_t waitSeconds) {
-    SearchRequest request;
-    request.speedPercent = job.SpeedPercent;
+    SearchRequest request = RequestFor(job, event, useFocus);
     request.escHeld = escHeld;
-    request.chainIndex = event.WindowChainIndex;
-    request.safetyLevel = job.SafetyLevel;
-    request.similarAllowed = job.SimilarWindowNames == 1;
     request.waitSeconds = waitSeconds;
     request.graceMs = MsCaughtUp(event);
-    request.useFocus = useFocus;
+    request.listener = &explainer;
+    request.lastRoundsOnly = true;
     const double begin = listener == nullptr ? 0 : ElapsedMs();
     const int found = FindTarget(request, job.Windows, job.Chains, reason);
     if (listener != nullptr) listener->Searched(rowIndex, ElapsedMs() - begin, searchState.rounds, found);
     // While the desktop is away no window is found either; that is the reason to tell.
     if (const std::int32_t desktop = CheckDesktop(reason); desktop < 1) return desktop;
-    if (found < 1) return found;
     // A press goes to the window that has just been confirmed.
-    return CheckReach(useFocus ? WindowOf(Receiver::Keys) : searchState.current, reason);
+    const int reached =
+        found < 1 ? found : CheckReach(useFocus ? WindowOf(Receiver::Keys) : searchState.current, reason);
+    if (reached < 1 && reached != TargetCanceled) KeepFailure(request, reached);
+    return reached;
+}
+
+// As the search has told it. What failed in a round that nobody listened to, or only afterwards, is looked at once
+// more.
+void Replay::KeepFailure(const SearchRequest& request, int result) {
+    Explanation explanation = explainer.Heard();
+    if (explanation.result != result) explanation = ExplainRequest(request, job.Windows, job.Chains);
+    explanation.result = result;
+    explanation.reason = reason;
+    explanation.row = CurrentRowText();
+    KeepFailedSearch(explanation);
+    explainer.Reset();
 }
 
 int Replay::SearchForKeys(const JobEvent& event, std::int32_t waitSeconds) {
@@ -631,7 +630,7 @@ Replay::Ending Replay::PlayMouse(std::int32_t index) {
     }
     KeepStatusWindowsAway(event);
     MoveCursor(event.dx(), event.dy());
-    if (HasTarget(event.dwFlags())) {
+    if (LooksForWindow(event)) {
         if (const Ending ending = Aim(event)) return ending;
     }
     if (settings.Display_Executing_Status == 1) setStatus(StatusRunning);
@@ -719,7 +718,7 @@ void Replay::SendMouse(JobEvent& event) {
     lastResult = platform::SendInput(event);
     event.mouseTime() = progressTime;
     if (lastResult > 0) NoteButton(event);
-    if (lastResult > 0 && HasTarget(event.dwFlags()) && event.dwFlags() != WheelFlags) clickSpacing.Sent();
+    if (lastResult > 0 && LooksForWindow(event) && event.dwFlags() != WheelFlags) clickSpacing.Sent();
     if (event.dwFlags() == LeftDownFlags) DebugTrace("Left Down retval");
 }
 

@@ -24,6 +24,7 @@
 #include "platform/tray.h"
 #include "platform/window_services.h"
 #include "recording/recording_state.h"
+#include "replay/explanation.h"
 #include "replay/main_window_view.h"
 #include "replay/reach.h"
 #include "replay/replay_events.h"
@@ -199,6 +200,7 @@ void JobRun::Prepare() {
     status_view::ShowExecuting2(name);
     if (!jobPath.empty()) ReadJob(jobPath, job);
     ResetSearch();
+    ForgetFailedSearch();
     DebugTrace("");
     DebugTrace("Executing");
     if (!logPath.empty()) LogOptions();

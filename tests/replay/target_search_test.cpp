@@ -3,6 +3,7 @@
 #include "dictionary/dictionary.h"
 #include "identity/live_chain.h"
 #include "identity/window_identity.h"
+#include "replay/explanation_text.h"
 #include "replay/similar_caption.h"
 #include "settings/settings.h"
 #include "support/status_view_stand_in.h"
@@ -12,6 +13,56 @@ namespace {
 
 using platform::WindowHandle;
 using simulated::AddWindow;
+
+bool AllEqual(const std::vector<LevelComparison>& levels, std::size_t from) {
+    return std::all_of(levels.begin() + static_cast<std::ptrdiff_t>(from), levels.end(), [](const auto& level) {
+        return !level.recorded || (level.equal.className && level.equal.caption);
+    });
+}
+
+// What is told of a window does not contradict what became of it.
+void ExpectTold(const Candidate& candidate) {
+    const LevelMatch& own = candidate.levels.at(0).equal;
+    switch (candidate.fate) {
+        case Fate::OtherClass:
+            EXPECT_FALSE(own.className);
+            break;
+        case Fate::OtherCaption:
+            EXPECT_TRUE(own.className && !own.caption);
+            break;
+        case Fate::OtherParents:
+            EXPECT_TRUE(own.className && own.caption && !AllEqual(candidate.levels, 1));
+            break;
+        case Fate::AnotherIsBetter:
+        case Fate::NotFoundByName:
+        case Fate::Taken:
+            EXPECT_TRUE(candidate.step == SearchStep::StandIn || AllEqual(candidate.levels, 0));
+            break;
+        default:
+            EXPECT_TRUE(AllEqual(candidate.levels, 0));
+    }
+}
+
+// The story that a search tells ends as the search did: it leads to the window that was found, or gives a reason for
+// each that it leads to.
+void ExpectTold(const Explanation& told, int result, WindowHandle found) {
+    EXPECT_EQ(told.result, result);
+    const Candidate* last = nullptr;
+    for (const Candidate& each : told.candidates) {
+        ExpectTold(each);
+        if (each.step == SearchStep::LastLook) last = &each;
+    }
+    const std::string text = LikelyReason(told);
+    EXPECT_EQ(text.find('<'), std::string::npos) << text;
+    if (result < TargetReady) {
+        EXPECT_TRUE(last == nullptr || last->fate != Fate::Taken);
+        EXPECT_EQ(result == TargetCanceled, text.empty());
+    } else if (last != nullptr) {
+        EXPECT_EQ(last->fate, Fate::Taken);
+        EXPECT_EQ(last->window, found);
+        EXPECT_EQ(told.found, found);
+    }
+}
 using simulated::WindowSpec;
 
 constexpr int Pause = 200;   // between two looks
@@ -61,10 +112,15 @@ protected:
 
     int Find() {
         const std::int64_t begin = platform::TickCount();
+        told.Reset();
+        request.listener = &told;
         const int result = FindTarget(request, windows, chains, reason);
         took = platform::TickCount() - begin;
+        const bool taskBar = Signature(Chain().Depth).ClassName == "Shell_TrayWnd";  // not searched for
+        if (!taskBar || !request.useFocus) ExpectTold(told.Heard(), result, searchState.current);
         return result;
     }
+    std::string Why() const { return LikelyReason(told.Heard()); }
     // A search that is over and done with: what it put in place needs no pause the next time.
     void FindOnce() { ASSERT_EQ(Find(), TargetReady); }
 
@@ -108,6 +164,7 @@ protected:
     std::vector<WindowSignature> windows;  // as a job has them
     std::vector<WindowChain> chains;
     SearchRequest request;
+    Explainer told;
     std::string reason = "as before";
     std::int64_t took = 0;
 };
