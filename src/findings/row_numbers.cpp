@@ -3,25 +3,6 @@
 #include <algorithm>
 #include <numeric>
 
-namespace {
-
-// A fold shows a box for an event of an unknown kind. This one is passed over without a word: a key event that has
-// neither gone down nor come up.
-JobEvent Ignored(const JobEvent& event) {
-    constexpr std::int32_t SentByAProgram = 16;
-    JobEvent ignored;
-    ignored.dwType() = platform::InputKeyboard;
-    ignored.KeyState() = SentByAProgram;
-    ignored.time() = event.time();
-    return ignored;
-}
-
-bool IsKnownType(const JobEvent& event) {
-    return event.dwType() >= platform::InputMouse && event.dwType() <= TextContinuation && event.dwType() != 3;
-}
-
-}  // namespace
-
 RowNumbers::RowNumbers(const Job& job, bool isWhole) {
     if (isWhole) {
         FoldEvents({job.Events, job.Strings, job.Windows, job.Chains}, rows, nullptr);
@@ -39,13 +20,11 @@ void RowNumbers::FoldCopy(const Job& job) {
 }
 
 void RowNumbers::CopyEvents(const Job& job) {
-    const std::size_t count = places.empty() ? job.Events.size() : places.size();
     events.clear();
-    events.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        const JobEvent& event = job.Events[places.empty() ? i : static_cast<std::size_t>(places[i])];
-        events.push_back(IsKnownType(event) ? event : Ignored(event));
-    }
+    if (places.empty()) events = job.Events;
+    events.reserve(places.size());
+    for (const std::int32_t place : places) events.push_back(job.Events[static_cast<std::size_t>(place)]);
+    PassOverUnknownEvents(events);
 }
 
 // True when there were some.

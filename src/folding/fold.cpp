@@ -383,6 +383,21 @@ void FoldEvents(const JobArrays& job, FoldedRows& rows, std::vector<JobEvent>* e
     Pass(job, rows, edited).Run();
 }
 
+void PassOverUnknownEvents(std::vector<JobEvent>& events) {
+    constexpr std::int32_t neitherDownNorUp = 16;
+    for (JobEvent& event : events) {
+        const std::int32_t type = event.dwType();
+        if (type == platform::InputMouse || type == platform::InputKeyboard) continue;
+        if (type == INPUT_TEXT || type == TextContinuation) continue;
+        const std::int32_t time = event.time();
+        event = {};
+        event.dwType() = platform::InputKeyboard;
+        event.KeyCode() = type;
+        event.KeyState() = neitherDownNorUp;
+        event.time() = time;
+    }
+}
+
 bool KeyRowComesNext(const FoldedRows& rows, std::size_t keyRowsDone, std::size_t mouseRowsDone) {
     if (mouseRowsDone == rows.MouseRows.size()) return true;
     return keyRowsDone < rows.KeyRows.size() &&

@@ -67,6 +67,10 @@ struct FoldedRows {
 // without keys, a key without a token. An event of an unknown type shows a box and is passed over.
 void FoldEvents(const JobArrays& job, FoldedRows& rows, std::vector<JobEvent>* edited);
 
+// A fold shows a box for an event of an unknown kind. This makes such events ones that it passes over without a word,
+// in no row; they keep their times, and their kind as the code of a key.
+void PassOverUnknownEvents(std::vector<JobEvent>& events);
+
 // For a merge of the rows by their first events: whether, with so many of each kind done, a keystroke row follows.
 bool KeyRowComesNext(const FoldedRows& rows, std::size_t keyRowsDone, std::size_t mouseRowsDone);
 

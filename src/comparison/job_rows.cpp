@@ -1,0 +1,232 @@
+#include "comparison/job_rows.h"
+
+#include <bit>
+#include <functional>
+#include <string_view>
+#include <utility>
+
+#include "dictionary/dictionary.h"
+#include "platform/types.h"
+
+namespace {
+
+constexpr std::uint64_t Typing = ~0ULL;  // no action of the mouse has such flags
+
+// A step of a hash. The two arguments count differently, so that equal ones do not cancel out.
+std::uint64_t Mixed(std::uint64_t hash, std::uint64_t value) {
+    value = std::rotl(value * 0x87C37B91114253D5U, 31) * 0x4CF5AD432745937FU;
+    return std::rotl(hash ^ value, 27) * 5 + 0x52DCE729U;
+}
+
+std::uint64_t Bits(std::int64_t value) {
+    return static_cast<std::uint64_t>(value);
+}
+
+std::uint64_t Pair(std::int32_t a, std::int32_t b) {
+    return Bits(a) << 32 | (Bits(b) & 0xFFFFFFFFU);
+}
+
+std::uint64_t HashOf(std::string_view text) {
+    return std::hash<std::string_view>()(text);
+}
+
+std::uint64_t HashOf(const WindowSignature& window) {
+    return Mixed(Mixed(HashOf(window.ClassName), HashOf(window.Caption)), Bits(window.ControlId));
+}
+
+// The windows of a job by number: hashes of what they say, and the corner that places are counted from.
+class Windows {
+public:
+    explicit Windows(const JobArrays& jobArrays) : arrays(jobArrays) {
+        for (const WindowSignature& window : arrays.Windows) windows.push_back(HashOf(window));
+        for (const WindowChain& chain : arrays.Chains) chains.push_back(HashOf(chain));
+    }
+
+    // A chain that leads nowhere counts by its index.
+    std::uint64_t OfChain(std::int32_t chain) const {
+        if (chain < 0) return 0;
+        const auto index = static_cast<std::size_t>(chain);
+        return index < chains.size() ? chains[index] : Bits(chain);
+    }
+
+    // Of a window in its normal place; of all others, that of the screen.
+    platform::Point CornerOf(std::int32_t chain) const {
+        const WindowSignature* const top = chain < 0 ? nullptr : FindOutermostWindow(arrays, chain);
+        if (top == nullptr || top->Placement.showCmd != platform::ShowNormal) return {};
+        return {top->Placement.rcNormalPosition.left, top->Placement.rcNormalPosition.top};
+    }
+
+private:
+    std::uint64_t HashOf(const WindowSignature& window) const { return ::HashOf(window); }
+    std::uint64_t HashOf(const WindowChain& chain) const {
+        std::uint64_t hash = 1;
+        for (std::int32_t level = 0; level <= chain.Depth && level < WindowChain::MaximumLevels; ++level) {
+            const std::int32_t window = chain.Path[static_cast<std::size_t>(level)];
+            const bool exists = window >= 0 && static_cast<std::size_t>(window) < windows.size();
+            hash = Mixed(hash, exists ? windows[static_cast<std::size_t>(window)] : Bits(window));
+        }
+        return hash;
+    }
+
+    const JobArrays arrays;
+    std::vector<std::uint64_t> windows;
+    std::vector<std::uint64_t> chains;
+};
+
+std::string_view StoredTextOf(const KeyRow& row) {
+    return std::string_view(row.Text).substr(0, static_cast<std::size_t>(row.StoredLength));
+}
+
+// A row while its events are read.
+struct Reading {
+    std::int64_t start = 0;
+    platform::Point corner;
+};
+
+// Reads every event once, into the row that it belongs to.
+class MeaningReader {
+public:
+    MeaningReader(const EditState& foldedState, std::vector<RowMeaning>& rowMeanings)
+        : state(foldedState),
+          windows({state.PristineEvents, state.Strings, state.Windows, state.Chains}),
+          meanings(rowMeanings),
+          readings(rowMeanings.size()) {}
+
+    void Run();
+
+private:
+    bool IsMouseRow(std::size_t row) const;
+    std::int32_t FirstEventOf(std::size_t row) const;
+    void Begin(std::size_t row);
+    void Add(std::size_t row, const JobEvent& event);
+    std::size_t RowOf(const JobEvent& folded) const;
+
+    const EditState& state;
+    const Windows windows;
+    std::vector<RowMeaning>& meanings;
+    std::vector<Reading> readings;
+    std::vector<std::size_t> gridRowOfKeyRow;
+    std::size_t begun = 0;     // as many rows
+    std::size_t mouseRow = 0;  // the last of them that is one
+};
+
+void MeaningReader::Run() {
+    gridRowOfKeyRow.resize(state.KeyRows.size());
+    if (meanings.empty()) return;
+    for (std::size_t i = 0; i < state.PristineEvents.size(); ++i) {
+        while (begun < meanings.size() && FirstEventOf(begun) <= static_cast<std::int32_t>(i)) Begin(begun++);
+        Add(RowOf(state.EditEvents[i]), state.PristineEvents[i]);
+    }
+}
+
+bool MeaningReader::IsMouseRow(std::size_t row) const {
+    return state.RowKind[row] == MouseRowKind;
+}
+
+std::int32_t MeaningReader::FirstEventOf(std::size_t row) const {
+    const auto index = static_cast<std::size_t>(state.RowIndex[row]);
+    return IsMouseRow(row) ? state.MouseRows[index].FirstEvent : state.KeyRows[index].FirstEvent;
+}
+
+// The fold has made texts of the events of keystroke rows, with the numbers of their rows. What is in no row goes to
+// the one in front of it.
+std::size_t MeaningReader::RowOf(const JobEvent& folded) const {
+    const std::int32_t type = folded.dwType();
+    if (type == platform::InputMouse) return mouseRow;
+    if (type != INPUT_TEXT && type != TextContinuation) return begun == 0 ? 0 : begun - 1;
+    const auto keyRow = static_cast<std::size_t>(folded.StringIndex()) - 1;
+    return keyRow < gridRowOfKeyRow.size() ? gridRowOfKeyRow[keyRow] : mouseRow;
+}
+
+void MeaningReader::Begin(std::size_t row) {
+    const JobEvent& event = state.PristineEvents[static_cast<std::size_t>(FirstEventOf(row))];
+    readings[row] = {event.time(), windows.CornerOf(event.WindowChainIndex)};
+    RowMeaning& meaning = meanings[row];
+    const auto index = static_cast<std::size_t>(state.RowIndex[row]);
+    if (IsMouseRow(row)) {
+        mouseRow = row;
+        meaning.action = Bits(state.MouseRows[index].Flags);
+    } else {
+        gridRowOfKeyRow[index] = row;
+        meaning.action = Typing;
+        meaning.content = HashOf(StoredTextOf(state.KeyRows[index]));
+    }
+    meaning.window = windows.OfChain(event.WindowChainIndex);
+    if (event.WindowChainIndex >= 0) meaning.waiting = Pair(event.WaitForWindow, event.IfNoWindow);
+}
+
+void MeaningReader::Add(std::size_t row, const JobEvent& event) {
+    RowMeaning& meaning = meanings[row];
+    const Reading& reading = readings[row];
+    meaning.timing = Mixed(meaning.timing, Bits(event.time() - reading.start));
+    switch (event.dwType()) {
+        case platform::InputMouse:
+            meaning.content =
+                Mixed(Mixed(meaning.content, Pair(event.dx() - reading.corner.x, event.dy() - reading.corner.y)),
+                      Pair(event.mouseData(), event.dwFlags()));
+            return;
+        case platform::InputKeyboard:
+            meaning.content = Mixed(meaning.content, Pair(event.KeyCode() % 65536, event.KeyState()));
+            return;
+        default:
+            return;
+    }
+}
+
+std::uint64_t NumberOf(const RowMeaning& meaning) {
+    return Mixed(Mixed(Mixed(Mixed(meaning.action, meaning.window), meaning.content), meaning.timing), meaning.waiting);
+}
+
+// Puts a job in the place of the one that is open, as long as it lives.
+class Borrowed {
+public:
+    explicit Borrowed(EditState& aside) : other(aside) { std::swap(editState, other); }
+    ~Borrowed() { std::swap(editState, other); }
+    Borrowed(const Borrowed&) = delete;
+    Borrowed& operator=(const Borrowed&) = delete;
+
+private:
+    EditState& other;
+};
+
+}  // namespace
+
+JobRows::JobRows(Job job) {
+    PassOverUnknownEvents(job.Events);
+    state.header = job;
+    state.PristineEvents = std::move(job.Events);
+    state.EditEvents = state.PristineEvents;
+    state.Strings = std::move(job.Strings);
+    state.Windows = std::move(job.Windows);
+    state.Chains = std::move(job.Chains);
+    {
+        const Borrowed borrowed(state);
+        PopuniListu({}, true);
+    }
+    ReadMeanings();
+}
+
+void JobRows::ReadMeanings() {
+    meanings.resize(state.RowIndex.size());
+    MeaningReader(state, meanings).Run();
+    numbers.reserve(meanings.size());
+    for (const RowMeaning& meaning : meanings) numbers.push_back(NumberOf(meaning));
+}
+
+std::int64_t JobRows::StartOf(std::int32_t row) const {
+    const auto index = static_cast<std::size_t>(state.RowIndex[static_cast<std::size_t>(row)]);
+    const bool mouse = state.RowKind[static_cast<std::size_t>(row)] == MouseRowKind;
+    return EventAt(mouse ? state.MouseRows[index].FirstEvent : state.KeyRows[index].FirstEvent).time();
+}
+
+std::int64_t JobRows::EndOf(std::int32_t row) const {
+    const auto index = static_cast<std::size_t>(state.RowIndex[static_cast<std::size_t>(row)]);
+    const bool mouse = state.RowKind[static_cast<std::size_t>(row)] == MouseRowKind;
+    return EventAt(mouse ? state.MouseRows[index].LastEvent : state.KeyRows[index].LastEvent).time();
+}
+
+GridColumns JobRows::ColumnsOf(std::int32_t row) {
+    Translate("Job Editor");  // a lookup sets the words of the rows
+    const Borrowed borrowed(state);
+    return RowColumns(row);
+}
