@@ -9,18 +9,15 @@ std::int32_t LevelsOf(const WindowChain& chain) {
     return static_cast<std::int32_t>(chain.Path.rend() - last);
 }
 
+bool CarriesAll(const WindowChain& chain) {
+    return std::all_of(chain.Path.begin() + LevelsOf(chain), chain.Path.end(),
+                       [](std::int32_t window) { return window == 0; });
+}
+
 JobEvent Carried(const JobEvent& event) {
-    if (event.dwType() == platform::InputMouse) return event;
     JobEvent carried = event;
-    carried.word = {};
-    carried.dwType() = event.dwType();
-    carried.keyTime() = event.keyTime();
-    if (event.dwType() == platform::InputKeyboard) {
-        carried.KeyCode() = event.KeyCode();
-        carried.KeyState() = event.KeyState();
-        carried.keyExtraInfo() = event.keyExtraInfo();
-    } else if (event.dwType() == INPUT_TEXT || event.dwType() == TextContinuation) {
-        carried.StringIndex() = event.StringIndex();
+    for (std::size_t word = 0; word < event.word.size(); ++word) {
+        if ((WordsCarried(event.dwType()) >> word & 1) == 0) carried.word[word] = 0;
     }
     return carried;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <iterator>
 
 #include "keystrokes/notation.h"
@@ -12,38 +13,51 @@ constexpr EventAction Mouse(std::string_view name, std::int32_t flag) {
     return {name, platform::InputMouse, MouseFlagBase + flag};
 }
 
-// The most frequent ones first.
+// First those of the mouse, by the bits of their flags.
 constexpr EventAction Actions[] = {
     Mouse("move", platform::MouseMove),
-    {"key down", platform::InputKeyboard, 0},
-    {"key up", platform::InputKeyboard, platform::KeyUp},
     Mouse("left down", platform::MouseLeftDown),
     Mouse("left up", platform::MouseLeftUp),
-    Mouse("wheel", platform::MouseWheel),
-    {"extended key down", platform::InputKeyboard, platform::KeyExtended},
-    {"extended key up", platform::InputKeyboard, platform::KeyExtended | platform::KeyUp},
     Mouse("right down", platform::MouseRightDown),
     Mouse("right up", platform::MouseRightUp),
     Mouse("middle down", platform::MouseMiddleDown),
     Mouse("middle up", platform::MouseMiddleUp),
     Mouse("x down", platform::MouseXDown),
     Mouse("x up", platform::MouseXUp),
+    Mouse("wheel", platform::MouseWheel),
     {"double click", platform::InputMouse, DoubleClickFlags},
+    {"mouse", platform::InputMouse, 0, false},
+    {"key down", platform::InputKeyboard, 0},  // and the other states of keys
+    {"extended key down", platform::InputKeyboard, platform::KeyExtended},
+    {"key up", platform::InputKeyboard, platform::KeyUp},
+    {"extended key up", platform::InputKeyboard, platform::KeyExtended | platform::KeyUp},
+    {"key", platform::InputKeyboard, 0, false},
     {"text", INPUT_TEXT, 0},
     {"continuation", TextContinuation, 0},
-    {"mouse", platform::InputMouse, 0, false},
-    {"key", platform::InputKeyboard, 0, false},
 };
+enum ActionPlace : std::size_t {
+    XUpPlace = 8,
+    WheelPlace,
+    DoubleClickPlace,
+    OtherMousePlace,
+    KeyDownPlace,
+    OtherKeyPlace = 16,
+    TextPlace,
+    ContinuationPlace
+};
+
+std::size_t MousePlace(std::int32_t flags) {
+    const auto bits = static_cast<std::uint32_t>(flags - MouseFlagBase);
+    const auto bit = static_cast<std::size_t>(std::countr_zero(bits));
+    if (std::has_single_bit(bits) && bit <= XUpPlace) return bit;
+    if (bits == platform::MouseWheel) return WheelPlace;
+    return flags == DoubleClickFlags ? DoubleClickPlace : OtherMousePlace;
+}
 
 constexpr std::string_view Choices[] = {"stop", "skip action", "execute anyway"};
 
 constexpr std::int32_t KeyCount = 256;
 constexpr std::string_view KeyCharacters = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";  // a key is its character's number
-
-bool Stands(const EventAction& action, std::int32_t type, std::int32_t value) {
-    return action.type == type &&
-           (action.value == value || !action.isNamed || type == INPUT_TEXT || type == TextContinuation);
-}
 
 // The two ALT keys have one name: it is the left one's.
 std::array<std::string_view, KeyCount> UniqueNames() {
@@ -73,11 +87,20 @@ std::optional<std::int64_t> PlaceIn(const List& names, std::string_view name) {
 }  // namespace
 
 const EventAction* ActionOf(const JobEvent& event) {
-    const std::int32_t value = event.dwType() == platform::InputMouse ? event.dwFlags() : event.KeyState();
-    const auto* const found = std::find_if(std::begin(Actions), std::end(Actions), [&](const EventAction& action) {
-        return Stands(action, event.dwType(), value);
-    });
-    return found == std::end(Actions) ? nullptr : found;
+    switch (event.dwType()) {
+        case platform::InputMouse:
+            return &Actions[MousePlace(event.dwFlags())];
+        case platform::InputKeyboard:
+            return &Actions[event.KeyState() >= 0 && event.KeyState() <= 3
+                                ? KeyDownPlace + static_cast<std::size_t>(event.KeyState())
+                                : OtherKeyPlace];
+        case INPUT_TEXT:
+            return &Actions[TextPlace];
+        case TextContinuation:
+            return &Actions[ContinuationPlace];
+        default:
+            return nullptr;
+    }
 }
 
 std::optional<std::int64_t> FindAction(std::string_view name) {

@@ -18,6 +18,7 @@ namespace {
 
 constexpr std::size_t BlockSize = 128ULL * 1024;
 constexpr std::size_t LongestNumber = 20;
+constexpr std::size_t LongestEvent = 1024;  // its members take less than half of that
 constexpr std::size_t TailBytesInLine = 64;
 
 // The text on its way to the sink.
@@ -26,36 +27,51 @@ public:
     explicit Blocks(const TextSink& textSink) : sink(textSink), block(BlockSize) {}
 
     Blocks& operator<<(std::string_view text) {
+        if (text.size() > Free()) Flush();
         if (text.size() > Free()) {
-            Flush();
-            if (text.size() > Free()) {
-                sink(text);
-                return *this;
-            }
+            sink(text);
+        } else {
+            Put(text);
         }
-        std::memcpy(block.data() + used, text.data(), text.size());
-        used += text.size();
+        return *this;
+    }
+    Blocks& operator<<(std::int64_t number) {
+        if (Free() < LongestNumber) Flush();
+        PutNumber(number);
         return *this;
     }
 
-    Blocks& operator<<(std::int64_t number) {
-        if (Free() < LongestNumber) Flush();
-        char* const start = block.data() + used;
-        used += static_cast<std::size_t>(std::to_chars(start, start + Free(), number).ptr - start);
-        return *this;
+    // Makes room for what is put next without a look at the room that is left: events are written in millions.
+    void MakeRoom(std::size_t size) {
+        if (Free() < size) Flush();
+    }
+    void Put(std::string_view text) { next = std::copy(text.begin(), text.end(), next); }
+    template <std::size_t N>
+    void Put(const char (&text)[N]) {
+        std::memcpy(next, text, N - 1);  // of a length that the compiler knows
+        next += N - 1;
+    }
+    template <class Integer>
+    void PutNumber(Integer number) {
+        next = std::to_chars(next, next + LongestNumber, number).ptr;
+    }
+    template <std::size_t N>
+    void PutMember(const char (&text)[N], std::int32_t number) {
+        Put(text);
+        PutNumber(number);
     }
 
     void Flush() {
-        if (used > 0) sink({block.data(), used});
-        used = 0;
+        if (next != block.data()) sink({block.data(), static_cast<std::size_t>(next - block.data())});
+        next = block.data();
     }
 
 private:
-    std::size_t Free() const { return block.size() - used; }
+    std::size_t Free() const { return static_cast<std::size_t>(block.data() + block.size() - next); }
 
     const TextSink& sink;
     std::vector<char> block;
-    std::size_t used = 0;
+    char* next = block.data();
 };
 
 // Control characters break lines, also in programs that only show a file; JSON itself asks for the first 32 alone.
@@ -89,6 +105,10 @@ std::string Quoted(std::string_view utf8) {
     return quoted + '"';
 }
 
+// A record without fixed text, which is all that can be padded in an odd way.
+template <class Record>
+constexpr bool IsAllWords = std::is_same_v<Record, JobEvent> || std::is_same_v<Record, WindowChain>;
+
 class Exporter {
 public:
     Exporter(const JobParts& jobParts, const TextSink& sink, int textCodePage, TextPace& textPace)
@@ -118,8 +138,10 @@ private:
     void WriteRecord(const WindowSignature& window);
     void WriteRecord(const WindowChain& chain);
 
-    void WriteAction(const JobEvent& event);
-    void WriteKey(const JobEvent& event);
+    void PutAction(const JobEvent& event);
+    void PutMouse(const JobEvent& event);
+    void PutKey(const JobEvent& event);
+    void PutChoice(std::uint8_t ifNoWindow);
     void WriteList(std::string_view name, std::initializer_list<std::int64_t> numbers);
 
     // Members of the whole stand in lines of their own.
@@ -148,6 +170,9 @@ private:
     // What the members of `record` do not tell about `bytes`.
     template <class Record>
     std::string UntoldBytes(const Record& record, std::string_view bytes) {
+        if constexpr (IsAllWords<Record>) {
+            if (CarriesAll(record)) return {};
+        }
         Encode(Carried(record), written);
         return bytes == written ? std::string() : DifferingBytes(bytes, written);
     }
@@ -216,48 +241,59 @@ void Exporter::WriteArray(std::string_view name, const JobParts::Array& array) {
 }
 
 void Exporter::WriteRecord(const JobEvent& event) {
-    out << "{\"time\":" << std::int64_t{event.time()} << ",\"action\":";
-    WriteAction(event);
-    MemberUnless(NoWindowMarker, "WindowChainIndex", event.WindowChainIndex);
-    MemberUnless(0, "WaitForWindow", event.WaitForWindow);
-    if (event.IfNoWindow == StopExecuting) return;
-    const std::string_view choice = NameOfChoice(event.IfNoWindow);
-    if (choice.empty()) return Member("IfNoWindow", event.IfNoWindow);
-    out << ",\"IfNoWindow\":\"" << choice << "\"";
+    out.MakeRoom(LongestEvent);
+    out.PutMember("{\"time\":", event.time());
+    PutAction(event);
+    if (event.WindowChainIndex != NoWindowMarker) out.PutMember(",\"WindowChainIndex\":", event.WindowChainIndex);
+    if (event.WaitForWindow != 0) out.PutMember(",\"WaitForWindow\":", event.WaitForWindow);
+    if (event.IfNoWindow != StopExecuting) PutChoice(event.IfNoWindow);
 }
 
-void Exporter::WriteAction(const JobEvent& event) {
+void Exporter::PutAction(const JobEvent& event) {
     const EventAction* const action = ActionOf(event);
-    if (action == nullptr) {
-        out << std::int64_t{event.dwType()};
-        return;
-    }
-    out << "\"" << action->name << "\"";
+    if (action == nullptr) return out.PutMember(",\"action\":", event.dwType());
+    out.Put(",\"action\":\"");
+    out.Put(action->name);
+    out.Put("\"");
     switch (action->type) {
         case platform::InputMouse:
-            if (!action->isNamed) Member("dwFlags", event.dwFlags());
-            Member("dx", event.dx());
-            Member("dy", event.dy());
-            MemberUnless(0, "mouseData", event.mouseData());
-            return MemberUnless(0, "dwExtraInfo", event.word[6]);
+            if (!action->isNamed) out.PutMember(",\"dwFlags\":", event.dwFlags());
+            return PutMouse(event);
         case platform::InputKeyboard:
-            if (!action->isNamed) Member("KeyState", event.KeyState());
-            WriteKey(event);
-            return MemberUnless(0, "dwExtraInfo", event.keyExtraInfo());
+            if (!action->isNamed) out.PutMember(",\"KeyState\":", event.KeyState());
+            return PutKey(event);
         default:
-            return Member("StringIndex", event.StringIndex());
+            return out.PutMember(",\"StringIndex\":", event.StringIndex());
     }
 }
 
-void Exporter::WriteKey(const JobEvent& event) {
+void Exporter::PutMouse(const JobEvent& event) {
+    out.PutMember(",\"dx\":", event.dx());
+    out.PutMember(",\"dy\":", event.dy());
+    if (event.mouseData() != 0) out.PutMember(",\"mouseData\":", event.mouseData());
+    if (event.word[6] != 0) out.PutMember(",\"dwExtraInfo\":", event.word[6]);
+}
+
+void Exporter::PutKey(const JobEvent& event) {
     const std::int32_t vk = VirtualKeyOf(event.KeyCode());
     const std::string_view name = NameOfKey(vk);
     if (name.empty()) {
-        Member("vk", vk);
+        out.PutMember(",\"vk\":", vk);
     } else {
-        out << ",\"vk\":\"" << name << "\"";
+        out.Put(",\"vk\":\"");
+        out.Put(name);
+        out.Put("\"");
     }
-    MemberUnless(0, "scan", ScanOf(event.KeyCode()));
+    if (ScanOf(event.KeyCode()) != 0) out.PutMember(",\"scan\":", ScanOf(event.KeyCode()));
+    if (event.keyExtraInfo() != 0) out.PutMember(",\"dwExtraInfo\":", event.keyExtraInfo());
+}
+
+void Exporter::PutChoice(std::uint8_t ifNoWindow) {
+    const std::string_view choice = NameOfChoice(ifNoWindow);
+    if (choice.empty()) return out.PutMember(",\"IfNoWindow\":", ifNoWindow);
+    out.Put(",\"IfNoWindow\":\"");
+    out.Put(choice);
+    out.Put("\"");
 }
 
 void Exporter::WriteList(std::string_view name, std::initializer_list<std::int64_t> numbers) {

@@ -18,7 +18,7 @@ namespace {
 
 using ParseFailure = nlohmann::detail::exception;
 
-// A place in the text that the parser moves on and everybody else can look at.
+// A place in the text that the parser moves on, and that everybody else can look at.
 class SharedPlace {
 public:
     using iterator_category = std::input_iterator_tag;
@@ -27,16 +27,17 @@ public:
     using pointer = const char*;
     using reference = const char&;
 
-    explicit SharedPlace(const char*& sharedPlace) : place(&sharedPlace) {}
-    reference operator*() const { return **place; }
+    SharedPlace(const char* firstPlace, const char*& sharedPlace) : place(firstPlace), shared(&sharedPlace) {}
+    reference operator*() const { return *place; }
     SharedPlace& operator++() {
-        ++*place;
+        *shared = ++place;
         return *this;
     }
-    bool operator!=(const SharedPlace& other) const { return *place != *other.place; }
+    bool operator!=(const SharedPlace& other) const { return place != other.place; }
 
 private:
-    const char** place;
+    const char* place;
+    const char** shared;
 };
 
 // Looks for the code page, which the texts need, and which may stand behind them. It ends the parse when it has it.
@@ -406,11 +407,10 @@ std::ptrdiff_t LineOf(const char* begin, const char* place) {
 
 std::string ImportJob(const std::string& name, std::string_view text, const TextProgress& progress) {
     const char* place = text.data();
-    const char* end = place + text.size();
     try {
         TextPace pace(progress, text.size());
         JobTextReader reader(text.data(), place, CodePageOf(text), pace);
-        nlohmann::json::sax_parse(SharedPlace(place), SharedPlace(end), &reader);
+        nlohmann::json::sax_parse(SharedPlace(place, place), SharedPlace(place + text.size(), place), &reader);
         std::string job = reader.TakeJob();
         pace.End();
         return job;
