@@ -18,29 +18,21 @@ inline std::int32_t ScanOf(std::int32_t keyCode) {
 // How many levels of a chain the text lists: those in use, or where the depth is no such number, as many as are not 0.
 std::int32_t LevelsOf(const WindowChain& chain);
 
-// The words of an event that the text tells, by its type, as bits: all of a mouse event, and of one whose type nobody
-// knows the type and the time.
-constexpr std::uint32_t WordsCarried(std::int32_t dwType) {
-    switch (dwType) {
+// Whether the members tell all of a record: all words of a mouse event, and of one whose type nobody knows the type and
+// the time.
+inline bool CarriesAll(const JobEvent& event) {
+    const auto& word = event.word;
+    switch (event.dwType()) {
         case platform::InputMouse:
-            return 0b1111111;
+            return true;
         case platform::InputKeyboard:
-            return 0b0011111;
+            return (word[5] | word[6]) == 0;
         case INPUT_TEXT:
         case TextContinuation:
-            return 0b1001001;
+            return (word[1] | word[2] | word[4] | word[5]) == 0;
         default:
-            return 0b0001001;
+            return (word[1] | word[2] | word[4] | word[5] | word[6]) == 0;
     }
-}
-
-// Whether the members tell all of a record.
-inline bool CarriesAll(const JobEvent& event) {
-    const std::uint32_t carried = WordsCarried(event.dwType());
-    std::int32_t left = 0;
-    for (std::size_t word = 0; word < event.word.size(); ++word)
-        left |= (carried >> word & 1) != 0 ? 0 : event.word[word];
-    return left == 0;
 }
 bool CarriesAll(const WindowChain& chain);
 

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr EventAction Mouse(std::string_view name, std::int32_t flag) {
-    return {name, platform::InputMouse, MouseFlagBase + flag};
+    return {ShortName(name), platform::InputMouse, MouseFlagBase + flag};
 }
 
 // First those of the mouse, by the bits of their flags.
@@ -25,15 +25,15 @@ constexpr EventAction Actions[] = {
     Mouse("x down", platform::MouseXDown),
     Mouse("x up", platform::MouseXUp),
     Mouse("wheel", platform::MouseWheel),
-    {"double click", platform::InputMouse, DoubleClickFlags},
-    {"mouse", platform::InputMouse, 0, false},
-    {"key down", platform::InputKeyboard, 0},  // and the other states of keys
-    {"extended key down", platform::InputKeyboard, platform::KeyExtended},
-    {"key up", platform::InputKeyboard, platform::KeyUp},
-    {"extended key up", platform::InputKeyboard, platform::KeyExtended | platform::KeyUp},
-    {"key", platform::InputKeyboard, 0, false},
-    {"text", INPUT_TEXT, 0},
-    {"continuation", TextContinuation, 0},
+    {ShortName("double click"), platform::InputMouse, DoubleClickFlags},
+    {ShortName("mouse"), platform::InputMouse, 0, false},
+    {ShortName("key down"), platform::InputKeyboard, 0},  // and the other states of keys
+    {ShortName("extended key down"), platform::InputKeyboard, platform::KeyExtended},
+    {ShortName("key up"), platform::InputKeyboard, platform::KeyUp},
+    {ShortName("extended key up"), platform::InputKeyboard, platform::KeyExtended | platform::KeyUp},
+    {ShortName("key"), platform::InputKeyboard, 0, false},
+    {ShortName("text"), INPUT_TEXT, 0},
+    {ShortName("continuation"), TextContinuation, 0},
 };
 enum ActionPlace : std::size_t {
     XUpPlace = 8,
@@ -49,7 +49,7 @@ enum ActionPlace : std::size_t {
 std::size_t MousePlace(std::int32_t flags) {
     const auto bits = static_cast<std::uint32_t>(flags - MouseFlagBase);
     const auto bit = static_cast<std::size_t>(std::countr_zero(bits));
-    if (std::has_single_bit(bits) && bit <= XUpPlace) return bit;
+    if ((bits & (bits - 1)) == 0 && bit <= XUpPlace) return bit;
     if (bits == platform::MouseWheel) return WheelPlace;
     return flags == DoubleClickFlags ? DoubleClickPlace : OtherMousePlace;
 }
@@ -60,20 +60,20 @@ constexpr std::int32_t KeyCount = 256;
 constexpr std::string_view KeyCharacters = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";  // a key is its character's number
 
 // The two ALT keys have one name: it is the left one's.
-std::array<std::string_view, KeyCount> UniqueNames() {
-    std::array<std::string_view, KeyCount> names{};
-    for (std::size_t place = 0; place < KeyCharacters.size(); ++place) {
-        names[static_cast<unsigned char>(KeyCharacters[place])] = KeyCharacters.substr(place, 1);
+std::array<ShortName, KeyCount> UniqueNames() {
+    std::array<ShortName, KeyCount> names{};
+    for (const char& character : KeyCharacters) {
+        names[static_cast<unsigned char>(character)] = ShortName({&character, 1});
     }
     for (std::size_t vk = 0; vk < KeyCount; ++vk) {
         const std::string_view name = KeyNames[vk];
-        if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end()) names[vk] = name;
+        if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end()) names[vk] = ShortName(name);
     }
     return names;
 }
 
-const std::array<std::string_view, KeyCount>& Names() {
-    static const std::array<std::string_view, KeyCount> names = UniqueNames();
+const std::array<ShortName, KeyCount>& Names() {
+    static const std::array<ShortName, KeyCount> names = UniqueNames();
     return names;
 }
 
@@ -114,8 +114,9 @@ const EventAction& ActionAt(std::int64_t place) {
     return Actions[place];
 }
 
-std::string_view NameOfKey(std::int32_t vk) {
-    return vk >= 0 && vk < KeyCount ? Names()[static_cast<std::size_t>(vk)] : std::string_view();
+const ShortName& NameOfKey(std::int32_t vk) {
+    static const ShortName none;
+    return vk >= 0 && vk < KeyCount ? Names()[static_cast<std::size_t>(vk)] : none;
 }
 
 std::optional<std::int64_t> FindKey(std::string_view name) {

@@ -31,35 +31,23 @@ public:
         if (text.size() > Free()) {
             sink(text);
         } else {
-            Put(text);
+            next = std::copy(text.begin(), text.end(), next);
         }
         return *this;
     }
     Blocks& operator<<(std::int64_t number) {
         if (Free() < LongestNumber) Flush();
-        PutNumber(number);
+        next = std::to_chars(next, next + LongestNumber, number).ptr;
         return *this;
     }
 
-    // Makes room for what is put next without a look at the room that is left: events are written in millions.
-    void MakeRoom(std::size_t size) {
+    // For what is put together by hand, without a look at the room that is left (see Pen): room for so many bytes, and
+    // how far it was used.
+    char* Room(std::size_t size) {
         if (Free() < size) Flush();
+        return next;
     }
-    void Put(std::string_view text) { next = std::copy(text.begin(), text.end(), next); }
-    template <std::size_t N>
-    void Put(const char (&text)[N]) {
-        std::memcpy(next, text, N - 1);  // of a length that the compiler knows
-        next += N - 1;
-    }
-    template <class Integer>
-    void PutNumber(Integer number) {
-        next = std::to_chars(next, next + LongestNumber, number).ptr;
-    }
-    template <std::size_t N>
-    void PutMember(const char (&text)[N], std::int32_t number) {
-        Put(text);
-        PutNumber(number);
-    }
+    void Used(char* end) { next = end; }
 
     void Flush() {
         if (next != block.data()) sink({block.data(), static_cast<std::size_t>(next - block.data())});
@@ -73,6 +61,79 @@ private:
     std::vector<char> block;
     char* next = block.data();
 };
+
+// Writes where there is room. Events come in millions, and most of their text is of a length that the compiler knows.
+class Pen {
+public:
+    explicit Pen(char* place) : at(place) {}
+
+    template <std::size_t N>
+    Pen& operator<<(const char (&text)[N]) {
+        std::memcpy(at, text, N - 1);
+        at += N - 1;
+        return *this;
+    }
+    Pen& operator<<(const ShortName& name) {
+        std::memcpy(at, name.text.data(), name.text.size());
+        at += name.size;
+        return *this;
+    }
+    Pen& operator<<(std::int32_t number) {
+        at = std::to_chars(at, at + LongestNumber, number).ptr;
+        return *this;
+    }
+
+    char* Place() const { return at; }
+
+private:
+    char* at;
+};
+
+void PutMouse(Pen& pen, const JobEvent& event) {
+    pen << ",\"dx\":" << event.dx() << ",\"dy\":" << event.dy();
+    if (event.mouseData() != 0) pen << ",\"mouseData\":" << event.mouseData();
+    if (event.word[6] != 0) pen << ",\"dwExtraInfo\":" << event.word[6];
+}
+
+void PutKey(Pen& pen, const JobEvent& event) {
+    const std::int32_t vk = VirtualKeyOf(event.KeyCode());
+    const ShortName& name = NameOfKey(vk);
+    if (name.size == 0) {
+        pen << ",\"vk\":" << vk;
+    } else {
+        pen << ",\"vk\":\"" << name << "\"";
+    }
+    if (ScanOf(event.KeyCode()) != 0) pen << ",\"scan\":" << ScanOf(event.KeyCode());
+    if (event.keyExtraInfo() != 0) pen << ",\"dwExtraInfo\":" << event.keyExtraInfo();
+}
+
+void PutAction(Pen& pen, const JobEvent& event) {
+    const EventAction* const action = ActionOf(event);
+    if (action == nullptr) {
+        pen << ",\"action\":" << event.dwType();
+        return;
+    }
+    pen << ",\"action\":\"" << action->name << "\"";
+    switch (action->type) {
+        case platform::InputMouse:
+            if (!action->isNamed) pen << ",\"dwFlags\":" << event.dwFlags();
+            return PutMouse(pen, event);
+        case platform::InputKeyboard:
+            if (!action->isNamed) pen << ",\"KeyState\":" << event.KeyState();
+            return PutKey(pen, event);
+        default:
+            pen << ",\"StringIndex\":" << event.StringIndex();
+    }
+}
+
+void PutChoice(Pen& pen, std::uint8_t ifNoWindow) {
+    const ShortName choice(NameOfChoice(ifNoWindow));
+    if (choice.size == 0) {
+        pen << ",\"IfNoWindow\":" << ifNoWindow;
+    } else {
+        pen << ",\"IfNoWindow\":\"" << choice << "\"";
+    }
+}
 
 // Control characters break lines, also in programs that only show a file; JSON itself asks for the first 32 alone.
 std::string Escape(char32_t code) {
@@ -138,10 +199,6 @@ private:
     void WriteRecord(const WindowSignature& window);
     void WriteRecord(const WindowChain& chain);
 
-    void PutAction(const JobEvent& event);
-    void PutMouse(const JobEvent& event);
-    void PutKey(const JobEvent& event);
-    void PutChoice(std::uint8_t ifNoWindow);
     void WriteList(std::string_view name, std::initializer_list<std::int64_t> numbers);
 
     // Members of the whole stand in lines of their own.
@@ -224,76 +281,32 @@ template <class Record>
 void Exporter::WriteArray(std::string_view name, const JobParts::Array& array) {
     out << ",\n\"" << name << "\": [";
     const std::size_t size = RecordSize<Record>();
-    std::string_view separator = "\n";
     for (std::size_t at = 0; at < array.bytes.size(); at += size) {
         const std::string_view bytes = array.bytes.substr(at, size);
         const auto record = RecordOf<Record>(bytes);
-        out << separator;
+        char* const room = out.Room(2);
+        room[0] = at == 0 ? '\n' : ',';
+        room[1] = '\n';
+        out.Used(room + (at == 0 ? 1 : 2));
         WriteRecord(record);
         if (const std::string untold = UntoldBytes(record, bytes); !untold.empty()) {
             out << ",\"bytes\":\"" << untold << "\"";
         }
-        out << "}";
-        separator = ",\n";
+        *out.Room(1) = '}';
+        out.Used(out.Room(1) + 1);
         pace.Advance(size);
     }
     out << (array.bytes.empty() ? "]" : "\n]");
 }
 
 void Exporter::WriteRecord(const JobEvent& event) {
-    out.MakeRoom(LongestEvent);
-    out.PutMember("{\"time\":", event.time());
-    PutAction(event);
-    if (event.WindowChainIndex != NoWindowMarker) out.PutMember(",\"WindowChainIndex\":", event.WindowChainIndex);
-    if (event.WaitForWindow != 0) out.PutMember(",\"WaitForWindow\":", event.WaitForWindow);
-    if (event.IfNoWindow != StopExecuting) PutChoice(event.IfNoWindow);
-}
-
-void Exporter::PutAction(const JobEvent& event) {
-    const EventAction* const action = ActionOf(event);
-    if (action == nullptr) return out.PutMember(",\"action\":", event.dwType());
-    out.Put(",\"action\":\"");
-    out.Put(action->name);
-    out.Put("\"");
-    switch (action->type) {
-        case platform::InputMouse:
-            if (!action->isNamed) out.PutMember(",\"dwFlags\":", event.dwFlags());
-            return PutMouse(event);
-        case platform::InputKeyboard:
-            if (!action->isNamed) out.PutMember(",\"KeyState\":", event.KeyState());
-            return PutKey(event);
-        default:
-            return out.PutMember(",\"StringIndex\":", event.StringIndex());
-    }
-}
-
-void Exporter::PutMouse(const JobEvent& event) {
-    out.PutMember(",\"dx\":", event.dx());
-    out.PutMember(",\"dy\":", event.dy());
-    if (event.mouseData() != 0) out.PutMember(",\"mouseData\":", event.mouseData());
-    if (event.word[6] != 0) out.PutMember(",\"dwExtraInfo\":", event.word[6]);
-}
-
-void Exporter::PutKey(const JobEvent& event) {
-    const std::int32_t vk = VirtualKeyOf(event.KeyCode());
-    const std::string_view name = NameOfKey(vk);
-    if (name.empty()) {
-        out.PutMember(",\"vk\":", vk);
-    } else {
-        out.Put(",\"vk\":\"");
-        out.Put(name);
-        out.Put("\"");
-    }
-    if (ScanOf(event.KeyCode()) != 0) out.PutMember(",\"scan\":", ScanOf(event.KeyCode()));
-    if (event.keyExtraInfo() != 0) out.PutMember(",\"dwExtraInfo\":", event.keyExtraInfo());
-}
-
-void Exporter::PutChoice(std::uint8_t ifNoWindow) {
-    const std::string_view choice = NameOfChoice(ifNoWindow);
-    if (choice.empty()) return out.PutMember(",\"IfNoWindow\":", ifNoWindow);
-    out.Put(",\"IfNoWindow\":\"");
-    out.Put(choice);
-    out.Put("\"");
+    Pen pen(out.Room(LongestEvent));
+    pen << "{\"time\":" << event.time();
+    PutAction(pen, event);
+    if (event.WindowChainIndex != NoWindowMarker) pen << ",\"WindowChainIndex\":" << event.WindowChainIndex;
+    if (event.WaitForWindow != 0) pen << ",\"WaitForWindow\":" << event.WaitForWindow;
+    if (event.IfNoWindow != StopExecuting) PutChoice(pen, event.IfNoWindow);
+    out.Used(pen.Place());
 }
 
 void Exporter::WriteList(std::string_view name, std::initializer_list<std::int64_t> numbers) {
