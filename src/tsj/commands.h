@@ -5,8 +5,8 @@
 
 void AddShow(CLI::App& tsj, Tool& tool);
 void AddCheck(CLI::App& tsj, Tool& tool);
+void AddDiff(CLI::App& tsj, Tool& tool);
 void AddExport(CLI::App& tsj, Tool& tool);
 void AddImport(CLI::App& tsj, Tool& tool);
 void AddExe(CLI::App& tsj, Tool& tool);
 void AddUnpack(CLI::App& tsj, Tool& tool);
-void AddRun(CLI::App& tsj, Tool& tool);

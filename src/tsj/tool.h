@@ -34,6 +34,7 @@ public:
     const auto& OutStream() const { return streams.out; }
     const auto& ErrorStream() const { return streams.err; }
     void PrintLine(std::string_view text) const;
+    std::string AsTyped(const std::string& text) const { return streams.pathAsTyped(text); }
     void Warn(std::string_view text) const;  // "tsj: ...", for a person, beside what the command gives out
 
     enum class Colour { Red, Green, Yellow, Grey, Bold };

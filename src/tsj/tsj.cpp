@@ -12,7 +12,7 @@
 #include "tsj/commands.h"
 #include "tsj/tool.h"
 
-const std::vector<AddCommand> textCommands = {AddShow, AddCheck, AddExport, AddImport, AddExe, AddUnpack};
+const std::vector<AddCommand> textCommands = {AddShow, AddCheck, AddDiff, AddExport, AddImport, AddExe, AddUnpack};
 
 namespace {
 

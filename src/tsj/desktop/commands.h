@@ -3,4 +3,5 @@
 
 #include "tsj/tsj.h"
 
+void AddExplain(CLI::App& tsj, Tool& tool);
 void AddRun(CLI::App& tsj, Tool& tool);
