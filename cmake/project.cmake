@@ -77,6 +77,13 @@ function(tessarine_program name)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TESSARINE_OUTPUT})
 endfunction()
 
+# What the resources of a program include, which the build system does not see by itself. For OBJECT_DEPENDS.
+file(GLOB TESSARINE_PROGRAM_RESOURCES CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/assets/program.rc
+    ${PROJECT_SOURCE_DIR}/assets/*.ico
+    ${PROJECT_SOURCE_DIR}/assets/*.bmp
+    ${PROJECT_SOURCE_DIR}/assets/tessarine.manifest)
+
 # The standard library's headers that most sources read are compiled once.
 add_library(standard_headers OBJECT ${CMAKE_CURRENT_LIST_DIR}/standard_headers.cpp)
 target_precompile_headers(standard_headers PRIVATE

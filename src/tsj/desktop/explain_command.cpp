@@ -2,12 +2,13 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 
-#include "base/runtime_failure.h"
 #include "folding/puni_listu.h"
 #include "replay/explanation_text.h"
 #include "replay/reach.h"
 #include "replay/row_descriptions.h"
+#include "tsj/table.h"
 #include "tsj/tool.h"
 #include "tsj_desktop/commands.h"
 
@@ -25,8 +26,8 @@ Explanation ExplainRow(const Job& job, std::int32_t number) {
     std::vector<ActionRow> rows = FoldForReplay(job);
     DropMoveRows(rows);
     if (number < 1 || number > static_cast<std::int32_t>(rows.size())) {
-        throw RuntimeFailure(FailureKind::Range, "There is no row " + std::to_string(number) + "; the job has " +
-                                                     std::to_string(rows.size()) + " rows.");
+        throw CLI::ValidationError("--row", "there is no row " + std::to_string(number) + "; the job has " +
+                                                std::to_string(rows.size()) + " rows");
     }
     const auto index = static_cast<std::size_t>(number) - 1;
     Explanation explanation = Explain(job, rows[index].firstEvent, rows[index].lastEvent);
@@ -89,6 +90,32 @@ Json JsonOf(const Explanation& explanation) {
             {"candidates", candidates}};
 }
 
+// The same table as in the form, a block for each window.
+void PrintText(const Explanation& explanation, const Tool& tool) {
+    tool.PrintLine(Tool::Utf8(explanation.row));
+    tool.PrintLine(tool.Coloured(Tool::Utf8(LikelyReason(explanation)), Tool::Colour::Bold));
+    const ExplanationColumns columns = ExplanationHeader();
+    std::optional<Table> block;
+    const auto printBlock = [&] {
+        if (block) tool.Print(block->Text());
+    };
+    for (const ExplanationRow& row : ExplanationTable(explanation)) {
+        if (row.heading) {
+            printBlock();
+            block.reset();
+            tool.PrintLine("\n" + tool.Coloured(Tool::Utf8(row.what + " - " + row.equal), Tool::Colour::Yellow));
+        } else {
+            if (!block) {
+                block.emplace(
+                    std::vector<std::string>{"  " + columns.what, columns.recorded, columns.live, columns.equal});
+            }
+            block->Add(
+                {"  " + Tool::Utf8(row.what), Tool::Utf8(row.recorded), Tool::Utf8(row.live), Tool::Utf8(row.equal)});
+        }
+    }
+    printBlock();
+}
+
 ExitCode CodeOf(const Explanation& explanation) {
     if (explanation.result == DesktopOutOfReach) return ExitCode::DesktopUnreachable;
     return explanation.result >= NothingLookedFor ? ExitCode::Success : ExitCode::Failed;
@@ -99,9 +126,7 @@ void ExplainCommand(const ExplainOptions& options, Tool& tool) {
     if (options.json) {
         tool.PrintLine(JsonOf(explanation).dump(2, ' ', false, Json::error_handler_t::replace));
     } else {
-        std::string text = Tool::Utf8(ExplanationText(explanation));
-        std::erase(text, '\r');
-        tool.PrintLine(text);
+        PrintText(explanation, tool);
     }
     tool.EndWith(CodeOf(explanation));
 }
