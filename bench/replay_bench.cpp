@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 
+#include "bench/plain_events.h"
 #include "bench/ratio.h"
 #include "bench/silent_status_view.h"
 #include "platform/input.h"
@@ -19,24 +20,6 @@ namespace {
 
 constexpr int EventCount = 1'000'000;
 constexpr std::size_t PumpEvery = 16;
-
-JobEvent Mouse(std::int32_t action, int i) {
-    JobEvent event;
-    event.dwType() = platform::InputMouse;
-    event.dwFlags() = MouseFlagBase + action;
-    event.dx() = 150 + i % 300;
-    event.dy() = 150 + i % 200;
-    return event;
-}
-
-JobEvent Key(std::int32_t state, int i) {
-    JobEvent event;
-    event.dwType() = platform::InputKeyboard;
-    event.KeyCode() = platform::ScanCodeOf('A' + i % 26) * 65536 + 'A' + i % 26;
-    event.KeyState() = state;
-    if (state == 0) event.WindowChainIndex = 0;
-    return event;
-}
 
 // A wheel turn of nothing comes first: nothing is sent before the first success.
 Job MixedJob() {

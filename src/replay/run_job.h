@@ -21,6 +21,10 @@ struct RunState {
 };
 extern RunState runState;
 
+inline bool RunIsUnderWay() {
+    return runState.ReplayRunning && !runState.programWasMissing;
+}
+
 // Runs a job file from start to end and returns the passes done, or 0 or less. With a log path the run is unattended:
 // it is logged, shows no failure box and leaves the recent jobs alone. `noInputBlock` keeps the user's input on from
 // the start, for a hotkey whose keys are still to come up. `reserved` is ignored. Pumps.

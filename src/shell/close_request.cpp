@@ -14,10 +14,6 @@ bool IsStarting() {
     return handedOver.starting || !handedOver.waiting.empty();
 }
 
-bool IsRunning() {
-    return runState.ReplayRunning && !runState.programWasMissing;
-}
-
 bool RunIsNear() {
     return scheduleDispatch.CountdownActive || !startUpRuns.StartupQueue.empty();
 }
@@ -25,6 +21,6 @@ bool RunIsNear() {
 }  // namespace
 
 bool MayBeEnded() {
-    return !IsStarting() && !RecordingActive() && !IsRunning() && !RunIsNear() && mainWindowUse.IsFree() &&
+    return !IsStarting() && !RecordingActive() && !RunIsUnderWay() && !RunIsNear() && mainWindowUse.IsFree() &&
            !jobPage.button_save_changes;
 }

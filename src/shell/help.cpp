@@ -15,7 +15,7 @@ namespace {
 bool opening = false;  // F1 in the box that tells of a missing file is a question for that file, again
 
 bool DesktopIsInUse() {
-    return CaptureIsOn() || (runState.ReplayRunning && !runState.programWasMissing);
+    return CaptureIsOn() || RunIsUnderWay();
 }
 
 void TellHelp(const std::string& text, platform::BoxIcon icon) {

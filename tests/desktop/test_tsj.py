@@ -1,5 +1,6 @@
 """tsj.exe, as a script meets it: the exit code of each end, what the reports say, and what an early end leaves."""
 
+import dataclasses
 import json
 import signal
 import subprocess
@@ -138,3 +139,36 @@ def test_jobs_go_through_text_and_programs_unchanged(stage, tsj):
     time.sleep(0.2)
     assert tsj("show", tsj.path("ö.tsj")) == SUCCESS
     assert "there and back" in tsj.out
+
+
+def test_explain_tells_why_a_window_is_not_found(stage, tsj):
+    notepad = stage.notepad()
+    job = stage.write(stage.typing_job(notepad, "abc"), "explained")
+
+    def explains(sentence, code, row="1", path=job):
+        assert tsj("explain", path, "--row", row) == code
+        assert sentence in tsj.out
+
+    def is_let_be():
+        return notepad.text == "" and stage.probe.window(notepad.handle).rect == place
+
+    place = stage.probe.window(notepad.handle).rect
+    explains("The window is there, as it was recorded.", SUCCESS)
+    assert is_let_be()
+    stage.probe.place(notepad.handle, 1, (300, 300, 900, 700))
+    place = stage.probe.window(notepad.handle).rect
+    explains("not in its place or its size. A run puts it back.", SUCCESS, row="2")
+    assert is_let_be(), "nothing is sent or moved"
+
+    edit, top = notepad.chain()
+    deep = stage.job()
+    deep.click(400, 400, deep.target([edit, dataclasses.replace(edit, class_name="Pane"), top]))
+    explains("Pane", FAILED, path=stage.write(deep, "deep"))
+
+    assert tsj("explain", job, "--row", "9") == USAGE
+    stage.end(notepad.process)
+    explains("'Untitled - Notepad' is not there", FAILED)
+    (stage.folder / "Report 12.txt").write_text("x")
+    stage.start("notepad.exe", stage.wine.windows_path(stage.folder / "Report 12.txt"))
+    assert wait_for(lambda: stage.probe.find("Notepad", "Report 12.txt - Notepad", visible=True))
+    explains("its title is now 'Report 12.txt - Notepad', recorded was 'Untitled - Notepad'.", FAILED)
