@@ -3,14 +3,13 @@
 #include "jobtext/job_text.h"
 
 #include <cstdio>
-#include <memory>
 #include <nlohmann/json.hpp>
 
 #include "bench/mixed_job.h"
 #include "bench/posix_files.h"
 #include "bench/ratio.h"
 #include "jobs/job_file.h"
-#include "platform/files.h"
+#include "storage/input_file.h"
 #include "storage/save_file.h"
 
 namespace {
@@ -20,23 +19,6 @@ const std::string jobFile = "C:\\large.tsj";
 const std::string textFile = "C:\\large.json";
 const std::string plainFile = "C:\\plain.json";
 const std::string againFile = "C:\\again.tsj";
-
-// Without the zeros that a string would be filled with first.
-struct Bytes {
-    std::unique_ptr<char[]> bytes;
-    std::size_t size = 0;
-
-    std::string_view All() const { return {bytes.get(), size}; }
-};
-
-Bytes Read(const std::string& path) {
-    platform::File file = platform::File::OpenForReading(path);
-    Bytes all;
-    all.size = static_cast<std::size_t>(file.Length());
-    all.bytes = std::make_unique_for_overwrite<char[]>(all.size);
-    if (file.Read(all.bytes.get(), file.Length()) != file.Length()) posix_files::Stop("read");
-    return all;
-}
 
 class PlainFile {
 public:
@@ -56,16 +38,20 @@ private:
 };
 
 void Export() {
-    const Bytes job = Read(jobFile);
+    InputFile job(jobFile);
     PlainFile text(textFile);
-    ExportJob(jobFile, job.All(), [&text](std::string_view block) { text.Write(block); });
+    ExportJob(job, [&text](std::string_view block) { text.Write(block); });
+}
+
+std::string_view All(InputFile& file) {
+    const auto size = static_cast<std::size_t>(file.Length());
+    return {file.Take(size), size};
 }
 
 void Import() {
-    const Bytes text = Read(textFile);
+    InputFile text(textFile);
     SaveFile job(againFile);
-    const std::string bytes = ImportJob(textFile, text.All());
-    job.Write(bytes.data(), bytes.size());
+    ImportJob(textFile, All(text), [&job](std::string_view block) { job.Write(block.data(), block.size()); });
     job.Commit(OldTail::Goes);
 }
 
@@ -87,14 +73,16 @@ struct Nothing {
 };
 
 void Parse() {
-    const Bytes text = Read(textFile);
+    InputFile file(textFile);
+    const std::string_view text = All(file);
     Nothing nothing;
-    if (!nlohmann::json::sax_parse(text.bytes.get(), text.bytes.get() + text.size, &nothing))
-        posix_files::Stop("parse");
+    if (!nlohmann::json::sax_parse(text.begin(), text.end(), &nothing)) posix_files::Stop("parse");
 }
 
 void RequireSameBytes() {
-    if (Read(jobFile).All() != Read(againFile).All()) posix_files::Stop("the job came back as another one");
+    InputFile job(jobFile);
+    InputFile again(againFile);
+    if (All(job) != All(again)) posix_files::Stop("the job came back as another one");
 }
 
 }  // namespace
@@ -105,9 +93,10 @@ int main(int argumentCount, char** arguments) {
         Export();
         Import();
         RequireSameBytes();
-        const Bytes text = Read(textFile);
+        InputFile text(textFile);
+        const std::string_view all = All(text);
         bench::ReportRatio(
-            "export a job / fwrite its text", Export, [&text] { PlainFile(plainFile).Write(text.All()); }, 4);
+            "export a job / fwrite its text", Export, [all] { PlainFile(plainFile).Write(all); }, 4);
         bench::ReportRatio("import a job / parse its text", Import, Parse, 1.3);
     });
 }

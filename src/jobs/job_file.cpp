@@ -188,9 +188,9 @@ void WriteJob(const std::string& path, const Job& job) {
 }
 
 std::string JobBytes(const Job& job) {
-    OutputBytes file;
+    OutputBlocks file;
     WriteWhole(file, job);
-    return file.Take();
+    return file.Joined();
 }
 
 void RewriteJobOptions(const std::string& path, const JobOptions& options) {

@@ -5,7 +5,6 @@
 
 #include "base/runtime_failure.h"
 #include "jobs/job_file.h"
-#include "jobs/job_parts.h"
 #include "jobtext/carried.h"
 #include "jobtext/differing_bytes.h"
 #include "jobtext/event_names.h"
@@ -13,6 +12,7 @@
 #include "jobtext/pace.h"
 #include "jobtext/text_of_page.h"
 #include "jobtext/usual.h"
+#include "storage/input_file.h"
 
 namespace {
 
@@ -49,6 +49,14 @@ public:
     }
     void Used(char* end) { next = end; }
 
+    // A new line, behind a comma where it is not the first.
+    void Break(bool comma) {
+        char* const place = Room(2);
+        place[0] = ',';
+        place[comma ? 1 : 0] = '\n';
+        Used(place + (comma ? 2 : 1));
+    }
+
     void Flush() {
         if (next != block.data()) sink({block.data(), static_cast<std::size_t>(next - block.data())});
         next = block.data();
@@ -61,6 +69,10 @@ private:
     std::vector<char> block;
     char* next = block.data();
 };
+
+char* PutNumber(char* place, std::int32_t number) {
+    return std::to_chars(place, place + LongestNumber, number).ptr;
+}
 
 // Writes where there is room. Events come in millions, and most of their text is of a length that the compiler knows.
 class Pen {
@@ -79,7 +91,7 @@ public:
         return *this;
     }
     Pen& operator<<(std::int32_t number) {
-        at = std::to_chars(at, at + LongestNumber, number).ptr;
+        at = PutNumber(at, number);
         return *this;
     }
 
@@ -172,15 +184,18 @@ constexpr bool IsAllWords = std::is_same_v<Record, JobEvent> || std::is_same_v<R
 
 class Exporter {
 public:
-    Exporter(const JobParts& jobParts, const TextSink& sink, int textCodePage, TextPace& textPace)
-        : parts(jobParts), out(sink), codePage(textCodePage), pace(textPace) {}
+    Exporter(InputFile& jobFile, const TextSink& sink, int textCodePage, TextPace& textPace)
+        : file(jobFile), out(sink), codePage(textCodePage), pace(textPace) {}
 
+    // In the order of the file.
     void Export() {
-        WriteHeader();
-        WriteStrings();
-        WriteArray<JobEvent>("Events", parts.events);
-        WriteArray<WindowSignature>("Windows", parts.windows);
-        WriteArray<WindowChain>("Chains", parts.chains);
+        const JobHeader header = WriteHeader();
+        const std::int32_t eventCount = TakeCount("EventCount");
+        WriteStrings(TakeCount("StringCount"));
+        WriteArray<JobEvent>("Events", eventCount);
+        if (header.DurationMs != UsualDuration(header, lastTime)) WriteLine("DurationMs", header.DurationMs);
+        WriteArray<WindowSignature>("Windows", TakeCount("WindowCount"));
+        WriteArray<WindowChain>("Chains", TakeCount("ChainCount"));
         WriteTail();
         out << "\n}\n";
         out.Flush();
@@ -188,12 +203,12 @@ public:
     }
 
 private:
-    void WriteHeader();
-    void WriteStrings();
+    JobHeader WriteHeader();
+    void WriteStrings(std::int32_t count);
     void WriteTail();
 
     template <class Record>
-    void WriteArray(std::string_view name, const JobParts::Array& array);
+    void WriteArray(std::string_view name, std::int32_t count);
 
     void WriteRecord(const JobEvent& event);
     void WriteRecord(const WindowSignature& window);
@@ -207,9 +222,17 @@ private:
         out << ",\n\"" << name << "\": " << TextValue(text);
     }
 
-    // A count of zero or less is told by the lines; a negative one is odd.
-    void WriteCount(std::string_view name, std::int32_t count) {
+    // The lines tell how many there are, unless the count is a negative one, which is odd.
+    std::int32_t TakeCount(std::string_view name) {
+        const std::int32_t count = file.Count();
         if (count < 0) WriteLine(name, count);
+        return count;
+    }
+
+    // The next bytes of the file.
+    std::string_view Take(std::size_t size) {
+        pace.Advance(size);
+        return {file.Take(size), size};
     }
 
     void Member(std::string_view name, std::int64_t number) { out << ",\"" << name << "\":" << number; }
@@ -234,15 +257,17 @@ private:
         return bytes == written ? std::string() : DifferingBytes(bytes, written);
     }
 
-    const JobParts& parts;
+    InputFile& file;
     Blocks out;
     const int codePage;
     TextPace& pace;
     std::string written;
+    std::int32_t lastTime = 0;  // of an event
 };
 
-void Exporter::WriteHeader() {
-    const auto header = RecordOf<JobHeader>(parts.header);
+JobHeader Exporter::WriteHeader() {
+    const std::string_view bytes = Take(RecordSize<JobHeader>());
+    const auto header = RecordOf<JobHeader>(bytes);
     out << "{\n\"TessarineJob\": " << TextFormatVersion;
     WriteLine("CodePage", codePage);
     WriteLine("Version", header.Version);
@@ -250,53 +275,45 @@ void Exporter::WriteHeader() {
     WriteTextLine("CommandLine", header.StartProgram.CommandLine);
     WriteLine("WindowStyle", header.StartProgram.WindowStyle);
     WriteTextLine("Description", header.Description);
-    if (header.DurationMs != UsualDuration(header, parts.events.bytes)) WriteLine("DurationMs", header.DurationMs);
     WriteLine("SpeedPercent", header.SpeedPercent);
     WriteLine("SkipMouseMoves", header.SkipMouseMoves);
     WriteLine("CapsLockState", header.CapsLockState);
     WriteLine("RepeatCount", header.RepeatCount);
     WriteLine("SafetyLevel", header.SafetyLevel);
     WriteLine("SimilarWindowNames", header.SimilarWindowNames);
-    if (const std::string untold = UntoldBytes(header, parts.header); !untold.empty()) {
+    if (const std::string untold = UntoldBytes(header, bytes); !untold.empty()) {
         out << ",\n\"bytes\": \"" << untold << "\"";
     }
-    WriteCount("EventCount", parts.events.count);
-    WriteCount("StringCount", parts.stringCount);
-    WriteCount("WindowCount", parts.windows.count);
-    WriteCount("ChainCount", parts.chains.count);
+    return header;
 }
 
-void Exporter::WriteStrings() {
+void Exporter::WriteStrings(std::int32_t count) {
+    if (count > 0) file.RequireRoom(count, sizeof(std::uint16_t));
     out << ",\n\"Strings\": [";
-    std::string_view separator = "\n";
-    for (const std::string_view text : parts.strings) {
-        out << separator << TextValue(text);
-        separator = ",\n";
+    for (std::int32_t i = 0; i < count; ++i) {
+        const std::string_view text = file.TakeString();
         pace.Advance(sizeof(std::uint16_t) + text.size());
+        out << (i == 0 ? "\n" : ",\n") << TextValue(text);
     }
-    out << (parts.strings.empty() ? "]" : "\n]");
+    out << (count > 0 ? "\n]" : "]");
 }
 
 template <class Record>
-void Exporter::WriteArray(std::string_view name, const JobParts::Array& array) {
-    out << ",\n\"" << name << "\": [";
+void Exporter::WriteArray(std::string_view name, std::int32_t count) {
     const std::size_t size = RecordSize<Record>();
-    for (std::size_t at = 0; at < array.bytes.size(); at += size) {
-        const std::string_view bytes = array.bytes.substr(at, size);
+    if (count > 0) file.RequireRoom(count, size);
+    out << ",\n\"" << name << "\": [";
+    for (std::int32_t i = 0; i < count; ++i) {
+        const std::string_view bytes = Take(size);
         const auto record = RecordOf<Record>(bytes);
-        char* const room = out.Room(2);
-        room[0] = at == 0 ? '\n' : ',';
-        room[1] = '\n';
-        out.Used(room + (at == 0 ? 1 : 2));
+        out.Break(i > 0);
         WriteRecord(record);
         if (const std::string untold = UntoldBytes(record, bytes); !untold.empty()) {
             out << ",\"bytes\":\"" << untold << "\"";
         }
-        *out.Room(1) = '}';
-        out.Used(out.Room(1) + 1);
-        pace.Advance(size);
+        out << "}";
     }
-    out << (array.bytes.empty() ? "]" : "\n]");
+    out << (count > 0 ? "\n]" : "]");
 }
 
 void Exporter::WriteRecord(const JobEvent& event) {
@@ -307,6 +324,7 @@ void Exporter::WriteRecord(const JobEvent& event) {
     if (event.WaitForWindow != 0) pen << ",\"WaitForWindow\":" << event.WaitForWindow;
     if (event.IfNoWindow != StopExecuting) PutChoice(pen, event.IfNoWindow);
     out.Used(pen.Place());
+    lastTime = event.time();
 }
 
 void Exporter::WriteList(std::string_view name, std::initializer_list<std::int64_t> numbers) {
@@ -345,28 +363,24 @@ void Exporter::WriteRecord(const WindowChain& chain) {
 }
 
 void Exporter::WriteTail() {
-    if (parts.tail.empty()) return;
+    if (file.Rest() == 0) return;
     out << ",\n\"Tail\": [";
     std::string line = "\n\"";
-    for (std::size_t at = 0; at < parts.tail.size(); at += TailBytesInLine) {
-        const std::string_view bytes = parts.tail.substr(at, TailBytesInLine);
-        AppendHex(line, bytes);
+    while (file.Rest() > 0) {
+        AppendHex(line, Take(std::min(TailBytesInLine, static_cast<std::size_t>(file.Rest()))));
         out << line << "\"";
         line = ",\n\"";
-        pace.Advance(bytes.size());
     }
     out << "\n]";
 }
 
 }  // namespace
 
-void ExportJob(const std::string& name, std::string_view bytes, const TextSink& sink, int codePage,
-               const TextProgress& progress) {
-    const JobParts parts = PartsOfJob(name, bytes);
+void ExportJob(InputFile& job, const TextSink& sink, int codePage, const TextProgress& progress) {
     if (!ExactUtf8({}, codePage)) {
         throw RuntimeFailure(FailureKind::Range, "The code page " + std::to_string(codePage) +
                                                      " is not known here. Choose another one, such as 1252.");
     }
-    TextPace pace(progress, bytes.size());
-    Exporter(parts, sink, codePage, pace).Export();
+    TextPace pace(progress, static_cast<std::size_t>(job.Length()));
+    Exporter(job, sink, codePage, pace).Export();
 }

@@ -92,7 +92,9 @@ public:
     JobTextReader(const char* textBegin, const char*& sharedPlace, int textCodePage, TextPace& textPace)
         : begin(textBegin), place(sharedPlace), codePage(textCodePage), pace(textPace) {}
 
-    std::string TakeJob();
+    // To be called at the end of the text: what can still fail.
+    void Finish();
+    void HandTo(const TextSink& sink) const;
 
     bool start_object(std::size_t) {
         if (state == State::Before) {
@@ -202,9 +204,10 @@ private:
     static std::string BytesOf(const std::string& hex);
 
     template <class Record>
-    void Append(const Record& record, OutputBytes& array);
+    void Append(const Record& record, OutputBlocks& array);
 
-    std::int32_t CountToWrite(std::size_t countMember, std::int32_t items) const;
+    std::string CountBytes(std::size_t countMember, std::size_t array) const;
+    JobHeader WholeHeader() const;
 
     [[noreturn]] void FailKind(const std::string& what) const;
 
@@ -223,12 +226,18 @@ private:
     std::size_t member = JobMemberCount - 1;
 
     std::array<std::int32_t, JobMemberCount> counts{};  // by the member of the array
-    OutputBytes strings;
-    OutputBytes events;
-    OutputBytes windows;
-    OutputBytes chains;
+    OutputBlocks strings;
+    OutputBlocks events;
+    OutputBlocks windows;
+    OutputBlocks chains;
     std::string tail;
     std::string image;
+    std::int32_t lastTime = 0;  // of an event
+
+    // When all has been read.
+    std::string front;
+    std::string windowCount;
+    std::string chainCount;
 };
 
 void JobTextReader::BeginMembers(MemberRules objectRules, MemberValues& objectValues) {
@@ -263,7 +272,11 @@ void JobTextReader::EndRecord() {
     const std::size_t array = recordRules.data() == EventRules.data()    ? EventsMember
                               : recordRules.data() == WindowRules.data() ? WindowsMember
                                                                          : ChainsMember;
-    if (array == EventsMember) Append(EventOf(recordValues), events);
+    if (array == EventsMember) {
+        const JobEvent event = EventOf(recordValues);
+        lastTime = event.time();
+        Append(event, events);
+    }
     if (array == WindowsMember) Append(WindowOf(recordValues), windows);
     if (array == ChainsMember) Append(ChainOf(recordValues), chains);
     ++counts[array];
@@ -333,7 +346,7 @@ std::string JobTextReader::BytesOf(const std::string& hex) {
 }
 
 template <class Record>
-void JobTextReader::Append(const Record& record, OutputBytes& array) {
+void JobTextReader::Append(const Record& record, OutputBlocks& array) {
     const std::size_t bytesMember = recordRules.size() - 1;
     if (!recordValues.Has(bytesMember)) return array.Write(record);
     ImageOf(record, recordRules, recordValues, image);
@@ -361,41 +374,47 @@ bool JobTextReader::parse_error(std::size_t, const std::string&, const ParseFail
     FailInText("This is not JSON (" + std::string(words) + "). Mend it, or export the job again.");
 }
 
-std::int32_t JobTextReader::CountToWrite(std::size_t countMember, std::int32_t items) const {
-    const std::int32_t count = jobValues.Int32(countMember);
-    if (count == 0) return items;
-    if (items > 0) FailInText(InQuotes(JobRules[countMember].name) + " is for an array without items. Remove it.");
-    return count;
+// As it stands in the file.
+std::string JobTextReader::CountBytes(std::size_t countMember, std::size_t array) const {
+    const std::int32_t given = jobValues.Int32(countMember);
+    if (given != 0 && counts[array] > 0) {
+        FailInText(InQuotes(JobRules[countMember].name) + " is for an array without items. Remove it.");
+    }
+    std::string bytes(sizeof given, '\0');
+    little_endian::Store(bytes.data(), given != 0 ? given : counts[array]);
+    return bytes;
 }
 
-std::string JobTextReader::TakeJob() {
+JobHeader JobTextReader::WholeHeader() const {
     JobHeader header = HeaderOf(jobValues);
     InCodePage({});  // fails for a code page that is not known, also where no text needs it
     if (jobValues.numbers[FormatMember] != TextFormatVersion) {
         FailInText("This text was written by a newer program. Use that one to import it.");
     }
-    const std::string eventBytes = events.Take();
-    if (!jobValues.Has(DurationMember)) {
-        const auto usual = UsualDuration(header, eventBytes);
-        if (!usual) FailInText("A speed of 0 percent gives no duration. Write another one, or a \"DurationMs\".");
-        header.DurationMs = *usual;
-    }
-    std::string job;
-    ImageOf(header, JobRules, jobValues, job);
-    OutputBytes front;
-    const auto addCount = [&](std::size_t countMember, std::size_t array) {
-        front.WriteCount(static_cast<std::size_t>(CountToWrite(countMember, counts[array])));
-        job += front.Take();
-    };
-    addCount(EventCountMember, EventsMember);
-    addCount(StringCountMember, StringsMember);
-    job += strings.Take();
-    job += eventBytes;
-    addCount(WindowCountMember, WindowsMember);
-    job += windows.Take();
-    addCount(ChainCountMember, ChainsMember);
-    job += chains.Take();
-    return job += tail;
+    if (jobValues.Has(DurationMember)) return header;
+    const auto usual = UsualDuration(header, lastTime);
+    if (!usual) FailInText("A speed of 0 percent gives no duration. Write another one, or a \"DurationMs\".");
+    header.DurationMs = *usual;
+    return header;
+}
+
+void JobTextReader::Finish() {
+    ImageOf(WholeHeader(), JobRules, jobValues, front);
+    front += CountBytes(EventCountMember, EventsMember) + CountBytes(StringCountMember, StringsMember);
+    windowCount = CountBytes(WindowCountMember, WindowsMember);
+    chainCount = CountBytes(ChainCountMember, ChainsMember);
+}
+
+// In the order of the file.
+void JobTextReader::HandTo(const TextSink& sink) const {
+    sink(front);
+    strings.HandTo(sink);
+    events.HandTo(sink);
+    sink(windowCount);
+    windows.HandTo(sink);
+    sink(chainCount);
+    chains.HandTo(sink);
+    if (!tail.empty()) sink(tail);
 }
 
 // The parser has read one character beyond a number.
@@ -405,17 +424,17 @@ std::ptrdiff_t LineOf(const char* begin, const char* place) {
 
 }  // namespace
 
-std::string ImportJob(const std::string& name, std::string_view text, const TextProgress& progress) {
+void ImportJob(const std::string& name, std::string_view text, const TextSink& sink, const TextProgress& progress) {
     const char* place = text.data();
+    TextPace pace(progress, text.size());
+    JobTextReader reader(text.data(), place, CodePageOf(text), pace);
     try {
-        TextPace pace(progress, text.size());
-        JobTextReader reader(text.data(), place, CodePageOf(text), pace);
         nlohmann::json::sax_parse(SharedPlace(place, place), SharedPlace(place + text.size(), place), &reader);
-        std::string job = reader.TakeJob();
-        pace.End();
-        return job;
+        reader.Finish();
     } catch (const RuntimeFailure& failure) {
         throw RuntimeFailure(failure.Kind(), "'" + name + "', line " + std::to_string(LineOf(text.data(), place)) +
                                                  ": " + failure.what());
     }
+    reader.HandTo(sink);
+    pace.End();
 }

@@ -18,12 +18,14 @@ using TextSink = std::function<void(std::string_view block)>;
 // Called about a hundred times on the way, with bytes of the input.
 using TextProgress = std::function<void(std::size_t done, std::size_t total)>;
 
-// Hands the text of a job file to `sink`, in blocks of up to some 100 KB. `name` is the file's, for failures. Texts are
-// written as the code page has them. A file failure for what ReadJob cannot read, a range failure for a code page that
-// is not known here; the sink may have been called by then in neither case.
-void ExportJob(const std::string& name, std::string_view bytes, const TextSink& sink,
-               int codePage = platform::SystemCodePage(), const TextProgress& progress = {});
+// Reads a job file and hands its text to `sink`, in blocks of some 100 KB. Texts are read as the code page has them. A
+// file failure for what ReadJob cannot read, when part of the text may have been handed over already; a range failure
+// for a code page that is not known here.
+class InputFile;
+void ExportJob(InputFile& job, const TextSink& sink, int codePage = platform::SystemCodePage(),
+               const TextProgress& progress = {});
 
-// The bytes of the job file that the text tells. Any layout of the JSON will do, and any order of members. What is not
-// understood, is lacking, or contradicts itself is a file failure: a sentence with the name, the line, and what to do.
-std::string ImportJob(const std::string& name, std::string_view text, const TextProgress& progress = {});
+// Hands the bytes of the job file that the text tells to `sink`. Any layout of the JSON will do, and any order of
+// members. What is not understood, is lacking, or contradicts itself is a file failure, before anything is handed over:
+// a sentence with the name of the text, the line, and what to do.
+void ImportJob(const std::string& name, std::string_view text, const TextSink& sink, const TextProgress& progress = {});

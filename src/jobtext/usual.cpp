@@ -1,11 +1,8 @@
 #include "jobtext/usual.h"
 
 #include "jobs/job_file.h"
-#include "jobtext/carried.h"
 
-std::optional<std::int32_t> UsualDuration(const JobHeader& header, std::string_view events) {
-    const std::size_t size = RecordSize<JobEvent>();
-    const std::int32_t lastTime = events.empty() ? 0 : RecordOf<JobEvent>(events.substr(events.size() - size)).time();
+std::optional<std::int32_t> UsualDuration(const JobHeader& header, std::int32_t lastTime) {
     if (lastTime != 0 && header.SpeedPercent == 0) return std::nullopt;
     return DurationAtSpeed(lastTime, header.SpeedPercent);
 }

@@ -3,9 +3,14 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
-#include <utility>
 
 #include "base/runtime_failure.h"
+
+namespace {
+
+constexpr std::size_t MemoryBlockSize = 256ULL * 1024;
+
+}  // namespace
 
 void RecordOutput::WriteString(std::string_view text) {
     if (text.size() > std::numeric_limits<std::uint16_t>::max()) {
@@ -16,15 +21,22 @@ void RecordOutput::WriteString(std::string_view text) {
     if (!text.empty()) std::memcpy(Room(text.size()), text.data(), text.size());
 }
 
-std::string OutputBytes::Take() {
-    bytes.resize(Written());
-    next = end = nullptr;
-    return std::exchange(bytes, {});
+void OutputBlocks::HandTo(const std::function<void(std::string_view block)>& sink) const {
+    for (const Block& block : blocks) {
+        sink({block.bytes.get(), &block == &blocks.back() ? UsedOfLast() : block.used});
+    }
 }
 
-void OutputBytes::MakeRoom(std::size_t size) {
-    const std::size_t written = Written();
-    bytes.resize(std::max(2 * bytes.size(), written + size));
-    next = bytes.data() + written;
-    end = bytes.data() + bytes.size();
+std::string OutputBlocks::Joined() const {
+    std::string bytes;
+    HandTo([&bytes](std::string_view block) { bytes += block; });
+    return bytes;
+}
+
+void OutputBlocks::MakeRoom(std::size_t size) {
+    if (!blocks.empty()) blocks.back().used = UsedOfLast();
+    const std::size_t blockSize = std::max(size, MemoryBlockSize);
+    blocks.push_back({std::make_unique_for_overwrite<char[]>(blockSize)});
+    next = blocks.back().bytes.get();
+    end = next + blockSize;
 }

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,14 +56,21 @@ protected:
     char* end = nullptr;
 };
 
-class OutputBytes : public RecordOutput {
+// In memory, in blocks that never move.
+class OutputBlocks : public RecordOutput {
 public:
-    // All that was written; nothing is left here.
-    std::string Take();
+    // Hands over all that was written, in order.
+    void HandTo(const std::function<void(std::string_view block)>& sink) const;
+    std::string Joined() const;
 
 private:
-    void MakeRoom(std::size_t size) override;
-    std::size_t Written() const { return next == nullptr ? 0 : static_cast<std::size_t>(next - bytes.data()); }
+    struct Block {
+        std::unique_ptr<char[]> bytes;
+        std::size_t used = 0;  // of all but the last block, which is in use
+    };
 
-    std::string bytes;
+    void MakeRoom(std::size_t size) override;
+    std::size_t UsedOfLast() const { return static_cast<std::size_t>(next - blocks.back().bytes.get()); }
+
+    std::vector<Block> blocks;
 };

@@ -5,6 +5,7 @@
 #include "base/runtime_failure.h"
 #include "jobtext/job_text.h"
 #include "platform/text.h"
+#include "storage/input_file.h"
 #include "tsj/commands.h"
 #include "tsj/tool.h"
 
@@ -23,15 +24,21 @@ TextProgress ProgressOf(const Tool& tool, const std::string& what) {
 }
 
 void Export(const TextOptions& options, const Tool& tool) {
-    const std::string job = tool.ReadAll(options.from);
-    tool.WriteBlocks(options.to, [&](const TextSink& sink) {
-        ExportJob(tool.NameOf(options.from), job, sink, options.codePage, ProgressOf(tool, "export"));
+    tool.ReadFrom(options.from, [&](InputFile& job) {
+        tool.WriteBlocks(options.to, [&](const TextSink& sink) {
+            ExportJob(job, sink, options.codePage, ProgressOf(tool, "export"));
+        });
     });
 }
 
 void Import(const TextOptions& options, const Tool& tool) {
-    const std::string text = tool.ReadAll(options.from);
-    tool.WriteAll(options.to, ImportJob(tool.NameOf(options.from), text, ProgressOf(tool, "import")));
+    tool.ReadFrom(options.from, [&](InputFile& file) {
+        const auto size = static_cast<std::size_t>(file.Length());
+        const std::string_view text(file.Take(size), size);
+        tool.WriteBlocks(options.to, [&](const TextSink& sink) {
+            ImportJob(tool.NameOf(options.from), text, sink, ProgressOf(tool, "import"));
+        });
+    });
 }
 
 }  // namespace

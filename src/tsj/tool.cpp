@@ -12,22 +12,20 @@ std::string Tool::Utf8(std::string_view text) {
     return platform::ToUtf8(text);
 }
 
-std::string Tool::ReadAll(const std::string& path) const {
-    if (path == StandardStream) return streams.readAll();
-    InputFile file(PathOf(path));
-    const auto size = static_cast<std::size_t>(file.Length());
-    return size == 0 ? std::string() : std::string(file.Take(size), size);
+void Tool::ReadFrom(const std::string& path, const std::function<void(InputFile&)>& read) const {
+    if (path == StandardStream) {
+        const std::string bytes = streams.readAll();
+        InputFile file(NameOf(path), bytes);
+        read(file);
+    } else {
+        InputFile file(PathOf(path));
+        read(file);
+    }
 }
 
 Job Tool::ReadJobAt(const std::string& path) const {
     Job job;
-    if (path == StandardStream) {
-        const std::string bytes = streams.readAll();
-        InputFile file(NameOf(path), bytes);
-        ReadJob(file, job);
-    } else {
-        ReadJob(PathOf(path), job);
-    }
+    ReadFrom(path, [&job](InputFile& file) { ReadJob(file, job); });
     return job;
 }
 

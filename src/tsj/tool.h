@@ -12,12 +12,14 @@
 
 inline constexpr const char* StandardStream = "-";
 
+class InputFile;
+
 class Tool {
 public:
     explicit Tool(Streams& theStreams) : streams(theStreams) {}
 
     // A path, or "-" for a standard stream. All fail as the files do (RuntimeFailure, kind File).
-    std::string ReadAll(const std::string& path) const;
+    void ReadFrom(const std::string& path, const std::function<void(InputFile&)>& read) const;
     Job ReadJobAt(const std::string& path) const;
 
     // In one step: the old file or the new one, whole. Nothing of a longer old file stays behind the new bytes.

@@ -1,6 +1,5 @@
 #include "jobs/job_file.h"
 
-#include "jobs/job_parts.h"
 #include "jobs/sample_job.h"
 #include "storage/input_file.h"
 #include "support/disk_faults.h"
@@ -42,11 +41,10 @@ TEST_F(JobFile, WholeJobsComeToMemoryAndFromIt) {
     Job job;
     ReadJob(memory, job);
     EXPECT_EQ(Dump(job), Dump(SampleJob()));
-    const JobParts parts = PartsOfJob("a stream", bytes);
-    EXPECT_EQ(parts.tail, "old tail");
-    EXPECT_EQ(parts.events.bytes.data() - bytes.data(), static_cast<std::ptrdiff_t>(WindowCountAt - 3 * 37));
+    EXPECT_EQ(memory.Rest(), 8);
     for (std::size_t length = 0; length < SampleBytes().size(); ++length) {
-        EXPECT_THAT([&] { PartsOfJob("a stream", std::string_view(bytes).substr(0, length)); },
+        InputFile cut("a stream", std::string_view(bytes).substr(0, length));
+        EXPECT_THAT([&] { ReadJob(cut, job); },
                     testing::ThrowsMessage<RuntimeFailure>(HasSubstr("'a stream' is damaged")));
     }
 }

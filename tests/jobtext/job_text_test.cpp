@@ -16,12 +16,15 @@ namespace {
 
 std::string TextOf(const std::string& bytes) {
     std::string text;
-    ExportJob("a.tsj", bytes, [&text](std::string_view block) { text += block; });
+    InputFile file("a.tsj", bytes);
+    ExportJob(file, [&text](std::string_view block) { text += block; });
     return text;
 }
 
 std::string JobOf(const std::string& text) {
-    return ImportJob("a.json", text);
+    std::string bytes;
+    ImportJob("a.json", text, [&bytes](std::string_view block) { bytes += block; });
+    return bytes;
 }
 
 std::string WordsOf(const std::function<void()>& work) {
@@ -195,7 +198,8 @@ TEST(JobText, TellsOddBytesBesideTheMembers) {
     const std::string negative =
         WithInt32(WithInt32(SampleBytes().substr(0, EventCountAt + 8), EventCountAt, -3), StringCountAt, -1) +
         FileBytes().Int32(-2).Int32(0).All() + "tail";
-    EXPECT_THAT(TextOf(negative), HasSubstr("\"EventCount\": -3,\n\"StringCount\": -1,\n\"WindowCount\": -2,\n"));
+    EXPECT_THAT(TextOf(negative), HasSubstr("\"EventCount\": -3,\n\"StringCount\": -1,\n\"Strings\": [],\n\"Events\": "
+                                            "[],\n\"DurationMs\": 2600,\n\"WindowCount\": -2,\n"));
     EXPECT_THAT(TextOf(negative), HasSubstr("\"Tail\": [\n\"7461696c\"\n]"));
     EXPECT_EQ(JobOf(TextOf(negative)), negative);
 }
@@ -283,25 +287,22 @@ TEST(JobText, DamagedTextIsASentenceWithItsLine) {
 
 TEST(JobText, TellsHowFarItHasCome) {
     const std::string bytes = JobBytes(RandomJob(1, 4000));
+    const auto nowhere = [](std::string_view) {};
     std::vector<std::size_t> told;
     const auto tell = [&told](std::size_t done, std::size_t total) {
         EXPECT_LE(done, total);
         told.push_back(done);
     };
-    std::string text;
-    ExportJob(
-        "a.tsj", bytes, [&text](std::string_view block) { text += block; }, 1252, tell);
+    InputFile file("a.tsj", bytes);
+    ExportJob(file, nowhere, 1252, tell);
     EXPECT_EQ(told.back(), bytes.size());
     EXPECT_THAT(told.size(), testing::AllOf(testing::Ge(50U), testing::Le(102U)));
     told.clear();
-    ImportJob("a.json", text, tell);
+    const std::string text = TextOf(bytes);
+    ImportJob("a.json", text, nowhere, tell);
     EXPECT_EQ(told.back(), text.size());
     EXPECT_THAT(told.size(), testing::AllOf(testing::Ge(50U), testing::Le(102U)));
-    EXPECT_THAT(WordsOf([&] {
-                    ExportJob(
-                        "a.tsj", bytes, [](std::string_view) {}, 77777);
-                }),
-                HasSubstr("The code page 77777 is not known here."));
+    EXPECT_THAT(WordsOf([&] { ExportJob(file, nowhere, 77777); }), HasSubstr("The code page 77777 is not known here."));
 }
 
 }  // namespace
