@@ -12,7 +12,8 @@
 #include "tsj/commands.h"
 #include "tsj/tool.h"
 
-const std::vector<AddCommand> textCommands = {AddShow, AddCheck, AddDiff, AddExport, AddImport, AddExe, AddUnpack};
+const std::vector<AddCommand> textCommands = {AddShow,   AddCheck,   AddDiff, AddExport,
+                                              AddImport, AddPicture, AddExe,  AddUnpack};
 
 namespace {
 
