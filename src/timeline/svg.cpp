@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "base/xml.h"
 #include "platform/text.h"
 
 std::string Number(double value) {
@@ -14,26 +15,7 @@ std::string Number(double value) {
 }
 
 std::string Escaped(std::string_view text) {
-    std::string escaped;
-    for (const char c : platform::ToUtf8(text)) {
-        switch (c) {
-            case '&':
-                escaped += "&amp;";
-                break;
-            case '<':
-                escaped += "&lt;";
-                break;
-            case '>':
-                escaped += "&gt;";
-                break;
-            case '"':
-                escaped += "&quot;";
-                break;
-            default:
-                escaped += static_cast<unsigned char>(c) < ' ' || c == '\x7F' ? ' ' : c;
-        }
-    }
-    return escaped;
+    return EscapedXml(platform::ToUtf8(text));
 }
 
 std::string Shortened(const std::string& text, std::size_t most) {

@@ -1,42 +1,14 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "base/xml.h"
 #include "tsj/tool.h"
 #include "tsj_desktop/run_report.h"
 
 namespace {
 
-// Of an attribute or a text. What XML 1.0 has no place for becomes a question mark.
-std::string Escaped(const std::string& text) {
-    std::string escaped;
-    for (const char character : text) {
-        switch (character) {
-            case '&':
-                escaped += "&amp;";
-                break;
-            case '<':
-                escaped += "&lt;";
-                break;
-            case '>':
-                escaped += "&gt;";
-                break;
-            case '"':
-                escaped += "&quot;";
-                break;
-            case '\r':
-            case '\n':
-            case '\t':
-                escaped += ' ';
-                break;
-            default:
-                escaped += static_cast<unsigned char>(character) < ' ' ? '?' : character;
-        }
-    }
-    return escaped;
-}
-
 std::string Attribute(const char* name, const std::string& value) {
-    return std::string(" ") + name + "=\"" + Escaped(value) + "\"";
+    return std::string(" ") + name + "=\"" + EscapedXml(value) + "\"";
 }
 
 std::string Seconds(double ms) {

@@ -1,4 +1,4 @@
-// What logic asks of the main window, which a made program has not.
+// What logic asks of the main window, which made programs and the command line have not.
 #include "replay/main_window_view.h"
 #include "settings/settings_view.h"
 
