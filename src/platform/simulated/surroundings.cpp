@@ -347,10 +347,10 @@ bool AnotherInstanceRuns(const std::string& name) {
     return State().otherInstances.contains(name);
 }
 
-// The simulated desktop has one monitor, and nothing to be seen on it.
 std::vector<Monitor> Monitors() {
-    const Size size = ScreenSize();
-    return {{{0, 0, size.width, size.height}, 96, true}};
+    std::vector<Monitor> monitors;
+    for (const Rect& place : simulated::Monitors()) monitors.push_back({place, 96, monitors.empty()});
+    return monitors;
 }
 
 std::string KeyboardLayoutName() {
@@ -361,6 +361,7 @@ std::string SystemVersion() {
     return "simulated";
 }
 
+// There is nothing to be seen.
 Picture TakeScreenPicture() {
     return {2, 1, {0, 0, 0, 255, 255, 255}};
 }
