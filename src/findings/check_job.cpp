@@ -96,11 +96,15 @@ bool IsPathOfWindows(const std::string& path) {
 // One check of one job.
 class Check {
 public:
-    explicit Check(const Job& checkedJob) : job(checkedJob), links(checkedJob), texts(checkedJob.Strings) {
+    Check(const Job& checkedJob, const CheckOptions& theOptions)
+        : job(checkedJob),
+          links(checkedJob),
+          options(theOptions),
+          texts(checkedJob.Strings, !theOptions.keyboardIsThatOfTheJob) {
         titleSeen.resize(job.Windows.size());
     }
 
-    std::vector<Finding> Run(const CheckOptions& options);
+    std::vector<Finding> Run();
 
 private:
     void CheckHeader();
@@ -131,6 +135,7 @@ private:
 
     const Job& job;
     const JobLinks links;
+    const CheckOptions& options;
     TypedTexts texts;
     PressLedger held;
     std::vector<Finding> findings;
@@ -141,7 +146,7 @@ private:
     bool keyRowSeen = false;
 };
 
-std::vector<Finding> Check::Run(const CheckOptions& options) {
+std::vector<Finding> Check::Run() {
     CheckHeader();
     if (options.looksForProgram) CheckProgram();
     if (job.Events.empty()) Add(FindingKind::EmptyJob);
@@ -333,7 +338,7 @@ void Check::SortAndUnite() {
 }  // namespace
 
 std::vector<Finding> CheckJob(const Job& job, const CheckOptions& options) {
-    return Check(job).Run(options);
+    return Check(job, options).Run();
 }
 
 Finding FindingOfUnreadableJob(const RuntimeFailure& failure) {

@@ -14,6 +14,10 @@
 struct CheckOptions {
     // Whether the program that the job starts is looked for. Where paths are not those of Windows, none can be.
     bool looksForProgram = true;
+
+    // Whether what this keyboard lacks cannot be typed. Elsewhere a letter beyond ASCII may be on the keyboard that the
+    // job was recorded with.
+    bool keyboardIsThatOfTheJob = true;
 };
 
 // In the order of the rows, those of the job as a whole first; no two are alike. Keystrokes are judged by the present

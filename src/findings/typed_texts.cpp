@@ -11,6 +11,10 @@ bool CanBeSent(const TypedKey& key) {
     return key.vk == WheelKey || platform::ScanCodeOf(key.vk) >= 1;
 }
 
+bool IsForeignLetter(const std::string& token) {
+    return token.size() == 1 && static_cast<unsigned char>(token.front()) >= 0x80;
+}
+
 }  // namespace
 
 const TypedText& TypedTexts::Of(std::int32_t stringIndex) {
@@ -28,6 +32,7 @@ TypedText TypedTexts::Read(const std::string& text) {
         TypedKey key{KeyCodeUnknown, NoWord};
         ParseToken(token, key.vk, key.action, names, BadWords::PassedOver);
         if (!CanBeSent(key)) {
+            if (anyLetterWillDo && IsForeignLetter(token)) continue;
             read.keys.clear();
             read.badToken = token;
             return read;

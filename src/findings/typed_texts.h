@@ -21,7 +21,9 @@ struct TypedText {
 
 class TypedTexts {
 public:
-    explicit TypedTexts(const std::vector<std::string>& jobStrings) : strings(jobStrings), known(jobStrings.size()) {}
+    // `anyLetter`: one beyond ASCII, for which this keyboard has no key, is passed over.
+    TypedTexts(const std::vector<std::string>& jobStrings, bool anyLetter)
+        : strings(jobStrings), anyLetterWillDo(anyLetter), known(jobStrings.size()) {}
 
     // By the number of a text, from 1; it has to exist.
     const TypedText& Of(std::int32_t stringIndex);
@@ -35,6 +37,7 @@ private:
     };
 
     const std::vector<std::string>& strings;
+    const bool anyLetterWillDo;
     std::vector<Entry> known;
     KeyNameMemory names;
 };

@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "base/runtime_failure.h"
 #include "findings/check_job.h"
@@ -17,36 +18,63 @@ struct CheckedJobs {
     bool json = false;
 };
 
-std::vector<Finding> FindingsOf(const std::string& path, const Tool& tool) {
+struct ToldFinding {
+    std::int32_t row = 0;
+    std::int32_t event = -1;
+    std::string what;
+    std::string toDo;
+    std::string line;
+};
+
+ToldFinding Told(const Finding& finding) {
+    return {finding.row, finding.event, Tool::Utf8(WhatIsWrong(finding)), Tool::Utf8(WhatToDo(finding)),
+            Tool::Utf8(FindingLine(finding))};
+}
+
+// No value for a job that cannot be read, which is a finding.
+std::optional<Job> ReadOrTell(const std::string& path, const Tool& tool, std::vector<ToldFinding>& told) {
     try {
-        CheckOptions options;
-        options.looksForProgram = tool.KnowsWindowsPaths();
-        return CheckJob(tool.ReadJobAt(path), options);
+        return tool.ReadJobAt(path);
     } catch (const RuntimeFailure& failure) {
-        return {FindingOfUnreadableJob(failure)};
+        told.push_back(Told(FindingOfUnreadableJob(failure)));
+        return std::nullopt;
     }
 }
 
-Json JsonOf(const std::string& path, const Finding& finding) {
+std::vector<ToldFinding> FindingsOf(const Job& job, const Tool& tool) {
+    CheckOptions options;
+    options.looksForProgram = options.keyboardIsThatOfTheJob = tool.IsOnWindows();
+    std::vector<ToldFinding> told;
+    for (const Finding& finding : CheckJob(job, options)) told.push_back(Told(finding));
+    if (!tool.lookAtDesktop) return told;
+    for (const DesktopFinding& finding : tool.lookAtDesktop(job)) {
+        told.push_back({finding.row, -1, finding.what, finding.toDo, finding.what + " " + finding.toDo});
+    }
+    return told;
+}
+
+Json JsonOf(const std::string& path, const ToldFinding& finding) {
     return {{"job", path},
             {"row", finding.row == 0 ? Json() : Json(finding.row)},
             {"event", finding.event < 0 ? Json() : Json(finding.event)},
-            {"what", Tool::Utf8(WhatIsWrong(finding))},
-            {"toDo", Tool::Utf8(WhatToDo(finding))}};
+            {"what", finding.what},
+            {"toDo", finding.toDo}};
 }
 
 void Check(const CheckedJobs& jobs, Tool& tool) {
     Json all = Json::array();
-    bool unreadable = false;
     for (const std::string& path : jobs.paths) {
-        for (const Finding& finding : FindingsOf(path, tool)) {
+        std::vector<ToldFinding> told;
+        const std::optional<Job> job = ReadOrTell(path, tool, told);
+        if (job) told = FindingsOf(*job, tool);
+        for (const ToldFinding& finding : told) {
             all.push_back(JsonOf(path, finding));
-            unreadable = unreadable || finding.kind == FindingKind::UnreadableJob;
-            if (!jobs.json) tool.PrintLine(path + ": " + Tool::Utf8(FindingLine(finding)));
+            if (!jobs.json) tool.PrintLine(path + ": " + finding.line);
         }
+        if (!told.empty() && tool.exitCode == 0) tool.EndWith(ExitCode::Failed);
+        if (!job) tool.EndWith(ExitCode::NothingToPlay);
     }
     if (jobs.json) tool.PrintLine(all.dump(2, ' ', false, Json::error_handler_t::replace));
-    if (!all.empty()) tool.EndWith(unreadable ? ExitCode::NothingToPlay : ExitCode::Failed);
 }
 
 }  // namespace

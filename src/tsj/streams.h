@@ -12,7 +12,7 @@ struct Streams {
     std::function<std::string(const std::string&)> pathOf;         // as the files of the platform want it
     std::function<std::string(const std::string&)> pathAsTyped;    // the way back, for messages
     std::function<std::string(const std::string&)> besideProgram;  // a file in its own folder, by name
-    bool knowsWindowsPaths = false;                                // whether a path in a job can be looked for
-    bool colours = false;                                          // on a terminal, for a person
-    bool progress = false;                                         // somebody watches the messages
+    bool onWindows = false;  // paths in a job can be looked for, and keys are those of the user
+    bool colours = false;    // on a terminal, for a person
+    bool progress = false;   // somebody watches the messages
 };

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/exit_codes.h"
 #include "jobs/job_records.h"
@@ -13,6 +14,13 @@
 inline constexpr const char* StandardStream = "-";
 
 class InputFile;
+
+// What is wrong with a job on this desktop, now. In English, UTF-8.
+struct DesktopFinding {
+    std::int32_t row = 0;  // as the editor shows it
+    std::string what;
+    std::string toDo;
+};
 
 class Tool {
 public:
@@ -49,10 +57,13 @@ public:
     std::string BesideProgram(const std::string& name) const { return streams.besideProgram(name); }
     std::string PathOf(const std::string& typed) const { return streams.pathOf(typed); }
 
-    bool KnowsWindowsPaths() const { return streams.knowsWindowsPaths; }
+    bool IsOnWindows() const { return streams.onWindows; }
 
     // Text of a job, for a person or another program.
     static std::string Utf8(std::string_view text);
+
+    // What `check` asks besides, where a desktop is there to be asked and somebody wants it.
+    std::function<std::vector<DesktopFinding>(const Job&)> lookAtDesktop;
 
     int exitCode = static_cast<int>(ExitCode::Success);
     void EndWith(ExitCode code) { exitCode = static_cast<int>(code); }

@@ -70,6 +70,39 @@ TEST_F(TsjTest, ShowsAJobInUtf8WhereverItComesFrom) {
     EXPECT_THAT(err, HasSubstr("'C:\\jobs\\Ärger.tsj'"));
 }
 
+TEST_F(TsjTest, ChecksJobsAndTellsALineForEachFinding) {
+    EXPECT_EQ(Tsj({"check", JobPath}), 0) << out;
+    EXPECT_EQ(out, "");
+    job.Press(Left, 310, 310).TextRow("{ENTR}").InWindow({"Notepad", "letter.txt - Notepad"}).Click(Right, 1, 1);
+    WriteJob("C:\\jobs\\bad.tsj", job.Built());
+    ASSERT_EQ(Tsj({"check", JobPath, "C:\\jobs\\bad.tsj", "--desktop"}), 1);
+    EXPECT_THAT(out,
+                AllOf(HasSubstr("bad.tsj: Row 3: The left mouse button"), HasSubstr("'{ENTR}'"),
+                      HasSubstr("names a file: 'letter.txt"), HasSubstr("Übung.tsj: Row 1: "), HasSubstr("not there")))
+        << "the windows are not there";
+    ASSERT_EQ(Tsj({"check", "C:\\jobs\\none.tsj", "C:\\jobs\\bad.tsj", "--json"}), 3);
+    const json read = json::parse(out);
+    EXPECT_TRUE(read[0]["row"].is_null());
+    EXPECT_EQ(read[1]["row"], 3) << out;
+    EXPECT_GT(read[1]["toDo"].get<std::string>().size(), 10u);
+}
+
+TEST_F(TsjTest, ComparesJobsLikeDiff) {
+    EXPECT_EQ(Tsj({"diff", JobPath, JobPath}), 0);
+    EXPECT_EQ(out, "");
+    Job edited = job.Built();
+    edited.SpeedPercent = 150;
+    edited.Strings[0] = "other";
+    WriteJob("C:\\jobs\\edited.tsj", edited);
+    ASSERT_EQ(Tsj({"diff", JobPath, "C:\\jobs\\edited.tsj"}), 1);
+    EXPECT_THAT(out, AllOf(HasSubstr("- SpeedPercent: 100\n+ SpeedPercent: 150\n@ changed: content\n- 2 "),
+                           HasSubstr("grüß\n"), HasSubstr("other\n")));
+    ASSERT_EQ(Tsj({"diff", JobPath, "C:\\jobs\\edited.tsj", "--json"}), 1);
+    EXPECT_EQ(json::parse(out)["rows"][0]["b"]["text"], "other");
+    EXPECT_EQ(Tsj({"diff", JobPath, "C:\\jobs\\none.tsj"}), 2);
+    EXPECT_THAT(err, HasSubstr("none.tsj"));
+}
+
 TEST_F(TsjTest, MakesAProgramAndTakesTheJobOut) {
     ASSERT_EQ(Tsj({"exe", JobPath, "C:\\jobs\\a.exe", "--language", "de"}), 0) << err;
     const std::string made = *simulated::FileBytes("C:\\jobs\\a.exe");

@@ -4,4 +4,7 @@
 #include "tsj/tsj.h"
 
 void AddExplain(CLI::App& tsj, Tool& tool);
+// Adds --desktop to a command that is there.
+void AddCheckOfDesktop(CLI::App& tsj, Tool& tool);
+
 void AddRun(CLI::App& tsj, Tool& tool);

@@ -167,4 +167,4 @@ void AddRun(CLI::App& tsj, Tool& tool) {
     });
 }
 
-const std::vector<AddCommand> desktopCommands = {AddRun, AddExplain};
+const std::vector<AddCommand> desktopCommands = {AddRun, AddExplain, AddCheckOfDesktop};

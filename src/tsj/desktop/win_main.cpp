@@ -90,7 +90,7 @@ Streams ConsoleStreams() {
     streams.besideProgram = [](const std::string& name) {
         return platform::ToUtf8(platform::ExecutableFolder() + "\\" + name);
     };
-    streams.knowsWindowsPaths = true;
+    streams.onWindows = true;
     streams.colours = IsTerminal(STD_OUTPUT_HANDLE) && TakesColours();
     streams.progress = IsTerminal(STD_ERROR_HANDLE);
     return streams;
