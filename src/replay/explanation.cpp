@@ -48,6 +48,11 @@ std::string TitleOf(WindowHandle other, WindowHandle root) {
     return title.empty() ? LiveClass(named) : title;
 }
 
+// A run has them out of the way, when it comes to look under the pointer.
+bool IsOurs(LiveChain& live) {
+    return platform::ThreadOf(live.Handle(0)) == platform::CurrentThread();
+}
+
 bool IsPress(std::int32_t flags) {
     switch (flags) {
         case MouseFlagBase + platform::MouseLeftDown:
@@ -82,10 +87,12 @@ void Explainer::RoundBegins(const SearchRequest& request, const WantedChain& wan
 }
 
 void Explainer::Looked(const LookedAt& window) {
+    if (window.live.Handle(0) == 0) return;  // nothing has the focus, or lies under the cursor
     if (window.step == SearchStep::Element && window.fate == Fate::OtherClass) {
         ++explanation.othersLookedAt;
         return;
     }
+    if (explanation.onlyLooked && window.step == SearchStep::LiveWindow && IsOurs(window.live)) return;
     Candidate candidate;
     candidate.window = window.live.Handle(0);
     candidate.step = window.step;

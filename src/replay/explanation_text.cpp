@@ -271,47 +271,54 @@ std::string What(const std::string& property, std::int32_t level, std::size_t le
     return property + " (" + Translate1("around it: %1", std::to_string(level)) + ")";
 }
 
-std::string Verdict(bool equal) {
-    return equal ? Translate("equal") : Translate("different");
-}
-
 class TableMaker {
 public:
     explicit TableMaker(const Explanation& of) : explanation(of) {}
 
     std::vector<ExplanationRow> Make() {
         for (const Candidate& candidate : explanation.candidates) Add(candidate);
+        if (rows.empty() && !explanation.recorded.empty()) AddRecorded();
         return std::move(rows);
     }
 
 private:
+    // What was looked for, where nothing was found to hold against it.
+    void AddRecorded() {
+        rows.push_back({true, false, Translate("Recorded"), {}, {}, {}});
+        std::int32_t number = 0;
+        for (const WindowSignature& window : explanation.recorded) {
+            Add({number++, window, {}, {}}, explanation.recorded.size());
+        }
+    }
+
     void Add(const Candidate& candidate) {
         std::string fate = FateText(candidate.fate);
         if (!candidate.otherTitle.empty()) fate += ": " + candidate.otherTitle;
-        rows.push_back(
-            {true, StepText(candidate.step, explanation.useFocus) + ": " + LiveName(candidate), {}, {}, fate});
+        const std::string step = StepText(candidate.step, explanation.useFocus);
+        rows.push_back({true, false, step, {}, LiveName(candidate), fate});
         for (const LevelComparison& level : candidate.levels) Add(level, candidate.levels.size());
     }
 
     void Add(const LevelComparison& level, std::size_t levels) {
-        const auto add = [&](const std::string& property, auto text, const std::string& equal) {
-            rows.push_back({false, What(property, level.level, levels), level.recorded ? text(*level.recorded) : "",
-                            level.live ? text(*level.live) : "", equal});
+        const auto add = [&](const std::string& property, auto text, bool equal) {
+            const std::string verdict = equal ? Translate("equal") : Translate("different");
+            const bool compared = level.live.has_value();
+            rows.push_back({false, compared && !equal, What(property, level.level, levels),
+                            level.recorded ? text(*level.recorded) : "", level.live ? text(*level.live) : "",
+                            compared ? verdict : ""});
         };
+        using Window = const WindowSignature&;
         add(
-            Translate("Title"), [](const WindowSignature& window) { return window.Caption; },
-            Verdict(level.equal.caption));
+            Translate("Title"), [](Window window) { return window.Caption; }, level.equal.caption);
         add(
-            Translate("Class"), [](const WindowSignature& window) { return window.ClassName; },
-            Verdict(level.equal.className));
+            Translate("Class"), [](Window window) { return window.ClassName; }, level.equal.className);
         add(
-            Translate("Place and size"), [](const WindowSignature& window) { return Place(window.Placement); },
-            Verdict(level.equal.placement));
+            Translate("Place and size"), [](Window window) { return Place(window.Placement); }, level.equal.placement);
         const bool isElement = level.level + 1 < static_cast<std::int32_t>(explanation.recorded.size());
         if (!isElement || !level.recorded || !level.live) return;
         add(
-            Translate("Control number"), [](const WindowSignature& window) { return std::to_string(window.ControlId); },
-            Verdict(level.recorded->ControlId == level.live->ControlId));
+            Translate("Control number"), [](Window window) { return std::to_string(window.ControlId); },
+            level.recorded->ControlId == level.live->ControlId);
     }
 
     const Explanation& explanation;
@@ -319,7 +326,8 @@ private:
 };
 
 std::string Line(const ExplanationRow& row) {
-    if (row.heading) return std::string(LineBreak) + row.what + " - " + row.equal + LineBreak;
+    const std::string end = row.live.empty() ? "" : ": " + row.live + " - " + row.equal;
+    if (row.heading) return LineBreak + row.what + end + LineBreak;
     return "    " + row.what + "\t" + row.recorded + "\t" + row.live + "\t" + row.equal + LineBreak;
 }
 
@@ -357,7 +365,7 @@ std::string ExplanationText(const Explanation& explanation) {
     const std::vector<ExplanationRow> rows = ExplanationTable(explanation);
     if (rows.empty()) return text;
     const ExplanationColumns header = ExplanationHeader();
-    text += LineBreak + Line({false, header.what, header.recorded, header.live, header.equal});
+    text += LineBreak + Line({false, false, header.what, header.recorded, header.live, header.equal});
     for (const ExplanationRow& row : rows) text += Line(row);
     return text;
 }

@@ -13,10 +13,11 @@ std::string LikelyReason(const Explanation& explanation);
 // The table: a heading for each window that was looked at, and below it what was held against what.
 struct ExplanationRow {
     bool heading = false;
-    std::string what;      // of a heading: where the search came upon the window, and its title
+    bool differs = false;  // never of a heading
+    std::string what;      // of a heading: where the search came upon the window
     std::string recorded;  // of a heading: empty
-    std::string live;
-    std::string equal;  // "equal" or "different"; of a heading: what became of the window
+    std::string live;      // of a heading: the window's title
+    std::string equal;     // "equal" or "different"; of a heading: what became of the window
 };
 std::vector<ExplanationRow> ExplanationTable(const Explanation& explanation);
 

@@ -1,5 +1,7 @@
 #include "editor/run_rows.h"
 
+#include "editor/explain_row.h"
+
 #include "platform/text.h"
 #include "replay/replay_stage.h"
 #include "replay/run_job.h"
@@ -41,6 +43,23 @@ TEST_F(RunRowsTest, PlaysWhatTheEditorShowsOnceAndNoMore) {
     EXPECT_EQ(settings.RecentJobs[0], "");
     EXPECT_TRUE(SaveIsEnabled());
     EXPECT_FALSE(runState.ReplayRunning);
+}
+
+TEST_F(RunRowsTest, WhatARunWouldFindIsToldForTheSelectedRowAndNothingIsDone) {
+    OpenStory();
+    simulated::MoveWindow(notepad, {200, 200});
+    for (const int row : {0, 1}) {
+        Select(row);
+        const Explanation explanation = ExplainSelectedRow();
+        EXPECT_EQ(explanation.result, TargetReady);
+        EXPECT_EQ(explanation.useFocus, row == 1);
+        EXPECT_EQ(explanation.row,
+                  row == 0 ? "1: LEFT CLICK - Untitled - Notepad" : "2: Keystrokes - Untitled - Notepad");
+    }
+    EXPECT_EQ(simulated::ScreenRectOf(notepad).left, 200);
+    EXPECT_TRUE(simulated::Journal().empty());
+    simulated::Destroy(notepad);
+    EXPECT_EQ(ExplainSelectedRow().result, TargetWindowMissing);
 }
 
 }  // namespace

@@ -159,12 +159,15 @@ TEST_F(ExplanationOfARun, IsOneTableAndOneTextInEveryLanguage) {
                    row.equal == wanted.equal;
         });
     };
-    EXPECT_TRUE(hasRow({true, "By its title: Report 12", "", "", "another title"}));
-    EXPECT_TRUE(hasRow({false, "Title", "Report 11", "Report 12", "different"}));
-    EXPECT_TRUE(hasRow({false, "Class", "Report", "Report", "equal"}));
-    EXPECT_TRUE(hasRow({false, "Control number", "7", "7", "equal"}));
+    EXPECT_TRUE(hasRow({true, false, "By its title", "", "Report 12", "another title"}));
+    EXPECT_TRUE(hasRow({false, false, "Title", "Report 11", "Report 12", "different"}));
+    EXPECT_TRUE(hasRow({false, false, "Class", "Report", "Report", "equal"}));
+    EXPECT_TRUE(hasRow({false, false, "Control number", "7", "7", "equal"}));
     EXPECT_TRUE(
-        hasRow({false, "Place and size (around it: 1)", "200, 200; 300 x 200", "200, 200; 300 x 200", "equal"}));
+        hasRow({false, false, "Place and size (around it: 1)", "200, 200; 300 x 200", "200, 200; 300 x 200", "equal"}));
+    simulated::Destroy(dialog);
+    AddWindow({.className = "Own", .rect = {0, 0, 1280, 1024}, .thread = simulated::OwnThread});  // not in a run's way
+    EXPECT_TRUE(hasRow({false, false, "Title", "Print", "", ""})) << "what was recorded, where there is nothing else";
 }
 
 TEST_F(ExplanationOfARun, OfAnIndexThatLeadsNowhereIsARangeFailure) {

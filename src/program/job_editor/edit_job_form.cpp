@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "dictionary/sentences.h"
 #include "editor/edit_job.h"
+#include "editor/explain_row.h"
 #include "editor/insert_recording.h"
 #include "editor/job_changes.h"
 #include "editor/keystroke_box.h"
@@ -24,6 +25,7 @@
 #include "jobs/job_fields.h"
 #include "jobs/job_name.h"
 #include "mainwindow/main_window_use.h"
+#include "status/why_form.h"
 #include "toolkit/window_tools.h"
 #include "widgets/busy_mark.h"
 
@@ -463,7 +465,9 @@ void EditJobForm::OnChanged(int) {
 bool EditJobForm::OnClicked(int id) {
     if (id == IDOK) OnEnter();
     if (id == edit_job_select_all) grid.SelectAll();
-    return IsOneOf(id, {IDOK, IDCANCEL, edit_job_select_all});  // Esc closes nothing that may have changes
+    if (id == edit_job_why && HasRows()) why.ShowFor(ExplainSelectedRow(), Window());
+    return IsOneOf(id,
+                   {IDOK, IDCANCEL, edit_job_select_all, edit_job_why});  // Esc closes nothing that may have changes
 }
 
 // Enter anywhere but on a button.

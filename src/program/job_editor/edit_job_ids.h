@@ -18,6 +18,7 @@
 #define edit_job_run_from_here 5012
 #define edit_job_run_only_this 5013
 #define edit_job_select_all 5014
+#define edit_job_why 5015
 
 // grid and pane
 #define edit_job_grid 5020

@@ -36,6 +36,7 @@ std::vector<EntryWords> Entries() {
         {.id = edit_job_select_all, .caption = "Select all", .keys = KeyCombination(JustCtrl, 'A')},
         {.id = edit_job_run_from_here, .caption = "Run fro&m here", .keys = "F5"},
         {.id = edit_job_run_only_this, .caption = "Run onl&y this"},
+        {.id = edit_job_why, .caption = {"&Would the window be found", Question}},
         {.id = edit_job_start_recording_above, .caption = {"Insert above", Ellipsis}},
         {.id = edit_job_start_recording_below, .caption = {"Insert below", Ellipsis}},
     };

@@ -4,6 +4,7 @@
 #include "replay/status_view.h"
 #include "status/executing2_ids.h"
 #include "status/executing_form.h"
+#include "status/why_form.h"
 #include "toolkit/window_tools.h"
 
 Executing2Form executing2;
@@ -55,6 +56,7 @@ void ShowExecuting() {
 }
 
 void ShowExecuting2(const std::string& jobName) {
+    why.Close();  // what it tells is of another run, and it would stand in the way of this one
     executing2.ShowJob(jobName);
 }
 

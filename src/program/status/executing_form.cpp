@@ -5,8 +5,10 @@
 #include "base/product.h"
 #include "dictionary/sentences.h"
 #include "identity/window_identity.h"
+#include "replay/explanation.h"
 #include "replay/status.h"
 #include "replay/status_view.h"
+#include "status/why_form.h"
 #include "toolkit/window_tools.h"
 
 ExecutingForm executing;
@@ -69,6 +71,10 @@ std::vector<ControlRow> ExecutingForm::Rows() {
         {.id = executing_status, .colour = RGB(0, 0, 255)},
         {.id = executing_List1, .name = "Executing job", .tip = [] { return LineOf(SelectedLineOfList()); }},
         {.id = executing_Pbar, .name = "Executing job"},
+        {.id = executing_why,
+         .caption = {"&Why", Question},
+         .tip = "Why the window was not found, and what helps",
+         .clicked = [this] { OnWhy(); }},
         {.id = IDHELP, .caption = "Help"},
         {.id = executing_closebutton, .caption = "Close this window", .clicked = [this] { OnClicked(IDCANCEL); }},
     };
@@ -107,6 +113,11 @@ void ExecutingForm::OnLooks() {
 // During a run no help is opened; a program that has none shows no button.
 void ExecutingForm::ShowHelpButton(bool show) const {
     ShowWindow(Control(IDHELP), show && HasHelp() ? SW_SHOWNA : SW_HIDE);
+}
+
+// Only where there is something to tell.
+void ExecutingForm::ShowWhyButton(bool show) const {
+    ShowWindow(Control(executing_why), show && LastFailedSearch() != nullptr ? SW_SHOWNA : SW_HIDE);
 }
 
 // Whole lines, whatever the font: what the template says is only the place.
@@ -154,6 +165,10 @@ bool ExecutingForm::OnClicked(int id) {
     return id == IDCANCEL;
 }
 
+void ExecutingForm::OnWhy() {
+    if (const Explanation* const failed = LastFailedSearch()) why.ShowFor(*failed, Window());
+}
+
 // A move that was on its way when the window dodged tells of where it stood before: it must not bring it back.
 void ExecutingForm::OnMouseMove() {
     RECT place{};
@@ -199,6 +214,7 @@ void StopDodging() {
 void ShowCloseButton(bool show) {
     ShowWindow(CloseButton(), show ? SW_SHOWNA : SW_HIDE);
     executing.ShowHelpButton(show);
+    executing.ShowWhyButton(show);
 }
 
 void ClearList() {

@@ -17,6 +17,7 @@ public:
     void ShowAt(int top);  // with its upper edge at `top` when it is new
     void SetDodging(bool flag);
     void ShowHelpButton(bool show) const;
+    void ShowWhyButton(bool show) const;
 
 private:
     static LRESULT CALLBACK ControlThunk(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
@@ -30,6 +31,7 @@ private:
     bool OnClicked(int id) override;
     std::optional<COLORREF> BackColour() const override { return GetSysColor(COLOR_WINDOW); }
 
+    void OnWhy();
     bool OnListMessage(UINT message);
     void OnMouseMove();
     void FitList() const;

@@ -8,3 +8,4 @@
 #define executing_List1 2004
 #define executing_Pbar 2005
 #define executing_closebutton 2006
+#define executing_why 2007

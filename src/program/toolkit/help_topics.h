@@ -22,6 +22,7 @@ inline constexpr const char* Tray = "tray.htm";
 inline constexpr const char* StartProgram = "start_program.htm";
 inline constexpr const char* SaveAs = "save_as.htm";
 inline constexpr const char* Running = "running.htm";
+inline constexpr const char* WindowNotFound = "window_not_found.htm";
 inline constexpr const char* JobEditor = "job_editor.htm";
 inline constexpr const char* SaveName = "save_name.htm";
 inline constexpr const char* Language = "language.htm";
