@@ -15,6 +15,7 @@
 #include "findings/typed_texts.h"
 #include "findings/window_titles.h"
 #include "folding/fold.h"
+#include "jobs/event_targets.h"
 #include "platform/files.h"
 
 namespace {
@@ -22,23 +23,6 @@ namespace {
 constexpr std::int32_t OldestVersion = 300;
 constexpr std::int32_t WheelNotch = 120;
 constexpr std::int32_t LowSafety = 2;  // windows are not looked for
-
-bool IsPress(const JobEvent& event) {
-    switch (event.dwFlags()) {
-        case MouseFlagBase + platform::MouseLeftDown:
-        case MouseFlagBase + platform::MouseRightDown:
-        case MouseFlagBase + platform::MouseMiddleDown:
-        case MouseFlagBase + platform::MouseXDown:
-        case DoubleClickFlags:
-            return true;
-        default:
-            return false;
-    }
-}
-
-bool IsWheel(const JobEvent& event) {
-    return event.dwFlags() == MouseFlagBase + platform::MouseWheel;
-}
 
 bool IsKnownMouseAction(const JobEvent& event) {
     switch (event.dwFlags()) {
@@ -49,12 +33,8 @@ bool IsKnownMouseAction(const JobEvent& event) {
         case MouseFlagBase + platform::MouseXUp:
             return true;
         default:
-            return IsPress(event) || IsWheel(event);
+            return IsButtonPress(event) || IsWheelTurn(event);
     }
-}
-
-bool IsKeyDown(const JobEvent& event) {
-    return event.KeyState() == 0 || event.KeyState() == platform::KeyExtended;
 }
 
 // What a recording writes without place and time: the clicks of the Scroll Lock key, and the empty event that is left
@@ -64,17 +44,8 @@ bool IsWithoutPlaceAndTime(const JobEvent& event) {
            event.time() == 0;
 }
 
-// What a run looks for before it sends the event.
 bool HasTarget(const JobEvent& event) {
-    if (event.WindowChainIndex < 0) return false;
-    switch (event.dwType()) {
-        case platform::InputMouse:
-            return IsPress(event) || IsWheel(event);
-        case platform::InputKeyboard:
-            return IsKeyDown(event);
-        default:
-            return event.dwType() == INPUT_TEXT;
-    }
+    return event.WindowChainIndex >= 0 && LooksForWindow(event);
 }
 
 // Screen-wide windows of the system, whose recorded place says nothing of where they are.
@@ -227,8 +198,9 @@ void Check::CheckDelay(std::int64_t ms, std::int32_t index) {
 
 void Check::CheckMouse(const JobEvent& event, std::int32_t index) {
     held.TakeMouse(event, index);
-    if (IsWheel(event)) keyRowSeen = keyRowSeen || std::abs(event.mouseData()) == WheelNotch;  // a row like one of keys
-    if (event.WindowChainIndex >= 0 && IsPress(event)) return CheckPlace(event, index);
+    if (IsWheelTurn(event))
+        keyRowSeen = keyRowSeen || std::abs(event.mouseData()) == WheelNotch;  // a row like one of keys
+    if (event.WindowChainIndex >= 0 && IsButtonPress(event)) return CheckPlace(event, index);
     const bool leftOver = event.dwFlags() == 0 && IsWithoutPlaceAndTime(event);
     if (!leftOver && !IsKnownMouseAction(event)) Add(FindingKind::UnknownInput, index).number = event.dwFlags();
 }

@@ -7,6 +7,7 @@
 #include "findings/job_links.h"
 #include "findings/row_numbers.h"
 #include "identity/live_chain.h"
+#include "jobs/event_targets.h"
 #include "platform/machine.h"
 #include "replay/explanation.h"
 #include "replay/similar_caption.h"
@@ -39,10 +40,6 @@ bool Overlap(const platform::Rect& a, const platform::Rect& b) {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
 
-bool IsPress(const JobEvent& event) {
-    return event.dwType() == platform::InputMouse && !GoesToFocus(event);
-}
-
 DesktopNow Look::Run() {
     for (std::int32_t i = 0; i < static_cast<std::int32_t>(job.Events.size()); ++i) {
         const JobEvent& event = job.Events[static_cast<std::size_t>(i)];
@@ -53,7 +50,7 @@ DesktopNow Look::Run() {
 
 void Look::LookAt(const JobEvent& event, std::int32_t index) {
     const platform::Rect point{event.dx(), event.dy(), event.dx() + 1, event.dy() + 1};
-    if (IsPress(event) && !IsOnMonitor(point)) {
+    if (IsButtonPress(event) && !IsOnMonitor(point)) {
         const std::int32_t row = rows.NumberOf(index);
         if (now.rowsOffMonitors.empty() || now.rowsOffMonitors.back() != row) now.rowsOffMonitors.push_back(row);
     }

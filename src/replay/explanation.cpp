@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/runtime_failure.h"
+#include "jobs/event_targets.h"
 #include "platform/window_services.h"
 #include "replay/reach.h"
 
@@ -53,23 +54,6 @@ bool IsOurs(LiveChain& live) {
     return platform::ThreadOf(live.Handle(0)) == platform::CurrentThread();
 }
 
-bool IsPress(std::int32_t flags) {
-    switch (flags) {
-        case MouseFlagBase + platform::MouseLeftDown:
-        case MouseFlagBase + platform::MouseRightDown:
-        case MouseFlagBase + platform::MouseMiddleDown:
-        case MouseFlagBase + platform::MouseXDown:
-        case DoubleClickFlags:
-            return true;
-        default:
-            return false;
-    }
-}
-
-bool IsWheel(const JobEvent& event) {
-    return event.dwType() == platform::InputMouse && event.dwFlags() == MouseFlagBase + platform::MouseWheel;
-}
-
 }  // namespace
 
 // --- listening ---
@@ -116,23 +100,6 @@ void Explainer::Acts(SearchAct act, WindowHandle window) {
 void Explainer::Ended(int result, WindowHandle found) {
     explanation.result = result;
     explanation.found = result > 0 ? found : 0;
-}
-
-// --- what an event looks for ---
-
-bool LooksForWindow(const JobEvent& event) {
-    switch (event.dwType()) {
-        case platform::InputMouse:
-            return IsPress(event.dwFlags()) || IsWheel(event);
-        case platform::InputKeyboard:
-            return event.KeyState() == 0 || event.KeyState() == platform::KeyExtended;
-        default:
-            return event.dwType() == INPUT_TEXT;
-    }
-}
-
-bool GoesToFocus(const JobEvent& event) {
-    return event.dwType() != platform::InputMouse || IsWheel(event);
 }
 
 SearchRequest RequestFor(const JobHeader& job, const JobEvent& event, bool useFocus) {

@@ -86,12 +86,6 @@ Explanation Explain(const Job& job, std::int32_t firstEvent, std::int32_t lastEv
 // The request of a run for the window of an event.
 SearchRequest RequestFor(const JobHeader& job, const JobEvent& event, bool useFocus);
 
-// Whether a run looks for a window before this event. Releases and moves go where the press before them went.
-bool LooksForWindow(const JobEvent& event);
-
-// Whether it goes to the focus, and not to what is under the cursor.
-bool GoesToFocus(const JobEvent& event);
-
 // The last failed search of the run under way, or else of the last run; nullptr for none.
 const Explanation* LastFailedSearch();
 void KeepFailedSearch(const Explanation& explanation);

@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "dictionary/dictionary.h"
 #include "dictionary/sentences.h"
+#include "jobs/event_targets.h"
 #include "platform/clock.h"
 #include "platform/pump.h"
 #include "platform/window_services.h"
@@ -51,10 +52,6 @@ constexpr int EventsBetweenPumps = 16;
 
 bool IsMouseMove(const JobEvent& event) {
     return event.dwType() == platform::InputMouse && event.dwFlags() == MoveFlags;
-}
-
-bool IsKeyDown(const JobEvent& event) {
-    return event.KeyState() == 0 || event.KeyState() == platform::KeyExtended;
 }
 
 ClickSpacing clickSpacing;  // of all runs: one can follow the other within the double-click time
