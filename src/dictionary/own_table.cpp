@@ -305,6 +305,13 @@ constexpr DictionaryRow ownRows[] = {
      "Le temps accordé à l'exécution est écoulé", "Se ha agotado el tiempo concedido a la ejecución"},
 
     // what is wrong with a job, and what to do
+    {"Show &findings", "Be&funde anzeigen", "Résultats de la &vérification", "Ver &resultados"},
+    {"Findings of the check: %1", "Befunde der Prüfung: %1", "Résultats de la vérification\u00A0: %1",
+     "Resultados de la comprobación: %1"},
+    {"What may go wrong with the job '%1'", "Was bei der Aufgabe '%1' schiefgehen kann",
+     "Ce qui peut mal se passer avec la tâche '%1'", "Lo que puede fallar en la tarea '%1'"},
+    {"There are %1 more findings.", "Es gibt %1 weitere Befunde.", "Il y a encore %1 résultats.",
+     "Hay %1 resultados más."},
     {"Row %1", "Zeile %1", "Ligne %1", "Fila %1"},
     {"Caps Lock", "Feststelltaste", "Verrouillage des majuscules", "Bloqueo de mayúsculas"},
     {"File version", "Dateiversion", "Version du fichier", "Versión del archivo"},

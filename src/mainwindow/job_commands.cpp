@@ -6,6 +6,7 @@
 #include "jobs/job_access.h"
 #include "library/job_library.h"
 #include "library/job_shortcut.h"
+#include "mainwindow/job_marks.h"
 #include "mainwindow/job_page.h"
 #include "mainwindow/job_page_view.h"
 #include "mainwindow/main_window_use.h"
@@ -73,6 +74,15 @@ void create_exe() {
 
 void create_desktop_shortcut() {
     if (const auto job = Selected()) CreateJobShortcut(job->path, folders.DesktopFolder, job->name);
+}
+
+void show_findings() {
+    if (jobLibrary.lista_jobs.listindex() >= 0) ShowFindingsOfRow(jobLibrary.lista_jobs.listindex());
+}
+
+bool SelectedJobHasFindings() {
+    const int row = jobLibrary.lista_jobs.listindex();
+    return row >= 0 && !jobLibrary.lista_jobs.Row(row).mark.empty();
 }
 
 void delete_job() {

@@ -8,6 +8,7 @@
 #include "dictionary/sentences.h"
 #include "jobs/job_file.h"
 #include "library/job_library.h"
+#include "mainwindow/job_marks.h"
 #include "mainwindow/job_page_view.h"
 #include "platform/boxes.h"
 #include "settings/settings.h"
@@ -137,6 +138,7 @@ void LoadJobPage() {
     events.Click = ShowJob;
     events.MouseDown = OnMouseDown;
     events.DblClick = [](int) { edit_job(); };
+    events.MarkClick = ShowFindingsOfRow;
     events.KeyLeaves = [](int) { return PitajSpremitiPromjene(); };
 }
 
@@ -147,6 +149,7 @@ void Jobs_Edit_Enabled(bool enable) {
         jobPage.frameCaption.clear();  // it named a job that is no more
     }
     job_page_view::Show();
+    CheckJobsOfList();
 }
 
 JobPageEnabled EnabledOnJobPage() {

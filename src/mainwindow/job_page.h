@@ -103,3 +103,5 @@ void schedule_job();
 void create_exe();
 void create_desktop_shortcut();
 void delete_job();
+void show_findings();  // of the check, if it has any
+bool SelectedJobHasFindings();

@@ -35,7 +35,7 @@ ListRow& ListModel::RowToChange(int index) {
 }
 
 void ListModel::AddItem(std::string big, int icon, std::string small) {
-    rows.push_back({std::move(big), std::move(small), icon, {}});
+    rows.push_back({std::move(big), std::move(small), icon, {}, {}});
     Changed();
 }
 
@@ -72,6 +72,11 @@ void ListModel::SetMaliGumb1Text(int index, const std::string& text) {
 
 void ListModel::SetIcon(int index, int icon) {
     RowToChange(index).ikona = icon;
+    Changed();
+}
+
+void ListModel::SetMark(int index, const std::string& text) {
+    RowToChange(index).mark = text;
     Changed();
 }
 
@@ -156,6 +161,17 @@ platform::Rect ListModel::ButtonRect(int index, ListPart button) const {
     return {right - measures.smallButton.width, top, right, top + measures.smallButton.height};
 }
 
+// A square, left of the small buttons that the row shows.
+platform::Rect ListModel::MarkRect(int index) const {
+    const RowLook look = LookOf(index);
+    const int buttons = (look.gumb ? 1 : 0) + (look.gumb1 ? 1 : 0);
+    const int size = measures.smallButton.height;
+    const int right =
+        measures.visible.width - measures.margin - buttons * (measures.smallButton.width + measures.margin);
+    const int top = RowRect(index).top + (measures.ItemHeight - size) / 2;
+    return {right - size, top, right, top + size};
+}
+
 bool ListModel::ButtonShown(int index, ListPart button) const {
     const RowLook look = LookOf(index);
     return button == ListPart::gumb ? look.gumb : look.gumb1;
@@ -168,6 +184,7 @@ ListHit ListModel::HitTest(platform::Point point) const {
     for (const ListPart button : {ListPart::gumb, ListPart::gumb1}) {
         if (ButtonShown(index, button) && Contains(ButtonRect(index, button), point)) return {index, button};
     }
+    if (!Row(index).mark.empty() && Contains(MarkRect(index), point)) return {index, ListPart::Mark};
     return {index, ListPart::Row};
 }
 
@@ -200,6 +217,7 @@ void ListModel::Click(const ListHit& hit) {
     if (hit.part == ListPart::gumb) return Raise(events.SmallButton1Click, hit.index);
     if (hit.part == ListPart::gumb1) return Raise(events.SmallButton2Click, hit.index);
     SelectItem(hit.index);  // one that is seen in part is scrolled in
+    if (hit.part == ListPart::Mark && hit.index == selected) Raise(events.MarkClick, hit.index);
 }
 
 void ListModel::DoubleClick(platform::Point point) {

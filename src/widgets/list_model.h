@@ -18,9 +18,10 @@ struct ListRow {
     std::string Text2;  // the small text
     int ikona = 0;      // ("icon") which picture of the icon set
     std::string gumb;   // ("button") text of small button 1, where it differs from the list's own
+    std::string mark;   // what a mark at the right end says; empty: there is none
 };
 
-enum class ListPart { None, Row, gumb, gumb1 };
+enum class ListPart { None, Row, gumb, gumb1, Mark };
 
 struct ListHit {
     int index = -1;
@@ -40,6 +41,7 @@ struct ListEvents {
     std::function<void(int index)> DblClick;
     std::function<void(int index)> SmallButton1Click;
     std::function<void(int index)> SmallButton2Click;
+    std::function<void(int index)> MarkClick;  // the row has been selected before
     std::function<bool(int index)> KeyLeaves;  // before a key moves the selection to this row; false forbids it
 };
 
@@ -81,6 +83,7 @@ public:
     void SetSmallText(int index, const std::string& text);
     void SetMaliGumb1Text(int index, const std::string& text);  // ("small button 1 text")
     void SetIcon(int index, int icon);
+    void SetMark(int index, const std::string& text);
 
     // Selection; -1 is none.
     int listindex() const { return selected; }
@@ -105,6 +108,7 @@ public:
     platform::Rect RowRect(int index) const;
     platform::Rect IconRect(int index) const;
     platform::Rect ButtonRect(int index, ListPart button) const;
+    platform::Rect MarkRect(int index) const;  // whether or not the row has a mark
     ListHit HitTest(platform::Point point) const;
 
     // What the user does. A click is a left press and release on the same part of the same row.

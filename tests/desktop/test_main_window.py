@@ -241,3 +241,30 @@ def test_the_tray(stage, person):
 def double_click(person):
     for _ in range(2):
         person.clicks_tray_icon()
+
+
+def test_a_job_that_will_fail_has_a_mark(stage, person):
+    """A click on the mark tells why, and so does the menu of the row; a screen reader is told of the mark."""
+    person.puts_job("fails", program="C:\\gone\\program.exe", style=1)
+    person.puts_job("works")
+    person.start_program()
+    jobs = person.sees("job_page_lista_jobs").handle
+
+    def rows():
+        return stage.probe.ask("accessible", jobs)["parts"]
+
+    assert wait_for(lambda: "Findings of the check: 1" in rows()[0]["description"]), rows()
+    assert "Findings" not in rows()[1]["description"]
+    stage.wine.screenshot(OUT / "test" / "forms" / "job_mark.png")
+    left, top, width, height = rows()[0]["place"]
+    stage.hands.click(left + width - 17, top + height // 2)
+    title = "What may go wrong with the job 'fails'"
+    box = person.box(title)
+    stage.wine.screenshot(OUT / "test" / "forms" / "job_findings.png")
+    assert "C:\\gone\\program.exe" in stage.box_text(box)
+    stage.answer(box)
+    person.presses("Menu")
+    assert wait_for(lambda: stage.probe.find("#32768", visible=True))
+    stage.wine.screenshot(OUT / "test" / "forms" / "job_menu.png")
+    person.presses("f")
+    stage.answer(person.box(title))

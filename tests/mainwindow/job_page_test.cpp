@@ -5,8 +5,10 @@
 #include "library/job_library.h"
 #include "platform/text.h"
 #include "recording/recording_state.h"
+#include "replay/run_job.h"
 #include "settings/folders.h"
 #include "settings/settings.h"
+#include "support/job_builder.h"
 #include "support/job_page_view_stand_in.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
@@ -333,6 +335,52 @@ TEST_F(JobPageRules, FreeThePageWhenARunFails) {
     shellStandIn.duringRun = [] { throw RuntimeFailure(FailureKind::File, "damaged"); };
     EXPECT_THROW(run_job(), RuntimeFailure);
     EXPECT_THAT(jobPageViewStandIn.calls, ElementsAre("grey", "free"));
+}
+
+// The check of the jobs in the list: of all of them, in idle moments, and again where a file has become another.
+TEST_F(JobPageRules, MarkTheJobsThatWillFailAndTellWhy) {
+    const auto marks = [] {
+        std::vector<std::string> found;
+        for (int row = 0; row < jobLibrary.lista_jobs.ListCount(); ++row) {
+            found.push_back(jobLibrary.lista_jobs.Row(row).mark);
+        }
+        return found;
+    };
+    const auto putGoodJob = [](const std::string& name) {
+        WriteJob(PathOf(name), JobBuilder().InWindow({"Notepad", "Untitled"}).Type("a").Built());
+        job_library::ShowSavedJob(PathOf(name));
+    };
+    putGoodJob("b");
+    EXPECT_THAT(marks(), ElementsAre("", "", "")) << "nothing is checked while the list is filled";
+    simulated::RunFor(2000);
+    const std::string one = "Findings of the check: 1";
+    EXPECT_THAT(marks(), ElementsAre(one, "", one));
+
+    putGoodJob("a");
+    EXPECT_THAT(marks(), ElementsAre(one, "", one)) << "what is known stays until it is looked at again";
+    runState.ReplayRunning = true;
+    simulated::RunFor(2000);
+    EXPECT_THAT(marks(), ElementsAre(one, "", one)) << "never during a run";
+    runState.ReplayRunning = false;
+    simulated::RunFor(2000);
+    EXPECT_THAT(marks(), ElementsAre("", "", one));
+
+    const platform::Rect mark = jobLibrary.lista_jobs.MarkRect(2);
+    const platform::Point point{mark.left + 1, mark.top + 1};
+    jobLibrary.lista_jobs.PressMouse(ListButton::Left, point);
+    jobLibrary.lista_jobs.ReleaseMouse(ListButton::Left, point);
+    EXPECT_EQ(Selected(), 2);
+    ASSERT_THAT(simulated::ShownBoxes(), SizeIs(1));
+    EXPECT_EQ(simulated::ShownBoxes()[0].text,
+              "The job is empty. Record something into it in the job editor, or delete it.");
+    EXPECT_EQ(simulated::ShownBoxes()[0].title, "What may go wrong with the job 'c'");
+
+    show_findings();
+    EXPECT_THAT(simulated::ShownBoxes(), SizeIs(2)) << "the menu tells the same";
+    Select("a");
+    EXPECT_FALSE(SelectedJobHasFindings());
+    show_findings();
+    EXPECT_THAT(simulated::ShownBoxes(), SizeIs(2));
 }
 
 }  // namespace

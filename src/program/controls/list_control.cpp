@@ -386,7 +386,8 @@ std::optional<std::string> ListControl::NameOf(int part) const {
 
 std::optional<std::string> ListControl::DescriptionOf(int part) const {
     const ListRow* const row = RowOfPart(part);
-    return row == nullptr ? std::string() : row->Text2;
+    if (row == nullptr) return std::string();
+    return row->mark.empty() ? row->Text2 : row->Text2 + ". " + row->mark;
 }
 
 std::optional<long> ListControl::RoleOf(int part) const {

@@ -119,6 +119,7 @@ public:
         Fill(paper, {place.left, place.bottom - 1, place.right, place.bottom}, colours.line);
         Icon(index);
         Texts(index, colours);
+        if (!list.Row(index).mark.empty()) Mark(index);
         for (const ListPart part : {ListPart::gumb, ListPart::gumb1}) {
             if (HasButton(index, part)) Button({index, part});
         }
@@ -143,11 +144,18 @@ private:
         RECT place = ToRect(list.RowRect(index));
         place.left = list.IconRect(index).right + margin * 3 / 2;
         place.right -= margin;
+        if (!list.Row(index).mark.empty()) place.right = list.MarkRect(index).left - margin;
         for (const ListPart part : {ListPart::gumb, ListPart::gumb1}) {
             if (!HasButton(index, part)) continue;
             place.right = std::min(place.right, LONG{list.ButtonRect(index, part).left - margin});
         }
         return place;
+    }
+
+    void Mark(int index) const {
+        const RECT place = ToRect(list.MarkRect(index));
+        DrawIconEx(paper, place.left, place.top, LoadIconA(nullptr, IDI_WARNING), place.right - place.left,
+                   place.bottom - place.top, 0, nullptr, DI_NORMAL);
     }
 
     // The two lines together stand in the middle of the row.

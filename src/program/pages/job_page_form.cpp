@@ -435,7 +435,7 @@ void JobPageForm::OpenMenuJobs() {
         FormText caption = {};  // none is a line
         void (*command)() = nullptr;
     };
-    const std::vector<Entry> entries = {
+    std::vector<Entry> entries = {
         {.caption = "&Run", .command = run_job},
         {.caption = "&Edit", .command = edit_job},
         {.caption = "&Schedule", .command = schedule_job},
@@ -444,6 +444,8 @@ void JobPageForm::OpenMenuJobs() {
         {.caption = "Create S&hortcut on Desktop", .command = create_desktop_shortcut},
         {.caption = "&Delete job", .command = delete_job},
     };
+    const Entry findings = {.caption = "Show &findings", .command = show_findings};
+    if (SelectedJobHasFindings()) entries.insert(entries.begin() + 4, findings);
     const HMENU menu = CreatePopupMenu();
     for (std::size_t i = 0; i < entries.size(); ++i) {
         const UINT kind = entries[i].caption ? MF_STRING : MF_SEPARATOR;
