@@ -14,7 +14,7 @@ packages() {
         package) echo nsis git python3 ;;
         lint) echo clang-format-14 clang-tidy-14 shellcheck python3 python3-flake8 yamllint ;;
         coverage) echo gcovr ;;
-        fuzz) echo cmake ninja-build make clang-14 libclang-rt-14-dev llvm-14 python3 nlohmann-json3-dev ;;
+        fuzz) echo cmake ninja-build make clang-14 libclang-rt-14-dev llvm-14 python3 libcli11-dev nlohmann-json3-dev libstb-dev ;;
         *) echo "set_up.sh: unknown purpose '$1'" >&2; exit 2 ;;
     esac
 }
