@@ -4,9 +4,11 @@
 #include <fstream>
 
 #include "jobs/sample_job.h"
+#include "jobtext/job_text.h"
 #include "settings/sample_settings.h"
 #include "sounds/sample_bank.h"
 #include "storage/archive.h"
+#include "storage/input_file.h"
 #include "support/least_program.h"
 
 namespace {
@@ -14,6 +16,13 @@ namespace {
 void Put(const std::filesystem::path& file, const std::string& bytes) {
     std::filesystem::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << bytes;
+}
+
+std::string TextOf(const std::string& job) {
+    std::string text;
+    InputFile file("a.tsj", job);
+    ExportJob(file, [&text](std::string_view block) { text += block; });
+    return text;
 }
 
 std::string RecordBytes(const Schedule& schedule) {
@@ -78,6 +87,11 @@ int main(int argumentCount, char** arguments) {
         Put(corpus / target / "empty", empty);
         Put(corpus / target / "newer", newer);
     }
+    const std::string odd =
+        WithInt32(SampleBytes().replace(4, 40, 40, '\0'), SampleBytes().size() - 4, 300) + "old tail";
+    Put(corpus / "import_job_text" / "sample", TextOf(SampleBytes()));
+    Put(corpus / "import_job_text" / "empty", TextOf(empty));
+    Put(corpus / "import_job_text" / "odd", TextOf(odd));
     for (const char language : {'\1', '\4'}) {
         const std::string made = LeastProgram() + std::string{language, 0} + SampleBytes();
         Put(corpus / "made_program" / (language == 1 ? "english" : "french"), made);

@@ -22,5 +22,5 @@ export -f fuzz
 
 echo "==> Fuzzing, $seconds s each"
 printf '%s\n' fuzz_read_job fuzz_check_job fuzz_check_job_header fuzz_load_settings fuzz_keystrokes fuzz_copydata \
-    fuzz_sound_bank fuzz_schedules fuzz_edit_job fuzz_made_program |
+    fuzz_sound_bank fuzz_schedules fuzz_edit_job fuzz_made_program fuzz_import_job_text |
     xargs -P "$(nproc)" -I {} bash -c 'fuzz {}'

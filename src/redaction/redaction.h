@@ -6,7 +6,9 @@
 // to the same window at the same time and types nothing. Without it neighbours would become one row, the numbers of all
 // rows behind it would change, and the next row would find another window in front; and a text row without a token is
 // none that a run accepts. The row's end keeps its time, all else of it goes: letters, rhythm, and how many there were.
-// A modifier that is down beyond the row stays down, and is released where it was.
+// The release of a letter goes from other rows, too; in a row of the wheel it was what let keys behind it join that
+// row, which become a row of their own. A modifier that is down beyond the row stays down, and is released where it
+// was.
 //
 // The texts are not in JobBytes of the job any more: unused strings have gone, and so have old key codes in events of
 // text rows. A file must be written so that nothing of a longer old one stays behind it (SaveFile with OldTail::Goes);
