@@ -22,7 +22,7 @@ from test_schedules import Schedules, clock  # noqa: E402
 NOTEPAD_PLACE = (480, 60, 1060, 420)  # beside the status windows
 SCENE = (0, 0, 1080, 440)
 NOWHERE = (1270, 900)  # for the pointer, where it makes nothing shine
-STORIES = ["first_start", "options", "first_recording", "speaks_german"]
+STORIES = ["first_start", "options", "first_recording", "why", "speaks_german"]
 
 
 class Photographer:
@@ -142,6 +142,19 @@ class Photographer:
         self.stage.hands.move(*NOWHERE)
         time.sleep(0.7)
         self.takes("failed", form.rect)
+
+    def why(self):
+        """A window whose title has changed since the recording."""
+        stage, person = self.stage, self.person
+        notepad = stage.notepad()
+        path = stage.write(stage.typing_job(notepad, wait_for_window=1))
+        stage.probe.set_text(notepad.handle, "Report 12 - Notepad")
+        stage.tessarine("-run", path)
+        person.clicks("executing_why")
+        form = person.form_of("why_reason")
+        stage.hands.move(*NOWHERE)
+        time.sleep(0.7)
+        self.takes("why", form.rect)
 
     def speaks_german(self):
         person = self.person

@@ -23,16 +23,17 @@ bool IsGeneratedInAnyCase(std::string_view className) {
     return platform::LowerCase(className.substr(0, generatedClass.size())) == "afx:";
 }
 
-bool LeafClassMatches(const std::string& live, const std::string& recorded) {
+// These are asked of every element of a window, and stand in MatchNames itself for that.
+inline bool LeafClassMatches(const std::string& live, const std::string& recorded) {
     return live == recorded || (IsGenerated(live) && IsGenerated(recorded));
 }
 
 // Unlike the leaf's, a parent's generated class is known in any case of its letters. Jobs rely on either.
-bool ParentClassMatches(const std::string& live, const std::string& recorded) {
+inline bool ParentClassMatches(const std::string& live, const std::string& recorded) {
     return live == recorded || (IsGeneratedInAnyCase(live) && IsGeneratedInAnyCase(recorded));
 }
 
-bool CaptionMatches(const std::string& live, const std::string& recorded, bool similar) {
+inline bool CaptionMatches(const std::string& live, const std::string& recorded, bool similar) {
     if (live == recorded) return true;
     return similar && !live.empty() && searchState.CaptionAlias.Find(recorded) == live;
 }
