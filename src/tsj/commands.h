@@ -4,6 +4,7 @@
 #include "tsj/tsj.h"
 
 void AddPicture(CLI::App& tsj, Tool& tool);
+void AddRedact(CLI::App& tsj, Tool& tool);
 void AddShow(CLI::App& tsj, Tool& tool);
 void AddCheck(CLI::App& tsj, Tool& tool);
 void AddDiff(CLI::App& tsj, Tool& tool);

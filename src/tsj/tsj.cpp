@@ -12,8 +12,8 @@
 #include "tsj/commands.h"
 #include "tsj/tool.h"
 
-const std::vector<AddCommand> textCommands = {AddShow,   AddCheck,   AddDiff, AddExport,
-                                              AddImport, AddPicture, AddExe,  AddUnpack};
+const std::vector<AddCommand> textCommands = {AddShow,   AddCheck,   AddDiff, AddExport, AddImport,
+                                              AddRedact, AddPicture, AddExe,  AddUnpack};
 
 namespace {
 

@@ -103,6 +103,17 @@ TEST_F(TsjTest, ComparesJobsLikeDiff) {
     EXPECT_THAT(err, HasSubstr("none.tsj"));
 }
 
+TEST_F(TsjTest, TakesTypedTextsOut) {
+    EXPECT_EQ(Tsj({"redact", JobPath, "-o", "C:\\jobs\\out.tsj"}), 64) << "of what?";
+    EXPECT_EQ(Tsj({"redact", JobPath, "-o", "C:\\jobs\\out.tsj", "--row", "9"}), 64);
+    EXPECT_FALSE(simulated::FileBytes("C:\\jobs\\out.tsj"));
+    simulated::PutFile("C:\\jobs\\out.tsj", std::string(100000, 'x') + "gr\xFC\xDF");
+    ASSERT_EQ(Tsj({"redact", JobPath, "-o", "C:\\jobs\\out.tsj", "--window", "Café - Notepad"}), 0) << err;
+    EXPECT_THAT(err, HasSubstr("Row 2: 4 keystrokes taken out in 'Café - Notepad'"));
+    EXPECT_THAT(*simulated::FileBytes("C:\\jobs\\out.tsj"), testing::Not(HasSubstr("gr\xFC\xDF")));
+    EXPECT_EQ(Tsj({"show", "C:\\jobs\\out.tsj"}), 0);
+}
+
 TEST_F(TsjTest, MakesAProgramAndTakesTheJobOut) {
     ASSERT_EQ(Tsj({"exe", JobPath, "C:\\jobs\\a.exe", "--language", "de"}), 0) << err;
     const std::string made = *simulated::FileBytes("C:\\jobs\\a.exe");
