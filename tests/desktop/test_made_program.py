@@ -5,6 +5,7 @@ import subprocess
 import time
 
 import pytest
+from person import IDS
 from wine_desktop import OUT, wait_for
 
 RUNNER = OUT / "windows" / "execreator.bin"
@@ -88,7 +89,8 @@ def test_it_plays_where_the_program_has_never_been(stage, person, language):
         assert lines[0].startswith(FAILURE[language]) and "'Untitled - Notepad'" in lines[1]
         time.sleep(1)
         assert lost.poll() is None, "somebody may want to read why"
-        button = next(window for window in stage.probe.windows() if window.class_name == "Button" and window.visible)
+        close = IDS["executing_closebutton"]
+        button = next(window for window in stage.probe.windows() if window.control_id == close and window.visible)
         stage.probe.ask("post", button.handle, 0xF5, 0, 0)  # BM_CLICK
         assert lost.wait(10) == FAILED
         assert traces(stage) == before
