@@ -136,6 +136,7 @@ TEST(Windows, TheTopmostOfSeveralIsFound) {
     OtherProgram program;
     const WindowHandle first = program.Add({.caption = "Twin"});
     const WindowHandle second = program.Add({.caption = "Twin"});
+    BringForward(second, {first});
     EXPECT_EQ(platform::FindTopWindow("Contract", "Twin"), second);
     BringForward(first, {second});
     EXPECT_EQ(platform::FindTopWindow("Contract", "Twin"), first);
