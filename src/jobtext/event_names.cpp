@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <iterator>
+#include <unordered_map>
 
 #include "keystrokes/notation.h"
 
@@ -77,11 +78,15 @@ const std::array<ShortName, KeyCount>& Names() {
     return names;
 }
 
-template <class List>
-std::optional<std::int64_t> PlaceIn(const List& names, std::string_view name) {
-    const auto found = std::find(std::begin(names), std::end(names), name);
-    if (name.empty() || found == std::end(names)) return std::nullopt;
-    return found - std::begin(names);
+using Places = std::unordered_map<std::string_view, std::int64_t>;
+
+// Imports look names up for every event.
+Places PlacesOf(const std::array<ShortName, KeyCount>& names) {
+    Places places;
+    for (std::size_t vk = 0; vk < names.size(); ++vk) {
+        if (names[vk].size > 0) places.emplace(names[vk], static_cast<std::int64_t>(vk));
+    }
+    return places;
 }
 
 }  // namespace
@@ -120,8 +125,9 @@ const ShortName& NameOfKey(std::int32_t vk) {
 }
 
 std::optional<std::int64_t> FindKey(std::string_view name) {
-    if (name.size() == 1 && KeyCharacters.find(name.front()) != std::string_view::npos) return name.front();
-    return PlaceIn(Names(), name);
+    static const Places places = PlacesOf(Names());
+    const auto found = places.find(name);
+    return found == places.end() ? std::nullopt : std::optional(found->second);
 }
 
 std::string_view NameOfChoice(std::uint8_t ifNoWindow) {
@@ -129,5 +135,7 @@ std::string_view NameOfChoice(std::uint8_t ifNoWindow) {
 }
 
 std::optional<std::int64_t> FindChoice(std::string_view name) {
-    return PlaceIn(Choices, name);
+    const auto* const found = std::find(std::begin(Choices), std::end(Choices), name);
+    if (found == std::end(Choices)) return std::nullopt;
+    return found - std::begin(Choices);
 }
