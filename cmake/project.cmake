@@ -70,6 +70,13 @@ function(tessarine_library name)
     endif()
 endfunction()
 
+# What is mostly templates of other packages is not optimised under the sanitizers: that would cost a fifth of the build.
+function(tessarine_of_templates name)
+    if(TESSARINE_SANITIZE)
+        target_compile_options(${name} PRIVATE -O0)
+    endif()
+endfunction()
+
 # A program that is given to users: nothing in it but what runs, and the same bytes from every build.
 function(tessarine_program name)
     target_link_options(${name} PRIVATE

@@ -142,6 +142,9 @@ def test_jobs_go_through_text_and_programs_unchanged(stage, tsj):
 
 
 def test_explain_tells_why_a_window_is_not_found(stage, tsj):
+    for left in [window for window in stage.probe.windows() if window.class_name == "Notepad"]:
+        stage.probe.ask("post", left.handle, 0x10, 0, 0)  # WM_CLOSE; one that a log was shown in
+    assert wait_for(lambda: not stage.probe.find("Notepad"))
     notepad = stage.notepad()
     job = stage.write(stage.typing_job(notepad, "abc"), "explained")
 
