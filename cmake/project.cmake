@@ -73,7 +73,7 @@ endfunction()
 # What is mostly templates of other packages is not optimised under the sanitizers: that would cost a fifth of the build.
 function(tessarine_of_templates name)
     if(TESSARINE_SANITIZE)
-        target_compile_options(${name} PRIVATE -O0)
+        target_compile_options(${name} PRIVATE -O0 -Wno-error=invalid-pch)  # that is optimised: it is read as a header
     endif()
 endfunction()
 
