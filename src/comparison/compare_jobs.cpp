@@ -29,7 +29,9 @@ public:
 private:
     int& Best(std::int32_t i, std::int32_t j) { return best[Place(i, j)]; }
     int Best(std::int32_t i, std::int32_t j) const { return best[Place(i, j)]; }
-    std::size_t Place(std::int32_t i, std::int32_t j) const { return static_cast<std::size_t>(i * (countB + 1) + j); }
+    std::size_t Place(std::int32_t i, std::int32_t j) const {
+        return static_cast<std::size_t>(i) * (static_cast<std::size_t>(countB) + 1) + static_cast<std::size_t>(j);
+    }
 
     std::int32_t countA;
     std::int32_t countB;
