@@ -23,11 +23,7 @@ constexpr std::size_t PumpEvery = 16;
 
 // A wheel turn of nothing comes first: nothing is sent before the first success.
 Job MixedJob() {
-    Job job;
-    job.SpeedPercent = MaximumSpeed;
-    job.SafetyLevel = SafetyLow;
-    job.Windows.push_back({{}, "", "Edit", 15});
-    job.Chains.emplace_back();
+    Job job = JobForElement();
     job.Events.push_back(Mouse(platform::MouseWheel, 0));
     for (int i = 0; static_cast<int>(job.Events.size()) < EventCount; ++i) {
         job.Events.push_back(Mouse(platform::MouseMove, i));
@@ -84,18 +80,15 @@ void BareLoop(Job& job) {
 
 int main() {
     simulated::KeepJournals(false);
-    const platform::WindowHandle top = simulated::AddWindow({.className = "Target", .rect = {100, 100, 700, 500}});
-    const platform::WindowHandle edit =
-        simulated::AddWindow({.className = "Edit", .rect = {0, 0, 600, 400}, .parent = top, .controlId = 15});
-    simulated::SetFocus(edit);
+    const TargetWindow window;
     settings.Display_Executing_Status = 0;
     Job job = MixedJob();
     bench::ReportRatio(
         "replay at maximum speed / the same calls", [&] { Replay(job); }, [&] { BareLoop(job); }, 2.0, 7);
-    Job watched = KeysJob(SafetyHigh, edit, top);
-    Job unwatched = KeysJob(SafetyLow, edit, top);
+    Job watched = KeysJob(SafetyHigh, window.edit, window.top);
+    Job unwatched = KeysJob(SafetyLow, window.edit, window.top);
     const auto type = [&](Job& keys) {
-        simulated::SetText(edit, "");
+        simulated::SetText(window.edit, "");
         Replay(keys);
     };
     bench::ReportRatio(

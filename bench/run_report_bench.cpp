@@ -25,11 +25,7 @@ JobEvent Aimed(JobEvent event) {
 
 // A wheel turn of nothing comes first: nothing is sent before the first success. Then rows of turns, moves and keys.
 Job JobOfRows() {
-    Job job;
-    job.SpeedPercent = MaximumSpeed;
-    job.SafetyLevel = SafetyLow;
-    job.Windows.push_back({{}, "", "Edit", 15});
-    job.Chains.emplace_back();
+    Job job = JobForElement();
     job.Events.push_back(Aimed(Mouse(platform::MouseWheel, 0)));
     for (int i = 0; job.Events.size() < EventCount; ++i) {
         for (int move = 0; move < MovesInARow; ++move) job.Events.push_back(Mouse(platform::MouseMove, i + move));
@@ -55,23 +51,20 @@ void Replay(Job& job, const std::vector<ActionRow>& folded, RunListener* listene
 
 int main() {
     simulated::KeepJournals(false);
-    const platform::WindowHandle top = simulated::AddWindow({.className = "Target", .rect = {100, 100, 700, 500}});
-    const platform::WindowHandle edit =
-        simulated::AddWindow({.className = "Edit", .rect = {0, 0, 600, 400}, .parent = top, .controlId = 15});
-    simulated::SetFocus(edit);
+    const TargetWindow window;
     settings.Display_Executing_Status = 0;
     Job job = JobOfRows();
     const std::vector<ActionRow> rows = FoldForReplay(job);
     bench::ReportRatio(
         "a run with a report / without",
         [&] {
-            simulated::SetText(edit, "");
+            simulated::SetText(window.edit, "");
             RunReport report;
             Replay(job, rows, &report);
             if (report.rows.back().verdict != Verdict::Ok) std::abort();
         },
         [&] {
-            simulated::SetText(edit, "");
+            simulated::SetText(window.edit, "");
             Replay(job, rows, nullptr);
         },
         1.1);

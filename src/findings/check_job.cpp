@@ -37,13 +37,6 @@ bool IsKnownMouseAction(const JobEvent& event) {
     }
 }
 
-// What a recording writes without place and time: the clicks of the Scroll Lock key, and the empty event that is left
-// of a mouse message that it doesn't know.
-bool IsWithoutPlaceAndTime(const JobEvent& event) {
-    return event.dwType() == platform::InputMouse && event.WindowChainIndex < 0 && event.dx() == 0 && event.dy() == 0 &&
-           event.time() == 0;
-}
-
 bool HasTarget(const JobEvent& event) {
     return event.WindowChainIndex >= 0 && LooksForWindow(event);
 }

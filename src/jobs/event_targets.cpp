@@ -30,3 +30,8 @@ bool LooksForWindow(const JobEvent& event) {
 bool GoesToFocus(const JobEvent& event) {
     return event.dwType() != platform::InputMouse || IsWheelTurn(event);
 }
+
+bool IsWithoutPlaceAndTime(const JobEvent& event) {
+    return event.dwType() == platform::InputMouse && event.WindowChainIndex < 0 && event.dx() == 0 && event.dy() == 0 &&
+           event.time() == 0;
+}

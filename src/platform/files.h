@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace platform {
@@ -28,11 +29,20 @@ public:
     static File Create(const std::string& path);
 
     File() = default;
-    File(File&& other) noexcept;
-    File& operator=(File&& other) noexcept;
+    File(File&& other) noexcept : handle(std::exchange(other.handle, -1)), found(other.found) {}
+    File& operator=(File&& other) noexcept {
+        if (this != &other) {
+            if (IsOpen()) Close();
+            handle = std::exchange(other.handle, -1);
+            found = other.found;
+        }
+        return *this;
+    }
     File(const File&) = delete;
     File& operator=(const File&) = delete;
-    ~File();
+    ~File() {
+        if (IsOpen()) Close();
+    }
 
     bool IsOpen() const { return handle != -1; }
 

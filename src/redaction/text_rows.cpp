@@ -1,94 +1,31 @@
 #include "redaction/text_rows.h"
 
 #include <algorithm>
-#include <numeric>
 
-#include "folding/fold.h"
+#include "folding/editor_fold.h"
 
 namespace {
-
-// The editor's fold: moves inside a row of keys are dropped, and all is folded again.
-class EditorFold {
-public:
-    explicit EditorFold(const Job& foldedJob) : job(foldedJob), places(job.Events.size()) {
-        std::iota(places.begin(), places.end(), std::size_t{0});
-        do {
-            Fold();
-        } while (DropHiddenMoves());
-        BuildRowOrder(rows);
-    }
-
-    TextRows Take(TokenReader& reader) const;
-
-private:
-    void Fold();
-    bool DropHiddenMoves();
-    TextRow RowOf(const KeyRow& row, TokenReader& reader) const;
-    std::int32_t PlaceOf(std::int32_t event) const {
-        return static_cast<std::int32_t>(places[static_cast<std::size_t>(event)]);
-    }
-
-    const Job& job;
-    std::vector<std::size_t> places;  // of the events that are left
-    std::vector<JobEvent> events;     // as the fold has changed them
-    FoldedRows rows;
-};
-
-void EditorFold::Fold() {
-    ClearRows(rows);
-    events.clear();
-    events.reserve(places.size());
-    for (const std::size_t place : places) events.push_back(job.Events[place]);
-    PassOverUnknownEvents(events);
-    FoldEvents({events, job.Strings, job.Windows, job.Chains}, rows, &events);
-}
-
-bool EditorFold::DropHiddenMoves() {
-    const std::vector<std::size_t> hidden = HiddenMoves(rows, events);
-    if (hidden.empty()) return false;
-    for (const std::size_t event : hidden) places[event] = job.Events.size();
-    places.erase(std::remove(places.begin(), places.end(), job.Events.size()), places.end());
-    return true;
-}
 
 bool IsStored(const JobEvent& event) {
     return event.dwType() == INPUT_TEXT || event.dwType() == TextContinuation;
 }
 
-TextRow EditorFold::RowOf(const KeyRow& row, TokenReader& reader) const {
+TextRow ReadRow(const KeyRow& row, const EditorFold& fold, TokenReader& reader) {
     TextRow found;
-    found.head = PlaceOf(row.FirstEvent);
-    found.last = PlaceOf(row.LastEvent);
+    found.head = fold.PlaceOf(row.FirstEvent);
+    found.last = fold.PlaceOf(row.LastEvent);
     found.chain = row.WindowChainIndex;
     found.tokens = reader.Read(row.Text);
     found.isTyped = std::any_of(found.tokens.begin(), found.tokens.end(), IsTyped);
     return found;
 }
 
-TextRows EditorFold::Take(TokenReader& reader) const {
-    TextRows found;
-    for (const KeyRow& row : rows.KeyRows) found.rows.push_back(RowOf(row, reader));
-    for (std::size_t i = 0; i < rows.RowIndex.size(); ++i) {
-        if (rows.RowKind[i] == KeyRowKind) {
-            found.rows[static_cast<std::size_t>(rows.RowIndex[i])].number = rows.RowNumber[i];
-        }
-    }
-    found.rowOf.assign(job.Events.size(), TextRows::NoRow);
-    for (std::size_t i = 0; i < events.size(); ++i) {
-        const JobEvent& was = job.Events[places[i]];
-        const std::int32_t row = IsStored(events[i]) ? events[i].StringIndex() - 1 : TextRows::NoRow;
-        found.rowOf[places[i]] = row;
-        if (row == TextRows::NoRow) continue;
-        // Keys without a token, and a stored text without any that has old keys in its events.
-        const bool isOddKey = was.dwType() == platform::InputKeyboard && (was.KeyState() & platform::KeyUp) == 0 &&
-                              !IsModifier(was.KeyCode() & 0xFFFF);
-        TextRow& textRow = found.rows[static_cast<std::size_t>(row)];
-        const bool isOldKey = IsStored(was) && was.KeyCode() != 0 && textRow.tokens.empty();
-        textRow.isTyped = textRow.isTyped || isOddKey || isOldKey;
-    }
-    found.isHidden.assign(job.Events.size(), true);
-    for (const std::size_t place : places) found.isHidden[place] = false;
-    return found;
+// Whether an event of a row of keys has typed something that its tokens do not tell: a key without one, and a stored
+// text without any that has old keys in its events.
+bool HasTypedUntold(const JobEvent& event, const TextRow& row) {
+    if (IsStored(event)) return event.KeyCode() != 0 && row.tokens.empty();
+    return event.dwType() == platform::InputKeyboard && (event.KeyState() & platform::KeyUp) == 0 &&
+           !IsModifier(event.KeyCode() & 0xFFFF);
 }
 
 }  // namespace
@@ -120,5 +57,26 @@ bool IsTyped(const TextToken& token) {
 }
 
 TextRows TextRowsOf(const Job& job, TokenReader& reader) {
-    return EditorFold(job).Take(reader);
+    const EditorFold fold(job);
+    const FoldedRows& rows = fold.Rows();
+    TextRows found;
+    for (const KeyRow& row : rows.KeyRows) found.rows.push_back(ReadRow(row, fold, reader));
+    for (std::size_t i = 0; i < rows.RowIndex.size(); ++i) {
+        if (rows.RowKind[i] == KeyRowKind) {
+            found.rows[static_cast<std::size_t>(rows.RowIndex[i])].number = rows.RowNumber[i];
+        }
+    }
+    found.rowOf.assign(job.Events.size(), TextRows::NoRow);
+    found.isHidden.assign(job.Events.size(), true);
+    std::int32_t index = 0;
+    for (const JobEvent& event : fold.ChangedEvents()) {
+        const auto place = static_cast<std::size_t>(fold.PlaceOf(index++));
+        found.isHidden[place] = false;
+        const std::int32_t row = IsStored(event) ? event.StringIndex() - 1 : TextRows::NoRow;
+        found.rowOf[place] = row;
+        if (row == TextRows::NoRow) continue;
+        TextRow& textRow = found.rows[static_cast<std::size_t>(row)];
+        textRow.isTyped = textRow.isTyped || HasTypedUntold(job.Events[place], textRow);
+    }
+    return found;
 }

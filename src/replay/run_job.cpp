@@ -139,7 +139,7 @@ private:
     void ClearTheStage();
     void Prepare();
     void LogOptions() const;
-    bool StartsProgram() const;
+    bool StartsProgram();
     void CleanUp();
     static void LeaveStatusWindow();
     void RestoreMainWindow();
@@ -169,6 +169,7 @@ std::int32_t JobRun::Run() {
         // A plain way out that puts nothing back: until the program is started anew, every run is refused. A job
         // whose program is missing must not be followed by others as if nothing had been.
         runState.programWasMissing = true;
+        if (runListener != nullptr) runListener->RunEnds(RunProgramMissing, reason);
         return RunProgramMissing;
     }
     if (!noInputBlock) StartInputBlock();
@@ -219,13 +220,13 @@ void JobRun::LogOptions() const {
     LogLine("Job will repeat: " + times, 0, 1);
 }
 
-bool JobRun::StartsProgram() const {
+bool JobRun::StartsProgram() {
     const std::string path = Trim(job.StartProgram.ProgramPath);
     if (path.empty()) return true;
     // A program that cannot be opened can often be started all the same: it may be a link of the system's.
     if (platform::StateOf(path) == platform::FileState::Missing) {
-        platform::ShowBox(Label("Cannot start program") + LineBreak + path + LineBreak + Translate("File not found"),
-                          Translate("File not found"), platform::BoxIcon::Error);
+        reason = Label("Cannot start program") + LineBreak + path + LineBreak + Translate("File not found");
+        platform::ShowBox(reason, Translate("File not found"), platform::BoxIcon::Error);
         return false;
     }
     platform::StartProgram(path + " " + Trim(job.StartProgram.CommandLine), job.StartProgram.WindowStyle);

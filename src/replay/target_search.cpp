@@ -469,8 +469,8 @@ bool LiesBehindLabel(WindowHandle element, WindowHandle hit) {
 // Whether input reaches the target as things are now. Something may have come in between while it was put in place, and
 // a window in front can have another element under the cursor or in the focus.
 Fate Search::FateOfInput() {
-    if (hands.Held())
-        return Fate::Taken;  // nothing was moved or brought forward: what it would come to is not to be seen
+    // Nothing was moved or brought forward: what it would come to is not to be seen.
+    if (hands.Held()) return Fate::Taken;
     const WindowHandle reached = IsHigh() ? searchState.current : target;
     if (request.useFocus) return FocusIsIn(reached) ? Fate::Taken : Fate::InputElsewhere;
     // Some windows go on to another place by themselves; they are not put back for ever.

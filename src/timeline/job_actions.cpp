@@ -5,7 +5,8 @@
 #include <optional>
 #include <utility>
 
-#include "folding/fold.h"
+#include "folding/editor_fold.h"
+#include "jobs/event_targets.h"
 
 namespace {
 
@@ -32,11 +33,6 @@ ActionKind KindOf(const MouseRow& row) {
     }
 }
 
-// Clicks of the Scroll Lock key are recorded without a place and without a time.
-bool IsWithoutPlace(const JobEvent& event) {
-    return event.WindowChainIndex < 0 && event.dx() == 0 && event.dy() == 0 && event.time() == 0;
-}
-
 std::string NameOf(const WindowSignature& window) {
     if (IsDesktop(window)) return "Desktop";
     if (window.ClassName == "#32768") return "(menu)";
@@ -45,21 +41,24 @@ std::string NameOf(const WindowSignature& window) {
 
 class Reader {
 public:
-    explicit Reader(const Job& readJob) : job(readJob), events(readJob.Events) {}
+    explicit Reader(const Job& readJob) : job(readJob), fold(readJob) {}
 
     JobActions Read();
 
 private:
     void Add(Action action, std::int32_t first, std::int32_t last, std::int32_t chain);
-    void AddKeys(KeyRow& row);
-    void AddMouse(const MouseRow& row);
+    const JobEvent& EventOf(std::int32_t event) const {
+        return job.Events[static_cast<std::size_t>(fold.PlaceOf(event))];
+    }
+    void AddKeys(const KeyRow& row, std::int32_t number);
+    void AddMouse(const MouseRow& row, std::int32_t number);
     std::size_t LaneOf(std::int32_t chain);
     std::size_t NewLane(const WindowSignature* window);
     void GiveLanesToMoves();
     void ReadPath();
 
     const Job& job;
-    std::vector<JobEvent> events;
+    const EditorFold fold;
     JobActions read;
     std::map<std::pair<std::string, std::string>, std::size_t> laneByWindow;
     std::vector<std::size_t> laneByChain;
@@ -68,46 +67,45 @@ private:
 };
 
 JobActions Reader::Read() {
-    PassOverUnknownEvents(events);
-    FoldedRows rows;
-    FoldEvents({events, job.Strings, job.Windows, job.Chains}, rows, &events);
+    const FoldedRows& rows = fold.Rows();
     laneByChain.assign(job.Chains.size(), NoLane);
-    const std::size_t count = rows.KeyRows.size() + rows.MouseRows.size();
-    read.actions.reserve(count);
-    for (std::size_t keyRow = 0, mouseRow = 0; keyRow + mouseRow < count;) {
-        if (KeyRowComesNext(rows, keyRow, mouseRow)) {
-            AddKeys(rows.KeyRows[keyRow++]);
+    read.actions.reserve(rows.RowIndex.size());
+    for (std::size_t i = 0; i < rows.RowIndex.size(); ++i) {
+        const auto index = static_cast<std::size_t>(rows.RowIndex[i]);
+        if (rows.RowKind[i] == KeyRowKind) {
+            AddKeys(rows.KeyRows[index], rows.RowNumber[i]);
         } else {
-            AddMouse(rows.MouseRows[mouseRow++]);
+            AddMouse(rows.MouseRows[index], rows.RowNumber[i]);
         }
     }
+    read.rows = rows.RowNumber.empty() ? 0 : rows.RowNumber.back();
     GiveLanesToMoves();
     ReadPath();
     read.windows = laneByWindow.size();
     return std::move(read);
 }
 
-void Reader::AddKeys(KeyRow& row) {
+void Reader::AddKeys(const KeyRow& row, std::int32_t number) {
     Action action;
     action.kind = row.Text.starts_with("{WHEEL") ? ActionKind::Wheel : ActionKind::Typing;
-    action.number = ++read.rows;
-    action.text = std::move(row.Text);
+    action.number = number;
+    action.text = row.Text;
     Add(std::move(action), row.FirstEvent, row.LastEvent, row.WindowChainIndex);
 }
 
-void Reader::AddMouse(const MouseRow& row) {
+void Reader::AddMouse(const MouseRow& row, std::int32_t number) {
     Action action;
     action.kind = KindOf(row);
-    action.number = action.kind == ActionKind::Moves ? read.rows : ++read.rows;
+    action.number = number;
     action.place = {row.X, row.Y};
-    action.hasPlace = !IsWithoutPlace(job.Events[static_cast<std::size_t>(row.FirstEvent)]);
+    action.hasPlace = !IsWithoutPlaceAndTime(EventOf(row.FirstEvent));
     Add(std::move(action), row.FirstEvent, row.LastEvent, row.WindowChainIndex);
 }
 
 // Times go on, whatever the job says: rows overlap, and Scroll Lock clicks have none.
 void Reader::Add(Action action, std::int32_t first, std::int32_t last, std::int32_t chain) {
-    action.start = std::max<std::int64_t>(time, job.Events[static_cast<std::size_t>(first)].time());
-    action.end = std::max<std::int64_t>(action.start, job.Events[static_cast<std::size_t>(last)].time());
+    action.start = std::max<std::int64_t>(time, EventOf(first).time());
+    action.end = std::max<std::int64_t>(action.start, EventOf(last).time());
     // A release that comes after other rows lets a row of keys reach over them; they begin inside it.
     time = action.start;
     const bool aimed = action.kind != ActionKind::Moves && action.kind != ActionKind::Release;
@@ -160,7 +158,7 @@ void Reader::GiveLanesToMoves() {
 void Reader::ReadPath() {
     for (const JobEvent& event : job.Events) {
         const bool wheel = event.dwFlags() == MouseFlagBase + platform::MouseWheel;
-        if (event.dwType() != platform::InputMouse || wheel || IsWithoutPlace(event)) continue;
+        if (event.dwType() != platform::InputMouse || wheel || IsWithoutPlaceAndTime(event)) continue;
         const platform::Point place{event.dx(), event.dy()};
         if (read.path.empty() || read.path.back() != place) read.path.push_back(place);
     }

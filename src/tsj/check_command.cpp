@@ -1,15 +1,13 @@
 // tsj check: what will go wrong with jobs, found without playing them.
 #include <CLI/CLI.hpp>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 
 #include "base/runtime_failure.h"
 #include "findings/check_job.h"
 #include "tsj/commands.h"
+#include "tsj/json.h"
 #include "tsj/tool.h"
-
-using Json = nlohmann::ordered_json;
 
 namespace {
 
@@ -26,9 +24,11 @@ struct ToldFinding {
     std::string line;
 };
 
-ToldFinding Told(const Finding& finding) {
-    return {finding.row, finding.event, Tool::Utf8(WhatIsWrong(finding)), Tool::Utf8(WhatToDo(finding)),
-            Tool::Utf8(FindingLine(finding))};
+using ToUtf8 = std::function<std::string(const std::string&)>;
+
+ToldFinding Told(const Finding& finding, const ToUtf8& utf8) {
+    return {finding.row, finding.event, utf8(WhatIsWrong(finding)), utf8(WhatToDo(finding)),
+            utf8(FindingLine(finding))};
 }
 
 // No value for a job that cannot be read, which is a finding.
@@ -36,7 +36,8 @@ std::optional<Job> ReadOrTell(const std::string& path, const Tool& tool, std::ve
     try {
         return tool.ReadJobAt(path);
     } catch (const RuntimeFailure& failure) {
-        told.push_back(Told(FindingOfUnreadableJob(failure)));
+        // It names the file, as files are named here.
+        told.push_back(Told(FindingOfUnreadableJob(failure), [&tool](const auto& text) { return tool.AsTyped(text); }));
         return std::nullopt;
     }
 }
@@ -45,7 +46,7 @@ std::vector<ToldFinding> FindingsOf(const Job& job, const Tool& tool) {
     CheckOptions options;
     options.looksForProgram = options.keyboardIsThatOfTheJob = tool.IsOnWindows();
     std::vector<ToldFinding> told;
-    for (const Finding& finding : CheckJob(job, options)) told.push_back(Told(finding));
+    for (const Finding& finding : CheckJob(job, options)) told.push_back(Told(finding, Tool::Utf8));
     if (!tool.lookAtDesktop) return told;
     for (const DesktopFinding& finding : tool.lookAtDesktop(job)) {
         told.push_back({finding.row, -1, finding.what, finding.toDo, finding.what + " " + finding.toDo});
@@ -74,7 +75,7 @@ void Check(const CheckedJobs& jobs, Tool& tool) {
         if (!told.empty() && tool.exitCode == 0) tool.EndWith(ExitCode::Failed);
         if (!job) tool.EndWith(ExitCode::NothingToPlay);
     }
-    if (jobs.json) tool.PrintLine(all.dump(2, ' ', false, Json::error_handler_t::replace));
+    if (jobs.json) tool.PrintLine(Indented(all));
 }
 
 }  // namespace

@@ -1,14 +1,12 @@
 // tsj diff: what the rows of a job have that those of another have not.
 #include <CLI/CLI.hpp>
 #include <memory>
-#include <nlohmann/json.hpp>
 
 #include "base/runtime_failure.h"
 #include "comparison/compare_jobs.h"
 #include "tsj/commands.h"
+#include "tsj/json.h"
 #include "tsj/tool.h"
-
-using Json = nlohmann::ordered_json;
 
 namespace {
 
@@ -108,7 +106,7 @@ void Diff(const DiffOptions& options, Tool& tool) {
         JobComparison comparison(tool.ReadJobAt(options.a), tool.ReadJobAt(options.b));
         tool.exitCode = comparison.AreSame() ? Same : Different;
         if (options.json) {
-            tool.PrintLine(JsonOf(comparison).dump(2, ' ', false, Json::error_handler_t::replace));
+            tool.PrintLine(Indented(JsonOf(comparison)));
         } else if (!comparison.AreSame()) {
             PrintText(options, comparison, tool);
         }

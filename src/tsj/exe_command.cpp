@@ -27,7 +27,7 @@ struct ExeOptions {
 // A program that says "the job is damaged" to whoever gets it is better not made.
 void RequireJob(const Tool& tool, const std::string& path) {
     const Job job = tool.ReadJobAt(path);
-    if (job.Events.empty()) throw RuntimeFailure(FailureKind::File, "The job '" + path + "' is empty.");
+    if (job.Events.empty()) throw RuntimeFailure(FailureKind::File, "The job '" + tool.PathOf(path) + "' is empty.");
 }
 
 void MakeProgram(const ExeOptions& options, Tool& tool) {

@@ -1,17 +1,15 @@
 // tsj show: a job as a person reads it, or as JSON for a program.
 #include <CLI/CLI.hpp>
 #include <memory>
-#include <nlohmann/json.hpp>
 
 #include "base/arithmetic.h"
 #include "folding/popuni_listu.h"
 #include "folding/row_texts.h"
 #include "tsj/commands.h"
+#include "tsj/json.h"
 #include "tsj/table.h"
 #include "tsj/tool.h"
 #include "tsj/words.h"
-
-using Json = nlohmann::ordered_json;
 
 namespace {
 
@@ -86,13 +84,7 @@ std::string EventsText() {
 
 Json WindowsJson() {
     Json windows = Json::array();
-    for (const WindowSignature& window : editState.Windows) {
-        const platform::Rect& place = window.Placement.rcNormalPosition;
-        windows.push_back({{"caption", Tool::Utf8(window.Caption)},
-                           {"class", Tool::Utf8(window.ClassName)},
-                           {"controlId", window.ControlId},
-                           {"place", {place.left, place.top, place.right, place.bottom}}});
-    }
+    for (const WindowSignature& window : editState.Windows) windows.push_back(WindowJson(window));
     return windows;
 }
 
@@ -142,7 +134,7 @@ void PrintJson(const ShowOptions& options, const Tool& tool) {
     Json all = {{"job", options.job}, {"header", HeaderJson(editState.header)}, {"windows", WindowsJson()}};
     all["rows"] = RowsJson();
     if (options.events) all["events"] = EventsJson();
-    tool.PrintLine(all.dump(2, ' ', false, Json::error_handler_t::replace));
+    tool.PrintLine(Indented(all));
 }
 
 void Show(const ShowOptions& options, Tool& tool) {

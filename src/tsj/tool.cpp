@@ -33,6 +33,10 @@ void Tool::WriteAll(const std::string& path, std::string_view bytes) const {
     WriteBlocks(path, [&](const Sink& write) { write(bytes); });
 }
 
+void Tool::RequireRoomFor(const std::string& path) const {
+    if (path != StandardStream) const SaveFile file(PathOf(path));
+}
+
 void Tool::WriteBlocks(const std::string& path, const std::function<void(const Sink&)>& fill) const {
     if (path == StandardStream) {
         fill(streams.out);

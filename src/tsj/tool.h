@@ -33,12 +33,17 @@ public:
     // In one step: the old file or the new one, whole. Nothing of a longer old file stays behind the new bytes.
     void WriteAll(const std::string& path, std::string_view bytes) const;
 
-    // The same in blocks: `fill` is called once, with what writes one.
+    // Fails where nothing could be written; nothing is.
+    void RequireRoomFor(const std::string& path) const;
+
+    // The same as WriteAll, in blocks: `fill` is called once, with what writes one.
     using Sink = std::function<void(std::string_view)>;
     void WriteBlocks(const std::string& path, const std::function<void(const Sink&)>& fill) const;
 
-    // For failures.
-    static std::string NameOf(const std::string& path) { return path == StandardStream ? "standard input" : path; }
+    // For failures, which are told in the encoding of the platform's files.
+    std::string NameOf(const std::string& path) const {
+        return path == StandardStream ? "standard input" : PathOf(path);
+    }
 
     void Print(std::string_view text) const { streams.out(text); }
     const auto& OutStream() const { return streams.out; }

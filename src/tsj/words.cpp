@@ -6,8 +6,8 @@
 
 namespace {
 
-std::string Choice(std::int64_t value, const std::array<const char*, 3>& words) {
-    return value >= 0 && value < 3 ? words[static_cast<std::size_t>(value)] : "unknown (" + std::to_string(value) + ")";
+std::string Unknown(std::int64_t value) {
+    return "unknown (" + std::to_string(value) + ")";
 }
 
 std::string KeyWord(std::int32_t virtualKey) {
@@ -22,16 +22,18 @@ std::string SpeedWords(std::int32_t percent) {
 }
 
 std::string SafetyWord(std::int32_t level) {
-    return Choice(level, {"high", "medium", "low"});
+    static constexpr std::array<const char*, 3> words = {"high", "medium", "low"};
+    return level >= 0 && level < 3 ? words[static_cast<std::size_t>(level)] : Unknown(level);
 }
 
 std::string IfNoWindowWord(std::uint8_t choice) {
-    return Choice(choice, {"stop", "skip", "execute anyway"});
+    const std::string_view name = NameOfChoice(choice);
+    return name.empty() ? Unknown(choice) : std::string(name);
 }
 
 std::string EventWord(const JobEvent& event) {
     const EventAction* const action = ActionOf(event);
-    return action == nullptr ? "unknown (" + std::to_string(event.dwType()) + ")" : std::string(action->name);
+    return action == nullptr ? Unknown(event.dwType()) : std::string(action->name);
 }
 
 std::string EventData(const JobEvent& event) {

@@ -111,6 +111,26 @@ TEST_F(TsjRunTest, EachEndHasItsCode) {
     EXPECT_EQ(Run(), 3);
 }
 
+TEST_F(TsjRunTest, WithoutItsProgramNothingIsPlayed) {
+    job.Header().StartProgram.ProgramPath = "C:\\none.exe";
+    InEdit().Type("never");
+    EXPECT_EQ(Run(), 1);
+    EXPECT_THAT(simulated::Journal(), IsEmpty());
+    EXPECT_THAT(report["reason"].get<std::string>(), HasSubstr("C:\\none.exe"));
+}
+
+TEST_F(TsjRunTest, AReportThatCannotBeWrittenIsNoSuccess) {
+    InEdit().Type("a");
+    WriteJob(PlayedPath, job.Built());
+    EXPECT_EQ(Tsj({"run", PlayedPath, "--junit", "C:\\none\\r.xml"}), 64) << "told before anything is sent";
+    EXPECT_THAT(err, HasSubstr("none"));
+    EXPECT_EQ(TextOf(edit), "");
+    simulated::PutFolder("C:\\jobs\\r.json");
+    EXPECT_EQ(Tsj({"run", PlayedPath, "--report", "C:\\jobs\\r.json"}), 1);
+    EXPECT_THAT(err, HasSubstr("r.json"));
+    EXPECT_EQ(TextOf(edit), "a");
+}
+
 TEST_F(TsjRunTest, AnInterruptEndsItLikeEscape) {
     InEdit().Click(Left, 300, 300).KeyDown('A').Wait(5000).KeyUp('A');
     simulated::At(platform::TickCount() + 2000, InterruptRun);

@@ -66,8 +66,19 @@ TEST_F(TsjTest, ShowsAJobInUtf8WhereverItComesFrom) {
     in.resize(2300);
     EXPECT_EQ(Tsj({"show", "-"}), 3);
     EXPECT_THAT(err, HasSubstr("standard input"));
-    EXPECT_EQ(Tsj({"show", "C:\\jobs\\Ärger.tsj"}), 3);
-    EXPECT_THAT(err, HasSubstr("'C:\\jobs\\Ärger.tsj'"));
+}
+
+TEST_F(TsjTest, NamesAFileAsItWasTyped) {
+    simulated::PutFile(platform::FromUtf8("C:\\jobs\\Ärger.json"), "{");
+    WriteJob(platform::FromUtf8("C:\\jobs\\Ärger.tsj"), Job());
+    for (const std::vector<std::string>& failing : {std::vector<std::string>{"show", "C:\\jobs\\no Ärger"},
+                                                    {"check", "C:\\jobs\\Ärger.json"},
+                                                    {"import", "C:\\jobs\\Ärger.json", "C:\\jobs\\out.tsj"},
+                                                    {"exe", "C:\\jobs\\Ärger.tsj", "C:\\jobs\\out.exe"},
+                                                    {"export", JobPath, "C:\\Ärger\\out.json"}}) {
+        EXPECT_EQ(Tsj(failing), 3) << failing[0];
+        EXPECT_THAT(out + err, AllOf(HasSubstr("Ärger"), testing::Not(HasSubstr("Ã")))) << failing[0];
+    }
 }
 
 TEST_F(TsjTest, ChecksJobsAndTellsALineForEachFinding) {

@@ -63,18 +63,6 @@ File File::Create(const std::string& path) {
     return file;
 }
 
-File::File(File&& other) noexcept : handle(std::exchange(other.handle, -1)), found(other.found) {}
-
-File& File::operator=(File&& other) noexcept {
-    std::swap(handle, other.handle);
-    found = other.found;
-    return *this;
-}
-
-File::~File() {
-    if (IsOpen()) Close();
-}
-
 std::int64_t File::Read(void* buffer, std::int64_t size) {
     std::int64_t total = 0;
     while (total < size) {

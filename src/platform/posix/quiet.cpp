@@ -2,6 +2,7 @@
 // console.
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 

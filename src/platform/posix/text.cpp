@@ -1,4 +1,4 @@
-// Where no Windows is, the system code page is Windows-1252; all others are those of iconv.
+// Code pages by number: Windows-1252, which is that of the system here, and those of iconv.
 #include "platform/text.h"
 
 #include <iconv.h>
@@ -77,18 +77,6 @@ std::string ByteOfLackingCharacter(std::string_view& utf8) {
 
 namespace platform {
 
-int SystemCodePage() {
-    return windows_1252::Number;
-}
-
-std::string FromUtf8(std::string_view utf8) {
-    return windows_1252::FromUtf8(utf8);
-}
-
-std::string ToUtf8(std::string_view text) {
-    return windows_1252::ToUtf8(text);
-}
-
 std::optional<std::string> FromUtf8(std::string_view utf8, int codePage) {
     if (codePage == windows_1252::Number) return windows_1252::FromUtf8(utf8);
     Converter converter(NameOf(codePage), "UTF-8");
@@ -101,14 +89,6 @@ std::optional<std::string> ToUtf8(std::string_view text, int codePage) {
     Converter converter("UTF-8", NameOf(codePage));
     if (!converter.IsKnown()) return std::nullopt;
     return converter.Convert(text, Utf8OfOpenByte);
-}
-
-std::string LowerCase(std::string_view text) {
-    return windows_1252::LowerCase(text);
-}
-
-std::string UpperCase(std::string_view text) {
-    return windows_1252::UpperCase(text);
 }
 
 }  // namespace platform

@@ -1,21 +1,9 @@
-// The system code page of the simulated desktop is Windows-1252, and it knows no other.
+// The simulated desktop knows Windows-1252 alone.
 #include "platform/text.h"
 
 #include "code_pages/windows_1252.h"
 
 namespace platform {
-
-int SystemCodePage() {
-    return windows_1252::Number;
-}
-
-std::string FromUtf8(std::string_view utf8) {
-    return windows_1252::FromUtf8(utf8);
-}
-
-std::string ToUtf8(std::string_view text) {
-    return windows_1252::ToUtf8(text);
-}
 
 std::optional<std::string> FromUtf8(std::string_view utf8, int codePage) {
     if (codePage != windows_1252::Number) return std::nullopt;
@@ -25,14 +13,6 @@ std::optional<std::string> FromUtf8(std::string_view utf8, int codePage) {
 std::optional<std::string> ToUtf8(std::string_view text, int codePage) {
     if (codePage != windows_1252::Number) return std::nullopt;
     return windows_1252::ToUtf8(text);
-}
-
-std::string LowerCase(std::string_view text) {
-    return windows_1252::LowerCase(text);
-}
-
-std::string UpperCase(std::string_view text) {
-    return windows_1252::UpperCase(text);
 }
 
 }  // namespace platform

@@ -114,21 +114,6 @@ File File::Create(const std::string& path) {
     return file;
 }
 
-File::File(File&& other) noexcept : handle(std::exchange(other.handle, -1)), found(other.found) {}
-
-File& File::operator=(File&& other) noexcept {
-    if (this != &other) {
-        if (IsOpen()) Close();
-        handle = std::exchange(other.handle, -1);
-        found = other.found;
-    }
-    return *this;
-}
-
-File::~File() {
-    if (IsOpen()) Close();
-}
-
 std::int64_t File::Read(void* buffer, std::int64_t size) {
     std::int64_t total = 0;
     while (total < size) {

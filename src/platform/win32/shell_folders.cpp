@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "base/text.h"
+#include "win32/code_page.h"
 #include "win32/handles.h"
 #include "win32/open_box.h"
 // After <windows.h>, which they need.
@@ -16,17 +17,6 @@ struct FreeItems {
     void operator()(ITEMIDLIST* items) const { CoTaskMemFree(items); }
 };
 using Items = std::unique_ptr<ITEMIDLIST, FreeItems>;
-
-// None for a text with characters that the code page does not have, or without any.
-std::optional<std::string> InCodePage(const std::wstring& text) {
-    std::string narrow(2 * text.size(), '\0');
-    BOOL lossy = FALSE;
-    narrow.resize(static_cast<std::size_t>(WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text.data(),
-                                                               static_cast<int>(text.size()), narrow.data(),
-                                                               static_cast<int>(narrow.size()), nullptr, &lossy)));
-    if (lossy || narrow.empty()) return std::nullopt;
-    return narrow;
-}
 
 std::optional<std::string> PathOf(const Items& items) {
     char path[MAX_PATH] = "";
@@ -47,13 +37,9 @@ std::optional<std::string> Browse(BROWSEINFOA& info) {
 }  // namespace
 
 std::string ExecutablePath() {
-    constexpr DWORD longest = 32768;  // of any path
-    std::wstring path(longest, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), longest));
-    if (const auto text = InCodePage(path)) return *text;
-    std::wstring shorter(longest, L'\0');
-    shorter.resize(GetShortPathNameW(path.c_str(), shorter.data(), longest));
-    return InCodePage(shorter).value_or("");
+    std::wstring path(LongestWidePath, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), LongestWidePath));
+    return PathInCodePage(path).value_or("");
 }
 
 std::string ExecutableFolder() {

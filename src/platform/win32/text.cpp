@@ -1,17 +1,9 @@
 #include "platform/text.h"
 
-#include "win32/handles.h"
+#include "win32/code_page.h"
 
 namespace platform {
 namespace {
-
-std::wstring Widen(std::string_view text, UINT codePage) {
-    const int length = static_cast<int>(text.size());
-    const int needed = MultiByteToWideChar(codePage, 0, text.data(), length, nullptr, 0);
-    std::wstring wide(static_cast<std::size_t>(needed), L'\0');
-    MultiByteToWideChar(codePage, 0, text.data(), length, wide.data(), needed);
-    return wide;
-}
 
 std::string Narrow(const std::wstring& wide, UINT codePage) {
     const int length = static_cast<int>(wide.size());

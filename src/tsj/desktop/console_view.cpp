@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
 #include "platform/text.h"
 #include "replay/status_view.h"
 
@@ -52,8 +53,9 @@ void MoveExecuting(std::int32_t) {}
 void SetStatusLabel(const std::string& text) {
     if (text == console.status) return;
     console.status = text;
-    const std::size_t lineBreak = text.find("\r\n");
-    if (lineBreak != std::string::npos) PrintLine(text.substr(0, lineBreak) + " " + text.substr(lineBreak + 2));
+    const std::size_t lineBreak = text.find(LineBreak);
+    if (lineBreak == std::string::npos) return;
+    PrintLine(text.substr(0, lineBreak) + " " + text.substr(lineBreak + std::string_view(LineBreak).size()));
 }
 
 void StopDodging() {}

@@ -1,18 +1,16 @@
 // tsj explain: what the search for a row's window would find now, and why. Nothing is sent.
 #include <CLI/CLI.hpp>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 
 #include "folding/puni_listu.h"
 #include "replay/explanation_text.h"
 #include "replay/reach.h"
 #include "replay/row_descriptions.h"
+#include "tsj/json.h"
 #include "tsj/table.h"
 #include "tsj/tool.h"
 #include "tsj_desktop/commands.h"
-
-using Json = nlohmann::ordered_json;
 
 namespace {
 
@@ -36,14 +34,6 @@ Explanation ExplainRow(const Job& job, std::int32_t number) {
     return explanation;
 }
 
-Json WindowJson(const WindowSignature& window) {
-    const platform::Rect& place = window.Placement.rcNormalPosition;
-    return {{"class", Tool::Utf8(window.ClassName)},
-            {"caption", Tool::Utf8(window.Caption)},
-            {"controlId", window.ControlId},
-            {"place", {place.left, place.top, place.right, place.bottom}}};
-}
-
 Json LevelJson(const LevelComparison& level) {
     return {{"level", level.level},
             {"recorded", level.recorded ? WindowJson(*level.recorded) : Json()},
@@ -54,6 +44,7 @@ Json LevelJson(const LevelComparison& level) {
 
 const char* WordOf(SearchStep step) {
     static constexpr const char* words[] = {"live window", "top window", "stand-in", "element", "last look"};
+    static_assert(std::size(words) == static_cast<std::size_t>(SearchStep::LastLook) + 1);
     return words[static_cast<std::size_t>(step)];
 }
 
@@ -73,6 +64,7 @@ const char* WordOf(Fate fate) {
                                             "not forward",
                                             "goes elsewhere",
                                             "input elsewhere"};
+    static_assert(std::size(words) == static_cast<std::size_t>(Fate::InputElsewhere) + 1);
     return words[static_cast<std::size_t>(fate)];
 }
 
@@ -124,7 +116,7 @@ ExitCode CodeOf(const Explanation& explanation) {
 void ExplainCommand(const ExplainOptions& options, Tool& tool) {
     const Explanation explanation = ExplainRow(tool.ReadJobAt(options.job), options.row);
     if (options.json) {
-        tool.PrintLine(JsonOf(explanation).dump(2, ' ', false, Json::error_handler_t::replace));
+        tool.PrintLine(Indented(JsonOf(explanation)));
     } else {
         PrintText(explanation, tool);
     }

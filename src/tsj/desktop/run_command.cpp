@@ -46,6 +46,8 @@ public:
     RunCommand(const RunOptions& theOptions, Tool& theTool) : options(theOptions), tool(theTool) {}
 
     void Run() {
+        RequireRoomFor("--report", options.report);
+        RequireRoomFor("--junit", options.junit);
         report.Begin();
         report.jobPath = options.job;
         report.keepPicture = [this](const RowReport& row) { return KeepPicture(row); };
@@ -53,12 +55,34 @@ public:
         StopRunAt(given > 0 ? report.startTick + given : 0);
         report.End(Play());
         if (report.code != ExitCode::Success) TellOutcome();
-        if (!options.report.empty()) tool.WriteAll(options.report, JsonOf(report));
-        if (!options.junit.empty()) tool.WriteAll(options.junit, JUnitOf(report));
         tool.EndWith(report.code);
+        Write(options.report, JsonOf(report));
+        Write(options.junit, JUnitOf(report));
     }
 
 private:
+    // A folder that takes no file is told before anything is sent.
+    void RequireRoomFor(const char* option, const std::string& path) const {
+        if (path.empty()) return;
+        try {
+            tool.RequireRoomFor(path);
+        } catch (const RuntimeFailure& failure) {
+            throw CLI::ValidationError(option, tool.AsTyped(failure.what()));
+        }
+    }
+
+    // The outcome of the run stands, whatever becomes of the file; but what was to be written and was not is no
+    // success.
+    void Write(const std::string& path, const std::string& text) {
+        if (path.empty()) return;
+        try {
+            tool.WriteAll(path, text);
+        } catch (const RuntimeFailure& failure) {
+            tool.Warn(tool.AsTyped(failure.what()));
+            if (report.code == ExitCode::Success) tool.EndWith(ExitCode::Failed);
+        }
+    }
+
     ExitCode Play() {
         try {
             Job job = tool.ReadJobAt(options.job);
@@ -75,7 +99,7 @@ private:
             const bool outIsTaken = options.report == StandardStream || options.junit == StandardStream;
             ShowRunOn(outIsTaken ? tool.ErrorStream() : tool.OutStream());
             runListener = &report;
-            const ExitCode code = ExitCodeOf(RunLoadedJob(std::move(job), options.job));
+            const ExitCode code = ExitCodeOf(RunLoadedJob(std::move(job), tool.PathOf(options.job)));
             runListener = nullptr;
             return code;
         } catch (const RuntimeFailure& failure) {
@@ -131,7 +155,7 @@ private:
             tool.WriteAll(options.pictures + "/" + name, PngOf(picture));
             return name;
         } catch (const RuntimeFailure& failure) {
-            tool.Warn(failure.what());
+            tool.Warn(tool.AsTyped(failure.what()));
             return {};
         }
     }

@@ -1,16 +1,14 @@
 #include "tsj_desktop/run_report.h"
 
 #include <cstdio>
-#include <nlohmann/json.hpp>
 
 #include "base/product.h"
 #include "base/text.h"
 #include "platform/clock.h"
 #include "platform/machine.h"
+#include "tsj/json.h"
 #include "tsj/tool.h"
 #include "tsj/words.h"
-
-using Json = nlohmann::ordered_json;
 
 namespace {
 
@@ -174,5 +172,5 @@ std::string JsonOf(const RunReport& report) {
                        {"passes", report.passes},
                        {"rowsLeftOut", report.rowsLeftOut},
                        {"rows", rows}};
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    return Indented(json) + "\n";
 }

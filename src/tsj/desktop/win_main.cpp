@@ -4,14 +4,17 @@
 #include <fcntl.h>
 #include <io.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
+#include "base/runtime_failure.h"
 #include "guard/guard_process.h"
 #include "platform/shell_folders.h"
 #include "platform/text.h"
 #include "replay/run_stop.h"
 #include "tsj/tsj.h"
+#include "win32/code_page.h"
 #include "win32/system_library.h"
 
 namespace {
@@ -38,13 +41,15 @@ std::string Utf8Of(const wchar_t* wide) {
     return text;
 }
 
-// Strokes either way. A name that the code page lacks goes by its short form, when there is one.
+// Strokes either way. A name that the code page lacks goes by its short form, when there is one. It never goes by a
+// likeness, which can be another file.
 std::string PathOf(const std::string& typed) {
-    std::string path = platform::FromUtf8(typed);
-    for (char& character : path) {
-        if (character == '/') character = '\\';
-    }
-    return path;
+    std::wstring path = platform::Widen(typed, CP_UTF8);
+    std::ranges::replace(path, L'/', L'\\');
+    if (const auto narrow = platform::PathInCodePage(path)) return *narrow;
+    throw RuntimeFailure(FailureKind::File, "The name '" + platform::FromUtf8(typed) +
+                                                "' has characters that programs of this Windows cannot name files by. "
+                                                "Give the file another name.");
 }
 
 bool IsTerminal(DWORD handle) {
