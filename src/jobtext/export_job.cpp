@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstring>
 #include <vector>
@@ -70,8 +71,49 @@ private:
     char* next = block.data();
 };
 
+// The numbers below 10,000, with zeros in front: numbers are most of what an event has, and most of them are that
+// small.
+class FourDigits {
+public:
+    static constexpr std::uint32_t Count = 10'000;
+
+    constexpr FourDigits() {
+        for (std::uint32_t number = 0; number < Count; ++number) {
+            std::uint32_t rest = number;
+            for (std::size_t digit = Size; digit-- > 0; rest /= 10) {
+                digits[number * Size + digit] = static_cast<char>('0' + rest % 10);
+            }
+        }
+    }
+
+    // Both write Size bytes; the second goes on behind the number's own digits.
+    char* PutAll(char* place, std::uint32_t number) const {
+        std::memcpy(place, &digits[number * Size], Size);
+        return place + Size;
+    }
+    char* Put(char* place, std::uint32_t number) const {
+        const std::size_t zeros = std::size_t{3} - (number > 9) - (number > 99) - (number > 999);
+        std::memcpy(place, &digits[number * Size + zeros], Size);
+        return place + Size - zeros;
+    }
+
+private:
+    static constexpr std::size_t Size = 4;
+
+    std::array<char, Count * Size + Size> digits{};  // what a copy takes beyond the last number among them
+};
+constexpr FourDigits fourDigits;
+
 char* PutNumber(char* place, std::int32_t number) {
-    return std::to_chars(place, place + LongestNumber, number).ptr;
+    auto magnitude = static_cast<std::uint32_t>(number);
+    if (number < 0) {
+        *place++ = '-';
+        magnitude = 0 - magnitude;
+    }
+    if (magnitude < FourDigits::Count) return fourDigits.Put(place, magnitude);
+    const std::uint32_t front = magnitude / FourDigits::Count;
+    if (front >= FourDigits::Count) return std::to_chars(place, place + LongestNumber, magnitude).ptr;
+    return fourDigits.PutAll(fourDigits.Put(place, front), magnitude % FourDigits::Count);
 }
 
 // Writes where there is room. Events come in millions, and most of their text is of a length that the compiler knows.
@@ -250,11 +292,18 @@ private:
     // What the members of `record` do not tell about `bytes`.
     template <class Record>
     std::string UntoldBytes(const Record& record, std::string_view bytes) {
-        if constexpr (IsAllWords<Record>) {
-            if (CarriesAll(record)) return {};
-        }
         Encode(Carried(record), written);
         return bytes == written ? std::string() : DifferingBytes(bytes, written);
+    }
+
+    template <class Record>
+    void WriteUntold(const Record& record, std::string_view bytes) {
+        if constexpr (IsAllWords<Record>) {
+            if (CarriesAll(record)) return;
+        }
+        if (const std::string untold = UntoldBytes(record, bytes); !untold.empty()) {
+            out << ",\"bytes\":\"" << untold << "\"";
+        }
     }
 
     InputFile& file;
@@ -308,9 +357,7 @@ void Exporter::WriteArray(std::string_view name, std::int32_t count) {
         const auto record = RecordOf<Record>(bytes);
         out.Break(i > 0);
         WriteRecord(record);
-        if (const std::string untold = UntoldBytes(record, bytes); !untold.empty()) {
-            out << ",\"bytes\":\"" << untold << "\"";
-        }
+        WriteUntold(record, bytes);
         out << "}";
     }
     out << (count > 0 ? "\n]" : "]");

@@ -15,7 +15,7 @@
 
 using TextSink = std::function<void(std::string_view block)>;
 
-// Called about a hundred times on the way, with bytes of the input.
+// Called about a hundred times on the way: how much of the input is done, in bytes or lines.
 using TextProgress = std::function<void(std::size_t done, std::size_t total)>;
 
 // Reads a job file and hands its text to `sink`, in blocks of some 100 KB. Texts are read as the code page has them. A

@@ -1,24 +1,25 @@
 // Tells how far a long work has come, about every hundredth of it.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <limits>
+#include <utility>
 
 #include "jobtext/job_text.h"
 
 class TextPace {
 public:
-    TextPace(const TextProgress& toldProgress, std::size_t totalBytes)
-        : progress(toldProgress),
-          total(totalBytes),
-          next(toldProgress ? totalBytes / 100 : std::numeric_limits<std::size_t>::max()) {}
+    TextPace(TextProgress toldProgress, std::size_t totalWork)
+        : progress(std::move(toldProgress)),
+          total(totalWork),
+          next(progress ? totalWork / 100 : std::numeric_limits<std::size_t>::max()) {}
 
-    void Advance(std::size_t bytes) { At(done + bytes); }
-
-    void At(std::size_t doneBytes) {
-        done = doneBytes;
+    // The total is an estimate; nobody is told of more.
+    void Advance(std::size_t work) {
+        done += work;
         if (done < next) return;
-        progress(done, total);
+        progress(std::min(done, total), total);
         next = done + total / 100 + 1;
     }
 
@@ -27,7 +28,7 @@ public:
     }
 
 private:
-    const TextProgress& progress;
+    const TextProgress progress;
     const std::size_t total;
     std::size_t done = 0;
     std::size_t next;
