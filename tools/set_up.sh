@@ -2,7 +2,7 @@
 # Installs the Debian packages that a purpose needs and that are missing. Costs a fraction of a second when nothing
 # is. Safe to run twice, at the same time, and after an interrupted run.
 #
-#   tools/set_up.sh PURPOSE...      windows  native  desktop  help  package  lint  coverage  fuzz
+#   tools/set_up.sh PURPOSE...      windows  native  desktop  help  package  lint  coverage  fuzz  bench
 set -euo pipefail
 
 packages() {
@@ -14,6 +14,7 @@ packages() {
         package) echo nsis git python3 ;;
         lint) echo clang-format-14 clang-tidy-14 shellcheck python3 python3-flake8 yamllint ;;
         coverage) echo gcovr ;;
+        bench) echo valgrind python3 ;;
         fuzz) echo cmake ninja-build make clang-14 libclang-rt-14-dev llvm-14 python3 libcli11-dev nlohmann-json3-dev libstb-dev ;;
         *) echo "set_up.sh: unknown purpose '$1'" >&2; exit 2 ;;
     esac

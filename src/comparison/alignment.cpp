@@ -39,7 +39,10 @@ class Front {
 public:
     explicit Front(std::int32_t most) : reach(2 * static_cast<std::size_t>(most) + 3, Unreached), middle(most + 1) {}
 
-    std::int32_t& At(std::int32_t diagonal) { return reach[static_cast<std::size_t>(middle + diagonal)]; }
+    std::int32_t& At(std::int32_t diagonal) {
+        const std::int32_t place = middle + diagonal;
+        return reach[static_cast<std::size_t>(place)];
+    }
 
     // With one difference more. `same` tells whether two elements, counted from this end, are equal.
     template <class Same>

@@ -64,9 +64,11 @@ void PressLedger::TakeMouse(const JobEvent& event, std::int32_t index) {
         case platform::MouseMiddleUp:
             pressedAt[FirstButton + Middle] = -1;
             return;
-        case platform::MouseXUp:
-            pressedAt[static_cast<std::size_t>(FirstButton + XButtonOf(event))] = -1;
+        case platform::MouseXUp: {
+            const std::int32_t input = FirstButton + XButtonOf(event);
+            pressedAt[static_cast<std::size_t>(input)] = -1;
             return;
+        }
         case DoubleClickFlags - MouseFlagBase:
             PressButton(Left, index);
             pressedAt[FirstButton + Left] = -1;
@@ -105,8 +107,9 @@ void PressLedger::ReleaseKey(std::int32_t vk, std::int32_t index, bool mayBeAlon
 
 void PressLedger::PressButton(std::int32_t button, std::int32_t index) {
     lastPress = index;
-    std::int32_t& since = pressedAt[static_cast<std::size_t>(FirstButton + button)];
-    if (since >= 0) pressedTwice.push_back({since, FirstButton + button});
+    const std::int32_t input = FirstButton + button;
+    std::int32_t& since = pressedAt[static_cast<std::size_t>(input)];
+    if (since >= 0) pressedTwice.push_back({since, input});
     since = index;
 }
 

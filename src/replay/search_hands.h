@@ -22,7 +22,7 @@ public:
     explicit SearchHands(bool onlyLook) : held(onlyLook) {}
 
     bool Held() const { return held; }
-    void ToldTo(SearchListener* to) { listener = to; }
+    void ToldTo(HeardBy to) { listener = to; }
 
     std::int64_t Now() const { return held ? pretendedTime : platform::TickCount(); }
     void Sleep(int ms) {
@@ -71,7 +71,7 @@ private:
         if (listener != nullptr) listener->Acts(act, window);
     }
 
-    const bool held;
-    SearchListener* listener = nullptr;
+    const OnlyLooks held;
+    HeardBy listener = nullptr;
     std::int64_t pretendedTime = 0;  // ms
 };

@@ -84,6 +84,23 @@ public:
     virtual void Ended(int result, platform::WindowHandle found) = 0;
 };
 
+// Who listens, and whether a search only looks: a pointer and a flag. The bench of the search is built once more as a
+// search that has never heard of either, to tell what they cost the search of a run.
+#ifdef TESSARINE_PLAIN_SEARCH
+struct HeardBy {
+    constexpr HeardBy(SearchListener*) {}
+    constexpr operator SearchListener*() const { return nullptr; }
+    constexpr SearchListener* operator->() const { return nullptr; }
+};
+struct OnlyLooks {
+    constexpr explicit OnlyLooks(bool) {}
+    constexpr operator bool() const { return false; }
+};
+#else
+using HeardBy = SearchListener*;
+using OnlyLooks = bool;
+#endif
+
 // Tells of a window whose whole chain was compared, as MatchLive does it.
 void TellChain(SearchListener& listener, SearchStep step, Fate fate, LiveChain& live, const WantedChain& wanted,
                bool similar, std::int32_t liveDepth = -1, platform::WindowHandle other = 0);

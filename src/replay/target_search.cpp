@@ -109,7 +109,7 @@ private:
     Step BringTopForward();
 
     Step LookForElement();
-    WindowHandle NearestElement(WindowHandle window, SearchListener* to) const;
+    WindowHandle NearestElement(WindowHandle window, HeardBy to) const;
     Fate FateOfElement(LiveChain& candidate) const;
     bool HasRightDepth(LiveChain& candidate) const;
     bool BringElementForward(WindowHandle element);
@@ -150,7 +150,7 @@ private:
     const WantedChain wanted;
     std::string& reason;
     SearchHands hands;
-    SearchListener* listener = nullptr;  // of this round
+    HeardBy listener = nullptr;  // of this round
 
     std::int64_t startTick = 0;
     std::int64_t now = 0;  // at the start of the round
@@ -186,7 +186,7 @@ int Search::Run() {
 Search::Step Search::Round() {
     ++searchState.rounds;
     similar = request.similarAllowed && TimeIsUp();
-    if (request.listener != nullptr) ChooseListener();
+    if (HeardBy(request.listener) != nullptr) ChooseListener();
     if (hands.EscapePressed(request.escHeld)) return End(TargetCanceled);
     several = false;
     Step step = LookAtLiveWindow();
@@ -361,7 +361,7 @@ Search::Step Search::LookForElement() {
 }
 
 // Of several like elements in a window, the one nearest to the recorded place; on a tie the first. 0 for none.
-WindowHandle Search::NearestElement(WindowHandle window, SearchListener* to) const {
+WindowHandle Search::NearestElement(WindowHandle window, HeardBy to) const {
     std::int64_t best = TooFar;
     WindowHandle nearest = 0;
     for (const WindowHandle descendant : DescendantsOf(window)) {

@@ -126,7 +126,7 @@ ShowState ShowStateOf(const platform::WindowPlacement& placement) {
 }
 
 WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted,
-                       bool& several, SearchListener* listener) {
+                       bool& several, HeardBy listener) {
     several = false;
     std::optional<Telling> telling;
     if (listener != nullptr) telling.emplace(Telling{*listener, wanted, caption});

@@ -14,7 +14,7 @@
 // then `several` is set. Hidden windows count only when none is shown. A listener is told of each window of the class,
 // and of others with the caption.
 platform::WindowHandle ChooseTop(const std::string& className, const std::string& caption, const WantedChain& wanted,
-                                 bool& several, SearchListener* listener = nullptr);
+                                 bool& several, HeardBy listener = nullptr);
 
 // Whether ChooseTop would take the window at the recorded depth of `live`, which has the right class and caption. None
 // is as good as any.
