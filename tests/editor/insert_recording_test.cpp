@@ -44,58 +44,22 @@ protected:
 };
 
 TEST_F(InsertRecordingTest, AboveBelowAndAtTheEnd) {
-    const Job job = InNotepad().Wait(490).Click(Left, 1, 1).Wait(290).Type("b").Wait(90).Click(Left, 2, 2).Built();
-    Open(job);
-    std::vector<std::int32_t> before = Times();
-
+    Open(InNotepad().Wait(490).Click(Left, 1, 1).Wait(290).Type("b").Wait(90).Click(Left, 2, 2).Built());
+    const std::vector<std::int32_t> before = Times();
     Select(0);
     RecordKey(start_recording_above, 'P');
     EXPECT_EQ(editSelection.Row, 0);
     EXPECT_EQ(DelayOf(0), before[0] + 200) << "the time before the first event is 0";
-    EXPECT_EQ(DurationOf(0), 40);
     EXPECT_EQ(DelayOf(1), before[0]) << "counted from the end of the piece";
-    EXPECT_EQ(Times().back() - Times()[2], before.back() - before[0]);
-
     Select(2);
     RecordKey(start_recording_below, 'Q');
     EXPECT_EQ(editSelection.Row, 3);
     EXPECT_EQ(DelayOf(3), 100 + 200) << "from what was the time of the next row";
-    EXPECT_EQ(DelayOf(4), 100);
-
     Select(4);
     const std::int32_t end = Times().back();
     RecordKey(start_recording_below, 'R');
     EXPECT_EQ(Times()[Times().size() - 2], end + 10 + 200) << "the duration of the last row counts twice";
     EXPECT_THAT(Texts(), ElementsAre("p", "b", "q", "r"));
-
-    SaveJob(true);
-    EXPECT_EQ(GridLinesOfFile(), GridLines());
-    while (CanUndo()) Undo();
-    SaveJob(true);
-    EXPECT_TRUE(SameEvents(InFile().Events, asOpened.Events));
-    EXPECT_EQ(InFile().Windows.size(), asOpened.Windows.size());
-    while (CanRedo()) Redo();
-    EXPECT_THAT(Texts(), ElementsAre("p", "b", "q", "r"));
-}
-
-// Keys of the piece and of the row beside it are one row, as they are in the file; a text that was edited is none of
-// it.
-TEST_F(InsertRecordingTest, IntoTheMiddleOfEditedRows) {
-    Open(InNotepad().Type("a").Click(Left, 1, 1).Type("b").Built());
-    SetKeyText(0, "xyz");
-    SetKeyText(1, "uvw");
-    Select(1);
-    RecordKey(start_recording_above, 'P');
-    SaveJob(true);
-    EXPECT_EQ(GridLinesOfFile(), GridLines());
-    EXPECT_THAT(Texts(), Contains(StartsWith("xyz")));
-    EXPECT_THAT(Texts(), Contains(EndsWith("uvw")));
-    Undo();
-    EXPECT_THAT(Texts(), ElementsAre("xyz", "uvw"));
-    Undo();
-    Undo();
-    EXPECT_THAT(Texts(), ElementsAre("a", "b"));
-    EXPECT_TRUE(SameEvents(JobToSave({}).Events, asOpened.Events));
 }
 
 TEST_F(InsertRecordingTest, IntoAnEmptyJobAndWithNothingInIt) {
