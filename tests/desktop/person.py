@@ -101,6 +101,13 @@ class Person:
                 parents.add(window.handle)
         return found
 
+    def nameless(self, form, *silent):
+        """The form's controls of which a screen reader is not told; those of the classes `silent` need not be."""
+        told = ((control, self.probe.ask("accessible", control.handle)) for control in self.visible_controls(form)
+                if control.class_name not in ("Static", "msctls_updown32", *silent))
+        return [(control.class_name, control.control_id, answer) for control, answer in told
+                if not (answer and answer["name"] and answer["role"] > 0)]
+
     def focus(self):
         """The name of the control that has the keyboard; a part of one counts as the whole."""
         windows = {window.handle: window for window in self.probe.windows()}

@@ -1,4 +1,4 @@
-"""Writes settings.binary as the program does: the options of a user who changed nothing, and schedules."""
+"""Writes settings.binary as the program does: the options of a user who changed nothing, hotkeys and schedules."""
 
 import struct
 
@@ -21,11 +21,17 @@ def daily(name, start, job):
     return record
 
 
-def settings(schedules):
+def hotkey(modifiers, letter, job):
+    """`job` is a path."""
+    return struct.pack("<ih", modifiers, ord(letter)) + text(job, 512)
+
+
+def settings(schedules=(), hotkeys=()):
     front = struct.pack("<3i", 306, 3000, 3000) + struct.pack("<5i", 0, 0, 0, 0, 0) + struct.pack("<3i", 1, 1, 3)
-    front += struct.pack("<h4i", -1, 0, 0, 0, 1) + text("", 5 * 512) + struct.pack("<4i", 0, 0, 1, 0)
+    front += struct.pack("<h4i", -1, 0, 0, 0, 1) + text("", 5 * 512) + struct.pack("<3i", 0, 0, 1)
+    front += struct.pack("<i", len(hotkeys))
     assert len(front) == COUNT_AT
-    return front + struct.pack("<i", len(schedules)) + b"".join(schedules)
+    return front + b"".join(hotkeys) + struct.pack("<i", len(schedules)) + b"".join(schedules)
 
 
 def record_at(data, index):

@@ -212,13 +212,7 @@ def by_keyboard_and_by_ear(stage, person, editor):
     assert there == [f"edit_job_{name}" for name in (
         "delay_mk", "delay_set", "duration_mk", "duration_set", "wait_for_window_text", "wait_for_window_ms",
         "if_no_window", "Option1")]
-    nameless = []
-    for control in person.visible_controls(editor.form):
-        answer = stage.probe.ask("accessible", control.handle)
-        by_keyboard = control.class_name not in ("Static", "msctls_updown32", "SysHeader32", "ScrollBar")
-        if by_keyboard and not (answer and answer["name"]):
-            nameless.append((control.class_name, control.control_id))
-    assert not nameless
+    assert not person.nameless(editor.form, "SysHeader32", "ScrollBar")
     editor.selects_line(2)
     for keys, rows in ([["Shift_L", "Down"], [2, 3]], [["Control_L", "Down"], [4]], [["Control_L", "space"], [4]],
                        [["Shift_L", "Home"], [0, 1, 2, 3, 4]], [["Up"], [0]]):

@@ -1,12 +1,11 @@
 """A desktop of two monitors: the second one lies to the left of the primary one, so its coordinates are negative."""
 
-import re
-
 import pytest
 from hands import Hands
 from job_writer import HIGH, LOW, MEDIUM
 from probe import Probe
 from stage import Stage
+from test_contract import keeps_contract
 from wine_desktop import OUT, WineDesktop
 
 PRIMARY, LEFT = (0, 0, 1280, 1024), (-1024, 200, 0, 968)
@@ -29,14 +28,8 @@ def stage(desktop):
 
 
 def test_the_contract_of_moves_and_clicks(desktop):
-    report = OUT / "test" / "contract_monitors.txt"
-    report.parent.mkdir(parents=True, exist_ok=True)
-    with open(report, "wb") as output:
-        code = desktop.start(OUT / "build" / "windows" / "tests" / "platform" / "platform_contract.exe",
-                             "--gtest_filter=Input.AMove*:Input.AClick*", stdout=output, stderr=output).wait(300)
-    text = report.read_text("latin-1")
-    assert code == 0, text[-4000:]
-    assert int(re.search(r"\[  PASSED  \] (\d+) test", text)[1]) == 4
+    passed, text = keeps_contract(desktop, "contract_monitors", "--gtest_filter=Input.AMove*:Input.AClick*")
+    assert passed == 4
     assert "Clicked on 2 monitors." in text
 
 

@@ -4,7 +4,7 @@ import time
 
 import pytest
 from job_reader import read_job
-from test_program import settings_with_hotkey
+from settings_writer import hotkey, settings
 from wine_desktop import OUT, wait_for
 
 
@@ -66,7 +66,7 @@ def test_a_hotkey_while_a_question_is_open(stage, person):
     hotkey_job = stage.write(stage.typing_job(notepad, "by hotkey", pause=800), "hotkey")
     for name in ("a", "b"):
         person.puts_job(name)
-    (person.folder / "settings.binary").write_bytes(settings_with_hotkey(hotkey_job, 1 | 2, "K"))
+    (person.folder / "settings.binary").write_bytes(settings(hotkeys=[hotkey(1 | 2, "K", hotkey_job)]))
     person.start_program()
     person.clicks("job_page_Check7")
     person.clicks("job_page_lista_jobs")  # in the middle, on the other job

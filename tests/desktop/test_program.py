@@ -2,8 +2,6 @@
 
 import array
 import shutil
-import struct
-import time
 from pathlib import Path
 
 from stage import MIDDLE
@@ -12,11 +10,6 @@ from wine_desktop import OUT, wait_for
 
 def shown(stage):
     return wait_for(lambda: (window := stage.main_window()) and window.visible and window)
-
-
-def settled(stage, visible):
-    time.sleep(1)
-    return stage.main_window().visible == visible
 
 
 def test_a_second_start_raises_the_first(stage):
@@ -29,23 +22,6 @@ def test_a_second_start_raises_the_first(stage):
     assert shown(stage).handle == window.handle
     assert first.poll() is None
     assert wait_for(lambda: stage.probe.ask("foreground") == window.handle)
-
-
-def test_a_second_start_hands_its_job_over(stage):
-    notepad = stage.notepad()
-    path = stage.write(stage.typing_job(notepad, "handed over"))
-    first = stage.tessarine()
-    assert shown(stage)
-    assert stage.tessarine("-run", path).wait(30) == 0
-    assert notepad.holds("handed over"), "also the last keys, although the main window comes back"
-    assert first.poll() is None and shown(stage)
-
-
-def test_a_start_with_the_computer_stays_hidden(stage):
-    program = stage.tessarine("-startup")
-    assert wait_for(stage.main_window)
-    assert settled(stage, visible=False)
-    assert program.poll() is None
 
 
 def test_messages_from_strangers(stage):
@@ -133,12 +109,3 @@ def test_the_status_windows(stage):
     stage.hands.move((was[0] + was[2]) // 2 + 3, was[1] + 40)
     assert wait_for(lambda: stage.probe.window(frame.handle).rect[0] != was[0], 5), "it dodges the pointer"
     assert wait_for(lambda: notepad.text == "abc " * 4 + "d")
-
-
-def settings_with_hotkey(job_path, modifiers, key):
-    """The bytes of a settings.binary with one hotkey and nothing else."""
-    options = struct.pack("<10i", *[0] * 7, 1, 1, 5) + struct.pack("<h", -1) + struct.pack("<4i", 0, 0, 0, 1)
-    recent = b" " * 2560
-    hotkey = struct.pack("<ih", modifiers, ord(key)) + job_path.encode("cp1252").ljust(512)
-    return (struct.pack("<i", 306) + options + recent + struct.pack("<3i", 1, 0, 1) + struct.pack("<i", 1) + hotkey
-            + struct.pack("<i", 0))

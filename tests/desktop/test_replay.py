@@ -4,7 +4,7 @@ import time
 
 import pytest
 from job_writer import HIGH, LOW, MAXIMUM_SPEED, MEDIUM
-from stage import MIDDLE, NOTEPAD_PLACE
+from stage import MIDDLE
 from wine_desktop import wait_for
 
 FIRST = "Hello wide world.\nTyped By Hand\n"
@@ -55,26 +55,6 @@ def test_a_whole_job(stage, level, speed):
     assert stage.probe.ask("keys") == []
 
 
-@pytest.mark.parametrize("level", [HIGH, MEDIUM])
-@pytest.mark.parametrize("what", ["minimised", "moved", "covered"])
-def test_a_window_that_is_not_as_it_was(stage, what, level):
-    notepad = stage.notepad()
-    path = stage.write(stage.typing_job(notepad, safety=level))
-    if what == "minimised":
-        stage.probe.ask("show", notepad.handle, 6)
-    elif what == "moved":
-        stage.probe.place(notepad.handle, 1, (500, 500, 1100, 900))
-    else:
-        stage.start("regedit.exe")
-        cover = wait_for(lambda: stage.probe.find("RegEdit_RegEdit", visible=True)).handle
-        stage.probe.place(cover, 1, (0, 0, 1200, 900))
-        stage.probe.ask("front", cover)
-    time.sleep(0.5)
-    assert stage.run(path) == 0
-    assert notepad.holds("abc ")
-    assert tuple(stage.probe.window(notepad.handle).placement["normal"]) == NOTEPAD_PLACE
-
-
 def test_a_window_that_is_closed_or_comes_late(stage):
     notepad = stage.notepad()
     path = stage.write(stage.typing_job(notepad, wait_for_window=1))
@@ -111,19 +91,6 @@ def test_a_window_with_another_caption(stage, similar):
         refusal = "Cannot find window: 'Untitled - Notepad'"
         assert wait_for(lambda: (lines := stage.status_lines()) and lines[1] == refusal)
         assert stage.probe.text(text) == ""
-
-
-def test_escape_in_a_long_wait_lets_held_keys_go(stage):
-    notepad = stage.notepad()
-    job = stage.typing_job(notepad, "abc")
-    job.key(160, 42, 0, 0)
-    job.pause(60000)
-    job.key(160, 42, 2)
-    stage.tessarine("-run", stage.write(job))
-    assert wait_for(lambda: 160 in stage.probe.ask("keys")), "the job holds Shift"
-    stage.hands.tap("Escape")
-    assert wait_for(lambda: (lines := stage.status_lines()) and "Execution of job was canceled by user" in lines)
-    assert stage.probe.ask("keys") == []
 
 
 def test_a_fault_in_the_middle_lets_held_keys_go(stage):

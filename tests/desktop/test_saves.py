@@ -1,4 +1,4 @@
-"""Saves that others are in the way of, for real: busy readers, locks, a process that is ended half-way.
+"""Saves that others are in the way of, for real: busy readers and locks.
 
 save_stress.exe does it and counts; here it is judged.
 """
@@ -28,6 +28,3 @@ def test_saves_under_pressure(wine):
     assert counts["locks"] == 100, report
     assert counts["saves_that_waited"] >= 60, "the locks were in the way of saves\n" + report
     assert counts["torn"] == counts["missing"] == counts["shrunk"] == 0, report
-    assert counts["kills"] >= 100, report
-    assert counts["kills_within_a_save"] >= 20, report
-    assert counts["failures_after_a_kill"] == 0, report

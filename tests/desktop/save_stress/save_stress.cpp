@@ -1,8 +1,7 @@
 // Saves under pressure, for real: save_stress.exe FOLDER [SEED]
 //
 // Four files in FOLDER are saved over and over while a busy reader of each wants them and other programs lock them for
-// up to a second; then the saving process is ended at random moments. Prints what it counted, one "name number" a line;
-// test_saves.py judges.
+// up to a second. Prints what it counted, one "name number" a line; test_saves.py judges.
 #include <windows.h>
 
 #include <algorithm>
@@ -28,15 +27,12 @@ using platform::OwnedHandle;
 constexpr int Lanes = 4;
 constexpr int SavesPerLane = 100;
 constexpr int LocksPerLane = 25;
-constexpr int KillsPerLane = 25;
 constexpr int LongestLockMs = 1000;
-constexpr int LongestLifeMs = 30;
 constexpr std::int64_t NoticeableMs = 100;
 
 // Over all files.
 struct Counts {
-    std::atomic<int> saves, save_failures, saves_that_waited, locks, reads, torn, missing, shrunk, kills,
-        kills_within_a_save, failures_after_a_kill;
+    std::atomic<int> saves, save_failures, saves_that_waited, locks, reads, torn, missing, shrunk;
 };
 Counts counts;
 
@@ -186,58 +182,6 @@ void ForEachLane(const std::string& folder, const std::function<void(const std::
     for (std::thread& thread : threads) thread.join();
 }
 
-// --- a process that is ended ---
-
-constexpr const char* SaverSwitch = "-saver";
-
-// What the process does that will be ended. The event tells that it has come this far.
-int SaveForEver(const std::string& path, const char* event, unsigned seed) {
-    const OwnedHandle begun(OpenEventA(EVENT_MODIFY_STATE, FALSE, event));
-    SetEvent(begun.Get());
-    Dice dice(seed);
-    for (;;) Save(path, RandomFile(dice));
-}
-
-OwnedHandle StartSaver(const std::string& path, const std::string& event, unsigned seed) {
-    char own[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, own, sizeof own);
-    std::string command =
-        "\"" + std::string(own) + "\" " + SaverSwitch + " \"" + path + "\" " + event + " " + std::to_string(seed);
-    STARTUPINFOA start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process);
-    CloseHandle(process.hThread);
-    return OwnedHandle(process.hProcess);
-}
-
-void KillSaver(const std::string& path, const std::string& eventName, Dice& dice) {
-    const OwnedHandle begun(CreateEventA(nullptr, TRUE, FALSE, eventName.c_str()));
-    const OwnedHandle saver = StartSaver(path, eventName, dice.Word());
-    WaitForSingleObject(begun.Get(), INFINITE);
-    platform::SleepUntil(platform::Microseconds() + dice.UpTo(LongestLifeMs * 1000));
-    if (WaitForSingleObject(saver.Get(), 0) == WAIT_TIMEOUT) ++counts.kills;
-    TerminateProcess(saver.Get(), 1);
-    WaitForSingleObject(saver.Get(), INFINITE);
-}
-
-// Each file has a folder of its own here, so that what a kill leaves behind is found.
-void KillAgainAndAgain(const std::string& folder, unsigned seed) {
-    Dice dice(seed);
-    platform::MakeFolder(folder);
-    const std::string path = folder + "\\killed.tsj";
-    Save(path, RandomFile(dice));
-    for (int i = 0; i < KillsPerLane; ++i) {
-        KillSaver(path, "save_stress_" + std::to_string(seed) + "_" + std::to_string(i), dice);
-        if (!IsWhole(BytesOf(path))) ++counts.torn;
-        const auto leftovers = platform::FilesIn(folder, ".tmp");
-        if (!leftovers->empty()) ++counts.kills_within_a_save;
-        for (const std::string& name : *leftovers) platform::RemoveFile(folder + "\\" + name);
-        const std::string next = RandomFile(dice);
-        if (!Saved(path, next) || !BytesOf(path).starts_with(next)) ++counts.failures_after_a_kill;
-    }
-}
-
 void PrintCounts() {
     const std::pair<const char*, int> lines[] = {{"saves", counts.saves},
                                                  {"save_failures", counts.save_failures},
@@ -246,10 +190,7 @@ void PrintCounts() {
                                                  {"reads", counts.reads},
                                                  {"torn", counts.torn},
                                                  {"missing", counts.missing},
-                                                 {"shrunk", counts.shrunk},
-                                                 {"kills", counts.kills},
-                                                 {"kills_within_a_save", counts.kills_within_a_save},
-                                                 {"failures_after_a_kill", counts.failures_after_a_kill}};
+                                                 {"shrunk", counts.shrunk}};
     for (const auto& [name, number] : lines) std::cout << name << " " << number << std::endl;
 }
 
@@ -257,15 +198,10 @@ void PrintCounts() {
 
 int main(int argc, char** argv) {
     try {
-        if (argc == 5 && argv[1] == std::string(SaverSwitch)) {
-            return SaveForEver(argv[2], argv[3], static_cast<unsigned>(std::stoul(argv[4])));
-        }
         if (argc < 2) return 2;
         const unsigned seed = argc > 2 ? static_cast<unsigned>(std::stoul(argv[2])) : std::random_device()();
         std::cout << "seed " << seed << std::endl;
         ForEachLane(argv[1], [&](const std::string& path, unsigned lane) { Lane(path, seed + lane).Run(); });
-        ForEachLane(argv[1],
-                    [&](const std::string& path, unsigned lane) { KillAgainAndAgain(path + "_kills", seed + lane); });
         PrintCounts();
         return 0;
     } catch (const std::exception& failure) {
