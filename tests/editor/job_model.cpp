@@ -1,6 +1,7 @@
 #include "editor/job_model.h"
 
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "folding/fold.h"

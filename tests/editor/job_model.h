@@ -4,8 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>

@@ -1,5 +1,4 @@
 #include "editor/edit_story.h"
-#include "editor/insert_recording.h"
 
 using namespace edit_story;
 

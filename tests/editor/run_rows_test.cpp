@@ -2,11 +2,9 @@
 
 #include "editor/explain_row.h"
 
-#include "platform/text.h"
 #include "replay/replay_stage.h"
 #include "replay/run_job.h"
 #include "settings/settings.h"
-#include "support/main_window_view_stand_in.h"
 
 // The buttons of the builder have names that other headers use for other things.
 #include "editor/edit_story.h"

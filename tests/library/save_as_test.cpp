@@ -1,7 +1,6 @@
 #include "library/save_as.h"
 
 #include "dictionary/dictionary.h"
-#include "jobs/job_name.h"
 #include "library/job_shortcut.h"
 #include "library/library_stage.h"
 #include "platform/text.h"

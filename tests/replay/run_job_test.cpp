@@ -10,7 +10,6 @@
 #include "replay/replay_log.h"
 #include "replay/timing.h"
 #include "replay_stage.h"
-#include "settings/folders.h"
 #include "support/main_window_view_stand_in.h"
 
 using simulated::TextOf;

@@ -2,7 +2,6 @@
 // saved job refreshes the real list.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 

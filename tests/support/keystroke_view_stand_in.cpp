@@ -49,9 +49,7 @@ void FocusText() {
     if (view.text != 0) view.Focus(view.text);
 }
 
-bool TextHasKeyboard() {
-    return HasKeyboard(view.text);
-}
+ANSWERS(bool, TextHasKeyboard, HasKeyboard(view.text))
 
 void ClearPlainText() {
     simulated::SetText(view.plainText, "");
@@ -61,9 +59,7 @@ void FocusPlainText() {
     if (view.plainText != 0) view.Focus(view.plainText);
 }
 
-bool PlainTextHasKeyboard() {
-    return HasKeyboard(view.plainText);
-}
+ANSWERS(bool, PlainTextHasKeyboard, HasKeyboard(view.plainText))
 
 void AppendPlainText(const std::string& text) {
     simulated::SetText(view.plainText, simulated::TextOf(view.plainText) + text);

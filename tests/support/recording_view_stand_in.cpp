@@ -81,27 +81,19 @@ void ShowModal() {
 
 namespace counter_view {
 
-platform::Rect Rectangle() {
-    return {500, 400, 600, 450};
-}
+ANSWERS(platform::Rect, Rectangle, (platform::Rect{500, 400, 600, 450}))
 
 std::vector<std::uint32_t> ReadScreen(const std::vector<platform::Point>& points) {
     view.pixelsRead = points.size();
     return std::vector<std::uint32_t>(points.size(), view.screenColour);
 }
 
-void Show() {
-    Note("counter");
-}
-
+NOTES_AS(view.calls, Show, "counter")
+NOTES_AS(view.calls, Unload, "counter gone")
 KEEPS(SetDigitsBlack, bool, view.digitsBlack)
 
 void ShowNumber(int number) {
     view.numbers.emplace_back(platform::TickCount(), number);
-}
-
-void Unload() {
-    Note("counter gone");
 }
 
 }  // namespace counter_view

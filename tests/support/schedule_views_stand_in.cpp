@@ -3,6 +3,7 @@
 #include "scheduler/schedule_page_view.h"
 #include "scheduler/schedule_start_view.h"
 #include "scheduler/schedule_warning_view.h"
+#include "support/recorder.h"
 
 ScheduleViewsStandIn scheduleViewsStandIn;
 
@@ -12,13 +13,8 @@ void Show() {
     ++scheduleViewsStandIn.pageShown;
 }
 
-void FocusOn(Focus control) {
-    scheduleViewsStandIn.calls.push_back(control == Focus::Combo1 ? "focus Combo1" : "focus schedule_save_as");
-}
-
-void OpenMenu_Schedule() {
-    scheduleViewsStandIn.calls.push_back("menu");
-}
+TELLS(scheduleViewsStandIn.calls, FocusOn, Focus, value == Focus::Combo1 ? "focus Combo1" : "focus schedule_save_as")
+NOTES_AS(scheduleViewsStandIn.calls, OpenMenu_Schedule, "menu")
 
 }  // namespace schedule_page_view
 
@@ -41,9 +37,7 @@ void SetName(const std::string& text) {
     scheduleViewsStandIn.start.status.clear();
 }
 
-void SetAlpha(int alpha) {
-    scheduleViewsStandIn.alphas.push_back(alpha);
-}
+TELLS(scheduleViewsStandIn.alphas, SetAlpha, int, value)
 
 void Unload() {
     scheduleViewsStandIn.start = {};

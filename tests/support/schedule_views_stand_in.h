@@ -1,7 +1,6 @@
 // The forms of a test that have to do with schedules: the schedule page, the countdown and the exit warning.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
