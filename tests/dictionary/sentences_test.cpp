@@ -68,21 +68,6 @@ TEST(Sentences, WriteNumbersWithTheMarkOfTheLanguage) {
     EXPECT_EQ(ShortDecimalNumber(150, 2), "1.5");
 }
 
-TEST(Sentences, NameKeysAsTheKeyboardsDo) {
-    const std::pair<int, std::pair<std::string, std::string>> cases[] = {
-        {LanguageEnglish, {"Ctrl+Shift+N", "Pause/Break"}},
-        {LanguageGerman, {"Strg+Umschalt+N", "Pause/Untbr"}},
-        {LanguageFrench, {"Ctrl+Maj+N", "Pause/Attn"}},
-        {LanguageSpanish, {"Ctrl+Mayús+N", "Pausa/Inter"}},
-    };
-    for (const auto& [language, names] : cases) {
-        SetLanguage(language);
-        EXPECT_EQ(platform::ToUtf8(KeyCombination({.ctrl = true, .shift = true}, 'N')), names.first);
-        EXPECT_EQ(platform::ToUtf8(PauseBreakKey()), names.second);
-        EXPECT_EQ(KeyCombination({.shift = true, .alt = true}, 'A'), Translate("Shift") + "+Alt+A");
-    }
-}
-
 // Whoever reads a key's name in a box or a menu looks for the same word on the page.
 TEST(Sentences, NameAKeyTheSameInCaptionsRefusalsAndMenus) {
     for (const int language : AllLanguages) {

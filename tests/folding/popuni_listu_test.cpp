@@ -87,13 +87,6 @@ TEST(PopuniListu, JobOpenedInsideABoxOfTheFoldLeavesNoMixture) {
     EXPECT_THAT(Types(editState.PristineEvents), ElementsAre(1, 1, 77, 1, 1));
 }
 
-TEST(PopuniListu, MovesInsideKeystrokeRowAreDroppedForGood) {
-    OpenInEditor(InNotepad().Move(1, 1).Type("a").Move(2, 2).Move(3, 3).Type("b").Move(4, 4).Built());
-    EXPECT_THAT(LinesOf(editState), ElementsAre("moves 0-0 to 1,1", "keys 1-4 ab", "moves 5-5 to 4,4"));
-    EXPECT_THAT(Types(editState.PristineEvents), ElementsAre(0, 1, 1, 1, 1, 0));
-    EXPECT_THAT(Types(editState.EditEvents), ElementsAre(0, 2, 4, 4, 4, 0));
-}
-
 TEST(PopuniListu, PurgeCanMakeClickOfDrag) {
     OpenInEditor(InNotepad().KeyDown(162).Press(Left, 1, 1).Move(2, 2).Release(Left, 1, 1).KeyUp(162).Built());
     EXPECT_THAT(LinesOf(editState), ElementsAre("keys 0-3 {L_CTRL DOWN}{L_CTRL UP}", "left down 1-2"));

@@ -57,20 +57,6 @@ TEST(RowTexts, ActionsAreNamedByFlagsAndWidth) {
     }
 }
 
-TEST(RowTexts, DelayCountsFromTheEndOfTheRowBefore) {
-    JobBuilder job;
-    job.InWindow(edit, notepad).At(500).Move(1, 1).At(700).Move(2, 2).At(1'000).Type("a").At(1'250).Wheel(120);
-    OpenInEditor(job.At(1'100).Click(Left, 2, 2).Built());
-    const auto delays = std::vector{GetDelay(0), GetDelay(1), GetDelay(2), GetDelay(3)};
-    const auto durations = std::vector{GetEventDuration(0), GetEventDuration(1), GetEventDuration(2)};
-    EXPECT_THAT(delays, ElementsAre(500, 300, 240, -150));
-    EXPECT_THAT(durations, ElementsAre(200, 10, 0));
-    EXPECT_EQ(Event_StartTime(1), 1'000);
-    EXPECT_EQ(Event_EndTime(1), 1'010);
-    EXPECT_EQ(Event_I_Begin(1), 2);
-    EXPECT_THROW(GetDelay(4), RuntimeFailure);
-}
-
 TEST(RowTexts, DelayBeyondThirtyTwoBitsIsOverflow) {
     OpenInEditor(JobBuilder().InWindow(notepad).At(INT32_MIN).Wheel(60).At(INT32_MAX - 100).Wheel(60).Built());
     EXPECT_EQ(FailureOf([] { GetDelay(1); }), FailureKind::Overflow);

@@ -49,13 +49,6 @@ TEST_F(JobFile, WholeJobsComeToMemoryAndFromIt) {
     }
 }
 
-TEST_F(JobFile, SampleIsReadFieldByField) {
-    simulated::PutFile(jobPath, SampleBytes());
-    Job job;
-    ReadJob(jobPath, job);
-    EXPECT_EQ(Dump(job), Dump(SampleJob()));
-}
-
 TEST_F(JobFile, EmptyJobEndsBehindItsCounts) {
     WriteJob(jobPath, Job());
     FileBytes expected;

@@ -296,13 +296,6 @@ TEST_F(TargetSearch, PanesAreNotMoved) {
 
 // --- the window is elsewhere ---
 
-TEST_F(TargetSearch, AMovedWindowComesBack) {
-    simulated::MoveWindow(editor, {800, 500});
-    ExpectReadyAfter(Pause + Placed);
-    EXPECT_EQ(simulated::ScreenRectOf(editor), editorSpec.rect);
-    EXPECT_EQ(searchState.current, button);
-}
-
 TEST_F(TargetSearch, AMinimisedWindowIsRestoredAndAMaximisedOneIsMaximised) {
     simulated::Minimise(editor);
     ExpectReadyAfter(Pause + Placed);
@@ -313,14 +306,6 @@ TEST_F(TargetSearch, AMinimisedWindowIsRestoredAndAMaximisedOneIsMaximised) {
     simulated::Restore(editor);
     ExpectReadyAfter(Pause);
     EXPECT_EQ(platform::PlacementOf(editor).showCmd, platform::ShowMaximized);
-}
-
-TEST_F(TargetSearch, ACoveredWindowComesToTheFront) {
-    simulated::Cover(editor);
-    ExpectReadyAfter(Pause + Placed);
-    EXPECT_EQ(platform::WindowAt(simulated::CentreOf(button)), button);
-    simulated::Cover(editor);
-    ExpectReadyAfter(Pause);
 }
 
 TEST_F(TargetSearch, MediumIsContentWithTheTopLevelWindow) {
@@ -338,15 +323,6 @@ TEST_F(TargetSearch, MediumIsContentWithTheTopLevelWindow) {
     simulated::MeanwhileAfter(Placed / 2, [&] { simulated::MoveWindow(editor, {800, 100}); });
     FindOnce();
     EXPECT_EQ(platform::WindowAt(platform::CursorPosition()), panel) << "and not its twin, which came to light";
-}
-
-TEST_F(TargetSearch, KeysGetTheirFocusBack) {
-    const WindowHandle text = AddWindow({.className = "Edit", .rect = {0, 0, 9, 9}, .parent = panel});
-    RecordKeys(text);
-    FindOnce();
-    AddWindow({.className = "Other", .caption = "Other"});
-    ExpectReadyAfter(Pause);
-    EXPECT_EQ(simulated::FocusedWindow(), text);
 }
 
 // --- the window is late ---
