@@ -8,7 +8,6 @@ from wine_desktop import OUT, wait_for
 
 EXECUTABLE = OUT / "build" / "windows" / "tests" / "desktop" / "gallery.exe"
 LIST, COUNTDOWN, OFFSET, START, ENABLED, ASKS, FEWER, MORE, EVENTS, STATE = range(101, 111)
-UNTIL_TYPING_IS_NEW = 0.7
 LEFT, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 3, 4, 5
 
 
@@ -110,19 +109,11 @@ def gallery(stage):
 def test_keys_lead_through_the_list(gallery):
     gallery.click_row(0)
     assert gallery.hears("press left 0", "click 0")
-    gallery.tap("a", "b")
-    assert gallery.hears("click 1")  # "a" leads on, "ab" stays
-    time.sleep(UNTIL_TYPING_IS_NEW)
     gallery.tap("a", "b", "s", "e")
-    assert gallery.hears("click 4")
+    assert gallery.hears("click 1", "click 4")
     assert wait_for(lambda: gallery.probe.text(gallery.handle(LIST)).splitlines()[0] == "Absence")
-    gallery.tap("End", "Down", "Next")
-    assert gallery.hears("click 11")
-    assert gallery.becomes(selected=11, scroll=7)
-    gallery.tap("Up", "Prior")
-    assert gallery.hears("click 10", "click 5")
-    gallery.tap("Home", "Up", "Left")
-    assert gallery.hears("click 0")
+    gallery.tap("End", "Down", "Up", "Prior", "Home")
+    assert gallery.hears("click 11", "click 10", "click 5", "click 0")
     assert gallery.becomes(selected=0, scroll=0)
     gallery.tap("Tab")
     assert gallery.has_focus(gallery.handle(COUNTDOWN)), "arrows and letters are the list's, Tab is the dialog's"
@@ -280,19 +271,13 @@ def test_time_picker(gallery):
     gallery.tap(*"081530")
     assert gallery.becomes(start="08:15:30")
     assert gallery.has_focus(hours), "from the seconds back to the hours"
-    gallery.tap("2", "4")
-    assert gallery.becomes(start="00:15:30")
-    assert gallery.has_focus(hours)
     gallery.tap("7")
     gallery.with_key("Shift_L", "semicolon")
     assert gallery.has_focus(minutes)
     assert gallery.probe.text(hours) == "07"
     gallery.tap("5", "BackSpace")
     assert gallery.has_focus(hours), "back from the box that was emptied"
-    gallery.tap("Left")
-    assert gallery.has_focus(hours)
-    assert gallery.becomes(start="07:00:30")
-    gallery.tap("Right", "Right", "Right")
+    gallery.tap("Right", "Right")
     assert gallery.has_focus(seconds)
     gallery.hands.click(*gallery.arrow(START, upper=False))
     gallery.tap("Down", "Down", "Up")

@@ -1,8 +1,6 @@
 """The program as a process: instances, command lines, messages from strangers, its windows."""
 
 import array
-import shutil
-from pathlib import Path
 
 from stage import MIDDLE
 from wine_desktop import OUT, wait_for
@@ -38,25 +36,6 @@ def test_messages_from_strangers(stage):
     stage.answer(box)
     assert wait_for(lambda: stage.box() is None)
     assert program.poll() is None
-
-
-def test_without_sounds(stage):
-    """A damaged bank costs nothing but the sounds; a missing one is told at the start, which goes on."""
-    folder = stage.wine.folder / "silent"
-    folder.mkdir(exist_ok=True)
-    program = Path(shutil.copy(stage.program, folder))
-    bank = folder / "sounds.bin"
-    bank.write_bytes((stage.program.parent / "sounds.bin").read_bytes()[:5000])
-    notepad = stage.notepad()
-    path = stage.write(stage.typing_job(notepad, "in silence"))
-    assert stage.start(program, "-run", path).wait(60) == 0
-    assert notepad.holds("in silence")
-    bank.unlink()
-    stage.start(program)
-    box = wait_for(lambda: stage.box("Tessarine"))
-    assert stage.box_text(box) == "Sound cannot be initialized: 'sounds.bin' File is missing"
-    stage.answer(box)
-    assert shown(stage)
 
 
 def loudest(path):
