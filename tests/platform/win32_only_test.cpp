@@ -128,6 +128,46 @@ TEST(ReadOnlyFiles, AreRemovedAndNeverBusy) {
     EXPECT_EQ(platform::MoveFileOver(folder / "from", folder / "to"), platform::MoveResult::Failed);
 }
 
+// Opens the file again and again, as a backup or a virus scanner does, and counts what it must never find.
+struct BusyReader {
+    void Run(const std::string& path) {
+        std::string bytes(FileSize + 1, '\0');
+        for (; !over; platform::Sleep(1)) {
+            platform::File file = platform::File::OpenForReading(path);
+            if (file.Found() == platform::FileState::Missing) ++missing;
+            if (!file.IsOpen()) continue;
+            const std::int64_t count = file.Read(bytes.data(), FileSize + 1);
+            if (count != FileSize || bytes.substr(0, FileSize) != std::string(FileSize, bytes[0])) ++torn;
+            ++reads;
+        }
+    }
+
+    static constexpr std::int64_t FileSize = 100'000;
+    std::atomic<bool> over = false;
+    std::atomic<int> reads = 0, missing = 0, torn = 0;
+};
+
+TEST(ReplacedFiles, AreWholeForEveryReaderAndNeverMissing) {
+    const TestFolder folder;
+    PutText(folder / "to", std::string(BusyReader::FileSize, 'a'));
+    BusyReader reader;
+    std::thread other([&] { reader.Run(folder / "to"); });
+    for (int save = 0; save < 300; ++save) {
+        PutText(folder / "from", std::string(BusyReader::FileSize, static_cast<char>('a' + save % 26)));
+        platform::MoveResult result = platform::MoveResult::Busy;
+        EXPECT_TRUE(Within(contract::PatienceMs, [&] {
+            result = platform::MoveFileOver(folder / "from", folder / "to");
+            return result != platform::MoveResult::Busy;
+        }));
+        EXPECT_EQ(result, platform::MoveResult::Done);
+    }
+    reader.over = true;
+    other.join();
+    EXPECT_GT(reader.reads, 20);
+    EXPECT_EQ(reader.missing, 0);
+    EXPECT_EQ(reader.torn, 0);
+}
+
 TEST(HiddenFiles, CanBeWrittenAnew) {
     const TestFolder folder;
     PutText(folder / "hidden", "a long first text");
