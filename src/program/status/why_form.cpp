@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 #include "base/product.h"
 #include "dictionary/sentences.h"
@@ -14,13 +15,43 @@ WhyForm why;
 
 namespace {
 
-constexpr std::array<int, 4> ColumnShares = {30, 24, 24, 22};  // percent of the list's width
+constexpr int CellMargin = 16;  // of both sides of a cell; lengths are pixels at 100 percent
+constexpr int ReasonGap = 8;    // between the sentences and the table
 constexpr COLORREF DifferenceColour = RGB(0xa8, 0x3f, 0x10);
 constexpr int HeadingTint = 8;  // percent of the text's colour in the back
 
 const std::string& TextIn(const ExplanationRow& row, int column) {
     const std::string* const texts[] = {&row.what, &row.recorded, &row.live, &row.equal};
     return *texts[std::clamp(column, 0, 3)];
+}
+
+// Columns as wide as their texts, and what is over for all. Where there is too little room, the longer titles give way,
+// never the words about them.
+std::array<int, 4> SharedOut(std::array<int, 4> widths, int width) {
+    auto& [what, recorded, live, equal] = widths;
+    const int room = std::max(width - what - equal, 0);
+    if (recorded + live > room) {
+        int& shorter = recorded < live ? recorded : live;
+        int& longer = recorded < live ? live : recorded;
+        shorter = std::min(shorter, room / 2);
+        longer = room - shorter;
+    }
+    const int over = width - std::accumulate(widths.begin(), widths.end(), 0);
+    for (int& each : widths) each += over / 4;
+    return widths;
+}
+
+// Of the text in the static control, at its present width.
+int HeightOfText(HWND control) {
+    RECT area{};
+    GetClientRect(control, &area);
+    const HDC paper = GetDC(control);
+    const HGDIOBJ before = SelectObject(paper, reinterpret_cast<HFONT>(SendMessageA(control, WM_GETFONT, 0, 0)));
+    const int height =
+        DrawTextA(paper, WindowText(control).c_str(), -1, &area, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    SelectObject(paper, before);
+    ReleaseDC(control, paper);
+    return height;
 }
 
 }  // namespace
@@ -64,16 +95,11 @@ std::vector<ControlRow> WhyForm::Rows() {
 void WhyForm::OnInit() {
     const HWND list = Control(why_table);
     ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
-    for (std::size_t column = 0; column < ColumnShares.size(); ++column) {
+    for (std::size_t column = 0; column < Columns; ++column) {
         LVCOLUMNA made{};
         made.mask = LVCF_WIDTH;
         SendMessageA(list, LVM_INSERTCOLUMNA, column, reinterpret_cast<LPARAM>(&made));
     }
-}
-
-bool WhyForm::OnLoad() {
-    FitColumns();
-    return true;
 }
 
 void WhyForm::OnUnload() {
@@ -96,6 +122,7 @@ void WhyForm::PodesiRjecnik() {
     table = ExplanationTable(explanation);
     ListView_SetItemCount(list, static_cast<int>(table.size()));
     InvalidateRect(list, nullptr, TRUE);
+    OnLayout();
 }
 
 void WhyForm::OnLooks() {
@@ -103,22 +130,61 @@ void WhyForm::OnLooks() {
     const auto icon = reinterpret_cast<LPARAM>(ProgramIcon(GetSystemMetrics(SM_CXSMICON)));
     SendMessageA(Window(), WM_SETICON, ICON_SMALL, icon);
     headingFont = FontLike(Control(why_table), 100, FW_SEMIBOLD);
-    FitColumns();
 }
 
 void WhyForm::OnLayout() {
+    FitReason();
     FitColumns();
+}
+
+// The sentences take what they need, with titles as long as they may be, and the table begins below them.
+void WhyForm::FitReason() const {
+    const HWND reason = Control(why_reason);
+    const HWND list = Control(why_table);
+    const platform::Rect words = RectangleOf(reason);
+    const platform::Rect lines = RectangleOf(list);
+    const int height = HeightOfText(reason);
+    POINT corner = {words.left, words.top + height + MulDiv(ReasonGap, DpiOf(Window()), USER_DEFAULT_SCREEN_DPI)};
+    const int below = lines.bottom - static_cast<int>(corner.y);
+    ScreenToClient(Window(), &corner);
+    SetWindowPos(reason, nullptr, 0, 0, words.right - words.left, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(list, nullptr, static_cast<int>(corner.x), static_cast<int>(corner.y), lines.right - lines.left, below,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void WhyForm::FitColumns() const {
     const HWND list = Control(why_table);
-    RECT area{};
-    GetWindowRect(list, &area);
+    const platform::Rect area = RectangleOf(list);
     const int frame = 2 * GetSystemMetrics(SM_CXBORDER);
-    const int width = static_cast<int>(area.right - area.left) - frame - GetSystemMetrics(SM_CXVSCROLL);
-    for (std::size_t column = 0; column < ColumnShares.size(); ++column) {
-        ListView_SetColumnWidth(list, static_cast<int>(column), MulDiv(width, ColumnShares[column], 100));
+    const auto widths = SharedOut(WidthsOfTexts(), area.right - area.left - frame - GetSystemMetrics(SM_CXVSCROLL));
+    for (std::size_t column = 0; column < Columns; ++column) {
+        ListView_SetColumnWidth(list, static_cast<int>(column), widths[column]);
     }
+}
+
+std::array<int, WhyForm::Columns> WhyForm::WidthsOfTexts() const {
+    const HWND list = Control(why_table);
+    const HDC paper = GetDC(list);
+    const HGDIOBJ plain = reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0));
+    const HGDIOBJ before = SelectObject(paper, plain);
+    std::array<int, Columns> widths{};
+    const auto measure = [&](const ExplanationRow& row) {
+        SelectObject(paper, row.heading && headingFont != nullptr ? headingFont : plain);
+        for (std::size_t column = 0; column < Columns; ++column) {
+            const std::string& text = TextIn(row, static_cast<int>(column));
+            SIZE size{};
+            GetTextExtentPoint32A(paper, text.data(), static_cast<int>(text.size()), &size);
+            widths[column] = std::max(widths[column], static_cast<int>(size.cx));
+        }
+    };
+    const ExplanationColumns header = ExplanationHeader();
+    measure({.what = header.what, .recorded = header.recorded, .live = header.live, .equal = header.equal});
+    std::ranges::for_each(table, measure);
+    SelectObject(paper, before);
+    ReleaseDC(list, paper);
+    const int margin = MulDiv(CellMargin, DpiOf(Window()), USER_DEFAULT_SCREEN_DPI);
+    for (int& each : widths) each += margin;
+    return widths;
 }
 
 // --- messages ---

@@ -7,6 +7,8 @@
 
 #include <commctrl.h>
 
+#include <array>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -28,7 +30,6 @@ private:
     std::string HelpTopic() const override { return help_topic::WindowNotFound; }
     std::string Caption() const override;
     void OnInit() override;
-    bool OnLoad() override;
     void OnUnload() override;
     void OnLooks() override;
     void OnLayout() override;
@@ -39,7 +40,10 @@ private:
     void OnCopy();  // pumps where a box tells that it is not possible
     void OnGetText(LVITEMA& item) const;
     LRESULT OnDraw(NMLVCUSTOMDRAW& draw) const;
+    static constexpr std::size_t Columns = 4;
+    void FitReason() const;
     void FitColumns() const;
+    std::array<int, Columns> WidthsOfTexts() const;
 
     Explanation explanation;
     std::vector<ExplanationRow> table;
