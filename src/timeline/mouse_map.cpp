@@ -16,6 +16,8 @@ constexpr double Edge = 30;  // of pixels round everything
 constexpr std::size_t MostPoints = 20'000;
 constexpr std::size_t MostDrags = 5000;
 constexpr std::size_t NumberedClicks = 60;
+constexpr double LetterOfName = 6.8;  // of a name, as a rule
+constexpr double LineOfNames = 15;
 constexpr int Shades = 6;  // from the beginning of the path to its end
 constexpr std::int32_t FarthestPixel = 100'000;
 
@@ -46,7 +48,9 @@ public:
 
 private:
     void Fit();
+    void Include(const platform::Rect& place);
     void DrawWindows();
+    void DrawNames();
     void DrawDrags();
     void DrawPath();
     void DrawClicks();
@@ -78,26 +82,36 @@ Section Map::Draw() {
     DrawWindows();
     DrawDrags();
     DrawPath();
-    DrawClicks();
     DrawEnds();
+    DrawClicks();
     svg += "</g>\n";
     return {std::move(svg), mapTop + height + 10};
 }
 
-// The part of the screen where the mouse was.
+// The part of the screen where the mouse was, with the windows there.
 void Map::Fit() {
     screen = {path[0].x, path[0].y, path[0].x, path[0].y};
-    for (const platform::Point place : path) {
-        screen.left = std::min(screen.left, place.x);
-        screen.top = std::min(screen.top, place.y);
-        screen.right = std::max(screen.right, place.x);
-        screen.bottom = std::max(screen.bottom, place.y);
+    for (const platform::Point place : path) Include({place.x, place.y, place.x, place.y});
+    const platform::Rect ofMouse = screen;
+    for (const Lane& lane : job.lanes) {
+        const platform::Rect& window = lane.place;
+        const bool isThere = window.left <= ofMouse.right && window.right >= ofMouse.left &&
+                             window.top <= ofMouse.bottom && window.bottom >= ofMouse.top;
+        const bool isSane = IsOnSomeScreen({window.left, window.top}) && IsOnSomeScreen({window.right, window.bottom});
+        if (!IsEmpty(window) && isThere && isSane) Include(window);
     }
     const auto margin = static_cast<std::int32_t>(Edge + (screen.right - screen.left) * 0.02);
     screen = {screen.left - margin, screen.top - margin, screen.right + margin, screen.bottom + margin};
     const double width = screen.right - screen.left;
     scale = std::min({WidestMap / width, HighestMap / (screen.bottom - screen.top), 2.0});
     left = Margin + (WidestMap - width * scale) / 2;
+}
+
+void Map::Include(const platform::Rect& place) {
+    screen.left = std::min(screen.left, place.left);
+    screen.top = std::min(screen.top, place.top);
+    screen.right = std::max(screen.right, place.right);
+    screen.bottom = std::max(screen.bottom, place.bottom);
 }
 
 void Map::DrawWindows() {
@@ -107,10 +121,30 @@ void Map::DrawWindows() {
         const Spot to = SpotOf({lane.place.right, lane.place.bottom});
         svg += Rectangle("window", from.x, from.y, to.x - from.x, to.y - from.y, 3);
     }
+    DrawNames();
+}
+
+// In the corners of the windows, or below the names that are there already.
+void Map::DrawNames() {
+    struct Name {
+        Spot place;
+        double width = 0;
+    };
+    std::vector<Name> drawn;
     for (const Lane& lane : job.lanes) {
         if (IsEmpty(lane.place)) continue;
-        const Spot from = SpotOf({lane.place.left, lane.place.top});
-        svg += Text("quiet", std::max(from.x, Margin) + 8, std::max(from.y, mapTop) + 16, Shortened(lane.name, 40));
+        const Spot corner = SpotOf({lane.place.left, lane.place.top});
+        const std::string text = Shortened(lane.name, 40);
+        Name name = {{std::max(corner.x, Margin) + 8, std::max(corner.y, mapTop) + 16},
+                     static_cast<double>(text.size()) * LetterOfName};
+        std::ranges::sort(drawn, {}, [](const Name& each) { return each.place.y; });
+        for (const Name& other : drawn) {
+            const bool meets = name.place.x < other.place.x + other.width && other.place.x < name.place.x + name.width;
+            if (meets && std::abs(name.place.y - other.place.y) < LineOfNames)
+                name.place.y = other.place.y + LineOfNames;
+        }
+        svg += Text("quiet", name.place.x, name.place.y, text);
+        drawn.push_back(name);
     }
 }
 
@@ -138,7 +172,7 @@ void Map::DrawPath() {
     for (double least = 1.5; spots.empty() || spots.size() > MostPoints; least *= 1.6) spots = Simplified(least);
     const std::size_t each = spots.size() / Shades + 1;
     for (std::size_t first = 0; first + 1 < spots.size(); first += each) {
-        const double shade = 0.3 + 0.6 * static_cast<double>(first) / static_cast<double>(spots.size());
+        const double shade = 0.4 + 0.5 * static_cast<double>(first) / static_cast<double>(spots.size());
         svg += "<path class=\"path\" opacity=\"" + Number(shade) + "\" d=\"";
         for (std::size_t i = first; i < std::min(first + each + 1, spots.size()); ++i) {
             svg += (i == first ? "M" : "L") + Number(spots[i].x) + " " + Number(spots[i].y);
@@ -147,11 +181,11 @@ void Map::DrawPath() {
     }
 }
 
-// Drawn behind the clicks, with the end round whatever was clicked there.
+// Round whatever was clicked there.
 void Map::DrawEnds() {
     const Spot start = SpotOf(path.front());
     const Spot end = SpotOf(path.back());
-    svg += "<g><title>Start</title>" + Rectangle("start", start.x - 4, start.y - 4, 8, 8, 4) + "</g>\n";
+    svg += "<g><title>Start</title>" + Rectangle("start", start.x - 10, start.y - 10, 20, 20, 10) + "</g>\n";
     svg += "<g><title>End</title>" + Rectangle("end", end.x - 10, end.y - 10, 20, 20, 2) + "</g>\n";
 }
 

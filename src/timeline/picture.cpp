@@ -34,7 +34,7 @@ std::string Legend(double y) {
         {"<use href=\"#wheel\"/>", "wheel", 82},
         {"<rect class=\"moves\" x=\"-9\" y=\"-2\" width=\"18\" height=\"4\" rx=\"2\"/>", "moves", 86},
         {"<rect class=\"wait\" x=\"-9\" y=\"-7\" width=\"18\" height=\"14\"/>", "wait", 66},
-        {"<rect class=\"start\" x=\"-4\" y=\"-4\" width=\"8\" height=\"8\" rx=\"4\"/>", "start of the path", 138},
+        {"<rect class=\"start\" x=\"-7\" y=\"-7\" width=\"14\" height=\"14\" rx=\"7\"/>", "start of the path", 138},
         {"<rect class=\"end\" x=\"-7\" y=\"-7\" width=\"14\" height=\"14\" rx=\"2\"/>", "its end", 60},
     };
     std::string svg;

@@ -58,7 +58,7 @@ text { font-family: "Segoe UI", system-ui, "DejaVu Sans", sans-serif; font-size:
 .panel { fill: #f6f8fa; stroke: #d1d9e0 }
 .stripe { fill: #eff2f5 }
 .grid { stroke: #d1d9e0; stroke-width: 1 }
-.wait { fill: #fff1c2 }
+.wait { fill: #fff1c2; fill-opacity: .7 }
 .break { stroke: #9a6700; stroke-width: 1.2; fill: none }
 .waittext { fill: #7d4e00; font-size: 11px; text-anchor: middle }
 .window { fill: #ffffff; fill-opacity: .55; stroke: #b7c0c9 }
@@ -72,8 +72,7 @@ text { font-family: "Segoe UI", system-ui, "DejaVu Sans", sans-serif; font-size:
 .wheel { fill: #1a7f37 }
 .path { fill: none; stroke: #57606a; stroke-width: 1.4; stroke-linejoin: round; stroke-linecap: round }
 .drag { fill: none; stroke: #e5534b; stroke-width: 7; stroke-opacity: .3; stroke-linecap: round }
-.start { fill: #1f2328; stroke: #ffffff; stroke-width: 1.5 }
-.end { fill: none; stroke: #1f2328; stroke-width: 1.5 }
+.start, .end { fill: none; stroke: #1f2328; stroke-width: 1.5 }
 @media (prefers-color-scheme: dark) {
 text { fill: #e6edf3 }
 .quiet, .axis, .number { fill: #9198a1 }
@@ -82,7 +81,7 @@ text { fill: #e6edf3 }
 .panel { fill: #151b23; stroke: #3d444d }
 .stripe { fill: #1c232c }
 .grid { stroke: #3d444d }
-.wait { fill: #3a2d12 }
+.wait { fill: #4a3812; fill-opacity: .6 }
 .break { stroke: #d29922 }
 .waittext { fill: #e3b341 }
 .window { fill: #0d1117; stroke: #59636e }
@@ -96,8 +95,7 @@ text { fill: #e6edf3 }
 .wheel { fill: #3fb950 }
 .path { stroke: #9198a1 }
 .drag { stroke: #f85149 }
-.start { fill: #e6edf3; stroke: #0d1117 }
-.end { stroke: #e6edf3 }
+.start, .end { stroke: #e6edf3 }
 }
 </style>
 )";

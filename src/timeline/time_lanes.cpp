@@ -21,6 +21,7 @@ constexpr double BarHeight = 18;
 constexpr double LeastBar = 3;
 constexpr double LeastDistance = 2.5;   // of two marks of one kind
 constexpr double CharacterWidth = 6.6;  // of the small text, as a rule
+constexpr std::size_t LeastLetters = 7;
 constexpr std::size_t RowsWithTips = 2000;
 constexpr std::int32_t FewRows = 400;  // beyond, marks are small, and each kind has a height of its own in the lane
 
@@ -147,9 +148,10 @@ void Lanes::DrawBar(const char* cssClass, const Action& action, double from, dou
 }
 
 void Lanes::DrawText(const Action& action, double from, double to) {
-    const auto room = static_cast<std::size_t>((to - from - 8) / CharacterWidth);
     if (to - from < 30) return;
+    const auto room = static_cast<std::size_t>((to - from - 8) / CharacterWidth);
     const std::string keys = ReduceKeystrokes(action.text.substr(0, 16 * room + 64), BadWords::PassedOver);
+    if (keys.size() > room && room < LeastLetters) return;  // hardly more than the mark that there is more
     svg += Text("keys", from + 5, LaneTop(action.lane) + height / 2 + 4, Shortened(keys, room));
 }
 
