@@ -336,7 +336,7 @@ constexpr DictionaryRow ownRows[] = {
     {"It stays down until the job ends. Record the row again.",
      "Sie bleibt gedrückt, bis die Aufgabe endet. Die Zeile sollte neu aufgenommen werden.",
      "L'appui dure jusqu'à la fin de la tâche. Enregistrez la ligne à nouveau.",
-     "Sigue pulsado hasta que termina la tarea. Vuelva a grabar la fila."},
+     "No se libera hasta que termina la tarea. Vuelva a grabar la fila."},
     {"The key '%1' is released here without having been pressed.",
      "Die Taste '%1' wird hier losgelassen, ohne gedrückt worden zu sein.",
      "La touche '%1' est relâchée ici sans avoir été enfoncée.", "La tecla '%1' se suelta aquí sin haberse pulsado."},

@@ -8,8 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "base/product.h"
 #include "base/text.h"
 #include "dictionary/dictionary.h"
+#include "dictionary/sentences.h"
 #include "editor/edit_job.h"
 #include "findings/check_job.h"
 #include "jobs/job_file.h"
@@ -125,14 +127,12 @@ void ShowFindingsOfRow(int row) {
     const auto known = jobMarks.checked.find(KeyOfRow(row));
     if (known == jobMarks.checked.end() || known->second.findings.empty()) return;
     const std::vector<Finding>& findings = known->second.findings;
-    std::string text;
-    for (std::size_t i = 0; i < std::min(findings.size(), MostInBox); ++i) {
-        text += (i == 0 ? "" : std::string(LineBreak) + LineBreak) + FindingLine(findings[i]);
-    }
+    const std::string gap = std::string(LineBreak) + LineBreak;
+    // Not in the title, which a box cuts off where it is longer than the text is wide.
+    std::string text = LabelOf(Translate1("What may go wrong with the job '%1'", jobLibrary.lista_jobs.List(row)));
+    for (std::size_t i = 0; i < std::min(findings.size(), MostInBox); ++i) text += gap + FindingLine(findings[i]);
     if (findings.size() > MostInBox) {
-        text += std::string(LineBreak) + LineBreak +
-                Translate1("There are %1 more findings.", std::to_string(findings.size() - MostInBox));
+        text += gap + Translate1("There are %1 more findings.", std::to_string(findings.size() - MostInBox));
     }
-    platform::ShowBox(text, Translate1("What may go wrong with the job '%1'", jobLibrary.lista_jobs.List(row)),
-                      platform::BoxIcon::Warning);
+    platform::ShowBox(text, ProductName, platform::BoxIcon::Warning);
 }
