@@ -154,9 +154,11 @@ void WhyForm::FitReason() const {
 
 void WhyForm::FitColumns() const {
     const HWND list = Control(why_table);
-    const platform::Rect area = RectangleOf(list);
-    const int frame = 2 * GetSystemMetrics(SM_CXBORDER);
-    const auto widths = SharedOut(WidthsOfTexts(), area.right - area.left - frame - GetSystemMetrics(SM_CXVSCROLL));
+    RECT area{};
+    GetClientRect(list, &area);
+    const bool hasScrollBar = (GetWindowLongPtrA(list, GWL_STYLE) & WS_VSCROLL) != 0;
+    const int scrollBar = hasScrollBar ? 0 : GetSystemMetrics(SM_CXVSCROLL);
+    const auto widths = SharedOut(WidthsOfTexts(), static_cast<int>(area.right) - scrollBar);
     for (std::size_t column = 0; column < Columns; ++column) {
         ListView_SetColumnWidth(list, static_cast<int>(column), widths[column]);
     }
