@@ -536,7 +536,7 @@ constexpr std::array<ActionWordRow, ActionWordCount> actionWordRows = {{
     {"Down", "gedruckt halten", "presionar", "sous"},
     {"WHEEL", "RAD", "LA RUEDA DEL RATÓN", "ROULETTE DE LA SOURIS"},
     {"Middle", "Mitte", "del Medio", "Milieu"},
-    {"Double click", "Doppelklick", "Double-clic", "double-cliquer"},
+    {"Double click", "Doppelklick", "Doble clic", "double-cliquer"},
     {"KEYBOARD", "TASTATUR", "EL TECLADO", "CLAVIER"},
     {"Keystrokes", "TASTENANSCHLÄGE", "LAS TECLAS", "FRAPPES"},
     {"Text field", "Textfeld", "campo de texto", "Champ de texte"},

@@ -32,7 +32,8 @@ std::string NameOf(JobOption option) {
 
 // "1.5" for 90 seconds.
 std::string Minutes(std::int64_t seconds) {
-    return ShortDecimalNumber(seconds / 6, 1);
+    constexpr std::int64_t SecondsInTenth = 6;
+    return ShortDecimalNumber((seconds + SecondsInTenth / 2) / SecondsInTenth, 1);
 }
 
 std::string NotReleased(const Finding& finding) {

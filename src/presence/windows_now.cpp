@@ -98,22 +98,22 @@ DesktopNow CheckWindowsNow(const Job& job) {
     return Look(job).Run();
 }
 
-std::string LineOf(const WindowNow& window) {
-    std::string line = "Row " + std::to_string(window.row) + ": the window " + NameOf(window);
+std::string SentenceOf(const WindowNow& window) {
+    std::string sentence = "The window " + NameOf(window);
     switch (window.presence) {
         case WindowPresence::There:
-            line += " is there";
+            sentence += " is there";
             break;
         case WindowPresence::Similar:
-            line += " is not there; '" + window.titleNow + "' would be taken for it";
+            sentence += " is not there; '" + window.titleNow + "' would be taken for it";
             break;
         case WindowPresence::Several:
-            line += " is there more than once, and none stands where it was recorded";
+            sentence += " is there more than once, and none stands where it was recorded";
             break;
         case WindowPresence::Missing:
-            line += " is not there";
+            sentence += " is not there";
             break;
     }
-    if (!window.isOnMonitor) line += "; its recorded place is on no monitor";
-    return line + ".";
+    if (!window.isOnMonitor) sentence += "; its recorded place is on no monitor";
+    return sentence + ".";
 }

@@ -33,5 +33,5 @@ struct DesktopNow {
 // Takes any job; what leads nowhere is left out (CheckJob tells of it).
 DesktopNow CheckWindowsNow(const Job& job);
 
-// In English, one line: "Row 3: the window 'Report' is not there."
-std::string LineOf(const WindowNow& window);
+// In English: "The window 'Report' is not there."
+std::string SentenceOf(const WindowNow& window);

@@ -49,7 +49,8 @@ std::vector<ToldFinding> FindingsOf(const Job& job, const Tool& tool) {
     for (const Finding& finding : CheckJob(job, options)) told.push_back(Told(finding, Tool::Utf8));
     if (!tool.lookAtDesktop) return told;
     for (const DesktopFinding& finding : tool.lookAtDesktop(job)) {
-        told.push_back({finding.row, -1, finding.what, finding.toDo, finding.what + " " + finding.toDo});
+        const std::string row = finding.row == 0 ? "" : "Row " + std::to_string(finding.row) + ": ";
+        told.push_back({finding.row, -1, finding.what, finding.toDo, row + finding.what + " " + finding.toDo});
     }
     return told;
 }

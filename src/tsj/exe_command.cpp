@@ -60,7 +60,8 @@ void AddExe(CLI::App& tsj, Tool& tool) {
     exe->add_option("JOB", options->job, "the job file")->required();
     exe->add_option("OUT", options->out, "the program to write")->required();
     exe->add_option("--language", options->language, "of the program: en, de, es, fr")
-        ->transform(CLI::Transformer(languages, CLI::ignore_case));
+        ->transform(CLI::Transformer(languages, CLI::ignore_case))
+        ->option_text("LANGUAGE");
     exe->add_option("--runner", options->runner, "execreator.bin, else the one beside tsj");
     exe->callback([options, &tool] {
         if (options->runner.empty()) options->runner = tool.BesideProgram("execreator.bin");

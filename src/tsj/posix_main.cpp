@@ -37,5 +37,5 @@ int main(int argumentCount, char** arguments) {
     streams.besideProgram = BesideProgram;
     streams.colours = IsTerminal(STDOUT_FILENO) && std::getenv("NO_COLOR") == nullptr;
     streams.progress = IsTerminal(STDERR_FILENO);
-    return RunTsj({arguments + 1, arguments + argumentCount}, streams, {textCommands});
+    return RunTsj({arguments + 1, arguments + argumentCount}, streams, {textCommands, withoutDesktop});
 }

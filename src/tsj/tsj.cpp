@@ -12,6 +12,22 @@
 #include "tsj/commands.h"
 #include "tsj/tool.h"
 
+namespace {
+
+// Takes whatever is given to it.
+void AddForWindows(CLI::App& tsj, const std::string& name, const std::string& does) {
+    CLI::App* const command = tsj.add_subcommand(name, does + ", on Windows alone");
+    command->prefix_command();
+    command->callback([name] { throw CLI::ValidationError(name, "needs the desktop of Windows; use tsj.exe there"); });
+}
+
+}  // namespace
+
+const std::vector<AddCommand> withoutDesktop = {
+    [](CLI::App& tsj, Tool&) { AddForWindows(tsj, "run", "Plays a job"); },
+    [](CLI::App& tsj, Tool&) { AddForWindows(tsj, "explain", "Tells what the search for a row's window finds"); },
+};
+
 const std::vector<AddCommand> textCommands = {AddShow,   AddCheck,   AddDiff, AddExport, AddImport,
                                               AddRedact, AddPicture, AddExe,  AddUnpack};
 
@@ -28,7 +44,9 @@ void AddHelp(CLI::App& tsj, Tool& tool) {
     help->add_option("command", *name, "the command");
     help->callback([&tsj, &tool, name] {
         // OptionNotFound for a command that there is not.
-        tool.Print(name->empty() ? tsj.help() : tsj.get_subcommand(*name)->help("tsj"));
+        // App::help would tell of this very command, which is the one that was given.
+        const auto all = [&tsj] { return tsj.get_formatter()->make_help(&tsj, "tsj", CLI::AppFormatMode::Normal); };
+        tool.Print(name->empty() ? all() : tsj.get_subcommand(*name)->help("tsj"));
     });
 }
 

@@ -11,7 +11,9 @@ JobBuilder::Level Recorded(const char* className, const char* caption, platform:
 
 std::vector<std::string> Lines(const Job& job) {
     std::vector<std::string> lines;
-    for (const WindowNow& window : CheckWindowsNow(job).windows) lines.push_back(LineOf(window));
+    for (const WindowNow& window : CheckWindowsNow(job).windows) {
+        lines.push_back(std::to_string(window.row) + ": " + SentenceOf(window));
+    }
     return lines;
 }
 
@@ -28,12 +30,11 @@ TEST(CheckWindowsNow, TellsWhatARunWouldChoose) {
     Job& job = builder.Built();
     job.Chains.push_back({77, {}, 0});
 
-    EXPECT_THAT(Lines(job),
-                ElementsAre("Row 1: the window 'Untitled' is there.",
-                            "Row 3: the window 'Report 11' is not there; its recorded place is on no monitor.",
-                            "Row 4: the window 'Twin' is there more than once, and none stands where it was "
-                            "recorded.",
-                            "Row 5: the window without a title (Gone) is not there."));
+    EXPECT_THAT(Lines(job), ElementsAre("1: The window 'Untitled' is there.",
+                                        "3: The window 'Report 11' is not there; its recorded place is on no monitor.",
+                                        "4: The window 'Twin' is there more than once, and none stands where it was "
+                                        "recorded.",
+                                        "5: The window without a title (Gone) is not there."));
     EXPECT_THAT(CheckWindowsNow(job).rowsOffMonitors, ElementsAre(3));
 
     job.SimilarWindowNames = 1;

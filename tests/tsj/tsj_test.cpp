@@ -44,6 +44,8 @@ TEST_F(TsjTest, AWrongUsageIsToldWithItsCode) {
     }
     EXPECT_EQ(Tsj({"help", "show"}), 0);
     EXPECT_THAT(out, HasSubstr("--events"));
+    EXPECT_EQ(Tsj({"help"}), 0);
+    EXPECT_THAT(out, AllOf(HasSubstr("explain"), HasSubstr("unpack")));
     EXPECT_EQ(Tsj({"--version"}), 0);
     EXPECT_THAT(out, StartsWith("tsj 3."));
 }

@@ -12,11 +12,10 @@ constexpr const char* NoMonitorHint = "Connect the monitor that was there at the
 
 void AddWindow(const WindowNow& window, std::vector<DesktopFinding>& findings) {
     const bool there = window.presence == WindowPresence::There || window.presence == WindowPresence::Similar;
-    if (!there) findings.push_back({window.row, Tool::Utf8(LineOf(window)), NotThereHint});
+    if (!there) findings.push_back({window.row, Tool::Utf8(SentenceOf(window)), NotThereHint});
     if (!window.isOnMonitor) {
         findings.push_back({window.row,
-                            "Row " + std::to_string(window.row) + ": the window '" + Tool::Utf8(window.title) +
-                                "' was recorded where no monitor is now.",
+                            "The window '" + Tool::Utf8(window.title) + "' was recorded where no monitor is now.",
                             NoMonitorHint});
     }
 }
@@ -26,8 +25,7 @@ std::vector<DesktopFinding> LookAtDesktop(const Job& job) {
     std::vector<DesktopFinding> findings;
     for (const WindowNow& window : now.windows) AddWindow(window, findings);
     for (const std::int32_t row : now.rowsOffMonitors) {
-        findings.push_back(
-            {row, "Row " + std::to_string(row) + ": it presses where no monitor is now.", NoMonitorHint});
+        findings.push_back({row, "It presses where no monitor is now.", NoMonitorHint});
     }
     return findings;
 }

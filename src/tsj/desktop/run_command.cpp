@@ -174,7 +174,8 @@ void AddRun(CLI::App& tsj, Tool& tool) {
     run->add_option("--speed", options->speed, "percent of the recorded speed, 1 to 1000; 1001 without waits")
         ->check(CLI::Range(1, MaximumSpeed));
     run->add_option("--safety", options->safety, "high, medium or low")
-        ->transform(CLI::CheckedTransformer(safetyLevels, CLI::ignore_case));
+        ->transform(CLI::CheckedTransformer(safetyLevels, CLI::ignore_case))
+        ->option_text("LEVEL");
     run->add_option("--repeat", options->repeat, "how often; 0: over and over again")
         ->check(CLI::Range(0, std::numeric_limits<std::int32_t>::max()));
     run->add_option("--timeout", options->timeout, "seconds after which the run ends, the wait for its turn included")
