@@ -21,7 +21,6 @@ constexpr int SmallPercent = 24;
 constexpr int EdgePercent = 30;      // of black, in the edge of a key
 constexpr int DisabledPercent = 45;  // of the key's back, in the text of one that cannot be used
 constexpr int LeftArrow = 37;
-constexpr int UpArrow = 38;
 constexpr int RightArrow = 39;
 constexpr int DownArrow = 40;
 

@@ -5,6 +5,7 @@
 #include "dictionary/sentences.h"
 #include "job_editor/edit_job_ids.h"
 #include "toolkit/control_row.h"
+#include "toolkit/window_tools.h"
 
 namespace {
 
