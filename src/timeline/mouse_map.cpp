@@ -140,8 +140,8 @@ void Map::DrawNames() {
         std::ranges::sort(drawn, {}, [](const Name& each) { return each.place.y; });
         for (const Name& other : drawn) {
             const bool meets = name.place.x < other.place.x + other.width && other.place.x < name.place.x + name.width;
-            if (meets && std::abs(name.place.y - other.place.y) < LineOfNames)
-                name.place.y = other.place.y + LineOfNames;
+            if (!meets || std::abs(name.place.y - other.place.y) >= LineOfNames) continue;
+            name.place.y = other.place.y + LineOfNames;
         }
         svg += Text("quiet", name.place.x, name.place.y, text);
         drawn.push_back(name);
