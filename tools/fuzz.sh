@@ -7,7 +7,9 @@ set -uo pipefail
 cd "$(dirname "$0")/.." || exit
 export seconds=${1:-60}
 tools/set_up.sh fuzz || exit 1
-tools/build.sh fuzz || exit 1
+targets=(fuzz_read_job fuzz_check_job fuzz_check_job_header fuzz_load_settings fuzz_keystrokes fuzz_copydata fuzz_sound_bank
+    fuzz_schedules fuzz_edit_job fuzz_made_program fuzz_import_job_text)
+tools/build.sh fuzz "${targets[@]}" || exit 1
 
 fuzz() {
     local name=$1 work=$PWD/out/fuzz/$1
@@ -21,6 +23,4 @@ fuzz() {
 export -f fuzz
 
 echo "==> Fuzzing, $seconds s each"
-printf '%s\n' fuzz_read_job fuzz_check_job fuzz_check_job_header fuzz_load_settings fuzz_keystrokes fuzz_copydata \
-    fuzz_sound_bank fuzz_schedules fuzz_edit_job fuzz_made_program fuzz_import_job_text |
-    xargs -P "$(nproc)" -I {} bash -c 'fuzz {}'
+printf '%s\n' "${targets[@]}" | xargs -P "$(nproc)" -I {} bash -c 'fuzz {}'

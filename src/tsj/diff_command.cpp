@@ -44,7 +44,8 @@ std::string Joined(const std::vector<std::string>& words) {
 // Number, start time, delay and duration, what is done, in which window, with what.
 std::string LineOf(const GridColumns& columns) {
     std::string line;
-    for (const std::size_t column : {0, 4, 3, 5, 1, 2, 6, 7}) {
+    static constexpr std::size_t order[] = {0, 4, 3, 5, 1, 2, 6, 7};
+    for (const std::size_t column : order) {
         if (!columns[column].empty()) line += (line.empty() ? "" : "  ") + Tool::Utf8(columns[column]);
     }
     return line;
