@@ -20,7 +20,8 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 MEMORY = ROOT / "out" / "lint"
 FOLDERS = ("src", "tests", "bench", "fuzz")
-INCLUDE = [ROOT / "src", ROOT / "src" / "platform", ROOT / "src" / "program", ROOT / "tests", ROOT]
+INCLUDE = [MEMORY / "include", ROOT / "src", ROOT / "src" / "platform", ROOT / "src" / "program", ROOT / "tests", ROOT]
+LIBRARIES = {"tsj_desktop": ROOT / "src" / "tsj" / "desktop"}  # those with another name than their folder
 LARGEST_BATCH = 24
 CLANG_TIDY = "clang-tidy-14"
 SHALLOW = ["-Xclang", "-analyzer-config", "-Xclang", "mode=shallow"]
@@ -57,7 +58,7 @@ def quick_linters():
 class Source:
     """A source file with the headers of the project that it reads, and the names that only it knows."""
 
-    _read = {}
+    _read, _names = {}, {}
 
     def __init__(self, path):
         self.path = path
@@ -66,6 +67,11 @@ class Source:
         self.enclosed = self._all_in_one_namespace()
         self.windows = any("windows.h" in self._includes(file)[1] for file in self.closure)
         self.own_names = self._own_names()
+        self.declared = set().union(*(self._declared_in(file) for file in self.closure if file.suffix == ".h"))
+
+    def clashes_with(self, other):
+        """Whether a name means one thing here and another there."""
+        return bool(self.own_names & other.own_names or self.hidden & other.declared or other.hidden & self.declared)
 
     @classmethod
     def _includes(cls, path):
@@ -89,6 +95,8 @@ class Source:
 
     def _all_in_one_namespace(self):
         """Whether all of it but includes and aliases stands in one namespace without a name, as tests mostly do."""
+        if len(re.findall(r"^namespace", self.text, re.MULTILINE)) > 1:
+            return False
         outside = re.sub(r"^namespace \{$.*^\}  // namespace$", "", self.text, count=1, flags=re.MULTILINE | re.DOTALL)
         more = re.sub(r"^(?:#include .*|//.*|using .*;)$", "", outside, flags=re.MULTILINE)
         return outside != self.text and not more.strip()
@@ -101,18 +109,32 @@ class Source:
         body = self.text[begin:end]
         return f"{self.text[:begin]}namespace part{number} {{ {body}}} {self.text[end:]}"
 
+    @classmethod
+    def _declared_in(cls, header):
+        if header not in cls._names:
+            text = header.read_text(encoding="utf-8")
+            named = re.compile(r"^namespace [\w:]+ \{$.*?^\}  // namespace [\w:]+$", re.MULTILINE | re.DOTALL)
+            cls._names[header] = cls._names_at_the_margin(named.sub("", text))
+        return cls._names[header]
+
+    @staticmethod
+    def _names_at_the_margin(text):
+        names = set(re.findall(r"^(?:class|struct|enum|enum class|union) (\w+)", text, re.MULTILINE))
+        names.update(re.findall(r"^[\w:<][^\n;({=]*?\b(\w+) ?(?:\(|\[|=|\{|;)", text, re.MULTILINE))
+        names.update(re.findall(r"^\} (\w+)(?: =.*)?;", text, re.MULTILINE))
+        return names
+
     def _own_names(self):
+        self.hidden = set()  # those in a namespace without a name
         if self.enclosed:
             return set(re.findall(r"^using (\w+) =", self.text, re.MULTILINE))
         names = set(re.findall(r"^TEST(?:_F|_P)?\((\w+)", self.text, re.MULTILINE))
         names.update(re.findall(r"^[\w:<][^\n;({=]*?(?<!:)\b(\w+)\(", self.text, re.MULTILINE))
         for block in re.findall(r"^namespace \{$(.*?)^\}  // namespace$", self.text, re.MULTILINE | re.DOTALL):
-            names.update(re.findall(r"^(?:class|struct|enum|enum class|union) (\w+)", block, re.MULTILINE))
-            names.update(re.findall(r"^[\w:<][^\n;({=]*?\b(\w+) ?(?:\(|\[|=|\{|;)", block, re.MULTILINE))
-            names.update(re.findall(r"^\} (\w+)(?: =.*)?;", block, re.MULTILINE))
+            self.hidden.update(self._names_at_the_margin(block))
         names.update(re.findall(r"^#define (\w+)", self.text, re.MULTILINE))
         names.update(re.findall(r"^static [^\n;({=]*?\b(\w+) ?(?:\(|\[|=|\{|;)", self.text, re.MULTILINE))
-        return names
+        return names | self.hidden
 
 
 def batches(sources):
@@ -121,7 +143,7 @@ def batches(sources):
     for source in sources:
         for batch in found:
             if (batch[0].windows == source.windows and len(batch) < LARGEST_BATCH
-                    and not any(other.own_names & source.own_names for other in batch)):
+                    and not any(source.clashes_with(other) for other in batch)):
                 batch.append(source)
                 break
         else:
@@ -141,10 +163,16 @@ def mingw_flags():
                             for flag in ("-isystem", folder))]
 
 
+def folder_names():
+    """The places in the tree and in the build that CMake tells tests, as definitions."""
+    told = "".join(path.read_text(encoding="utf-8") for path in (ROOT / "tests").rglob("CMakeLists.txt"))
+    return [f'-D{name}="{name}"' for name in re.findall(r'\b([A-Z_]+)="\$\{', told)]
+
+
 class Tidy:
     def __init__(self, shallow):
         version = subprocess.run([CLANG_TIDY, "--version"], capture_output=True, text=True, check=True).stdout
-        self.flags = ["-std=c++20", '-DSOURCE_FOLDER="src"', *WARNINGS, *(f"-I{folder}" for folder in INCLUDE)]
+        self.flags = ["-std=c++20", *folder_names(), *WARNINGS, *(f"-I{folder}" for folder in INCLUDE)]
         self.mingw = mingw_flags()
         self.depth = SHALLOW if shallow else []
         rules = (ROOT / ".clang-tidy").read_text(encoding="utf-8") + Path(__file__).read_text(encoding="utf-8")
@@ -166,8 +194,9 @@ class Tidy:
         if deep.exists() or memory.exists():
             return ""
         found = self._look(batch)
-        if len(batch) > 1 and "[clang-diagnostic-error" in found:  # two that cannot be read together after all
-            found = "".join(self._look([source]) for source in batch)
+        if len(batch) > 1 and "[clang-diagnostic-error" in found:  # some that cannot be read together after all
+            half = len(batch) // 2
+            found = self.findings(batch[:half]) + self.findings(batch[half:])
         if not found:
             memory.touch()
         return found
@@ -203,12 +232,16 @@ class Tidy:
 
     def forget_others(self):
         for file in MEMORY.iterdir():
-            if file.name not in self.kept:
+            if file.is_file() and file.name not in self.kept:
                 file.unlink()
 
 
 def tidy(word, shallow):
-    MEMORY.mkdir(parents=True, exist_ok=True)
+    (MEMORY / "include").mkdir(parents=True, exist_ok=True)
+    for name, folder in LIBRARIES.items():
+        view = MEMORY / "include" / name
+        if not view.exists():
+            view.symlink_to(folder)
     linter = Tidy(shallow)
     wanted = batches([Source(path) for path in listed(".cpp") if word in str(path.relative_to(ROOT))])
     good = True

@@ -215,8 +215,8 @@ int KeyAt(platform::Point place) {
     return found == button.end() ? 0 : found->index % SecondPart;
 }
 
-HeldKeys KeysHeldAt(const std::string& text, int position) {
-    HeldKeys held{};
+KeysDown KeysHeldAt(const std::string& text, int position) {
+    KeysDown held{};
     KeyNameMemory names;
     for (const TokenSpan& span : SpansOf(text)) {
         if (span.End() > position) break;

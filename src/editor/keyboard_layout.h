@@ -63,5 +63,5 @@ int KeyAt(platform::Point place);
 
 // By virtual key: what the tokens of a text from its start to a position, where one ends, leave down. As KeyIsHeld
 // tells, but for all keys at once, and without its alarm.
-using HeldKeys = std::array<bool, KeyNameCount>;
-HeldKeys KeysHeldAt(const std::string& text, int position);
+using KeysDown = std::array<bool, KeyNameCount>;
+KeysDown KeysHeldAt(const std::string& text, int position);

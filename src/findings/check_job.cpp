@@ -22,7 +22,6 @@ namespace {
 
 constexpr std::int32_t OldestVersion = 300;
 constexpr std::int32_t WheelNotch = 120;
-constexpr std::int32_t LowSafety = 2;  // windows are not looked for
 
 bool IsKnownMouseAction(const JobEvent& event) {
     switch (event.dwFlags()) {
@@ -95,7 +94,7 @@ private:
         return finding;
     }
     void AddHeld(FindingKind kind, const PressLedger::Held& each);
-    bool LooksForTitles() const { return job.SafetyLevel < LowSafety && job.SimilarWindowNames == 0; }
+    bool LooksForTitles() const { return job.SafetyLevel < SafetyLow && job.SimilarWindowNames == 0; }
 
     const Job& job;
     const JobLinks links;
@@ -128,7 +127,7 @@ void Check::CheckHeader() {
     CheckOption(JobOption::SkipMoves, job.SkipMouseMoves, 0, 1);
     CheckOption(JobOption::CapsLock, job.CapsLockState, 0, 1);
     CheckOption(JobOption::Repeat, job.RepeatCount, 0, INT32_MAX);
-    CheckOption(JobOption::Safety, job.SafetyLevel, 0, LowSafety);
+    CheckOption(JobOption::Safety, job.SafetyLevel, 0, SafetyLow);
     CheckOption(JobOption::SimilarNames, job.SimilarWindowNames, 0, 1);
 }
 

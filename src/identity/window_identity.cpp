@@ -125,7 +125,10 @@ void ResetWindowArrays(const std::vector<WindowSignature>& windows, const std::v
 
 bool IsForOwnBox(bool byFocus) {
     const WindowHandle top = TopOfTarget(byFocus);
-    return top != 0 && !IsOwnWindow(top) && platform::ThreadOf(top) == platform::CurrentThread();
+    if (top == 0 || top == windowArrays.lastForeign || IsOwnWindow(top)) return false;
+    const bool own = platform::ThreadOf(top) == platform::CurrentThread();
+    if (!own) windowArrays.lastForeign = top;
+    return own;
 }
 
 WindowHandle FocusedWindow(WindowHandle& foreground) {

@@ -21,6 +21,10 @@ struct WindowArrays {
     std::int32_t chainCapacity = 100;
     bool growWindows = false;  // less than 20 free
     bool growChains = false;   // nine tenths in use
+
+    // The last top-level window that was seen to be another thread's, which it stays as long as its handle lives. Every
+    // key asks for it, and in a hook each question to the system counts.
+    platform::WindowHandle lastForeign = 0;
 };
 extern WindowArrays windowArrays;
 

@@ -106,8 +106,8 @@ bool HeaderIsGood(const JobHeader& job) {
     const std::int16_t style = job.StartProgram.WindowStyle;
     return job.Version >= OldestVersion && job.Version <= ProductVersionNumber && style >= 0 && style <= 3 &&
            job.SpeedPercent >= 1 && job.SpeedPercent <= MaximumSpeed && IsFlag(job.SkipMouseMoves) &&
-           IsFlag(job.CapsLockState) && job.RepeatCount >= 0 && job.SafetyLevel >= 0 && job.SafetyLevel <= 2 &&
-           IsFlag(job.SimilarWindowNames);
+           IsFlag(job.CapsLockState) && job.RepeatCount >= 0 && job.SafetyLevel >= SafetyHigh &&
+           job.SafetyLevel <= SafetyLow && IsFlag(job.SimilarWindowNames);
 }
 
 namespace {

@@ -70,6 +70,11 @@ struct StartProgramRecord {
     std::int16_t WindowStyle = 0;  // 0 hidden (or no program), 1 normal, 2 minimised, 3 maximised
 };
 
+// How surely a window must be the recorded one. At low safety windows are not looked for.
+inline constexpr std::int32_t SafetyHigh = 0;
+inline constexpr std::int32_t SafetyMedium = 1;
+inline constexpr std::int32_t SafetyLow = 2;
+
 // The front of a job: what a header check reads.
 struct JobHeader {
     std::int32_t Version = 0;
@@ -80,7 +85,7 @@ struct JobHeader {
     std::int32_t SkipMouseMoves = 0;
     std::int32_t CapsLockState = 0;  // the raw value of GetKeyState(VK_CAPITAL)
     std::int32_t RepeatCount = 1;    // 0: over and over again
-    std::int32_t SafetyLevel = 0;    // 0 high, 1 medium, 2 low
+    std::int32_t SafetyLevel = 0;    // SafetyHigh to SafetyLow
     std::int32_t SimilarWindowNames = 0;
 };
 

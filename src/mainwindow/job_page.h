@@ -12,7 +12,6 @@
 #include "hotkeys/job_hotkey.h"
 #include "jobs/job_records.h"
 
-inline constexpr int SafetyLow = 2;
 inline constexpr int HotkeyTab = 3;
 
 // Controls by their own names; of a button, whether it can be pressed.

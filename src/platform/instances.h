@@ -21,7 +21,7 @@ public:
     RunClaim();
     RunClaim(const RunClaim&) = delete;
     RunClaim& operator=(const RunClaim&) = delete;
-    ~RunClaim();
+    ~RunClaim();  // NOLINT(performance-trivially-destructible): so it is on the simulated desktop alone
 
     bool Granted() const { return granted; }
 

@@ -12,8 +12,6 @@
 #include "jobs/job_records.h"
 #include "platform/types.h"
 
-enum SafetyLevel : std::int32_t { SafetyHigh = 0, SafetyMedium = 1, SafetyLow = 2 };
-
 // Results of FindTarget.
 inline constexpr int TargetReady = 1;
 inline constexpr int TargetCanceled = -2;

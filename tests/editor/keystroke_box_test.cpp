@@ -314,7 +314,7 @@ TEST(OnscreenKeyboard, ShowsTheKeysThatTheTextHolds) {
         std::string text;
         const int count = static_cast<int>(generator() % 12);
         for (int i = 0; i < count; ++i) text += tokens[generator() % std::size(tokens)];
-        const HeldKeys held = KeysHeldAt(text, static_cast<int>(text.size()));
+        const KeysDown held = KeysHeldAt(text, static_cast<int>(text.size()));
         for (const int key : {65, 66, 1, 116, 160, 161, 164}) {
             EXPECT_EQ(held[static_cast<std::size_t>(key)], KeyIsHeld(text, count - 1, key)) << text << " " << key;
         }

@@ -238,7 +238,7 @@ TEST_F(RecordingSessionTest, ASaveFormThatFailsLosesNothing) {
 TEST_F(RecordingSessionTest, ARescueWritesWhatThereIsAndAsksNobody) {
     constexpr int insideAHookCall = 4;
     int rescued = 0;
-    recordingViewStandIn.recover = [this, &rescued] {
+    recordingViewStandIn.recover = [&rescued] {
         ++rescued;
         EXPECT_FALSE(KeyboardHookInstalled());
         EXPECT_THAT(NamesOf(RecordedJob().Events), ElementsAre("A down", "A up"));

@@ -18,7 +18,6 @@ namespace {
 
 constexpr int Shift = 160;
 constexpr int Ctrl = 162;
-constexpr int Alt = 164;
 constexpr int Enter = 13;
 const JobBuilder::Level notepad{"Notepad", "Letter"};
 const JobBuilder::Level login{"Login", "Log in"};

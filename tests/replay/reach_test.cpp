@@ -61,7 +61,7 @@ TEST_F(ElevatedTest, APressAKeyAndATextAreFailuresBeforeTheyAreSent) {
         [&] { InEdit().TextRow("a"); },          [&] { InEdit().Wheel(120, 300, 300); },
         [&] { InEdit().DoubleClick(300, 300); }, [&] { job.InNoWindow().Click(Left, 300, 300); },
     };
-    for (const SafetyLevel level : {SafetyHigh, SafetyMedium, SafetyLow}) {
+    for (const std::int32_t level : {SafetyHigh, SafetyMedium, SafetyLow}) {
         for (std::size_t i = 0; i < actions.size(); ++i) {
             NewJob(level);
             reason.clear();

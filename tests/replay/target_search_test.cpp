@@ -148,8 +148,9 @@ protected:
     void ExpectHungUntilTheWaitIsOver() {
         EXPECT_EQ(Find(), TargetWindowMissing);
         EXPECT_EQ(reason, "Cannot find window: 'a.txt - Editor'");
-        EXPECT_GT(took, request.waitSeconds * 1000);
-        EXPECT_LE(took, request.waitSeconds * 1000 + HungStep);
+        const std::int64_t wait = std::int64_t{1000} * request.waitSeconds;
+        EXPECT_GT(took, wait);
+        EXPECT_LE(took, wait + HungStep);
     }
 
     WindowChain& Chain() { return chains.at(static_cast<std::size_t>(request.chainIndex)); }

@@ -22,7 +22,7 @@ protected:
     }
 
     std::string LettersAfter(int seconds) {
-        simulated::RunFor(seconds * 1000);
+        simulated::RunFor(std::int64_t{1000} * seconds);
         return Letters();
     }
 };

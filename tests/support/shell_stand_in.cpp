@@ -89,6 +89,7 @@ std::int32_t RunJob(const std::string& jobPath, std::int32_t, const std::string&
     return shellStandIn.runResult;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): as it is declared
 std::int32_t RunLoadedJob(Job, const std::string& name) {
     shellStandIn.calls.push_back("RunLoadedJob " + name);
     return shellStandIn.runResult;

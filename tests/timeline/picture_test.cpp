@@ -30,7 +30,7 @@ bool IsWellFormed(const std::string& svg) {
             open.pop_back();
         }
     }
-    return open.empty() && svg.find_first_not_of("\n", end) == std::string::npos;
+    return open.empty() && svg.find_first_not_of('\n', end) == std::string::npos;
 }
 
 TEST(Picture, IsWellFormedForAnyJob) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/text.h"
+#include "support/story.h"
 #include "tsj/tsj.h"
 
 class ToolStage {

@@ -49,5 +49,5 @@ private:
     HFONT characterFont = nullptr;
     HFONT nameFont = nullptr;
     HFONT smallFont = nullptr;
-    HeldKeys held{};
+    KeysDown held{};
 };

@@ -1,5 +1,6 @@
 #include "tsj_desktop/run_report.h"
 
+#include <cmath>
 #include <cstdio>
 
 #include "base/product.h"
@@ -32,7 +33,7 @@ const char* WordOf(Verdict verdict) {
 
 // To the microsecond.
 Json Ms(double ms) {
-    return ms < 0 ? Json() : Json(static_cast<double>(static_cast<std::int64_t>(ms * 1000 + 0.5)) / 1000);
+    return ms < 0 ? Json() : Json(static_cast<double>(std::llround(ms * 1000)) / 1000);
 }
 
 Json RowJson(const RunReport& report, const RowReport& row) {
