@@ -1,5 +1,5 @@
 // Shows the dialogs of the main window and its pages, and does nothing else: what a start of the program costs at
-// least.
+// least. With any word on its command line only the page in front is made, as the program itself does it.
 
 #include <windows.h>
 
@@ -29,7 +29,7 @@ HWND CreateFrom(int dialog, HWND parent) {
 
 }  // namespace
 
-int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int) {
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_STANDARD_CLASSES | ICC_BAR_CLASSES | ICC_TAB_CLASSES |
                                                            ICC_UPDOWN_CLASS | ICC_DATE_CLASSES | ICC_LINK_CLASS};
     InitCommonControlsEx(&classes);
@@ -38,9 +38,11 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     RegisterTimePicker();
     RegisterDialogClass(MainWindowClass, GetSysColorBrush(COLOR_3DFACE));
     const HWND form1 = CreateFrom(form1_dialog, nullptr);
-    const HWND front = CreateFrom(record_page_dialog, form1);
-    for (const int page : {job_page_dialog, schedule_page_dialog, options_page_dialog, about_page_dialog}) {
-        CreateFrom(page, form1);
+    const HWND front = CreateFrom(job_page_dialog, form1);
+    if (*commandLine == '\0') {
+        for (const int page : {record_page_dialog, schedule_page_dialog, options_page_dialog, about_page_dialog}) {
+            CreateFrom(page, form1);
+        }
     }
     ShowWindow(front, SW_SHOW);
     ShowWindow(form1, SW_SHOW);

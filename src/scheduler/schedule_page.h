@@ -51,7 +51,7 @@ struct SchedulePage {
 };
 extern SchedulePage schedulePage;
 
-// PrirediSchedules ("prepare the schedules"): the defaults of the panels; once, when the page is loaded.
+// PrirediSchedules ("prepare the schedules"): the defaults of the panels; once, at the start.
 void PrirediSchedules();
 
 // The job chooser, filled with the list of jobs.

@@ -24,6 +24,8 @@
 #include "platform/tray.h"
 #include "recording/recording_state.h"
 #include "scheduler/exit_request.h"
+#include "scheduler/schedule_list.h"
+#include "scheduler/schedule_page.h"
 #include "settings/settings.h"
 #include "settings/settings_view.h"
 #include "shell/close_request.h"
@@ -86,6 +88,8 @@ void MainForm::CreateMainWindow() {
     RegisterNumberPicker();
     RegisterTimePicker();
     LoadJobPage();
+    PrirediSchedules();
+    LoadScheduleList();
     RegisterDialogClass(MainWindowClass, GetSysColorBrush(COLOR_3DFACE));
     Create();
 }
@@ -102,8 +106,6 @@ void MainForm::OnInit() {
     ownWindows.main = platform::FromHwnd(Window());
     for (int place = 0; place < PageCount; ++place) SetTab(Control(form1_tabs), TCM_INSERTITEMA, place, "");
     ReserveLetters();
-    for (Page* const page : pages) page->CreateIn(Window());
-    ShowPageAt(current);
     OnLooks();  // the tray icon is the window's
     platform::AddTrayIcon(ownWindows.main, MainCaption());
 }
@@ -222,8 +224,10 @@ void MainForm::ShowPage(const Page& page) {
     ShowPageAt(static_cast<int>(std::find(std::begin(pages), std::end(pages), &page) - std::begin(pages)));
 }
 
+// A page is made when it is first seen: most starts are for one of them.
 void MainForm::ShowPageAt(int place) {
     current = std::clamp(place, 0, PageCount - 1);
+    if (CurrentPage().Window() == nullptr) CurrentPage().CreateIn(Window());
     SendMessageA(Control(form1_tabs), TCM_SETCURSEL, static_cast<WPARAM>(current), 0);
     PlacePage();
     for (Page* const page : pages) page->BringIntoSight(page == &CurrentPage());

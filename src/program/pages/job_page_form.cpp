@@ -314,6 +314,7 @@ void JobPageForm::OnInit() {
     SetWindowSubclass(Control(job_page_Options_speed), SpeedThunk, SubclassId, reinterpret_cast<DWORD_PTR>(this));
     lista_jobs.Attach(Control(job_page_lista_jobs), jobLibrary.lista_jobs);
     lista_jobs.BeginDrag = [](int row) { DragFileOut(job_library::JobPathOfRow(row)); };
+    if (isGrey) EnableWindow(Window(), FALSE);
 }
 
 void JobPageForm::PodesiRjecnik() {
@@ -455,7 +456,8 @@ void JobPageForm::OpenMenuJobs() {
     if (chosen > 0) entries[chosen - 1].command();
 }
 
-void JobPageForm::PosiviSve(bool grey) const {
+void JobPageForm::PosiviSve(bool grey) {
+    isGrey = grey;
     EnableWindow(Window(), !grey);
 }
 

@@ -14,7 +14,7 @@ public:
 
     void FocusOn(HotkeyFocus control);
     void OpenMenuJobs();
-    void PosiviSve(bool grey) const;
+    void PosiviSve(bool grey);
 
     std::string TabCaption() const override;
     std::string HelpTopic() const override;  // of the sub-tab, when the keyboard is there
@@ -46,6 +46,7 @@ private:
     void CommitSpeed();
 
     ListControl lista_jobs;
+    bool isGrey = false;
     bool speedEdited = false;  // Options_speed holds what was typed, and not yet taken over
 };
 

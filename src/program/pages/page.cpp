@@ -1,7 +1,5 @@
 #include "pages/page.h"
 
-#include <utility>
-
 #include "toolkit/system_look.h"
 
 void Page::CreateIn(HWND mainWindow) {
@@ -9,9 +7,9 @@ void Page::CreateIn(HWND mainWindow) {
 }
 
 void Page::BringIntoSight(bool inSight) {
-    if (inSight != std::exchange(isInSight, inSight) && inSight) {
-        PodesiRjecnikIfOther();
-        Refresh();
-    }
+    if (Window() == nullptr) return;
+    const bool comes = inSight && !isInSight;
+    isInSight = inSight;
+    if (comes && !PodesiRjecnikIfOther()) Refresh();
     ShowWindow(Window(), inSight ? SW_SHOWNA : SW_HIDE);
 }

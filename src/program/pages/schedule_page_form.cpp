@@ -313,8 +313,6 @@ unsigned SchedulePageForm::VisiblePanels() const {
 // --- life ---
 
 void SchedulePageForm::OnInit() {
-    PrirediSchedules();
-    LoadScheduleList();
     schedule_lista.Attach(Control(schedule_page_schedule_lista), scheduleList.schedule_lista, RowMeasures);
     start_time.Attach(Control(schedule_page_start_time));
     start_time.Change = [this] {

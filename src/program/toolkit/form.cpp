@@ -316,8 +316,10 @@ void Form::PodesiRjecnik() {
     Refresh();
 }
 
-void Form::PodesiRjecnikIfOther() {
-    if (InSight() && wordedIn != GetLanguage()) PodesiRjecnik();
+bool Form::PodesiRjecnikIfOther() {
+    if (!InSight() || wordedIn == GetLanguage()) return false;
+    PodesiRjecnik();
+    return true;
 }
 
 void Form::PodesiRjecnikOfAll() {

@@ -32,9 +32,9 @@ public:
     // PodesiRjecnik ("set up the dictionary"): captions, names and tips in the language in force, and then Refresh.
     virtual void PodesiRjecnik();
 
-    // The same, unless that is how it is worded already, or it is out of sight; and for every form that is open. Pages
-    // are their main window's affair.
-    void PodesiRjecnikIfOther();
+    // The same, unless that is how it is worded already, or it is out of sight: then false. And for every form that is
+    // open; pages are their main window's affair.
+    bool PodesiRjecnikIfOther();
     static void PodesiRjecnikOfAll();
 
     // Values, enabling, panels and tips, as the model has them. Nothing while the form is out of sight.

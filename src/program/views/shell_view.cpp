@@ -56,7 +56,8 @@ void RestoreWindowPosition() {
 void ShowOptions() {
     recordPage.ShowOptions();
     optionsPage.ShowOptions();
-    if (jobLibrary.lista_jobs.ListCount() > 0) mainForm.ShowPage(jobPageForm);
+    const bool anyJobs = jobLibrary.lista_jobs.ListCount() > 0;
+    mainForm.ShowPage(anyJobs ? static_cast<const Page&>(jobPageForm) : recordPage);
 }
 
 void PodesiRjecnik() {
