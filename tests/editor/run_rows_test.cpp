@@ -35,7 +35,10 @@ TEST_F(RunRowsTest, PlaysWhatTheEditorShowsOnceAndNoMore) {
     RunSelectedRows();
     EXPECT_EQ(TextOf(edit), "tw\r\n") << LastBox();
     Select(2, 2);
+    bool running = false;
+    simulated::After(0, [&] { running = runState.ReplayRunning; });
     RunFromHere();
+    EXPECT_TRUE(running) << "or another start could come between";
     EXPECT_EQ(TextOf(edit), "tw\r\ntw\r\nsix") << LastBox();
     EXPECT_EQ(simulated::FileBytes(path), file) << "nothing is saved by it";
     EXPECT_EQ(settings.RecentJobs[0], "");

@@ -29,7 +29,10 @@ TEST(NumberPicker, KeepsWhatIsTypedInRange) {
     };
     for (const auto& [lowest, highest, typed, becomes] : cases) {
         NumberPickerModel picker(lowest, highest);
+        std::vector<std::string> told;
+        picker.Change = [&] { told.push_back(picker.Text()); };
         picker.TextChanged(typed, 0);
+        EXPECT_THAT(told, ElementsAre(becomes)) << "the number that has been corrected, once";
         EXPECT_EQ(picker.Text(), becomes) << typed << " in " << lowest << ".." << highest;
         EXPECT_EQ(picker.SelStart, typed == becomes ? 0 : static_cast<int>(becomes.size())) << typed;
     }
