@@ -38,7 +38,6 @@ namespace {
 constexpr std::int32_t MoveFlags = MouseFlagBase + platform::MouseMove;
 constexpr std::int32_t LeftDownFlags = MouseFlagBase + platform::MouseLeftDown;
 constexpr std::int32_t LeftUpFlags = MouseFlagBase + platform::MouseLeftUp;
-constexpr std::int32_t RightDownFlags = MouseFlagBase + platform::MouseRightDown;
 constexpr std::int32_t RightUpFlags = MouseFlagBase + platform::MouseRightUp;
 constexpr std::int32_t WheelFlags = MouseFlagBase + platform::MouseWheel;
 
@@ -92,7 +91,7 @@ private:
     int BackToTheWindow(const JobEvent& event, FocusWatch& watch);
 
     Ending PlayMouse(std::int32_t index);
-    void NoteButtons(std::int32_t flags, bool waited);
+    static void BreatheBeforeRelease(std::int32_t flags, bool waited);
     bool SkippedMove(std::int32_t index) const;
     void KeepStatusWindowsAway(const JobEvent& event) const;
     Ending Aim(const JobEvent& event);
@@ -620,7 +619,7 @@ Replay::Ending Replay::PlayMouse(std::int32_t index) {
         lastResult = Wait(wait);
         if (lastResult < 1) return lastResult;
     }
-    NoteButtons(event.dwFlags(), wait > 0);
+    BreatheBeforeRelease(event.dwFlags(), wait > 0);
     if (SkippedMove(index)) {
         progressTime = event.mouseTime();
         return std::nullopt;
@@ -636,11 +635,8 @@ Replay::Ending Replay::PlayMouse(std::int32_t index) {
 }
 
 // A release that follows its press without a pause still leaves the press some time to be noticed.
-void Replay::NoteButtons(std::int32_t flags, bool waited) {
-    if (flags == LeftDownFlags) heldInput.leftButton = true;
-    if (flags == RightDownFlags) heldInput.rightButton = true;
+void Replay::BreatheBeforeRelease(std::int32_t flags, bool waited) {
     if (flags != LeftUpFlags && flags != RightUpFlags) return;
-    (flags == LeftUpFlags ? heldInput.leftButton : heldInput.rightButton) = false;
     if (!waited) platform::Sleep(ShortPause);
     platform::Pump();
 }

@@ -15,8 +15,6 @@ inline constexpr int KeyFlagCount = 301;  // by virtual key; 300 is the wheel
 // What replay holds down just now.
 struct HeldInput {
     std::array<bool, KeyFlagCount> KeysDown{};
-    bool leftButton = false;
-    bool rightButton = false;
     std::vector<platform::InputRecord> presses;  // of the mouse buttons that are down, as they were sent
     platform::Point LastCursorPosition;          // in pixels, as MoveCursor was asked for
 };
