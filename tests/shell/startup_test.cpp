@@ -7,6 +7,9 @@
 #include "platform/instances.h"
 #include "platform/registry.h"
 #include "platform/tray.h"
+#include "recording/input_capture.h"
+#include "recording/recording_session.h"
+#include "recording/recording_state.h"
 #include "replay/run_job.h"
 #include "replay/timing.h"
 #include "scheduler/schedule_dispatch.h"
@@ -17,6 +20,7 @@
 #include "shell/handed_over.h"
 #include "shell/language_selection.h"
 #include "sounds/sounds.h"
+#include "support/recording_view_stand_in.h"
 #include "support/shell_stand_in.h"
 #include "support/story.h"
 #include "update/version_check.h"
@@ -427,6 +431,24 @@ TEST_F(MainWindowVisibility, TellsOnceForGoodThatClosingEndsNothing) {
         EXPECT_EQ(simulated::Tray().balloons.size(), 1U);
     }
     EXPECT_TRUE(simulated::Tray().balloons[0].starts_with("Tessarine: Tessarine goes on running"));
+}
+
+// Else the job would press the icon at every replay.
+TEST_F(MainWindowVisibility, AClickOnTheIconEndsARecordingAndIsNoPartOfIt) {
+    constexpr std::uint32_t leftDown = 0x201, rightDown = 0x204, rightUp = 0x205;
+    const std::pair<unsigned, std::vector<std::uint32_t>> cases[] = {{TrayLeftDown, {leftDown}},
+                                                                     {TrayRightUp, {rightDown, rightUp}}};
+    std::optional<std::size_t> saved;
+    recordingViewStandIn.saveAs = [&] { saved = RecordedJob().Events.size(); };
+    for (const auto& [message, click] : cases) {
+        saved.reset();
+        StartRecording();
+        for (const std::uint32_t each : click) MouseHookProc({each, {1200, 1000}, 0, 0, 0, 0});
+        OnTrayMessage(message);
+        platform::Pump();
+        EXPECT_FALSE(RecordingActive());
+        EXPECT_EQ(saved, 0U) << message;
+    }
 }
 
 }  // namespace
