@@ -127,7 +127,7 @@ void Check::CheckHeader() {
     CheckOption(JobOption::SkipMoves, job.SkipMouseMoves, 0, 1);
     CheckOption(JobOption::CapsLock, job.CapsLockState, 0, 1);
     CheckOption(JobOption::Repeat, job.RepeatCount, 0, INT32_MAX);
-    CheckOption(JobOption::Safety, job.SafetyLevel, 0, SafetyLow);
+    CheckOption(JobOption::Safety, job.SafetyLevel, SafetyHigh, SafetyLow);
     CheckOption(JobOption::SimilarNames, job.SimilarWindowNames, 0, 1);
 }
 

@@ -9,7 +9,7 @@ class Page : public Form {
 public:
     using Form::Form;
 
-    void CreateIn(HWND mainWindow);  // not visible; until then all of it but its captions does nothing
+    void CreateIn(HWND mainWindow);  // not visible; made by the main window when it is first seen
 
     // In front of the others, or behind them. What has changed meanwhile is caught up with.
     void BringIntoSight(bool inSight);
