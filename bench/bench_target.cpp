@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/clock.h"
+#include "bench/patience.h"
 #include "platform/window_services.h"
 #include "win32/handles.h"
 
@@ -16,8 +16,7 @@ namespace {
 constexpr const char* TargetClass = "TessarineBenchTarget";
 constexpr const char* TargetCaption = "Bench target";
 constexpr UINT HangMessage = WM_APP + 1;
-constexpr int Attempts = 200;
-constexpr int AttemptMs = 50;
+constexpr int AnswerMs = 50;
 
 LRESULT CALLBACK TargetProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
@@ -35,23 +34,9 @@ LRESULT CALLBACK TargetProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     }
 }
 
-[[noreturn]] void GiveUp(const char* reason) {
-    std::printf("The bench's target %s.\n", reason);
-    std::exit(3);
-}
-
-template <class Condition>
-void WaitFor(const Condition& condition, const char* reason) {
-    for (int i = 0; i < Attempts; ++i) {
-        if (condition()) return;
-        platform::Sleep(AttemptMs);
-    }
-    GiveUp(reason);
-}
-
 bool Answers(platform::WindowHandle target) {
     DWORD_PTR result = 0;
-    return SendMessageTimeoutA(platform::ToHwnd(target), WM_NULL, 0, 0, 0, AttemptMs, &result) != 0;
+    return SendMessageTimeoutA(platform::ToHwnd(target), WM_NULL, 0, 0, 0, AnswerMs, &result) != 0;
 }
 
 bool HasFocus(platform::WindowHandle target) {
@@ -67,7 +52,8 @@ void StartProcess() {
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
     if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process)) {
-        GiveUp("could not be started");
+        std::printf("The bench's target could not be started.\n");
+        std::exit(3);
     }
     CloseHandle(process.hProcess);
     CloseHandle(process.hThread);
@@ -103,7 +89,7 @@ platform::WindowHandle StartTarget() {
             if (target != 0) platform::BringToForeground(target);
             return target != 0 && HasFocus(target);
         },
-        "did not get the focus");
+        "its target to get the focus");
     return target;
 }
 
@@ -113,11 +99,11 @@ void CloseTarget(platform::WindowHandle target) {
 
 void HangTarget(platform::WindowHandle target, int ms) {
     PostMessageA(platform::ToHwnd(target), HangMessage, static_cast<WPARAM>(ms), 0);
-    WaitFor([target] { return !Answers(target); }, "does not hang");
+    WaitFor([target] { return !Answers(target); }, "its target to hang");
 }
 
 void WaitForTarget(platform::WindowHandle target) {
-    WaitFor([target] { return Answers(target); }, "hangs for good");
+    WaitFor([target] { return Answers(target); }, "its target to answer again");
 }
 
 }  // namespace bench

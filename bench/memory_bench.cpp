@@ -1,11 +1,13 @@
 // The memory of the program in the notification area, and when it begins to record: tessarine.exe itself, on the real
-// desktop. Counted is what it
-// uses: private pages that hold something. The unused ends of stacks and, under Wine, of the tables of handles, which
-// every process has there, are committed as well, but cost nothing. What a recording adds counts touched or not.
+// desktop. Counted is what it uses: private pages that hold something. The unused ends of stacks and, under Wine, of
+// the tables of handles, which every process has there, are committed as well, but cost nothing. What a recording adds
+// counts touched or not.
 //
 //     memory_bench path-of-tessarine.exe
 
 #include <windows.h>
+
+#include <commctrl.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -14,6 +16,7 @@
 
 #include "bench/ratio.h"
 #include "bench/started_program.h"
+#include "main/main_form_ids.h"
 #include "pages/record_page_ids.h"
 #include "platform/clock.h"
 #include "shell/startup.h"
@@ -92,8 +95,9 @@ void BenchTray(const char* path) {
 void BenchRecording(const char* path) {
     const platform::OwnedHandle process = bench::Start(path);
     const HWND form1 = bench::Await(MainWindow);
+    SendMessageA(GetDlgItem(form1, form1_tabs), TCM_SETCURFOCUS, 0, 0);  // a page is made when it is first seen
     const Memory atRest = Told("at rest", process.Get());
-    PostMessageA(RecordButton(form1), BM_CLICK, 0, 0);
+    PostMessageA(bench::Await([form1] { return RecordButton(form1); }), BM_CLICK, 0, 0);
     bench::Await([] { return bench::VisibleWindow("TessarineRecording"); });
     const Memory recording = Told("recording", process.Get());
     bench::Report("memory of a program that records, MB", recording.used, LimitMegabytes);

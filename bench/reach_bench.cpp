@@ -1,5 +1,5 @@
-// What it costs to be careful, on the real desktop: the guard at the start of a run, the looks at monitors, buttons and
-// integrity levels before a press, and a search among many windows. Runs on a Wine desktop (tools/bench_on_desktop.py).
+// What it costs to be careful, on the real desktop: the looks at monitors, buttons and integrity levels before a press,
+// and a search among many windows. Runs on a Wine desktop (tools/bench_on_desktop.py).
 
 #include <windows.h>
 
@@ -8,106 +8,27 @@
 #include <vector>
 
 #include "bench/bench_target.h"
+#include "bench/patience.h"
 #include "bench/ratio.h"
-#include "bench/silent_status_view.h"
-#include "guard/guard_process.h"
 #include "identity/window_identity.h"
-#include "jobs/job_file.h"
 #include "platform/clock.h"
 #include "platform/input.h"
 #include "platform/window_services.h"
 #include "replay/reach.h"
-#include "replay/run_job.h"
 #include "replay/similar_caption.h"
 #include "replay/target_search.h"
 #include "replay/timing.h"
 #include "settings/settings.h"
-#include "win32/guard.h"
 #include "win32/handles.h"
 #include "win32/wine.h"
 
 namespace {
-
-constexpr int PatienceMs = 20'000;
-
-template <class Condition>
-void WaitFor(const Condition& condition, const char* what) {
-    const std::int64_t end = platform::TickCount() + PatienceMs;
-    while (!condition()) {
-        if (platform::TickCount() > end) {
-            std::printf("The bench waits in vain for %s.\n", what);
-            std::exit(3);
-        }
-        platform::Sleep(10);
-    }
-}
 
 template <class Action>
 double MillisecondsOf(const Action& action) {
     const std::int64_t began = platform::Microseconds();
     action();
     return static_cast<double>(platform::Microseconds() - began) / 1000.0;
-}
-
-// --- the start of a run ---
-
-std::int64_t firstEvent = 0;
-
-void NoteMouseEvent() {
-    if (firstEvent == 0) firstEvent = platform::Microseconds();
-}
-
-std::string SmallJob() {
-    char folder[MAX_PATH] = "";
-    GetTempPathA(sizeof folder, folder);
-    Job job;
-    JobEvent move;
-    move.dwType() = platform::InputMouse;
-    move.dwFlags() = MouseFlagBase + platform::MouseMove;
-    move.dx() = move.dy() = 300;
-    job.Events.push_back(move);
-    std::string path = folder + std::string("start bench.tsj");
-    WriteJob(path, job);
-    return path;
-}
-
-// From the call to the first event, in ms.
-double StartOfRun(const std::string& path) {
-    firstEvent = 0;
-    const std::int64_t began = platform::Microseconds();
-    RunJob(path, 0, "", true);
-    return static_cast<double>(firstEvent - began) / 1000.0;
-}
-
-bool GuardLives() {
-    return platform::GuardProcessId() != 0;
-}
-
-void KillGuard() {
-    const platform::OwnedHandle guard(OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, platform::GuardProcessId()));
-    TerminateProcess(guard.Get(), 1);
-    WaitForSingleObject(guard.Get(), PatienceMs);
-    platform::Sleep(100);
-}
-
-// A run that finds its guard alive starts none.
-void BenchGuard() {
-    const std::string path = SmallJob();
-    StartOfRun(path);
-    std::vector<double> with;
-    std::vector<double> without;
-    for (int round = 0; round < 15; ++round) {
-        WaitFor(GuardLives, "the guard");
-        platform::Sleep(200);  // it has come up
-        without.push_back(StartOfRun(path));
-        KillGuard();
-        with.push_back(StartOfRun(path));
-    }
-    std::printf("start of a run: %.2f ms with the guard, %.2f ms without\n", bench::Median(with),
-                bench::Median(without));
-    bench::Report("start of a run with the guard, against without, ms", bench::Median(with) - bench::Median(without),
-                  5.0);
-    DeleteFileA(path.c_str());
 }
 
 // --- a press into a window in place ---
@@ -173,7 +94,7 @@ void BenchPress() {
         [&] {
             for (int i = 0; i < Presses; ++i) PressPlainly(request, screen);
         },
-        1.2);
+        1.2, 15, bench::Seconds);
     bench::CloseTarget(target);
 }
 
@@ -207,7 +128,7 @@ HANDLE StartCrowd() {
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
     CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process);
-    WaitFor([] { return platform::FindTopWindow(CrowdClass, CrowdCaption(CrowdSize - 1)) != 0; }, "the crowd");
+    bench::WaitFor([] { return platform::FindTopWindow(CrowdClass, CrowdCaption(CrowdSize - 1)) != 0; }, "the crowd");
     return process.hProcess;
 }
 
@@ -265,12 +186,9 @@ void BenchCrowd() {
 }  // namespace
 
 int main(int count, char** words) {
-    if (const auto guard = GuardCommandOfThisProcess()) return RunGuard(*guard);
     if (bench::IsTarget(count, words)) return bench::RunTarget();
     if (count == 2 && std::string(words[1]) == "crowd") return RunCrowd();
     settings.Display_Executing_Status = 0;
-    silentStatusView.onMouseEvent = NoteMouseEvent;
-    BenchGuard();
     BenchPress();
     BenchCrowd();
     return bench::ExitCode();

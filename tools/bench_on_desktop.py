@@ -4,6 +4,7 @@
 """
 
 import getpass
+import os
 import sys
 
 from wine_desktop import OUT, ROOT, WineDesktop
@@ -26,13 +27,28 @@ def write_jobs(desktop):
         job.write(folder / f"Report {number}.tsj")
 
 
-with WineDesktop("bench") as desktop:
-    folder = OUT / "build" / "windows" / "bench"
-    tessarine = OUT / "windows" / "tessarine.exe"
-    write_jobs(desktop)
-    programs = [desktop.start(folder / name, *words, stdout=None, stderr=None).wait(900)
-                for name, *words in (("desktop_bench.exe",), ("reach_bench.exe",), ("hook_bench.exe",),
-                                     ("start_bench.exe", tessarine, folder / "dialog_templates.exe"),
-                                     ("memory_bench.exe", tessarine))
-                if sys.argv[1:] in ([], [name])]
-    sys.exit(max(programs))
+def run_all(programs):
+    """The worst of their exit codes."""
+    with WineDesktop("bench") as desktop:
+        write_jobs(desktop)
+        return max((desktop.start(program, *words, stdout=None, stderr=None).wait(900)
+                    for program, *words in programs), default=0)
+
+
+def those_asked_for(*programs):
+    return [program for program in programs if sys.argv[1:] in ([], [program[0].name])]
+
+
+folder = OUT / "build" / "windows" / "bench"
+tessarine = OUT / "windows" / "tessarine.exe"
+started = those_asked_for((folder / "guard_bench.exe",),
+                          (folder / "start_bench.exe", tessarine, folder / "dialog_templates.exe"),
+                          (folder / "memory_bench.exe", tessarine))
+talking = those_asked_for((folder / "desktop_bench.exe",), (folder / "reach_bench.exe",), (folder / "hook_bench.exe",))
+worst = run_all(started) if started else 0
+# These ask the system one thing after another. What an answer of the Wine server takes depends on whether it has the
+# same processor (24 ms for the classes of 1,000 windows) or another one that has to be woken (60 to 90), which changes
+# from one second to the next: on one processor both sides of a ratio pay the same.
+os.sched_setaffinity(0, {min(os.sched_getaffinity(0))})
+worst = max(worst, run_all(talking) if talking else 0)
+sys.exit(worst)

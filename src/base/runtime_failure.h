@@ -3,6 +3,7 @@
 // where the behaviour traps it, and else where Windows calls into the program.
 #pragma once
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 
@@ -19,13 +20,14 @@ private:
     FailureKind kind;
 };
 
+// A range failure. Out of line: what is left of CheckedAt is small enough to be part of a loop.
+[[noreturn]] void ThrowMissing(const char* what, long long index, std::size_t count);
+
 // The element at `index`, or a range failure that names `what` and the index.
 template <class Container>
 auto& CheckedAt(Container& container, long long index, const char* what) {
     if (index < 0 || index >= static_cast<long long>(container.size())) {
-        throw RuntimeFailure(FailureKind::Range, std::string(what) + " " + std::to_string(index) +
-                                                     " does not exist (there are " + std::to_string(container.size()) +
-                                                     ").");
+        ThrowMissing(what, index, container.size());
     }
     return container[static_cast<std::size_t>(index)];
 }

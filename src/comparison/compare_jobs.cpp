@@ -114,7 +114,7 @@ void JobComparison::CompareRows() {
 // row behind them; another tool may keep its distance from the last row that is in both jobs.
 bool JobComparison::DelayIsSame(std::int32_t rowA, std::int32_t rowB) const {
     const auto delay = [](const JobRows& job, std::int32_t row, std::int32_t before) {
-        return job.StartOf(row) - (before < 0 ? 0 : job.EndOf(before));
+        return job.TimesOf(row).first - (before < 0 ? 0 : job.TimesOf(before).last);
     };
     return delay(a, rowA, rowA - 1) == delay(b, rowB, rowB - 1) || delay(a, rowA, pairedA) == delay(b, rowB, pairedB);
 }
@@ -129,6 +129,7 @@ std::uint32_t JobComparison::AspectsOf(std::int32_t rowA, std::int32_t rowB) con
 
 // The rows that have no equal, up to these.
 void JobComparison::AddBlock(std::int32_t endA, std::int32_t endB) {
+    if (doneA == endA && doneB == endB) return;  // mostly
     std::vector<std::int32_t> partners;
     if (static_cast<std::int64_t>(endA - doneA) * (endB - doneB) <= LargestSearchedBlock) {
         partners = BlockMatch(a, b, doneA, endA, doneB, endB).Partners();

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <functional>
+#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -16,6 +17,11 @@ constexpr std::uint64_t Typing = ~0ULL;  // no action of the mouse has such flag
 std::uint64_t Mixed(std::uint64_t hash, std::uint64_t value) {
     value = std::rotl(value * 0x87C37B91114253D5U, 31) * 0x4CF5AD432745937FU;
     return std::rotl(hash ^ value, 27) * 5 + 0x52DCE729U;
+}
+
+// The same for events, of which there are a million: what a row's come to is mixed at its end.
+std::uint64_t Stirred(std::uint64_t hash, std::uint64_t value) {
+    return (std::rotl(hash, 23) ^ value) * 0x9E3779B97F4A7C15U + 1;
 }
 
 std::uint64_t Bits(std::int64_t value) {
@@ -77,46 +83,77 @@ std::string_view StoredTextOf(const KeyRow& row) {
     return std::string_view(row.Text).substr(0, static_cast<std::size_t>(row.StoredLength));
 }
 
-// A row while its events are read.
-struct Reading {
-    std::int64_t start = 0;
-    platform::Point corner;
-};
-
 // Reads every event once, into the row that it belongs to.
 class MeaningReader {
 public:
-    MeaningReader(const EditState& foldedState, std::vector<RowMeaning>& rowMeanings)
+    MeaningReader(const EditState& foldedState, std::vector<RowMeaning>& rowMeanings, std::vector<RowTimes>& rowTimes)
         : state(foldedState),
           windows({state.PristineEvents, state.Strings, state.Windows, state.Chains}),
           meanings(rowMeanings),
-          readings(rowMeanings.size()) {}
+          times(rowTimes),
+          corners(rowMeanings.size()) {}
 
     void Run();
 
 private:
+    static constexpr std::size_t NoRow = std::numeric_limits<std::size_t>::max();
+
     bool IsMouseRow(std::size_t row) const;
     std::int32_t FirstEventOf(std::size_t row) const;
+    std::int32_t LastEventOf(std::size_t row) const;
     void Begin(std::size_t row);
-    void Add(std::size_t row, const JobEvent& event);
+    void GoTo(std::size_t row);
+    void Keep();
+    void Add(const JobEvent& event);
     std::size_t RowOf(const JobEvent& folded) const;
 
     const EditState& state;
     const Windows windows;
     std::vector<RowMeaning>& meanings;
-    std::vector<Reading> readings;
+    std::vector<RowTimes>& times;
+    std::vector<platform::Point> corners;  // from which the places of a row count
     std::vector<std::size_t> gridRowOfKeyRow;
     std::size_t begun = 0;     // as many rows
     std::size_t mouseRow = 0;  // the last of them that is one
+
+    // Of the row to which the last event belonged, as far as it is read: events come in runs.
+    struct {
+        std::size_t row = NoRow;
+        std::int64_t start = 0;
+        platform::Point corner;
+        std::uint64_t content = 0;
+        std::uint64_t timing = 0;
+    } current;
 };
 
 void MeaningReader::Run() {
+    constexpr std::int32_t never = std::numeric_limits<std::int32_t>::max();
     gridRowOfKeyRow.resize(state.KeyRows.size());
     if (meanings.empty()) return;
-    for (std::size_t i = 0; i < state.PristineEvents.size(); ++i) {
-        while (begun < meanings.size() && FirstEventOf(begun) <= static_cast<std::int32_t>(i)) Begin(begun++);
-        Add(RowOf(state.EditEvents[i]), state.PristineEvents[i]);
+    std::int32_t nextBegins = FirstEventOf(0);
+    for (std::int32_t i = 0; i < static_cast<std::int32_t>(state.PristineEvents.size()); ++i) {
+        while (nextBegins <= i) {
+            Begin(begun++);
+            nextBegins = begun < meanings.size() ? FirstEventOf(begun) : never;
+        }
+        const auto index = static_cast<std::size_t>(i);
+        GoTo(RowOf(state.EditEvents[index]));
+        Add(state.PristineEvents[index]);
     }
+    Keep();
+}
+
+inline void MeaningReader::GoTo(std::size_t row) {
+    if (row == current.row) return;
+    Keep();
+    current = {row, times[row].first, corners[row], meanings[row].content, meanings[row].timing};
+}
+
+void MeaningReader::Keep() {
+    if (current.row == NoRow) return;
+    meanings[current.row].content = current.content;
+    meanings[current.row].timing = current.timing;
+    current.row = NoRow;
 }
 
 bool MeaningReader::IsMouseRow(std::size_t row) const {
@@ -126,6 +163,11 @@ bool MeaningReader::IsMouseRow(std::size_t row) const {
 std::int32_t MeaningReader::FirstEventOf(std::size_t row) const {
     const auto index = static_cast<std::size_t>(state.RowIndex[row]);
     return IsMouseRow(row) ? state.MouseRows[index].FirstEvent : state.KeyRows[index].FirstEvent;
+}
+
+std::int32_t MeaningReader::LastEventOf(std::size_t row) const {
+    const auto index = static_cast<std::size_t>(state.RowIndex[row]);
+    return IsMouseRow(row) ? state.MouseRows[index].LastEvent : state.KeyRows[index].LastEvent;
 }
 
 // The fold has made texts of the events of keystroke rows, with the numbers of their rows. What is in no row goes to
@@ -139,8 +181,10 @@ std::size_t MeaningReader::RowOf(const JobEvent& folded) const {
 }
 
 void MeaningReader::Begin(std::size_t row) {
+    Keep();
     const JobEvent& event = state.PristineEvents[static_cast<std::size_t>(FirstEventOf(row))];
-    readings[row] = {event.time(), windows.CornerOf(event.WindowChainIndex)};
+    times[row] = {event.time(), state.PristineEvents[static_cast<std::size_t>(LastEventOf(row))].time()};
+    corners[row] = windows.CornerOf(event.WindowChainIndex);
     RowMeaning& meaning = meanings[row];
     const auto index = static_cast<std::size_t>(state.RowIndex[row]);
     if (IsMouseRow(row)) {
@@ -149,24 +193,22 @@ void MeaningReader::Begin(std::size_t row) {
     } else {
         gridRowOfKeyRow[index] = row;
         meaning.action = Typing;
-        meaning.content = HashOf(StoredTextOf(state.KeyRows[index]));
+        if (state.KeyRows[index].StoredLength > 0) meaning.content = HashOf(StoredTextOf(state.KeyRows[index]));
     }
     meaning.window = windows.OfChain(event.WindowChainIndex);
     if (event.WindowChainIndex >= 0) meaning.waiting = Pair(event.WaitForWindow, event.IfNoWindow);
 }
 
-void MeaningReader::Add(std::size_t row, const JobEvent& event) {
-    RowMeaning& meaning = meanings[row];
-    const Reading& reading = readings[row];
-    meaning.timing = Mixed(meaning.timing, Bits(event.time() - reading.start));
+void MeaningReader::Add(const JobEvent& event) {
+    current.timing = Stirred(current.timing, Bits(event.time() - current.start));
     switch (event.dwType()) {
         case platform::InputMouse:
-            meaning.content =
-                Mixed(Mixed(meaning.content, Pair(event.dx() - reading.corner.x, event.dy() - reading.corner.y)),
-                      Pair(event.mouseData(), event.dwFlags()));
+            current.content =
+                Stirred(Stirred(current.content, Pair(event.dx() - current.corner.x, event.dy() - current.corner.y)),
+                        Pair(event.mouseData(), event.dwFlags()));
             return;
         case platform::InputKeyboard:
-            meaning.content = Mixed(meaning.content, Pair(event.KeyCode() % 65536, event.KeyState()));
+            current.content = Stirred(current.content, Pair(event.KeyCode() % 65536, event.KeyState()));
             return;
         default:
             return;
@@ -208,21 +250,10 @@ JobRows::JobRows(Job job) {
 
 void JobRows::ReadMeanings() {
     meanings.resize(state.RowIndex.size());
-    MeaningReader(state, meanings).Run();
+    times.resize(meanings.size());
+    MeaningReader(state, meanings, times).Run();
     numbers.reserve(meanings.size());
     for (const RowMeaning& meaning : meanings) numbers.push_back(NumberOf(meaning));
-}
-
-std::int64_t JobRows::StartOf(std::int32_t row) const {
-    const auto index = static_cast<std::size_t>(state.RowIndex[static_cast<std::size_t>(row)]);
-    const bool mouse = state.RowKind[static_cast<std::size_t>(row)] == MouseRowKind;
-    return EventAt(mouse ? state.MouseRows[index].FirstEvent : state.KeyRows[index].FirstEvent).time();
-}
-
-std::int64_t JobRows::EndOf(std::int32_t row) const {
-    const auto index = static_cast<std::size_t>(state.RowIndex[static_cast<std::size_t>(row)]);
-    const bool mouse = state.RowKind[static_cast<std::size_t>(row)] == MouseRowKind;
-    return EventAt(mouse ? state.MouseRows[index].LastEvent : state.KeyRows[index].LastEvent).time();
 }
 
 GridColumns JobRows::ColumnsOf(std::int32_t row) {

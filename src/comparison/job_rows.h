@@ -21,6 +21,12 @@ struct RowMeaning {
     bool operator==(const RowMeaning&) const = default;
 };
 
+// Of the row's first and last event, in ms.
+struct RowTimes {
+    std::int64_t first = 0;
+    std::int64_t last = 0;
+};
+
 class JobRows {
 public:
     // Takes any job. Pumps nothing and shows no box.
@@ -33,18 +39,16 @@ public:
     // One number for a whole meaning.
     const std::vector<std::uint64_t>& Numbers() const { return numbers; }
 
-    // ms of the row's first and last event.
-    std::int64_t StartOf(std::int32_t row) const;
-    std::int64_t EndOf(std::int32_t row) const;
+    const RowTimes& TimesOf(std::int32_t row) const { return times[static_cast<std::size_t>(row)]; }
 
     // As the editor shows them.
     GridColumns ColumnsOf(std::int32_t row);
 
 private:
     void ReadMeanings();
-    const JobEvent& EventAt(std::int32_t event) const { return state.PristineEvents[static_cast<std::size_t>(event)]; }
 
     EditState state;
     std::vector<RowMeaning> meanings;
+    std::vector<RowTimes> times;
     std::vector<std::uint64_t> numbers;
 };

@@ -43,6 +43,10 @@ bool IsWheelNotch(const JobEvent& event) {
     return event.dwFlags() == WheelFlags && (event.mouseData() == WheelNotch || event.mouseData() == -WheelNotch);
 }
 
+bool IsMove(const JobEvent& event) {
+    return event.dwType() == platform::InputMouse && event.dwFlags() == MoveFlags;
+}
+
 // Of the buttons only the left and right releases leave an open keystroke row as it is, as moves do. A press ends it,
 // and so do a middle and an X release, for no better reason than that it has always been so.
 bool EndsKeyRow(const JobEvent& event) {
@@ -422,13 +426,17 @@ void BuildRowOrder(FoldedRows& rows) {
     }
 }
 
+// Every move lies in a run of moves, so no more is looked at than the runs that reach into keystroke rows.
 std::vector<std::size_t> HiddenMoves(const FoldedRows& rows, const std::vector<JobEvent>& events) {
     std::vector<std::size_t> hidden;
-    for (const KeyRow& row : rows.KeyRows) {
-        for (std::int32_t i = row.FirstEvent + 1; i < row.LastEvent; ++i) {
-            const JobEvent& event = CheckedAt(events, i, "Event");
-            if (event.dwType() == platform::InputMouse && event.dwFlags() == MoveFlags) {
-                hidden.push_back(static_cast<std::size_t>(i));
+    auto nextRow = rows.MouseRows.begin();
+    for (const KeyRow& keys : rows.KeyRows) {
+        while (nextRow != rows.MouseRows.end() && nextRow->LastEvent <= keys.FirstEvent) ++nextRow;
+        for (auto row = nextRow; row != rows.MouseRows.end() && row->FirstEvent < keys.LastEvent; ++row) {
+            if (row->Flags != MoveFlags) continue;
+            const std::int32_t end = std::min(row->LastEvent + 1, keys.LastEvent);
+            for (std::int32_t i = std::max(row->FirstEvent, keys.FirstEvent + 1); i < end; ++i) {
+                if (IsMove(CheckedAt(events, i, "Event"))) hidden.push_back(static_cast<std::size_t>(i));
             }
         }
     }

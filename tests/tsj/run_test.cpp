@@ -85,6 +85,13 @@ TEST_F(TsjRunTest, ARowThatIsSkippedFailsAndTheRunGoesOn) {
     EXPECT_EQ(report["rows"][1]["verdict"], "ok");
 }
 
+TEST_F(TsjRunTest, TimeIsUpForARunThatNeverWaitsToo) {
+    NewJob(SafetyLow, MaximumSpeed);
+    for (int i = 0; i < 500; ++i) InEdit().Click(Left, 300, 300);
+    EXPECT_EQ(Run({"--timeout", "3"}), 6);
+    EXPECT_LT(platform::TickCount(), 3500);
+}
+
 TEST_F(TsjRunTest, EachEndHasItsCode) {
     InEdit().Click(Left, 300, 300).KeyDown('A').Wait(5000).KeyUp('A');
     simulated::LetAnotherProgramPlay();

@@ -17,14 +17,16 @@ DWORD Word(std::int32_t value) {
 
 // The scale of the virtual desktop goes from 0 to 65535. Windows divides by 65536 and cuts off, so the middle of the
 // pixel is meant. A pixel beyond the virtual desktop becomes its edge.
-LONG OnScale(std::int32_t pixel, int first, int count) {
-    const std::int64_t inside = std::clamp<std::int64_t>(std::int64_t{pixel} - first, 0, std::max(count - 1, 0));
-    return static_cast<LONG>((2 * inside + 1) * 65536 / (2 * std::int64_t{std::max(count, 1)}));
+LONG OnScale(std::int32_t pixel, LONG first, LONG end) {
+    const std::int64_t count = std::max(end - first, LONG{1});
+    const std::int64_t inside = std::clamp<std::int64_t>(std::int64_t{pixel} - first, 0, count - 1);
+    return static_cast<LONG>((2 * inside + 1) * 65536 / (2 * count));
 }
 
 void AimAt(Point pixel, MOUSEINPUT& mouse) {
-    mouse.dx = OnScale(pixel.x, GetSystemMetrics(SM_XVIRTUALSCREEN), GetSystemMetrics(SM_CXVIRTUALSCREEN));
-    mouse.dy = OnScale(pixel.y, GetSystemMetrics(SM_YVIRTUALSCREEN), GetSystemMetrics(SM_CYVIRTUALSCREEN));
+    const RECT screen = VirtualScreen();
+    mouse.dx = OnScale(pixel.x, screen.left, screen.right);
+    mouse.dy = OnScale(pixel.y, screen.top, screen.bottom);
     mouse.dwFlags |= MOUSEEVENTF_VIRTUALDESK;
 }
 

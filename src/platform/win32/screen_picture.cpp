@@ -1,6 +1,7 @@
 #include "platform/screen_picture.h"
 
 #include "win32/handles.h"
+#include "win32/wine.h"
 
 namespace platform {
 namespace {
@@ -50,10 +51,11 @@ private:
 
 Picture TakeScreenPicture() {
     Picture picture;
-    const int width = GetSystemMetrics(SM_CXVIRTUALSCREEN);
-    const int height = GetSystemMetrics(SM_CYVIRTUALSCREEN);
+    const RECT screen = VirtualScreen();
+    const int width = screen.right - screen.left;
+    const int height = screen.bottom - screen.top;
     Copy copy(width, height);
-    if (!copy.Take(GetSystemMetrics(SM_XVIRTUALSCREEN), GetSystemMetrics(SM_YVIRTUALSCREEN), width, height)) return {};
+    if (!copy.Take(screen.left, screen.top, width, height)) return {};
     const std::size_t pixels = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     picture.width = width;
     picture.height = height;

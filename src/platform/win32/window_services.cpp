@@ -201,6 +201,7 @@ std::string ClassOf(WindowHandle window) {
 // own windows are asked with a message.
 std::string CaptionOf(WindowHandle window) {
     char text[1024];
+    SetLastError(ERROR_SUCCESS);
     const int length = GetWindowTextA(ToHwnd(window), text, sizeof text);
     if (CaptionIsMadeUp(ToHwnd(window))) return "";
     return {text, static_cast<std::size_t>(length)};

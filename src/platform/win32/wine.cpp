@@ -24,9 +24,22 @@ POINT CursorNow() {
     return point;
 }
 
-LONG OffScale(LONG position, int first, int count) {
-    return GetSystemMetrics(first) + position * GetSystemMetrics(count) / 65536;
+LONG OffScale(LONG position, LONG first, LONG end) {
+    return first + position * (end - first) / 65536;
 }
+
+RECT AskForVirtualScreen() {
+    const int left = GetSystemMetrics(SM_XVIRTUALSCREEN);
+    const int top = GetSystemMetrics(SM_YVIRTUALSCREEN);
+    return {left, top, left + GetSystemMetrics(SM_CXVIRTUALSCREEN), top + GetSystemMetrics(SM_CYVIRTUALSCREEN)};
+}
+
+constexpr std::int64_t ScreenHolds = 10'000;  // microseconds
+
+struct KnownScreen {
+    RECT rect{};
+    std::int64_t validUntil = -1;
+} knownScreen;
 
 // Where the mouse was sent to last, and whether it is still there.
 class SteadyCursor {
@@ -36,8 +49,8 @@ public:
     void Moved(MOUSEINPUT& sent) {
         if (!IsFresh()) Remember(CursorNow());
         Remember(target);
-        target = {OffScale(sent.dx, SM_XVIRTUALSCREEN, SM_CXVIRTUALSCREEN),
-                  OffScale(sent.dy, SM_YVIRTUALSCREEN, SM_CYVIRTUALSCREEN)};
+        const RECT screen = VirtualScreen();
+        target = {OffScale(sent.dx, screen.left, screen.right), OffScale(sent.dy, screen.top, screen.bottom)};
         const bool moves = !Same(CursorNow(), target);
         sent.dwExtraInfo = moves ? MarkOfMove : MarkOfNoMove;
         moved = moved || moves;
@@ -142,6 +155,13 @@ void PutWineCursorRight() {
     if (RunsOnWine()) steadyCursor.PutRight();
 }
 
+RECT VirtualScreen() {
+    if (!RunsOnWine()) return AskForVirtualScreen();
+    const std::int64_t now = Microseconds();
+    if (now >= knownScreen.validUntil) knownScreen = {AskForVirtualScreen(), now + ScreenHolds};
+    return knownScreen.rect;
+}
+
 void RaiseOnWinesScreen(HWND top) {
     if (!RunsOnWine() || (GetWindowLongA(top, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0) return;
     constexpr UINT orderAlone = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
@@ -176,7 +196,7 @@ RECT NormalPosition(HWND window, const WINDOWPLACEMENT& placement) {
 }
 
 bool CaptionIsMadeUp(HWND window) {
-    return RunsOnWine() && !IsWindow(window);
+    return GetLastError() == ERROR_INVALID_WINDOW_HANDLE && RunsOnWine() && !IsWindow(window);
 }
 
 }  // namespace platform

@@ -1,6 +1,6 @@
 // What is there for Wine alone. The program is written to the documented behaviour of Windows; where Wine's differs so
 // much that a job would go wrong, the mend stands here and is called from the one place that needs it. On Windows each
-// of these does nothing, or what it asks about never comes up.
+// of these does nothing, or what it asks about never comes up; VirtualScreen alone is asked for everywhere.
 #pragma once
 
 #include "win32/handles.h"
@@ -17,6 +17,10 @@ bool RunsOnWine();
 void SteadyWineCursor(MOUSEINPUT& next);  // an input that is about to be sent
 void PutWineCursorRight();                // the position of the cursor is about to be asked for
 
+// The rectangle of all monitors, in pixels. Its four numbers (SM_XVIRTUALSCREEN and the like) take Wine as long as an
+// input does, so there they hold for a hundredth of a second.
+RECT VirtualScreen();
+
 // A window that comes to the front of its kind is not raised on Wine's screen while a topmost one is shown. The next
 // move of the mouse meets the window that is on top there, and Wine then puts that one on top for the programs too.
 void RaiseOnWinesScreen(HWND top);
@@ -32,7 +36,8 @@ bool PlaceInParts(HWND window, const WINDOWPLACEMENT& placement);
 // way that is right everywhere.
 RECT NormalPosition(HWND window, const WINDOWPLACEMENT& placement);
 
-// GetWindowText makes up a text for a window that vanishes in that moment. Asked after the text was read.
+// GetWindowText makes up a text for a window that vanishes in that moment. Asked after the text was read, while the
+// last error is still that of GetWindowText.
 bool CaptionIsMadeUp(HWND window);
 
 }  // namespace platform

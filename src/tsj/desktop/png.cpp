@@ -16,7 +16,9 @@ void Append(void* text, void* bytes, int size) {
 std::string PngOf(const platform::Picture& picture) {
     constexpr int BytesOfPixel = 3;
     std::string png;
+    const int bytesOfLine = picture.width * BytesOfPixel;
+    if (bytesOfLine <= 0) return png;  // the encoder would ask for no memory
     stbi_write_png_to_func(Append, &png, picture.width, picture.height, BytesOfPixel, picture.pixels.data(),
-                           picture.width * BytesOfPixel);
+                           bytesOfLine);
     return png;
 }

@@ -1,4 +1,4 @@
-// A picture as the bytes of a PNG file.
+// A picture as the bytes of a PNG file; none of a picture without pixels.
 #pragma once
 
 #include <string>
