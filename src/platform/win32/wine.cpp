@@ -195,8 +195,11 @@ RECT NormalPosition(HWND window, const WINDOWPLACEMENT& placement) {
     return rect;
 }
 
+// No error is told of a number that no window ever has.
 bool CaptionIsMadeUp(HWND window) {
-    return GetLastError() == ERROR_INVALID_WINDOW_HANDLE && RunsOnWine() && !IsWindow(window);
+    constexpr WORD firstHandle = 0x20;
+    const bool isSuspect = GetLastError() == ERROR_INVALID_WINDOW_HANDLE || LOWORD(window) < firstHandle;
+    return isSuspect && RunsOnWine() && !IsWindow(window);
 }
 
 }  // namespace platform
