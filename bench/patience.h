@@ -9,7 +9,7 @@
 
 namespace bench {
 
-inline constexpr int PatienceMs = 20'000;
+inline constexpr int PatienceMs = 60'000;
 
 // Ends the bench with a word when it does not come.
 template <class Condition>

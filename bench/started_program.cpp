@@ -3,13 +3,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "bench/patience.h"
 #include "platform/clock.h"
-
-namespace {
-
-constexpr int PatienceMs = 60'000;
-
-}  // namespace
 
 platform::OwnedHandle bench::Start(std::string commandLine) {
     STARTUPINFOA startup{};
