@@ -18,6 +18,7 @@ int RunBench(int argumentCount, char** arguments, const std::string& name, const
     const std::filesystem::path folder = parent / (name + "." + std::to_string(getpid()));
     std::filesystem::create_directories(folder);
     UseFolder(folder.string());
+    sync();  // else a flush waits for what others have written before
     try {
         measure();
     } catch (const RuntimeFailure& failure) {

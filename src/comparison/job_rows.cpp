@@ -45,7 +45,10 @@ class Windows {
 public:
     explicit Windows(const JobArrays& jobArrays) : arrays(jobArrays) {
         for (const WindowSignature& window : arrays.Windows) windows.push_back(HashOf(window));
-        for (const WindowChain& chain : arrays.Chains) chains.push_back(HashOf(chain));
+        for (std::size_t chain = 0; chain < arrays.Chains.size(); ++chain) {
+            chains.push_back(HashOf(arrays.Chains[chain]));
+            corners.push_back(CornerOf(FindOutermostWindow(arrays, static_cast<std::int32_t>(chain))));
+        }
     }
 
     // A chain that leads nowhere counts by its index.
@@ -57,12 +60,15 @@ public:
 
     // Of a window in its normal place; of all others, that of the screen.
     platform::Point CornerOf(std::int32_t chain) const {
-        const WindowSignature* const top = chain < 0 ? nullptr : FindOutermostWindow(arrays, chain);
-        if (top == nullptr || top->Placement.showCmd != platform::ShowNormal) return {};
-        return {top->Placement.rcNormalPosition.left, top->Placement.rcNormalPosition.top};
+        const auto index = static_cast<std::size_t>(chain);
+        return chain >= 0 && index < corners.size() ? corners[index] : platform::Point{};
     }
 
 private:
+    static platform::Point CornerOf(const WindowSignature* top) {
+        if (top == nullptr || top->Placement.showCmd != platform::ShowNormal) return {};
+        return {top->Placement.rcNormalPosition.left, top->Placement.rcNormalPosition.top};
+    }
     std::uint64_t HashOf(const WindowSignature& window) const { return ::HashOf(window); }
     std::uint64_t HashOf(const WindowChain& chain) const {
         std::uint64_t hash = 1;
@@ -77,6 +83,7 @@ private:
     const JobArrays arrays;
     std::vector<std::uint64_t> windows;
     std::vector<std::uint64_t> chains;
+    std::vector<platform::Point> corners;  // by chain
 };
 
 std::string_view StoredTextOf(const KeyRow& row) {
