@@ -2,6 +2,8 @@
 // folder). Both sides go through the same operations of the platform and find the bytes in the system's cache.
 #include "jobtext/job_text.h"
 
+#include <malloc.h>
+
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
@@ -88,6 +90,8 @@ void RequireSameBytes() {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
+    mallopt(M_MMAP_THRESHOLD, 1 << 30);  // memory that has been used before, and not page by page from the system
+    mallopt(M_TRIM_THRESHOLD, 1 << 30);
     return posix_files::RunBench(argumentCount, arguments, "job_text_bench", [] {
         WriteJob(jobFile, MixedJob(EventCount));
         Export();
