@@ -90,6 +90,17 @@ TEST(CompareJobs, AJobIsTheSameAsItself) {
     }
 }
 
+TEST(CompareJobs, NeighboursThatHaveChangedStayPairs) {
+    const Job before = DistinctRows(6);
+    Job after = before;
+    for (JobEvent& event : after.Events) {
+        if (event.dwType() == platform::InputMouse) event.dx() += 3;
+    }
+    const std::string content = std::to_string(ContentAspect);
+    EXPECT_THAT(Differences(before, after),
+                ElementsAre("changed 1/1 " + content, "changed 3/3 " + content, "changed 4/4 " + content));
+}
+
 // Each edit is done in the editor, with rows between it and the next.
 TEST(CompareJobs, NamesExactlyTheRowsThatTheEditorHasChanged) {
     std::mt19937 random(3);
