@@ -125,7 +125,9 @@ class Stage:
         return "\n".join(child.caption for child in self.children(box) if child.class_name == "Static").strip()
 
     def answer(self, box):
+        """As by its OK button; returns when it has closed, and its owner can be used again."""
         self.probe.ask("post", box.handle, 0x111, 1, 0)  # WM_COMMAND, IDOK
+        assert wait_for(lambda: self.probe.window(box.handle) is None), "the box stays"
 
     def clear(self):
         for process in self.started:

@@ -20,6 +20,7 @@ RUN_KEY = "Software\\Microsoft\\Windows\\CurrentVersion\\Run"
 UNINSTALL_KEY = "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall"
 OWN_KEY = "Software\\Tessarine"
 IN_USE = 3
+IDOK, IDRETRY = 1, 4
 # What Wine keeps for itself, its note of the first console, and where it has the copy of an uninstaller for the next
 # start, as Windows does for administrators.
 RESTLESS = re.compile(r'"DriverDate|\\Software\\Wine\\|\\Console\]|"PendingFileRenameOperations"|\]   ')
@@ -271,17 +272,25 @@ def test_a_double_click_plays_the_job(stage, installed, types_of_the_user):
 LANGUAGES = {"en": [], "de": ["Up"], "fr": ["Down", "Down"], "sp": ["Down"]}  # by their names, from English on
 
 
-def installer_page(person, language, name, seconds=15):
-    """The installer's window, once it rests, in a picture."""
-    shown = wait_for(lambda: person.probe.find("#32770", visible=True), seconds)
-    assert shown, name
+def installer_page(person, language, name, shows):
+    """The page with a visible control for which `shows` is true, once it has the keyboard. Takes a picture of it."""
+    def page():
+        return next((window for window in person.probe.windows()
+                     if window.class_name == "#32770" and window.handle == person.probe.ask("foreground")
+                     and any(map(shows, person.visible_controls(window)))), None)
+
+    assert (shown := wait_for(page, 30)), name
     time.sleep(0.5)
     person.stage.wine.screenshot(OUT / "test" / "installer" / f"{language}_{name}.png")
-    return person.probe.find("#32770", visible=True)
+    return shown
 
 
-def texts_of(person, window):
-    return " ".join(control.caption for control in person.visible_controls(window))
+def says(text, class_name="Static"):
+    return lambda control: control.class_name == class_name and text in control.caption
+
+
+def is_button(number):
+    return lambda control: control.class_name == "Button" and control.control_id == number and control.enabled
 
 
 def puts_what_a_user_gathers(person):
@@ -301,46 +310,55 @@ def test_installed_and_removed_by_hand(stage, person, installed, language):
     thorough = language == "de"
     look = everything if thorough else disk  # the registry takes its time
     before = look(stage.wine)
-    stage.start(installed.setup)
-    installer_page(person, language, "1_language")
+    setup = stage.start(installed.setup)
+    installer_page(person, language, "1_language", lambda control: control.class_name == "ComboBox")
     for key in LANGUAGES[language]:
         person.presses(key)
     person.presses("Return")
-    time.sleep(0.5)
-    assert "AppData\\Local\\Programs\\Tessarine" in texts_of(person, installer_page(person, language, "2_welcome"))
+    installer_page(person, language, "2_welcome", says("AppData\\Local\\Programs\\Tessarine"))
     person.presses("Return")
     assert wait_for(installed.is_whole)
-    installer_page(person, language, "3_finish")
+    installer_page(person, language, "3_finish", says("Tessarine", "Button"))
     if thorough:
         question = starts_and_asks(stage, person)
     else:
         person.presses("space")
         person.presses("Return")
+    assert setup.wait(30) == 0
     assert person.registry(OWN_KEY, "Language") == language
 
     puts_what_a_user_gathers(person)
     installed.uninstaller()
-    assert wait_for(lambda: any(window.class_name == "#32770" and "Tessarine" in window.caption and window.visible
-                                for window in person.probe.windows()))
-    assert "(1)" in texts_of(person, installer_page(person, language, "4_remove")), "one job"
+    installer_page(person, language, "4_remove", says("(1)"))  # one job
     person.presses("Down")
     person.presses("Return")
     if thorough:
-        installer_page(person, language, "5_busy")
+        busy = installer_page(person, language, "5_busy", is_button(IDRETRY))
         assert installed.is_whole()
-        stage.answer(question)
-        person.presses("Return")
+        clicks_button(person, question, IDOK)
+        assert wait_for(lambda: stage.main_window().enabled)
+        clicks_button(person, busy, IDRETRY)
     assert wait_for(lambda: not installed.program_files())
-    installer_page(person, language, "6_removed")
+    installer_page(person, language, "6_removed", is_button(IDOK))
     person.presses("Return")
     assert wait_for(installed.is_gone, 30)
     assert look(stage.wine) ^ before == set()
 
 
+def clicks_button(person, box, number):
+    left, top, right, bottom = next(filter(is_button(number), person.visible_controls(box))).rect
+    person.hands.click((left + right) // 2, (top + bottom) // 2)
+
+
 def starts_and_asks(stage, person):
-    """In the language that was chosen; returns the box."""
+    """In the language that was chosen; returns the box. Neither it nor its form is where the installer's windows are."""
     person.presses("Return")
-    assert wait_for(lambda: stage.main_window() and stage.main_window().visible), "nobody is asked for a language again"
+    assert wait_for(lambda: stage.main_window() and stage.main_window().visible)
+    assert wait_for(lambda: person.probe.ask("foreground") == stage.main_window().handle)  # no question for a language
     person.opens_page("about_page_Command4")
     person.clicks("about_page_Command4")
-    return person.box()
+    box = person.box()
+    for window, place in ((stage.main_window(), (0, 760)), (box, (0, 0))):
+        left, top, right, bottom = window.rect
+        stage.probe.place(window.handle, 1, (*place, place[0] + right - left, place[1] + bottom - top))
+    return box
