@@ -9,6 +9,7 @@ it and takes the programs along, and the next desktop clears away what is left. 
 package wine64 alone.
 """
 
+import contextlib
 import ctypes
 import fcntl
 import os
@@ -42,6 +43,15 @@ def _alive(pid):
     except PermissionError:
         pass
     return True
+
+
+def _at_work(process):
+    """Whether a thread of it runs, would if there were a processor for it, or waits for the disk."""
+    for thread in process.glob("task/*/stat"):
+        with contextlib.suppress(OSError):
+            if thread.read_bytes().rpartition(b")")[2].split()[0] in (b"R", b"D"):
+                return True
+    return False
 
 
 class WineDesktop:
@@ -112,6 +122,25 @@ class WineDesktop:
     def run(self, *command, timeout=60):
         """Runs a program to its end and returns its exit code."""
         return self.start(*command).wait(timeout)
+
+    def settles(self, seconds=2):
+        """Returns when no program of this desktop, and not the display, has had anything to do for three looks on end,
+        or when the time is over: some programs are never at rest."""
+        end = time.monotonic() + seconds
+        quiet = 0
+        while quiet < 3 and time.monotonic() < end:
+            time.sleep(0.01)
+            quiet = 0 if any(map(_at_work, self._processes())) else quiet + 1
+
+    def _processes(self):
+        """Their folders in /proc: all programs, those that others have started and Wine's own included."""
+        mark = f"WINEPREFIX={self.prefix}\0".encode()
+        found = [Path(f"/proc/{self._xvfb.pid}")] if self._xvfb else []
+        for folder in Path("/proc").glob("[0-9]*"):
+            with contextlib.suppress(OSError):
+                if mark in (folder / "environ").read_bytes():
+                    found.append(folder)
+        return found
 
     @staticmethod
     def _windows_word(word):

@@ -23,6 +23,7 @@ class Editor:
     def is_there(self):
         self.person.waits_for("edit_job_grid")
         time.sleep(0.3)
+        self.stage.wine.settles()
 
     @property
     def form(self):
@@ -54,6 +55,7 @@ class Editor:
         for _ in range(clicks):
             self.stage.hands.click(left + 70, (top + bottom) // 2)
         time.sleep(0.2)
+        self.stage.wine.settles()
 
     def selected(self):
         return [index for index, line in enumerate(self.lines()) if line["state"] & SELECTED]
@@ -78,6 +80,7 @@ class Editor:
         left, top, width, height = next(place for key, place in self.onscreen_keys() if key == name)
         self.stage.hands.click(left + width // 2, top + height // 2, button)
         time.sleep(0.2)
+        self.stage.wine.settles()
 
     def clicks_into_keystrokes(self, x):
         """Into the first line, this far from the left edge."""

@@ -68,6 +68,7 @@ class Person:
         if not words:
             assert wait_for(lambda: self.stage.main_window().visible)
             time.sleep(0.5)
+            self.stage.wine.settles()
         return program
 
     # --- eyes ---
@@ -118,7 +119,9 @@ class Person:
         return window and names[window.control_id]
 
     def box(self, title=None):
-        return wait_for(lambda: self.stage.box(title), 10) or pytest.fail(f"no box {title or ''}")
+        box = wait_for(lambda: self.stage.box(title), 10) or pytest.fail(f"no box {title or ''}")
+        self.stage.wine.settles()  # it has the keyboard, if it gets it
+        return box
 
     def text_of(self, name):
         return self.probe.text(self.waits_for(name).handle).replace("\r\n", "\n")
@@ -126,11 +129,12 @@ class Person:
     def form_of(self, name):
         return self.probe.window(self.waits_for(name).parent)
 
-    # --- hands ---
+    # --- hands; a person looks what has come of it before the next move ---
 
     def clicks(self, name, button=LEFT):
         left, top, right, bottom = self.waits_for(name).rect
         self.hands.click((left + right) // 2, (top + bottom) // 2, button)
+        self.stage.wine.settles()
 
     def clicks_tray_icon(self, button=LEFT):
         self.hands.click(*TRAY_ICON, button)
@@ -150,6 +154,7 @@ class Person:
             if shifted:
                 self.hands.release("Shift_L")
             time.sleep(0.03)
+        self.stage.wine.settles()
 
     def presses(self, *names):
         """The keys together, as one combination."""
@@ -160,6 +165,7 @@ class Person:
         for name in reversed(names[:-1]):
             self.hands.release(name)
         time.sleep(0.2)
+        self.stage.wine.settles()
 
     # --- the program's own ways ---
 

@@ -33,18 +33,19 @@ def make_package(folder, **environment):
 
 
 @pytest.fixture(scope="module")
-def package():
-    return make_package(OUT / "test" / "package")
+def package(wine):
+    """One for each process that runs these tests, as they may run at the same time."""
+    return make_package(wine.folder / "package")
 
 
 def bytes_in(folder):
     return {path.name: path.read_bytes() for path in folder.iterdir()}
 
 
-def test_two_packages_of_a_commit_are_the_same(package):
+def test_two_packages_of_a_commit_are_the_same(wine, package):
     programs = OUT / "windows" / "tessarine.exe"
     os.utime(programs)  # as if it were built again
-    again = make_package(OUT / "test" / "package again", TZ="Asia/Tokyo", LC_ALL="C", TMPDIR=str(OUT / "test"))
+    again = make_package(wine.folder / "package again", TZ="Asia/Tokyo", LC_ALL="C", TMPDIR=str(wine.folder))
     assert bytes_in(again) == bytes_in(package)
     subprocess.run(["sha256sum", "--check", "--quiet", "--strict", "SHA256SUMS"], cwd=package, check=True)
     with zipfile.ZipFile(next(package.glob("*.zip"))) as portable:
