@@ -1,8 +1,10 @@
 #include "comparison/job_rows.h"
 
+#include <algorithm>
 #include <bit>
 #include <functional>
 #include <limits>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -112,16 +114,16 @@ private:
     void GoTo(std::size_t row);
     void Keep();
     void Add(const JobEvent& event);
-    std::size_t RowOf(const JobEvent& folded) const;
+    std::size_t RowOf(const JobEvent& event, std::size_t index) const;
 
     const EditState& state;
     const Windows windows;
     std::vector<RowMeaning>& meanings;
     std::vector<RowTimes>& times;
     std::vector<platform::Point> corners;  // from which the places of a row count
-    std::vector<std::size_t> gridRowOfKeyRow;
-    std::size_t begun = 0;     // as many rows
-    std::size_t mouseRow = 0;  // the last of them that is one
+    std::size_t begun = 0;       // as many rows
+    std::size_t mouseRow = 0;    // the last of them that is one
+    std::size_t keyRow = NoRow;  // likewise
 
     // Of the row to which the last event belonged, as far as it is read: events come in runs.
     struct {
@@ -135,7 +137,6 @@ private:
 
 void MeaningReader::Run() {
     constexpr std::int32_t never = std::numeric_limits<std::int32_t>::max();
-    gridRowOfKeyRow.resize(state.KeyRows.size());
     if (meanings.empty()) return;
     std::int32_t nextBegins = FirstEventOf(0);
     for (std::int32_t i = 0; i < static_cast<std::int32_t>(state.PristineEvents.size()); ++i) {
@@ -144,8 +145,9 @@ void MeaningReader::Run() {
             nextBegins = begun < meanings.size() ? FirstEventOf(begun) : never;
         }
         const auto index = static_cast<std::size_t>(i);
-        GoTo(RowOf(state.EditEvents[index]));
-        Add(state.PristineEvents[index]);
+        const JobEvent& event = state.PristineEvents[index];
+        GoTo(RowOf(event, index));
+        Add(event);
     }
     Keep();
 }
@@ -177,14 +179,14 @@ std::int32_t MeaningReader::LastEventOf(std::size_t row) const {
     return IsMouseRow(row) ? state.MouseRows[index].LastEvent : state.KeyRows[index].LastEvent;
 }
 
-// The fold has made texts of the events of keystroke rows, with the numbers of their rows. What is in no row goes to
-// the one in front of it.
-std::size_t MeaningReader::RowOf(const JobEvent& folded) const {
-    const std::int32_t type = folded.dwType();
-    if (type == platform::InputMouse) return mouseRow;
-    if (type != INPUT_TEXT && type != TextContinuation) return begun == 0 ? 0 : begun - 1;
-    const auto keyRow = static_cast<std::size_t>(folded.StringIndex()) - 1;
-    return keyRow < gridRowOfKeyRow.size() ? gridRowOfKeyRow[keyRow] : mouseRow;
+// Text is always that of the last keystroke row, and what is in no row goes to the one in front of it. Only where both
+// are not the same row does the folded event have to tell, which is far away.
+inline std::size_t MeaningReader::RowOf(const JobEvent& event, std::size_t index) const {
+    if (event.dwType() == platform::InputMouse) return IsWheelNotch(event) ? keyRow : mouseRow;
+    if (begun == 0) return 0;
+    if (keyRow == NoRow || keyRow == begun - 1) return begun - 1;
+    const std::int32_t type = state.EditEvents[index].dwType();
+    return type == INPUT_TEXT || type == TextContinuation ? keyRow : begun - 1;
 }
 
 void MeaningReader::Begin(std::size_t row) {
@@ -198,7 +200,7 @@ void MeaningReader::Begin(std::size_t row) {
         mouseRow = row;
         meaning.action = Bits(state.MouseRows[index].Flags);
     } else {
-        gridRowOfKeyRow[index] = row;
+        keyRow = row;
         meaning.action = Typing;
         if (state.KeyRows[index].StoredLength > 0) meaning.content = HashOf(StoredTextOf(state.KeyRows[index]));
     }
@@ -226,6 +228,20 @@ std::uint64_t NumberOf(const RowMeaning& meaning) {
     return Mixed(Mixed(Mixed(Mixed(meaning.action, meaning.window), meaning.content), meaning.timing), meaning.waiting);
 }
 
+// A copy, with the unknown events passed over in both. Piece by piece, while the piece is in the processor's cache.
+std::vector<JobEvent> KnownOnesOf(std::span<JobEvent> events) {
+    constexpr std::size_t pieceLength = 256;
+    std::vector<JobEvent> copy;
+    copy.reserve(events.size());
+    while (!events.empty()) {
+        const auto piece = events.first(std::min(pieceLength, events.size()));
+        PassOverUnknownEvents(piece);
+        copy.insert(copy.end(), piece.begin(), piece.end());
+        events = events.subspan(piece.size());
+    }
+    return copy;
+}
+
 // Puts a job in the place of the one that is open, as long as it lives.
 class Borrowed {
 public:
@@ -241,10 +257,9 @@ private:
 }  // namespace
 
 JobRows::JobRows(Job job) {
-    PassOverUnknownEvents(job.Events);
     state.header = job;
     state.PristineEvents = std::move(job.Events);
-    state.EditEvents = state.PristineEvents;
+    state.EditEvents = KnownOnesOf(state.PristineEvents);
     state.Strings = std::move(job.Strings);
     state.Windows = std::move(job.Windows);
     state.Chains = std::move(job.Chains);

@@ -13,8 +13,6 @@ namespace {
 
 constexpr std::int32_t NoChain = -111;       // CurrentChain.Path[0]: no keystroke row is open
 constexpr std::int32_t ComparedLevels = 64;  // as many levels of a chain as are kept for the open row
-constexpr std::int32_t WheelNotch = 120;
-constexpr std::int32_t WheelFlags = MouseFlagBase + platform::MouseWheel;
 constexpr std::int32_t KeyStates = 4;
 
 // A press and the release that makes it a click.
@@ -36,11 +34,6 @@ bool IsPair(std::int32_t down, std::int32_t up) {
 
 bool SamePlace(const JobEvent& a, const JobEvent& b) {
     return a.mouseData() == b.mouseData() && a.dx() == b.dx() && a.dy() == b.dy();
-}
-
-// A wheel that turns in finer steps than a notch stays a mouse event.
-bool IsWheelNotch(const JobEvent& event) {
-    return event.dwFlags() == WheelFlags && (event.mouseData() == WheelNotch || event.mouseData() == -WheelNotch);
 }
 
 bool IsMove(const JobEvent& event) {
@@ -387,7 +380,7 @@ void FoldEvents(const JobArrays& job, FoldedRows& rows, std::vector<JobEvent>* e
     Pass(job, rows, edited).Run();
 }
 
-void PassOverUnknownEvents(std::vector<JobEvent>& events) {
+void PassOverUnknownEvents(std::span<JobEvent> events) {
     constexpr std::int32_t neitherDownNorUp = 16;
     for (JobEvent& event : events) {
         const std::int32_t type = event.dwType();

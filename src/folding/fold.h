@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -67,9 +68,16 @@ struct FoldedRows {
 // without keys, a key without a token. An event of an unknown type shows a box and is passed over.
 void FoldEvents(const JobArrays& job, FoldedRows& rows, std::vector<JobEvent>* edited);
 
+// A mouse event that becomes a key of a keystroke row. A wheel that turns in finer steps stays a mouse event.
+inline bool IsWheelNotch(const JobEvent& event) {
+    constexpr std::int32_t notch = 120;
+    return event.dwFlags() == MouseFlagBase + platform::MouseWheel &&
+           (event.mouseData() == notch || event.mouseData() == -notch);
+}
+
 // A fold shows a box for an event of an unknown kind. This makes such events ones that it passes over without a word,
 // in no row; they keep their times, and their kind as the code of a key.
-void PassOverUnknownEvents(std::vector<JobEvent>& events);
+void PassOverUnknownEvents(std::span<JobEvent> events);
 
 // For a merge of the rows by their first events: whether, with so many of each kind done, a keystroke row follows.
 bool KeyRowComesNext(const FoldedRows& rows, std::size_t keyRowsDone, std::size_t mouseRowsDone);
