@@ -133,7 +133,10 @@ class Person:
 
     def clicks(self, name, button=LEFT):
         left, top, right, bottom = self.waits_for(name).rect
-        self.hands.click((left + right) // 2, (top + bottom) // 2, button)
+        self.clicks_at((left + right) // 2, (top + bottom) // 2, button)
+
+    def clicks_at(self, x, y, button=LEFT):
+        self.hands.click(x, y, button)
         self.stage.wine.settles()
 
     def clicks_tray_icon(self, button=LEFT):
@@ -143,7 +146,7 @@ class Person:
         """An entry of the menu that is open; 0 is the last."""
         left, _, right, bottom = wait_for(lambda: self.probe.find("#32768", visible=True)).rect
         time.sleep(0.3)
-        self.hands.click((left + right) // 2, bottom - 10 - 16 * from_bottom)
+        self.clicks_at((left + right) // 2, bottom - 10 - 16 * from_bottom)
 
     def types(self, text):
         for character in text:
@@ -190,7 +193,7 @@ class Person:
         time.sleep(0.5)
 
     def clicks_into_notepad(self):
-        self.hands.click(*MIDDLE)
+        self.clicks_at(*MIDDLE)
 
     def saves_job_as(self, name, description=""):
         """The Save As form, by keyboard alone."""

@@ -163,8 +163,7 @@ class Sessions:
         self.notepad.set_text(TEXT)
         self.probe.ask("send", self.notepad.edit, 0xB1, 0, 0)  # EM_SETSEL
         self.probe.ask("send", self.notepad.edit, 0xB6, 0, -100)  # EM_LINESCROLL
-        self.probe.ask("front", self.notepad.handle)
-        time.sleep(0.5)
+        self.stage.brings_to_front(self.notepad.handle)
 
     def settled_text(self):
         """Once nothing more arrives."""
@@ -198,8 +197,7 @@ class Sessions:
             cover = wait_for(lambda: self.probe.find("RegEdit_RegEdit", visible=True)).handle
             self.probe.place(cover, 1, (0, 150, 800, 900))
         # The page with the run button is in front of it all.
-        self.probe.ask("front", self.stage.main_window().handle)
-        time.sleep(0.5)
+        self.stage.brings_to_front(self.stage.main_window().handle)
 
     def finish(self):
         self.stage.end(self.notepad.process)

@@ -26,8 +26,7 @@ class Notepad:
         self.handle = self.top.handle
         stage.probe.place(self.handle, 1, NOTEPAD_PLACE)
         self.edit = wait_for(lambda: stage.probe.find("Edit", parent=self.handle)).handle
-        stage.probe.ask("front", self.handle)
-        time.sleep(0.3)
+        stage.brings_to_front(self.handle)
 
     @property
     def text(self):
@@ -74,6 +73,12 @@ class Stage:
 
     def tessarine(self, *words):
         return self.start(self.program, *words)
+
+    def brings_to_front(self, handle):
+        """A window, which is asked to come and comes a moment later."""
+        self.probe.ask("front", handle)
+        self.wine.settles()
+        assert self.probe.ask("foreground") == handle
 
     def job(self, **options):
         return JobWriter(**options)

@@ -13,7 +13,7 @@ LEFT, RIGHT, WHEEL_UP, WHEEL_DOWN = 1, 3, 4, 5
 
 class Gallery:
     def __init__(self, stage):
-        self.probe, self.hands = stage.probe, stage.hands
+        self.probe, self.hands, self.settles = stage.probe, stage.hands, stage.wine.settles
         stage.start(EXECUTABLE)
         self.top = wait_for(lambda: stage.probe.find(caption="Gallery", visible=True))
         assert self.top, "the gallery did not come up"
@@ -21,6 +21,7 @@ class Gallery:
                          if window.parent == self.top.handle}
         self.lies = self.controls[LIST].rect
         assert wait_for(lambda: self.probe.text(self.handle(STATE)))
+        self.settles()
         self.forget()
 
     def handle(self, control):
@@ -37,7 +38,7 @@ class Gallery:
     def hears(self, *lines):
         """These events and no other, and forgets them."""
         wait_for(lambda: self.events() == list(lines), 5)
-        time.sleep(0.1)
+        self.settles()
         heard = self.events()
         self.forget()
         return heard == list(lines) or pytest.fail(f"heard {heard}")
@@ -73,23 +74,28 @@ class Gallery:
 
     def click_row(self, index, button=LEFT):
         self.hands.click(*self.row(index), button)
+        self.settles()
 
     def turn_wheel(self, button, notches=1):
         for _ in range(notches):
             self.hands.click(self.lies[0] + 60, self.lies[1] + 60, button)
+        self.settles()
 
     def click_on(self, control):
         left, top, _, bottom = self.controls[control].rect
         self.hands.click(left + 8, (top + bottom) // 2)
+        self.settles()
 
     def tap(self, *names):
         for name in names:
             self.hands.tap(name)
+        self.settles()
 
     def with_key(self, held, name):
         self.hands.press(held)
         self.hands.tap(name)
         self.hands.release(held)
+        self.settles()
 
     def press_mouse(self, x, y):
         self.hands.move(x, y)
@@ -98,7 +104,7 @@ class Gallery:
 
     def release_mouse(self):
         self.hands.button(LEFT, False)
-        time.sleep(0.1)
+        self.settles()
 
 
 @pytest.fixture
@@ -175,6 +181,7 @@ def test_a_box_that_opens_while_the_button_is_held(gallery):
     gallery.forget()
     gallery.press_mouse(*gallery.row(3))
     box = wait_for(lambda: gallery.probe.find("#32770", "Question", visible=True))
+    gallery.settles()
     gallery.hands.move(box.rect[0] + 5, box.rect[3] - 5)
     gallery.release_mouse()
     gallery.tap("n")

@@ -73,7 +73,7 @@ def viewer(stage, person):
 
 def follows_link(person, name):
     left, top, _, bottom = person.waits_for(name).rect
-    person.hands.click(left + 6, (top + bottom) // 2)
+    person.clicks_at(left + 6, (top + bottom) // 2)
 
 
 def test_f1_and_the_links_open_the_page_of_what_is_seen(stage, person, viewer):
@@ -86,9 +86,8 @@ def test_f1_and_the_links_open_the_page_of_what_is_seen(stage, person, viewer):
         """From the viewer, which is put aside."""
         assert wait_for(lambda: person.probe.find("HH Parent", visible=True))
         person.probe.place(person.probe.find("HH Parent", visible=True).handle, 1, ASIDE)
-        time.sleep(0.3)
-        person.hands.click(form.rect[0] + 200, form.rect[1] + 12)
-        time.sleep(0.3)
+        person.stage.wine.settles()
+        person.clicks_at(form.rect[0] + 200, form.rect[1] + 12)
 
     person.clicks("job_page_lista_jobs")
     person.presses("F1")

@@ -64,7 +64,7 @@ def test_a_job_is_made_into_a_program(stage, person):
     assert stage.box_text(box).endswith("Desktop\\Morning.exe' created successfully!")
     stage.answer(box)
     assert path.read_bytes() == RUNNER.read_bytes() + b"\1\0" + (person.folder / "Morning.tsj").read_bytes()
-    stage.probe.ask("front", notepad.handle)
+    stage.brings_to_front(notepad.handle)
     assert start(stage, path).wait(30) == SUCCESS
     path.unlink()
     assert notepad.holds("made ")

@@ -45,7 +45,7 @@ def test_forms(stage, person, language):
             check_letters(person, main, f"{language}_{panel}")
         person.opens_page("schedule_page_Option11")
         left, top, *_ = person.sees("schedule_page_Lista_Schedule").rect
-        stage.hands.click(left + 20, top + 8)
+        person.clicks_at(left + 20, top + 8)
         person.presses("Tab")
         for kind in ["daily", "weekly", "monthly", "once"]:
             person.presses("Down")
@@ -251,7 +251,7 @@ def test_a_job_that_will_fail_has_a_mark(stage, person):
     assert "Findings" not in rows()[1]["description"]
     stage.wine.screenshot(OUT / "test" / "forms" / "job_mark.png")
     left, top, width, height = rows()[0]["place"]
-    stage.hands.click(left + width - 17, top + height // 2)
+    person.clicks_at(left + width - 17, top + height // 2)
     box = person.box("Tessarine")
     stage.wine.screenshot(OUT / "test" / "forms" / "job_findings.png")
     assert "C:\\gone\\program.exe" in stage.box_text(box)

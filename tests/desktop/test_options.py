@@ -85,7 +85,7 @@ def test_the_data_folder_is_opened_and_moved(stage, person):
     assert wait_for(lambda: person.probe.find("ExplorerWClass", visible=True)), "the explorer shows it"
     stage.probe.ask("post", person.probe.find("ExplorerWClass", visible=True).handle, 0x10, 0, 0)
     assert wait_for(lambda: not person.probe.find("ExplorerWClass", visible=True))
-    stage.probe.ask("front", stage.main_window().handle)
+    stage.brings_to_front(stage.main_window().handle)
     documents = person.folder.parent
     try:
         person.clicks("options_page_Command2")

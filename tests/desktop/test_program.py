@@ -60,7 +60,7 @@ def test_sounds_are_heard(stage, person, tmp_path, monkeypatch):
     person.start_program()
     tabs = person.waits_for("form1_tabs")
     assert loudest(heard) == 0
-    stage.hands.click(tabs.rect[0] + 120, tabs.rect[1] + 10)
+    person.clicks_at(tabs.rect[0] + 120, tabs.rect[1] + 10)
     assert wait_for(lambda: loudest(heard) > 0.1, 5)
 
 

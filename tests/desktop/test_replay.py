@@ -114,8 +114,7 @@ def test_a_dialog_of_another_program(stage):
     stage.start("regedit.exe")
     editor = wait_for(lambda: stage.probe.find("RegEdit_RegEdit", visible=True))
     stage.probe.place(editor.handle, 1, (100, 100, 800, 600))
-    stage.probe.ask("front", editor.handle)
-    time.sleep(0.5)
+    stage.brings_to_front(editor.handle)
 
     def open_dialog():
         stage.hands.press("Control_L")

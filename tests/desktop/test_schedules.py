@@ -80,7 +80,7 @@ class Schedules:
         """What is told of each row, as it is selected."""
         person = self.person
         lista = person.waits_for("schedule_page_schedule_lista")
-        person.hands.click(lista.rect[0] + 30, lista.rect[1] + 10)
+        person.clicks_at(lista.rect[0] + 30, lista.rect[1] + 10)
         person.presses("Home")
         told = []
         while True:
@@ -137,7 +137,7 @@ def test_a_schedule_from_the_page_to_its_log(stage, person):
     person.waits_for_end_of("schedule_start_form_name")
     sleep_until(second + datetime.timedelta(seconds=2))
 
-    stage.probe.ask("front", stage.main_window().handle)
+    stage.brings_to_front(stage.main_window().handle)
     day = f"{first.month}.{first.day}.{first.year}"
     letter, other = schedules.rows()
     assert letter == (f"First; Job: Letter\nDaily at: {first:%H:%M:%S}", f"Tomorrow at: {first:%H:%M:%S}",
@@ -145,7 +145,7 @@ def test_a_schedule_from_the_page_to_its_log(stage, person):
     assert other[2:] == (f"{day}  {second:%H:%M:%S}", "<a>Failed (click to view log file)</a>")
     assert "User canceled start of scheduled job: Second" in (person.folder / "Second.log").read_text("cp1252")
     link = person.sees("schedule_page_view_log")
-    stage.hands.click(link.rect[0] + 20, link.rect[1] + 6)
+    person.clicks_at(link.rect[0] + 20, link.rect[1] + 6)
     assert wait_for(lambda: stage.probe.find("Notepad", "Second.log - Notepad"), 20)
 
 

@@ -133,7 +133,7 @@ def test_jobs_go_through_text_and_programs_unchanged(stage, tsj):
     assert tsj("exe", job, tsj.path("a.exe"), "--language", "fr") == SUCCESS
     assert tsj("unpack", tsj.path("a.exe"), tsj.path("b.tsj")) == SUCCESS
     assert (tsj.folder / "b.tsj").read_bytes() == bytes_of_job and tsj.err.endswith(" fr\n")
-    stage.probe.ask("front", notepad.handle)
+    stage.brings_to_front(notepad.handle)
     assert stage.start(tsj.path("a.exe")).wait(30) == SUCCESS
     assert notepad.holds("there and back ")
     time.sleep(0.2)
