@@ -121,9 +121,9 @@ private:
     std::vector<RowMeaning>& meanings;
     std::vector<RowTimes>& times;
     std::vector<platform::Point> corners;  // from which the places of a row count
-    std::size_t begun = 0;       // as many rows
-    std::size_t mouseRow = 0;    // the last of them that is one
-    std::size_t keyRow = NoRow;  // likewise
+    std::size_t begun = 0;                 // as many rows
+    std::size_t mouseRow = 0;              // the last of them that is one
+    std::size_t keyRow = NoRow;            // likewise
 
     // Of the row to which the last event belonged, as far as it is read: events come in runs.
     struct {

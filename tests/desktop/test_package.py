@@ -352,7 +352,7 @@ def clicks_button(person, box, number):
 
 
 def starts_and_asks(stage, person):
-    """In the language that was chosen; returns the box. Neither it nor its form is where the installer's windows are."""
+    """In the language that was chosen; returns the box. Neither it nor its form stands where the installer does."""
     person.presses("Return")
     assert wait_for(lambda: stage.main_window() and stage.main_window().visible)
     assert wait_for(lambda: person.probe.ask("foreground") == stage.main_window().handle)  # no question for a language
