@@ -1,7 +1,6 @@
 #include "findings/check_job.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <set>
 #include <string>
 #include <tuple>
@@ -21,7 +20,6 @@
 namespace {
 
 constexpr std::int32_t OldestVersion = 300;
-constexpr std::int32_t WheelNotch = 120;
 
 bool IsKnownMouseAction(const JobEvent& event) {
     switch (event.dwFlags()) {
@@ -190,8 +188,7 @@ void Check::CheckDelay(std::int64_t ms, std::int32_t index) {
 
 void Check::CheckMouse(const JobEvent& event, std::int32_t index) {
     held.TakeMouse(event, index);
-    if (IsWheelTurn(event))
-        keyRowSeen = keyRowSeen || std::abs(event.mouseData()) == WheelNotch;  // a row like one of keys
+    if (IsWheelNotch(event)) keyRowSeen = true;
     if (event.WindowChainIndex >= 0 && IsButtonPress(event)) return CheckPlace(event, index);
     const bool leftOver = event.dwFlags() == 0 && IsWithoutPlaceAndTime(event);
     if (!leftOver && !IsKnownMouseAction(event)) Add(FindingKind::UnknownInput, index).number = event.dwFlags();

@@ -132,7 +132,10 @@ class Person:
     # --- hands; a person looks what has come of it before the next move ---
 
     def clicks(self, name, button=LEFT):
-        left, top, right, bottom = self.waits_for(name).rect
+        self.clicks_window(self.waits_for(name), button)
+
+    def clicks_window(self, window, button=LEFT):
+        left, top, right, bottom = window.rect
         self.clicks_at((left + right) // 2, (top + bottom) // 2, button)
 
     def clicks_at(self, x, y, button=LEFT):

@@ -101,9 +101,7 @@ def test_a_box_of_ours_is_no_part_of_a_recording(stage, person):
     person.types("a")
 
     def click_its_button(box):
-        button = next(child for child in stage.children(box) if child.class_name == "Button")
-        left, top, right, bottom = button.rect
-        person.clicks_at((left + right) // 2, (top + bottom) // 2)
+        person.clicks_window(next(child for child in stage.children(box) if child.class_name == "Button"))
 
     for close in (click_its_button, lambda _: person.presses("Return")):
         person.clicks_into_notepad()

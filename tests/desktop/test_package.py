@@ -347,8 +347,7 @@ def test_installed_and_removed_by_hand(stage, person, installed, language):
 
 
 def clicks_button(person, box, number):
-    left, top, right, bottom = next(filter(is_button(number), person.visible_controls(box))).rect
-    person.clicks_at((left + right) // 2, (top + bottom) // 2)
+    person.clicks_window(next(filter(is_button(number), person.visible_controls(box))))
 
 
 def starts_and_asks(stage, person):
